@@ -1,0 +1,52 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "analysis/goal_options.h"
+#include "analysis/objective.h"
+#include "analysis/response.h"
+#include "design/state.h"
+
+namespace kelvro {
+
+/// What the optimizer makes small on a page. On pages with components: minus the transducer gain in
+/// dB plus squared penalties, over the logarithms of the components relative to those at the start,
+/// so that x = 0 is the design as it stands. On pages with a test function: that function of x.
+class Goal : public Objective {
+  public:
+    /// The state's components are the start values. The state must outlive the goal; each call
+    /// leaves the components of its x in it.
+    Goal(DesignState& state, const GoalOptions& options);
+
+    /// Number of parameters; 0 on a page with nothing to optimize.
+    std::size_t size() const { return size_; }
+    /// f(x) for size() parameters. Not finite where the network does not exist.
+    double value(std::span<const double> x, CallKind kind) override;
+    /// Writes the components of x into the state without evaluating them.
+    void write(std::span<const double> x);
+    /// Puts the components of the start back.
+    void restore();
+
+    const CallCounts& calls() const { return calls_; }
+
+  private:
+    double network() const;
+
+    DesignState& state_;
+    GoalOptions options_;
+    std::vector<Slot> slots_;
+    std::vector<double> starts_;  ///< element values, relative ones in the extended ladder
+    Slots components_;            ///< as they stood at the start
+    std::size_t size_;
+    CallCounts calls_;
+};
+
+/// Goal functions with known minima on the pages whose components are not optimized: 6 (four
+/// parameters), 7 (two), 9 (six) and 10 (two, Rosenbrock's valley).
+double TestFunction(int page, std::span<const double> x);
+
+/// exp x, cut off below -300 and continued in a straight line above 300.
+double GuardedExp(double x);
+
+}  // namespace kelvro

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+// A function of n numbers as the optimizer sees it.
+
+namespace kelvro {
+
+/// Why a function value is asked for; the numbers are those of the call table.
+enum class CallKind : std::uint8_t { Evaluation = 0, LineSearch = 1, Gradient = 2, Hessian = 3 };
+
+/// How many values of each kind were computed.
+class CallCounts {
+  public:
+    void add(CallKind kind) { ++counts_[static_cast<std::size_t>(kind)]; }
+    int of(CallKind kind) const { return counts_[static_cast<std::size_t>(kind)]; }
+    int total() const { return counts_[0] + counts_[1] + counts_[2] + counts_[3]; }
+    CallCounts& operator+=(const CallCounts& other) {
+        for (std::size_t i = 0; i < counts_.size(); ++i) counts_[i] += other.counts_[i];
+        return *this;
+    }
+    bool operator==(const CallCounts&) const = default;
+
+  private:
+    std::array<int, 4> counts_{};
+};
+
+/// A function to be made small. A value that is not finite marks a point where the function does
+/// not exist; whoever searches has to stay away from there.
+class Objective {
+  public:
+    virtual ~Objective() = default;
+    virtual double value(std::span<const double> x, CallKind kind) = 0;
+};
+
+}  // namespace kelvro

@@ -1,0 +1,157 @@
+#include "analysis/response.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "core/scalar.h"
+#include "design/pages.h"
+
+namespace kelvro {
+
+namespace {
+
+using Cx = std::complex<double>;
+
+constexpr double kLowestRelativeFrequency = 1e-6;  // guard of the mirrored frequency at f = 0
+constexpr double kSmallestDivisor = 1e-20;
+constexpr double kSmallestMagnitude = 1e-300;
+
+// std::complex products check for NaN and infinity on every call; these are the plain formulas.
+inline Cx Product(Cx x, Cx y) {
+    return {x.real() * y.real() - x.imag() * y.imag(), x.real() * y.imag() + x.imag() * y.real()};
+}
+
+inline Cx Quotient(Cx x, Cx y) {
+    const double scale = std::max(std::fabs(y.real()), std::fabs(y.imag()));
+    if (scale == 0) return x / kSmallestDivisor;
+    const Cx unit = y / scale;
+    const double norm = unit.real() * unit.real() + unit.imag() * unit.imag();
+    return Product(x / scale, {unit.real() / norm, -unit.imag() / norm});
+}
+
+/// s^power for the small powers of the network functions.
+inline Cx PowerOf(Cx s, int power) {
+    Cx result{1, 0};
+    for (int i = 0; i < power; ++i) result = Product(result, s);
+    return result;
+}
+
+/// Impedance of a ladder element at the lossy frequency s.
+inline Cx Impedance(const Element& element, Cx s) {
+    switch (element.kind) {
+        case ElementKind::Inductor:
+        case ElementKind::Choke:
+            return s * element.value;
+        case ElementKind::Capacitor:
+            return Quotient({1, 0}, s * element.value);
+        default:
+            return {element.value, 0};
+    }
+}
+
+double MirroredFrequency(double f, double fo) {
+    const double lowest = kLowestRelativeFrequency * fo;
+    const double guarded = std::fabs(f) < lowest ? std::copysign(lowest, f) : f;
+    return -fo * fo / guarded;
+}
+
+}  // namespace
+
+Response::Response(const DesignState& state)
+    : transfer_(PageOf(state).transfer ? PageOf(state).transfer(state) : Transfer{}),
+      mirrored_(PageOf(state).showsDuals(state)),
+      fo_(state.fo),
+      G2_(1 / state.R2),
+      R1_(state.R1),
+      lossTangent_((1 / state.QBC + 1 / state.QB) / 2),
+      ideal_(std::sqrt(state.R2 / state.R1)),
+      referenceDb_(MagnitudeDb(state.RatioRef)) {}
+
+std::complex<double> Response::transfer(double f) const {
+    if (mirrored_) f = MirroredFrequency(f, fo_);
+    const double omega = kTwoPi * f;
+    // Mirrored frequencies are negative; the loss term turns with them and stays dissipative.
+    const Cx s{(mirrored_ ? -omega : omega) * lossTangent_, omega};
+    switch (transfer_.form) {
+        case Transfer::Form::Polynomial:
+            return polynomial(s);
+        case Transfer::Form::Line:
+            return line(s);
+        case Transfer::Form::Ladder:
+            return ladder(s);
+        case Transfer::Form::Ideal:
+            break;
+    }
+    return {ideal_, 0};
+}
+
+std::complex<double> Response::polynomial(Cx s) const {
+    const auto& a = transfer_.a;
+    const Cx s2 = Product(s, s);
+    Cx denominator = a[0] + a[1] * s;
+    denominator += a[2] * s2;
+    denominator += a[3] * Product(s2, s);
+    denominator += a[4] * Product(s2, s2);
+    return 2.0 * Quotient(transfer_.numerator * PowerOf(s, transfer_.power), denominator);
+}
+
+std::complex<double> Response::line(Cx s) const {
+    const Cx angle = s * (std::numbers::pi / 2 / (kTwoPi * fo_));
+    // cosh and sinh less their growing factor, which would overflow on long lossy lines.
+    const double sign = angle.real() < 0 ? -1 : 1;
+    const Cx decay = std::exp(-sign * angle);
+    const Cx decay2 = Product(decay, decay);
+    const Cx cosh = 0.5 * (1.0 + decay2);
+    const Cx sinh = 0.5 * sign * (1.0 - decay2);
+    const double straight = 1 + R1_ * G2_;  // A + D·R1·G2 of the chain matrix
+    const double crossed = transfer_.ZL * G2_ + R1_ / transfer_.ZL;  // B·G2 + C·R1
+    return 2.0 * Quotient(decay, straight * cosh + crossed * sinh);
+}
+
+std::complex<double> Response::ladder(Cx s) const {
+    // From the load back to the source: voltage and current that one volt at the load asks for.
+    Cx voltage{1, 0};
+    Cx current{G2_, 0};
+    for (auto element = transfer_.ladder.rbegin(); element != transfer_.ladder.rend(); ++element) {
+        const Cx Z = Impedance(*element, s);
+        if (element->place == Place::Series) {
+            voltage += Product(Z, current);
+        } else {
+            current += Quotient(voltage, Z);
+        }
+    }
+    return Quotient({2, 0}, voltage + R1_ * current);
+}
+
+Complex Response::value(double f) const {
+    const Cx H = transfer(f);
+    return Complex::Cartesian(H.real(), H.imag());
+}
+
+double Response::magnitude(double f) const {
+    const Cx H = transfer(f);
+    return std::sqrt(H.real() * H.real() + H.imag() * H.imag());
+}
+
+double Response::phase(double f) const {
+    return value(f).argument();
+}
+
+double Response::magnitudeDb(double f) const {
+    return MagnitudeDb(magnitude(f));
+}
+
+double Response::relativeDb(double f) const {
+    return magnitudeDb(f) - referenceDb_;
+}
+
+double MagnitudeDb(double magnitude) {
+    return 20 * std::log10(std::max(magnitude, kSmallestMagnitude));
+}
+
+double ResponseServices::responseMagnitude(const DesignState& state, double f) {
+    return Response(state).magnitude(f);
+}
+
+}  // namespace kelvro

@@ -1,0 +1,125 @@
+#pragma once
+
+#include <cstdint>
+#include <random>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "design/circuit.h"
+#include "design/page.h"
+#include "design/state.h"
+
+// Monte Carlo analysis: how a response spreads when parts deviate from their values.
+
+namespace kelvro {
+
+/// Tolerances of the part groups in percent.
+struct Tolerances {
+    double capacitance = 5;
+    double inductance = 5;
+    double lineImpedance = 5;
+
+    bool operator==(const Tolerances&) const = default;
+    double of(ToleranceGroup group) const;
+};
+
+inline constexpr Limits kToleranceLimits{0.1, 35};
+/// A tolerance as it is typed, held to its limits.
+double ClampTolerance(double percent);
+
+/// Equally distributed numbers in [0, 1) that are the same on every machine for the same seed.
+class UniformGenerator {
+  public:
+    explicit UniformGenerator(std::uint64_t seed) : engine_(seed) {}
+    double next();
+
+  private:
+    std::mt19937_64 engine_;
+};
+
+/// A seed that differs from call to call.
+std::uint64_t ClockSeed();
+
+/// A part with a tolerance. Where a page shows dual values it is the part that is built, and its
+/// group the one of that part.
+struct TolerancePart {
+    std::string name;
+    ToleranceGroup group = ToleranceGroup::None;
+    Slot slot = Slot::None;
+    const OutputField* output = nullptr;   ///< stores the part where it is not just its slot
+    double DesignState::*input = nullptr;  ///< the part is an input of its page
+    bool dual = false;                     ///< the design keeps the reciprocal part
+    std::size_t draw = 0;                  ///< which random number of a run it takes
+
+    double value(const DesignState& state) const;
+    void setValue(DesignState& state, double value) const;
+};
+
+/// The parts of a design that a run varies, in the order of their random numbers: capacitances 1
+/// and 2, inductances 1 and 2, capacitances 3 and 4, inductances 3 and 4, line impedance; behind
+/// them, on pages with more, capacitances and inductances from the fifth on. A design without some
+/// of them leaves their numbers unused.
+std::vector<TolerancePart> ToleranceParts(const DesignState& state);
+
+/// Draws part values around those of a design, which stays as it is.
+class ToleranceRuns {
+  public:
+    ToleranceRuns(const DesignState& nominal, const Tolerances& tolerances, std::uint64_t seed);
+
+    /// The design with part values drawn for one more run: each equally distributed within its
+    /// tolerance. Valid until the next call.
+    const DesignState& next();
+
+    const std::vector<TolerancePart>& parts() const { return parts_; }
+    /// How far each part was off in the last run, as a fraction of its value.
+    std::span<const double> deviations() const { return deviations_; }
+
+  private:
+    DesignState nominal_;
+    DesignState varied_;
+    Tolerances tolerances_;
+    UniformGenerator generator_;
+    std::vector<TolerancePart> parts_;
+    std::vector<double> deviations_;
+    std::vector<double> draws_;
+};
+
+/// What a set of numbers looks like; those that are not finite are left out of all but `count` and
+/// `yield`. NaN where too few numbers are left.
+struct Spread {
+    std::size_t count = 0;
+    std::size_t finite = 0;
+    double min = 0;
+    double mean = 0;
+    double max = 0;
+    double deviation = 0;  ///< standard deviation, of a sample
+    double percentile5 = 0;
+    double percentile95 = 0;
+    double yield = 0;  ///< fraction of `count` at or above the limit
+};
+Spread SpreadOf(std::vector<double> values, double limit);
+
+/// Pearson's correlation of two equally long rows; NaN where one of them does not vary. Pairs with
+/// a number that is not finite are left out.
+double Correlation(std::span<const double> x, std::span<const double> y);
+
+/// How a part's deviation and the transducer gain at fo hang together. In a matched design either
+/// direction of a deviation costs gain: then the size of the deviation tells more.
+struct PartInfluence {
+    TolerancePart part;
+    double correlation = 0;        ///< of the deviation with GT at fo
+    double correlationOfSize = 0;  ///< of the deviation's magnitude with GT at fo
+};
+
+struct ToleranceReport {
+    double nominalGain = 0;  ///< GT at fo in dB
+    Spread gain;             ///< of GT at fo in dB
+    std::vector<PartInfluence> parts;
+};
+
+/// `runs` runs of a design, judged by the transducer gain at fo against a limit in dB.
+ToleranceReport AnalyseTolerance(const DesignState& nominal, const Tolerances& tolerances, int runs,
+                                 std::uint64_t seed, double limitDb);
+
+}  // namespace kelvro

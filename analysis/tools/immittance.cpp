@@ -1,0 +1,94 @@
+#include "analysis/tools/immittance.h"
+
+#include <cmath>
+
+#include "core/scalar.h"
+
+namespace kelvro {
+
+namespace {
+
+using Part = std::optional<Immittance>;
+
+/// A part that is not there leaves the other one as it is.
+Part Join(const Part& a, const Part& b, Immittance (*join)(const Immittance&, const Immittance&)) {
+    if (!a) return b;
+    return b ? join(*a, *b) : a;
+}
+
+Part Chain(const Part& a, const Part& b) {
+    return Join(a, b, InSeries);
+}
+
+Part Across(const Part& a, const Part& b) {
+    return Join(a, b, InParallel);
+}
+
+/// Inductance or capacitance of a reactance.
+double ElementOf(double reactance, double omega) {
+    return reactance >= 0 ? reactance / omega : -1 / (omega * reactance);
+}
+
+}  // namespace
+
+Immittance InSeries(const Immittance& a, const Immittance& b) {
+    return {a.voltage * b.current + b.voltage * a.current, a.current * b.current};
+}
+
+Immittance InParallel(const Immittance& a, const Immittance& b) {
+    return {a.voltage * b.voltage, a.voltage * b.current + b.voltage * a.current};
+}
+
+const std::vector<ConnectionName>& Connections() {
+    static const std::vector<ConnectionName> names{
+        {Connection::Series, "R, L, C in series"},
+        {Connection::Parallel, "R, L, C in parallel"},
+        {Connection::RLAcrossC, "(R in series with L) parallel to C"},
+        {Connection::RCAcrossL, "(R in series with C) parallel to L"},
+        {Connection::RLParallelToC, "(R parallel to L) in series with C"},
+        {Connection::RCParallelToL, "(R parallel to C) in series with L"},
+    };
+    return names;
+}
+
+std::optional<Immittance> ImmittanceOf(const MixedCircuit& circuit, double f) {
+    const double omega = kTwoPi * f;
+    Part R, L, C;
+    if (circuit.R) R = Immittance{*circuit.R};
+    if (circuit.L) L = Immittance{{0, omega * *circuit.L}};
+    if (circuit.C) C = Immittance{1, {0, omega * *circuit.C}};
+    switch (circuit.connection) {
+        case Connection::Series:
+            return Chain(Chain(R, L), C);
+        case Connection::Parallel:
+            return Across(Across(R, L), C);
+        case Connection::RLAcrossC:
+            return Across(Chain(R, L), C);
+        case Connection::RCAcrossL:
+            return Across(Chain(R, C), L);
+        case Connection::RLParallelToC:
+            return Chain(Across(R, L), C);
+        case Connection::RCParallelToL:
+            return Chain(Across(R, C), L);
+    }
+    return std::nullopt;
+}
+
+Equivalent SeriesForm(const Immittance& circuit, double f) {
+    const std::complex<double> z = circuit.impedance();
+    return {z.real(), z.imag(), ElementOf(z.imag(), kTwoPi * f)};
+}
+
+Equivalent ParallelForm(const Immittance& circuit, double f) {
+    const std::complex<double> y = circuit.admittance();
+    const double reactance = -1 / y.imag();
+    return {1 / y.real(), reactance, ElementOf(reactance, kTwoPi * f)};
+}
+
+double QualityFactor(const Immittance& circuit) {
+    // z = voltage·conj(current)/|current|²: the common divisor does not change the ratio.
+    const std::complex<double> z = circuit.voltage * std::conj(circuit.current);
+    return std::fabs(z.imag()) / z.real();
+}
+
+}  // namespace kelvro

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <complex>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+// Impedances of small circuits, and their equivalent series and parallel forms at one frequency.
+
+namespace kelvro {
+
+/// A one-port as the ratio voltage/current. Opens, shorts and resonances are ordinary values here;
+/// neither combination divides.
+struct Immittance {
+    std::complex<double> voltage;
+    std::complex<double> current{1};
+
+    std::complex<double> impedance() const { return voltage / current; }
+    std::complex<double> admittance() const { return current / voltage; }
+};
+
+Immittance InSeries(const Immittance& a, const Immittance& b);
+Immittance InParallel(const Immittance& a, const Immittance& b);
+
+/// How resistor, inductor and capacitor of a circuit are connected.
+enum class Connection : std::uint8_t {
+    Series,         ///< R, L and C in series
+    Parallel,       ///< R, L and C in parallel
+    RLAcrossC,      ///< R and L in series, C across both: a real coil
+    RCAcrossL,      ///< R and C in series, L across both
+    RLParallelToC,  ///< R across L, in series with C
+    RCParallelToL,  ///< R across C, in series with L
+};
+
+struct ConnectionName {
+    Connection connection;
+    std::string_view text;
+};
+const std::vector<ConnectionName>& Connections();
+
+/// Elements that are not there stay empty.
+struct MixedCircuit {
+    Connection connection = Connection::Series;
+    std::optional<double> R;
+    std::optional<double> L;
+    std::optional<double> C;
+};
+
+/// The circuit's immittance at f in Hz; nothing for a circuit without elements.
+std::optional<Immittance> ImmittanceOf(const MixedCircuit& circuit, double f);
+
+/// A resistance and one reactive element.
+struct Equivalent {
+    double resistance;
+    double reactance;  ///< positive: the element is an inductor
+    double element;    ///< H or F
+};
+
+/// R + jX of equal impedance.
+Equivalent SeriesForm(const Immittance& circuit, double f);
+/// R across jX of equal impedance. Infinite where the circuit has no such part.
+Equivalent ParallelForm(const Immittance& circuit, double f);
+/// |X|/R of the series form, which equals R/|X| of the parallel form.
+double QualityFactor(const Immittance& circuit);
+
+}  // namespace kelvro

@@ -1,0 +1,73 @@
+#include "cli/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <exception>
+
+#include "cli/commands.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr void (*kCommands[])(CLI::App&, Session&) = {
+    AddNumberCommand, AddSeriesCommand,    AddPagesCommand, AddDesignCommand,   AddResponseCommand,
+    AddExportCommand, AddTourCommand,      AddGuideCommand, AddProposeCommand,  AddPlotCommand,
+    AddTableCommand,  AddToleranceCommand, AddGoalCommand,  AddOptimizeCommand,
+};
+
+/// Commands whose arguments are texts of any kind: "-2e2" is a number there and no option.
+constexpr std::string_view kTextCommands[] = {"number", "series"};
+
+/// Marks the arguments of text commands as texts: all of them stand behind one "--".
+std::vector<std::string> WithTextsMarked(std::vector<std::string> args) {
+    const bool texts = args.size() > 1 &&
+                       std::ranges::find(kTextCommands, args[0]) != std::ranges::end(kTextCommands);
+    if (!texts || args[1] == "--help" || args[1] == "-h") return args;
+    if (const auto mark = std::ranges::find(args, "--"); mark != args.end()) args.erase(mark);
+    args.insert(args.begin() + 1, "--");
+    return args;
+}
+
+bool IsCommand(const CLI::App& app, const std::string& name) {
+    return std::ranges::any_of(app.get_subcommands([](const CLI::App*) { return true; }),
+                               [&](const CLI::App* command) { return command->check_name(name); });
+}
+
+ExitCode Parse(CLI::App& app, Session& session, std::vector<std::string> args) {
+    if (!args.empty() && !args[0].starts_with('-') && !IsCommand(app, args[0])) {
+        return session.fail({ExitCode::Usage, "'" + args[0] + "' is no command; see --help"});
+    }
+    args = WithTextsMarked(std::move(args));
+    std::ranges::reverse(args);  // the parser takes its arguments from the end
+    try {
+        app.parse(std::move(args));
+        return session.status;
+    } catch (const CLI::Success& success) {  // --help and --version
+        app.exit(success, session.out, session.err);
+        return ExitCode::Done;
+    } catch (const CLI::ParseError& error) {
+        return session.fail({ExitCode::Usage, error.what()});
+    } catch (const std::exception& error) {
+        return session.fail({ExitCode::Failed, error.what()});
+    }
+}
+
+}  // namespace
+
+int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostream& err) {
+    Session session{out, err};
+    CLI::App app("Designs matching networks, attenuators and PA output networks.", "kelvro-cli");
+    app.set_version_flag("--version", "kelvro-cli " KELVRO_VERSION);
+    app.require_subcommand(1);
+    app.footer("Numbers carry engineering prefixes: 10M, 4.7k, 100n, 2,2u.");
+    for (const auto add : kCommands) add(app, session);
+    ExitCode code = Parse(app, session, std::move(args));
+    out.flush();
+    if (!out && code == ExitCode::Done) {
+        code = session.fail({ExitCode::Failed, "the output could not be written"});
+    }
+    return static_cast<int>(code);
+}
+
+}  // namespace kelvro

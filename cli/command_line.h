@@ -1,0 +1,13 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace kelvro {
+
+/// Runs the command-line program: `args` are its arguments without the program's name. Results go
+/// to `out`, problems as one line to `err`. Returns the exit code (see ExitCode). Never throws.
+int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostream& err);
+
+}  // namespace kelvro

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <CLI/App.hpp>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "cli/session.h"
+#include "design/page.h"
+#include "design/state.h"
+
+namespace kelvro {
+
+/// The inputs of one design as given on the command line: texts, as they would be typed into the
+/// window's fields. Commands that work on a design share these options.
+struct DesignOptions {
+    std::string page;                           ///< number or key
+    std::map<std::string, std::string> inputs;  ///< input texts by option name; empty: not given
+    std::vector<std::string> takes;             ///< NAME=VALUE
+    std::vector<std::string> checks;            ///< NAME or NAME=WEIGHT, check boxes of pages
+    std::string series;
+    std::string ini;  ///< settings file to start from
+    bool swapLC = false;
+    bool noOptimize = false;
+    bool json = false;
+};
+
+/// Declares one option per input field of the pages' table (--r1 ... --ibg), --ini and
+/// --no-optimize: the inputs without a page. The result lives as long as the command.
+std::shared_ptr<DesignOptions> AddInputOptions(CLI::App& command);
+
+/// The same with PAGE, --swap-lc, --check, --series and --take.
+std::shared_ptr<DesignOptions> AddDesignOptions(CLI::App& command);
+
+/// Declares --json.
+void AddJsonOption(CLI::App& command, DesignOptions& options);
+
+/// The design state of the options: defaults or the settings file, then the page is entered, then
+/// the inputs, each
+/// clamped to its field's limits. No component is designed or taken yet. What the user should know
+/// besides goes to the session's error stream.
+std::variant<DesignState, Problem> StateOf(const DesignOptions& options, Session& session);
+
+/// A text NAME=VALUE split at its first '='; without one the value is empty.
+std::pair<std::string, std::string> SplitAtEquals(const std::string& text);
+
+// Checks for options; an empty text means fine (the form that CLI::Option::check takes).
+std::string NumberProblem(const std::string& text);
+std::string PositiveNumberProblem(const std::string& text);
+std::string SeriesProblem(const std::string& text);
+
+}  // namespace kelvro

@@ -1,0 +1,124 @@
+#include "cli/design_run.h"
+
+#include <algorithm>
+
+#include "analysis/response.h"
+#include "design/pages.h"
+#include "optimize/page_optimizer.h"
+
+namespace kelvro {
+
+namespace {
+
+/// A component that a page designs: kept by an output field or by a row of the element table.
+struct Component {
+    std::string name;
+    std::variant<const OutputField*, TableRow> place;
+    std::string taken = {};  ///< text of --take, empty where it is not named
+
+    void take(DesignState& state) const {
+        if (const auto* field = std::get_if<const OutputField*>(&place)) {
+            TakeText(state, **field, taken);
+        } else {
+            TakeText(state, std::get<TableRow>(place), taken);
+        }
+    }
+};
+
+std::vector<Component> ComponentsOf(const DesignRun& run) {
+    std::vector<Component> components;
+    for (const OutputField& field : run.page().outputs) {
+        if (field.slot == Slot::None || !field.isShown(run.state)) continue;
+        components.push_back({std::string(field.name), &field});
+    }
+    for (const TableRow& row : run.cycle.table.value_or(std::vector<TableRow>())) {
+        if (row.slot != Slot::None) components.push_back({row.element, row});
+    }
+    return components;
+}
+
+template <typename Which>
+std::string Names(const std::vector<Component>& components, Which&& which) {
+    std::string names;
+    for (const Component& component : components) {
+        if (which(component)) names += (names.empty() ? "" : ", ") + component.name;
+    }
+    return names;
+}
+
+/// The components of the page with the texts of --take, the last one of a name.
+std::variant<std::vector<Component>, Problem> WithTakes(std::vector<Component> components,
+                                                        const std::vector<std::string>& takes,
+                                                        const Page& page) {
+    for (const std::string& take : takes) {
+        const auto [name, value] = SplitAtEquals(take);
+        const auto component = std::ranges::find(components, name, &Component::name);
+        if (component == components.end()) {
+            const std::string known = Names(components, [](const Component&) { return true; });
+            return Problem{ExitCode::Usage,
+                           "--take: page " + std::string(page.key) + " has no component '" + name +
+                               "' (it has: " + (known.empty() ? "none" : known) + ")"};
+        }
+        component->taken = value;
+    }
+    return components;
+}
+
+/// The design with the components of --take in place of its own.
+std::variant<DesignRun, Problem> RunTaken(DesignRun run, const DesignOptions& options) {
+    ResponseServices services;
+    run.cycle = Calculate(run.state, true, services);
+    const auto named = WithTakes(ComponentsOf(run), options.takes, run.page());
+    if (const auto* problem = std::get_if<Problem>(&named)) return *problem;
+    const auto& components = std::get<std::vector<Component>>(named);
+    const std::string missing =
+        Names(components, [](const Component& component) { return component.taken.empty(); });
+    if (run.refused() && !missing.empty()) {
+        return Problem{ExitCode::Refused,
+                       *run.cycle.message + " (--take gives no value for " + missing + ")"};
+    }
+    for (const Component& component : components) {
+        if (!component.taken.empty()) component.take(run.state);
+    }
+    run.cycle =
+        run.refused() ? ShowComponents(run.state, services) : Calculate(run.state, false, services);
+    return run;
+}
+
+}  // namespace
+
+std::variant<DesignRun, Problem> RunDesign(const DesignOptions& options, Session& session) {
+    auto prepared = StateOf(options, session);
+    if (auto* problem = std::get_if<Problem>(&prepared)) return std::move(*problem);
+    DesignRun run{std::get<DesignState>(std::move(prepared)), {}, {}};
+    if (!options.takes.empty()) return RunTaken(std::move(run), options);
+    OptimizerServices services({}, {"", ""});
+    run.cycle = Calculate(run.state, true, services);
+    const PageOptimization& optimization = services.last();
+    if (optimization.status == PageOptimization::Status::Finished) {
+        run.goal = GoalReport{optimization.startGoal, optimization.achievedGoal,
+                              optimization.iterations(), optimization.calls().total()};
+    }
+    return run;
+}
+
+std::variant<DesignRun, Problem> RunAcceptedDesign(const DesignOptions& options, Session& session) {
+    auto outcome = RunDesign(options, session);
+    if (const auto* run = std::get_if<DesignRun>(&outcome); run && run->refused()) {
+        return Problem{ExitCode::Refused, *run->cycle.message};
+    }
+    return outcome;
+}
+
+std::variant<DesignRun, Problem> RunRespondingDesign(const DesignOptions& options,
+                                                     Session& session) {
+    const Page* page = FindPage(options.page);
+    if (page && !page->transfer) {
+        return Problem{ExitCode::Refused, "Page " + std::to_string(page->number) + " (" +
+                                              std::string(page->caption) +
+                                              ") has no frequency response."};
+    }
+    return RunAcceptedDesign(options, session);
+}
+
+}  // namespace kelvro

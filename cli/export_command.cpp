@@ -1,0 +1,115 @@
+#include <CLI/CLI.hpp>
+
+#include "cli/commands.h"
+#include "cli/design_run.h"
+#include "core/number_text.h"
+#include "io/atomic_file.h"
+#include "io/exports.h"
+
+namespace kelvro {
+
+namespace {
+
+struct ExportOptions {
+    std::shared_ptr<DesignOptions> design;
+    std::string format = "listing";
+    std::string from;
+    std::string to;
+    std::string z0;
+    std::string file;
+    ExportRange range;
+    bool eSeries = false;
+};
+
+std::string FormatKeys() {
+    std::string keys;
+    for (const ExportFormat& format : ExportFormats()) {
+        keys += (keys.empty() ? "" : ", ") + std::string(format.key);
+    }
+    return keys;
+}
+
+std::string FormatProblem(const std::string& key) {
+    return FindExportFormat(key) ? "" : "'" + key + "' is no format; " + FormatKeys();
+}
+
+/// The frequencies and the reference that were given; the others lie around fo.
+ExportRange RangeOf(const ExportOptions& options, double fo) {
+    ExportRange range = ExportRange::Around(fo);
+    range.points = options.range.points;
+    if (!options.from.empty()) range.from = ParseValue(options.from);
+    if (!options.to.empty()) range.to = ParseValue(options.to);
+    if (!options.z0.empty()) range.z0 = ParseValue(options.z0);
+    return range;
+}
+
+std::variant<std::string, Problem> ContentOf(const ExportOptions& options,
+                                             const ExportFormat& format, Session& session) {
+    const auto outcome = RunAcceptedDesign(*options.design, session);
+    if (const auto* problem = std::get_if<Problem>(&outcome)) return *problem;
+    const auto& run = std::get<DesignRun>(outcome);
+    if (!format.available(run.page())) {
+        return Problem{ExitCode::Usage, "page " + std::string(run.page().key) +
+                                            " has no export of the format " +
+                                            std::string(format.key)};
+    }
+    const ExportRange range = RangeOf(options, run.state.fo);
+    if (const auto problem = RangeProblem(range)) return Problem{ExitCode::Usage, *problem};
+    const bool given = !options.design->takes.empty();
+    const auto prepared = PrepareExport(run.state, {options.eSeries, given});
+    if (const auto* refusal = std::get_if<std::string>(&prepared)) {
+        return Problem{ExitCode::Refused, *refusal};
+    }
+    return format.content(std::get<ExportDesign>(prepared), range);
+}
+
+ExitCode Export(const ExportOptions& options, Session& session) {
+    const auto outcome = ContentOf(options, *FindExportFormat(options.format), session);
+    if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
+    const auto& content = std::get<std::string>(outcome);
+    if (options.file.empty()) {
+        session.out << content;
+        return ExitCode::Done;
+    }
+    const auto failure =
+        WriteAtomically(QString::fromStdString(options.file), QByteArray::fromStdString(content));
+    if (failure) return session.fail({ExitCode::Failed, failure->toStdString()});
+    return ExitCode::Done;
+}
+
+void AddRangeOptions(CLI::App& command, ExportOptions& options) {
+    command.add_option("--from", options.from, "First frequency (Hz); default fo/sqrt(10)")
+        ->check(PositiveNumberProblem)
+        ->type_name("NUMBER");
+    command.add_option("--to", options.to, "Last frequency (Hz); default fo·sqrt(10)")
+        ->check(PositiveNumberProblem)
+        ->type_name("NUMBER");
+    command.add_option("--points", options.range.points, "Number of frequencies")
+        ->capture_default_str()
+        ->check(CLI::Range(2, kMostExportPoints));
+    command
+        .add_option("--z0", options.z0, "Reference resistance of the two-port (ohm); default 50")
+        ->check(PositiveNumberProblem)
+        ->type_name("NUMBER");
+}
+
+}  // namespace
+
+void AddExportCommand(CLI::App& app, Session& session) {
+    CLI::App* command =
+        app.add_subcommand("export", "Design in a form that other tools read: " + FormatKeys());
+    auto options = std::make_shared<ExportOptions>();
+    options->design = AddDesignOptions(*command);
+    command->add_option("--format", options->format, "One of: " + FormatKeys())
+        ->capture_default_str()
+        ->check(FormatProblem)
+        ->type_name("FORMAT");
+    AddRangeOptions(*command, *options);
+    command->add_flag("--e-series", options->eSeries,
+                      "All elements take the nearest values of the standard series");
+    command->add_option("-o,--output", options->file, "File to write instead of the output")
+        ->type_name("FILE");
+    command->callback([&session, options] { session.status = Export(*options, session); });
+}
+
+}  // namespace kelvro

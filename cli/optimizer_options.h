@@ -1,0 +1,37 @@
+#pragma once
+
+#include <CLI/App.hpp>
+#include <memory>
+#include <string>
+#include <variant>
+
+#include "cli/design_options.h"
+#include "cli/design_run.h"
+#include "optimize/settings.h"
+
+namespace kelvro {
+
+/// What steers the optimizer on the command line.
+struct OptimizerOptions {
+    std::shared_ptr<DesignOptions> design;
+    std::string keywords;  ///< as the window takes them: "dfp", "steep", ...
+    std::string lineAccuracy;
+    std::string lineCentre;
+    bool maxNorm = false;
+};
+
+/// Declares the options of a design, --json, --keywords and --max-norm.
+std::shared_ptr<OptimizerOptions> AddOptimizerOptions(CLI::App& command);
+
+/// A calculated design, not optimized yet, with the settings for it.
+struct PreparedDesign {
+    DesignRun run;
+    OptimizerSettings settings;
+    bool disabled = false;  ///< by keyword or option
+};
+
+/// Problems are those of a design, and a page with nothing to optimize.
+std::variant<PreparedDesign, Problem> PrepareDesign(const OptimizerOptions& options,
+                                                    Session& session);
+
+}  // namespace kelvro

@@ -1,0 +1,96 @@
+#include <CLI/CLI.hpp>
+#include <cmath>
+
+#include "analysis/response.h"
+#include "cli/commands.h"
+#include "cli/design_run.h"
+#include "core/number_text.h"
+#include "io/response_table.h"
+
+namespace kelvro {
+
+namespace {
+
+struct SweepOptions {
+    std::shared_ptr<DesignOptions> design;
+    std::string from;
+    std::string to;
+    int points = 255;
+    bool linear = false;
+};
+
+constexpr int kMostPoints = 10'000'000;
+
+/// The i-th of n frequencies; both ends come out exactly.
+double Frequency(const SweepOptions& sweep, double from, double to, int i) {
+    if (i == 0) return from;
+    if (i == sweep.points - 1) return to;
+    const double part = static_cast<double>(i) / (sweep.points - 1);
+    return sweep.linear ? from + part * (to - from) : from * std::pow(to / from, part);
+}
+
+Json JsonRow(const Response& response, double f) {
+    const auto H = response.transfer(f);
+    return {{"f_Hz", JsonNumber(f)},
+            {"re", JsonNumber(H.real())},
+            {"im", JsonNumber(H.imag())},
+            {"V_dB", JsonNumber(response.magnitudeDb(f))},
+            {"GT_dB", JsonNumber(response.relativeDb(f))},
+            {"phase_deg", JsonNumber(response.phase(f))}};
+}
+
+std::optional<Problem> RangeProblem(const SweepOptions& sweep, double from, double to) {
+    for (const auto& [name, f] : {std::pair{"--from", from}, std::pair{"--to", to}}) {
+        if (!std::isfinite(f)) return Problem{ExitCode::Usage, std::string(name) + ": too large"};
+        if (!sweep.linear && !(f > 0)) {
+            return Problem{ExitCode::Usage,
+                           std::string(name) + ": a logarithmic sweep needs a frequency above 0"};
+        }
+    }
+    return std::nullopt;
+}
+
+ExitCode ReportResponse(const SweepOptions& sweep, Session& session) {
+    const double from = ParseValue(sweep.from);
+    const double to = ParseValue(sweep.to);
+    if (const auto problem = RangeProblem(sweep, from, to)) return session.fail(*problem);
+    const auto outcome = RunAcceptedDesign(*sweep.design, session);
+    if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
+    const Response response(std::get<DesignRun>(outcome).state);
+    Json rows = Json::array();
+    if (!sweep.design->json) session.out << kResponseCsvHeader;
+    for (int i = 0; i < sweep.points; ++i) {
+        const double f = Frequency(sweep, from, to, i);
+        if (sweep.design->json) {
+            rows.push_back(JsonRow(response, f));
+        } else {
+            session.out << ResponseCsvRow(response, f);
+        }
+    }
+    if (sweep.design->json) session.out << JsonText(rows);
+    return ExitCode::Done;
+}
+
+}  // namespace
+
+void AddResponseCommand(CLI::App& app, Session& session) {
+    CLI::App* command = app.add_subcommand("response", "Frequency response of a design as CSV");
+    auto sweep = std::make_shared<SweepOptions>();
+    sweep->design = AddDesignOptions(*command);
+    AddJsonOption(*command, *sweep->design);
+    command->add_option("--from", sweep->from, "First frequency (Hz)")
+        ->required()
+        ->check(NumberProblem)
+        ->type_name("NUMBER");
+    command->add_option("--to", sweep->to, "Last frequency (Hz)")
+        ->required()
+        ->check(NumberProblem)
+        ->type_name("NUMBER");
+    command->add_option("--points", sweep->points, "Number of frequencies")
+        ->capture_default_str()
+        ->check(CLI::Range(2, kMostPoints));
+    command->add_flag("--linear", sweep->linear, "Equal steps instead of equal ratios");
+    command->callback([&session, sweep] { session.status = ReportResponse(*sweep, session); });
+}
+
+}  // namespace kelvro

@@ -1,0 +1,27 @@
+# Sourced by ./run, ./test and .ci/run: installs the Debian packages of packages.txt that are missing.
+# Usage: install_packages SECTION... (build, test, check: the marked parts of the list)
+
+install_packages() {
+    local wanted missing=() package
+    wanted=$(awk -v sections=" $* " '
+        /^# ---/ { take = index(sections, " " $NF " ") > 0; next }
+        /^#/ || NF == 0 { next }
+        take { print $1 }' "$root/packages.txt")
+    for package in $wanted; do
+        dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "Installing: ${missing[*]}"
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || {
+            echo "These packages are missing and need root or sudo: ${missing[*]}" >&2
+            return 1
+        }
+        as_root=(sudo)
+    fi
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}

@@ -1,0 +1,41 @@
+# One library per room of the house. Sources are found by place, so that a new page or dialog is a
+# new file and nothing else.
+
+add_library(kelvro_options INTERFACE)
+target_include_directories(kelvro_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(
+  kelvro_options
+  INTERFACE -Wall
+            -Wextra
+            -Wconversion
+            -Wshadow
+            -Wpedantic
+            # Fused multiply-adds round differently: results are to be the same on every machine.
+            -ffp-contract=off
+            # GCC 12 takes copies inside std::string for overlapping ones (GCC bug 105651).
+            $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+            $<$<BOOL:${KELVRO_WERROR}>:-Werror>
+            $<$<BOOL:${KELVRO_SANITIZE}>:-fsanitize=address,undefined>
+            $<$<BOOL:${KELVRO_SANITIZE}>:-fno-sanitize-recover=undefined>
+            $<$<BOOL:${KELVRO_SANITIZE}>:-fno-omit-frame-pointer>)
+target_compile_definitions(kelvro_options INTERFACE KELVRO_VERSION="${PROJECT_VERSION}")
+target_link_options(kelvro_options INTERFACE
+                    $<$<BOOL:${KELVRO_SANITIZE}>:-fsanitize=address,undefined>)
+
+# kelvro_room(NAME [QT] [LINKS libraries...]): the library kelvro_NAME of all sources below NAME/,
+# main.cpp excepted. QT runs moc and rcc over them.
+function(kelvro_room name)
+  cmake_parse_arguments(PARSE_ARGV 1 room "QT" "" "LINKS")
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${name}/*.cpp ${name}/*.h ${name}/*.qrc)
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  if(NOT sources)
+    add_library(kelvro_${name} INTERFACE)
+    target_link_libraries(kelvro_${name} INTERFACE kelvro_options ${room_LINKS})
+    return()
+  endif()
+  add_library(kelvro_${name} STATIC ${sources})
+  target_link_libraries(kelvro_${name} PUBLIC kelvro_options ${room_LINKS})
+  if(room_QT)
+    set_target_properties(kelvro_${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+  endif()
+endfunction()

@@ -1,0 +1,293 @@
+#include "core/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "core/scalar.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr double kZeroText = 1e-300;  // magnitudes up to this are written as zero
+
+// ---------------------------------------------------------------- parsing
+
+/// Factor of a prefix letter; nothing for a character that is none. Case matters for m and M only.
+std::optional<long double> PrefixFactor(char c) {
+    switch (c) {
+        case 'a':
+        case 'A':
+            return 1e-18L;
+        case 'f':
+        case 'F':
+            return 1e-15L;
+        case 'p':
+        case 'P':
+            return 1e-12L;
+        case 'n':
+        case 'N':
+            return 1e-9L;
+        case 'u':
+        case 'U':
+            return 1e-6L;
+        case 'm':
+            return 1e-3L;
+        case 'c':
+        case 'C':
+            return 1e-2L;
+        case 'd':
+        case 'D':
+            return 1e-1L;
+        case 'k':
+        case 'K':
+            return 1e3L;
+        case 'M':
+            return 1e6L;
+        case 'g':
+        case 'G':
+            return 1e9L;
+        case 't':
+        case 'T':
+            return 1e12L;
+        default:
+            return std::nullopt;
+    }
+}
+
+/// Letters of "mil" and "miles" that carry no value but do not end the number either.
+bool IsSilentLetter(char c) {
+    return c == 'I' || c == 'L' || c == 'S' || c == 'i' || c == 'l' || c == 's';
+}
+
+/// The scan of one number: which characters are still accepted, and what was read so far.
+class NumberScan {
+  public:
+    ParsedNumber run(std::string_view text) {
+        std::size_t at = text.find_first_not_of(' ');
+        for (; at < text.size(); ++at) {
+            const char next = at + 1 < text.size() ? text[at + 1] : '\0';
+            if (!take(text[at], next)) break;
+        }
+        return {result(), noDigits_};
+    }
+
+  private:
+    /// Takes one character; false ends the scan.
+    bool take(char c, char next) {
+        if (c == '+' || c == '-') return takeSign(c);
+        if (c == ',' || c == '.') return startFraction();
+        if (c >= '0' && c <= '9') return takeDigit(c - '0');
+        if (c == 'E' || c == 'e') return startExponent();
+        if (exponent_) return false;
+        if (IsSilentLetter(c)) return true;
+        return takePrefix(c, next);
+    }
+
+    bool takeSign(char c) {
+        if (!signAllowed_) return false;
+        negative_ = c == '-';
+        signAllowed_ = false;
+        return true;
+    }
+
+    bool startFraction() {
+        if (!fractionAllowed_) return false;
+        fraction_ = true;
+        divisor_ = 1;
+        signAllowed_ = fractionAllowed_ = false;
+        return true;
+    }
+
+    bool takeDigit(int digit) {
+        if (fraction_) {
+            divisor_ *= 10;
+            value_ += digit / divisor_;
+        } else {
+            value_ = 10 * value_ + digit;
+        }
+        signAllowed_ = noDigits_ = false;
+        return true;
+    }
+
+    bool startExponent() {
+        if (exponent_) return false;
+        exponent_ = true;
+        mantissa_ = negative_ ? -value_ : value_;
+        value_ = 0;
+        negative_ = fraction_ = fractionAllowed_ = false;
+        signAllowed_ = true;
+        return true;
+    }
+
+    bool takePrefix(char c, char next) {
+        const auto factor = PrefixFactor(c);
+        const bool decibel = (c == 'd' || c == 'D') && (next == 'B' || next == 'b');
+        if (factor && !decibel) value_ *= *factor;
+        return false;
+    }
+
+    double result() const {
+        const long double number = negative_ && value_ != 0 ? -value_ : value_;
+        if (!exponent_) return static_cast<double>(number);
+        // 0·10^∞ and ∞·10^-∞ come from absurd texts only; they read as 0, like other garbage.
+        const long double scaled = mantissa_ == 0 ? 0 : mantissa_ * std::pow(10.0L, number);
+        return std::isnan(scaled) ? 0 : static_cast<double>(scaled);
+    }
+
+    long double value_ = 0;
+    long double divisor_ = 1;
+    long double mantissa_ = 0;
+    bool negative_ = false;
+    bool fraction_ = false;
+    bool exponent_ = false;
+    bool signAllowed_ = true;
+    bool fractionAllowed_ = true;
+    bool noDigits_ = true;
+};
+
+// ---------------------------------------------------------------- writing
+
+std::string RightAligned(std::string text, int width) {
+    const auto size = static_cast<int>(text.size());
+    return size < width ? text.insert(0, static_cast<std::size_t>(width - size), ' ') : text;
+}
+
+/// A tie at `decimals` decimals is (2n + 1)/(2·10^d). As a dyadic number its denominator is then
+/// exactly 2^(d + 1), so x·2^(d + 1) is an odd integer, and only then.
+bool IsTie(double value, int decimals) {
+    const double scaled = std::ldexp(value, decimals + 1);
+    return std::fabs(scaled) < 9007199254740992.0 && std::fmod(scaled, 2) != 0 &&
+           std::trunc(scaled) == scaled;
+}
+
+/// The largest multiple of 3 not above n.
+int EngineeringExponent(int n) {
+    return 3 * (n >= 0 ? n / 3 : (n - 2) / 3);
+}
+
+/// value / 10^exponent, divided in extended precision and stored back; the exponent is a multiple
+/// of 3 from -27 to 30.
+double Scaled(double value, int exponent) {
+    constexpr long double powers[] = {1,     1e3L,  1e6L,  1e9L,  1e12L, 1e15L,
+                                      1e18L, 1e21L, 1e24L, 1e27L, 1e30L};
+    const long double power = powers[std::abs(exponent) / 3];
+    return static_cast<double>(exponent >= 0 ? value / power : value * power);
+}
+
+char PrefixLetter(int exponent) {
+    constexpr std::string_view letters = "afpnum0kMGT";
+    constexpr int unitPlace = 6;
+    const int place = exponent / 3 + unitPlace;
+    return letters[static_cast<std::size_t>(place)];
+}
+
+std::string ZeroText(int width, int decimals) {
+    const int filler = width - decimals - 3 >= 0 ? width - decimals - 2 : 0;
+    return std::string(static_cast<std::size_t>(filler), ' ') + "0." +
+           std::string(static_cast<std::size_t>(decimals), '0');
+}
+
+std::string ScientificText(int width, double value) {
+    std::array<char, 64> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                   std::chars_format::scientific, 6);
+    return RightAligned(std::string(text.data(), end.ptr), width);
+}
+
+/// Fallback for values without a prefix: fixed-point mantissa and a power of ten in steps of 3.
+/// The field form pads one-digit exponents with a space, the compact form does not.
+std::string FormatScientific(int width, int decimals, double value, bool padded) {
+    decimals = std::max(decimals, 1);
+    const long double decade = GuardedDecimalLog(value);
+    if (std::fabs(value) <= kZeroText) return ZeroText(width, decimals);
+    if (!(decade >= -27 && decade <= 31)) return ScientificText(6, value);
+    const int n = static_cast<int>(std::nearbyint(decade - 0.4999999999L));
+    const int exponent = std::max(EngineeringExponent(n), -27);
+    std::string text = FormatFixed(width, decimals, Scaled(value, exponent)) + 'E' +
+                       (exponent < 0 ? "-" : "+") + std::to_string(std::abs(exponent));
+    if (padded && std::abs(exponent) < 10) text += ' ';
+    return text;
+}
+
+}  // namespace
+
+ParsedNumber ParseNumber(std::string_view text) {
+    return NumberScan().run(text);
+}
+
+double ParseValue(std::string_view text) {
+    constexpr std::string_view mil = "mil";
+    constexpr std::string_view miles = "miles";
+    if (const auto at = text.find(miles); at != std::string_view::npos) {
+        return static_cast<double>(ParseNumber(text.substr(0, at)).value * 1.6L * 1000);
+    }
+    if (const auto at = text.find(mil); at != std::string_view::npos) {
+        return static_cast<double>(ParseNumber(text.substr(0, at)).value * 2.54L * 0.01L * 0.001L);
+    }
+    return ParseNumber(text).value;
+}
+
+std::string FormatFixed(int width, int decimals, double value) {
+    if (value == 0) value = 0;  // -0 reads as 0
+    if (IsTie(value, decimals)) {
+        value =
+            std::nextafter(value, std::copysign(std::numeric_limits<double>::infinity(), value));
+    }
+    std::array<char, 640> text{};  // the largest double has 309 digits before the point
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                   std::chars_format::fixed, std::clamp(decimals, 0, 255));
+    return RightAligned(std::string(text.data(), end.ptr), width);
+}
+
+std::string FormatEng(int width, int decimals, double value) {
+    const long double decade = DecimalLog(value);
+    if (decade >= -18 && decade <= 13) {
+        const int n = static_cast<int>(std::nearbyint(decade - 0.4999999999L));
+        const int exponent = EngineeringExponent(n);
+        return FormatFixed(width, decimals, Scaled(value, exponent)) + PrefixLetter(exponent);
+    }
+    if (std::fabs(value) <= kZeroText) return ZeroText(width, decimals) + '0';
+    return FormatScientific(width - 1, decimals - 1, value, true) + '0';
+}
+
+std::string FormatQuantity(int decimals, double value, std::string_view unit) {
+    if (std::isinf(value)) return value > 0 ? "infinite" : "-infinite";
+    std::string text = FormatEng(0, decimals, value);
+    const char prefix = text.back();
+    text.pop_back();
+    if (prefix == '0') return unit.empty() ? text : text + ' ' + std::string(unit);
+    return text + ' ' + prefix + std::string(unit);
+}
+
+std::string FormatEngShort(int decimals, double value) {
+    constexpr int width = 3;
+    if (std::fabs(value) <= kZeroText) return "0.0";
+    const long double decade = GuardedDecimalLog(value);
+    if (!(decade >= -19 && decade <= 13)) return FormatScientific(width, decimals, value, false);
+    const int n = static_cast<int>(std::nearbyint(decade - 0.49999999L));
+    // The unprefixed range reaches down to 0.1, so every decade below 1 counts one higher here.
+    const int exponent = n >= 1 ? 3 * (n / 3) : 3 * ((n - 1) / 3);
+    std::string text = FormatFixed(width, decimals, Scaled(value, exponent));
+    if (exponent != 0) text += PrefixLetter(exponent);
+    return text;
+}
+
+std::string FormatExact(double value) {
+    std::array<char, 64> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                   std::chars_format::general, 17);
+    return std::string(text.data(), end.ptr);
+}
+
+std::string FormatShortest(double value) {
+    std::array<char, 64> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value);
+    return std::string(text.data(), end.ptr);
+}
+
+}  // namespace kelvro

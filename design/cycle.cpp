@@ -1,0 +1,203 @@
+#include "design/cycle.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "core/number_text.h"
+#include "core/scalar.h"
+#include "design/pages.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr double kSmallestQ = 0.001;
+constexpr std::string_view kDoesNotApply = "     -";
+
+double Decibels(double ratio) {
+    return static_cast<double>(20 * DecimalLog(ratio));
+}
+
+std::string BandwidthText(double B) {
+    return B < kInfiniteBandwidth ? kEngineering.text(B) : std::string(kInfinite);
+}
+
+void PutSharedValues(const DesignState& state, const Page& page, CycleResult& result) {
+    result.v = state.ue;
+    result.vDb = Decibels(state.ue);
+    const long double reference =
+        std::sqrt(static_cast<long double>(state.R2) / (page.sourceCount * state.R1));
+    result.lossDb = -Decibels(static_cast<double>(state.ue / reference));
+}
+
+void PutSharedTexts(const DesignState& state, const Page& page, CycleResult& result) {
+    const auto put = [&](std::string_view object, std::string text) {
+        result.texts.push_back({object, std::move(text)});
+    };
+    const bool all = page.shared == SharedOutputs::All;
+    const bool bandwidth = page.shared != SharedOutputs::None;
+    const std::string none(kDoesNotApply);
+    put("BAusgabe", bandwidth ? BandwidthText(result.bandwidth) : none);
+    put("ueAusgabe", all ? Fixed(9, 3).text(result.v) : none);
+    put("dBAusgabe", all ? Fixed(7, 2).text(result.vDb) : none);
+    put("dAusgabe", all ? Fixed(7, 3).text(result.lossDb) : none);
+    put("QBgesAusgabe", all ? Fixed(7, 2).text(state.QBges) : none);
+}
+
+/// Neither response nor optimizer.
+class IdleServices : public CycleServices {
+  public:
+    double responseMagnitude(const DesignState& state, double) override { return state.RatioRef; }
+    void optimize(DesignState&) override {}
+};
+
+template <typename PageStep>
+CycleResult RunCycle(DesignState& state, bool storeComponents, CycleServices& services,
+                     PageStep&& pageStep) {
+    CycleResult result;
+    if (state.Busy) return result;
+    result.calculated = true;
+    const Page& page = PageOf(state);
+    const auto ratio =
+        static_cast<double>(std::sqrt(static_cast<long double>(state.R2) / state.R1));
+    state.QBges = static_cast<double>(
+        2 / (1 / static_cast<long double>(state.QBC) + 1 / static_cast<long double>(state.QB)));
+    state.RatioRef = ratio;
+    state.ue = ratio;
+    DesignPass pass(state, page, storeComponents, services, result);
+    pageStep(pass);
+    PutSharedValues(state, page, result);
+    PutSharedTexts(state, page, result);
+    return result;
+}
+
+double TakenValue(std::string_view text) {
+    return text == kInfinite ? std::numeric_limits<double>::infinity() : ParseValue(text);
+}
+
+}  // namespace
+
+double Omega(const DesignState& state) {
+    return kTwoPi * state.fo;
+}
+
+double EffectiveQ(const DesignState& state) {
+    return std::max(state.Q, kSmallestQ);
+}
+
+const std::string* CycleResult::text(std::string_view object) const {
+    // The last write counts: a page may rewrite what it showed before.
+    const auto at = std::find_if(texts.rbegin(), texts.rend(),
+                                 [&](const FieldText& field) { return field.object == object; });
+    return at == texts.rend() ? nullptr : &at->text;
+}
+
+CycleResult Calculate(DesignState& state, bool storeComponents, CycleServices& services) {
+    return RunCycle(state, storeComponents, services, [](DesignPass& pass) {
+        if (pass.page.design) pass.page.design(pass);
+    });
+}
+
+CycleResult ShowComponents(DesignState& state, CycleServices& services) {
+    IdleServices idle;
+    DesignState designed = state;
+    const double bandwidth = Calculate(designed, true, idle).bandwidth;
+    return RunCycle(state, false, services, [=](DesignPass& pass) {
+        pass.evaluate();
+        pass.showComponents();
+        pass.setBandwidth(bandwidth);
+    });
+}
+
+DesignPass::DesignPass(DesignState& design, const Page& designPage, bool store,
+                       CycleServices& services, CycleResult& result)
+    : state(design),
+      page(designPage),
+      omega(Omega(design)),
+      Qe(EffectiveQ(design)),
+      storeComponents(store),
+      services_(services),
+      result_(result) {}
+
+void DesignPass::refuse(std::string message) {
+    result_.message = std::move(message);
+}
+
+void DesignPass::optimize() {
+    services_.optimize(state);
+}
+
+void DesignPass::evaluate() {
+    state.ue = services_.responseMagnitude(state, state.fo);
+}
+
+void DesignPass::showComponents() {
+    const bool duals = page.showsDuals(state);
+    for (const OutputField& field : page.outputs) {
+        if (field.slot == Slot::None) continue;
+        const double value = field.component(state);
+        showOrInfinite(field.object, duals ? 1 / (omega * omega * value) : value);
+    }
+    if (!page.table.empty()) result_.table = TableRows(state, page);
+}
+
+void DesignPass::show(std::string_view object, double value) {
+    const OutputField* field = page.output(object);
+    showText(object, (field ? field->format : kEngineering).text(value));
+}
+
+void DesignPass::showOrInfinite(std::string_view object, double value) {
+    if (std::isinf(value)) {
+        showText(object, std::string(kInfinite));
+    } else {
+        show(object, value);
+    }
+}
+
+void DesignPass::showText(std::string_view object, std::string text) {
+    result_.texts.push_back({object, std::move(text)});
+}
+
+void DesignPass::showCaption(std::string_view object, std::string caption, std::string unit) {
+    result_.captions.push_back({object, std::move(caption), std::move(unit)});
+}
+
+void DesignPass::showQ(double Q) {
+    state.Q = Q;
+    showText("QEingabe", Fixed(8, 2).text(Q));
+}
+
+void DesignPass::setBandwidth(double B) {
+    result_.bandwidth = B;
+}
+
+void DesignPass::finish() {
+    optimize();
+    evaluate();
+    showComponents();
+}
+
+void TakeText(DesignState& state, const OutputField& field, std::string_view text) {
+    field.setComponent(state, TakenValue(text));
+}
+
+void TakeText(DesignState& state, const TableRow& row, std::string_view text) {
+    if (row.slot != Slot::None && !text.empty()) state.components[row.slot] = TakenValue(text);
+}
+
+std::vector<TableRow> TableRows(const DesignState& state, const Page& page) {
+    std::vector<TableRow> rows;
+    if (page.table.empty()) return rows;
+    for (Element& element : page.builtCircuit(state).elements) {
+        rows.push_back({std::move(element.name), kEngineering.text(element.value), element.value,
+                        element.unit(), element.slot});
+    }
+    return rows;
+}
+
+std::string RowObject(const Page& page, const TableRow& row) {
+    return std::string(page.table) + '.' + row.element;
+}
+
+}  // namespace kelvro

@@ -1,0 +1,153 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "design/page.h"
+#include "design/state.h"
+
+namespace kelvro {
+
+/// Bandwidths from here on are written as "infinite".
+inline constexpr double kInfiniteBandwidth = 1e20;
+
+/// A text for one field of the window.
+struct FieldText {
+    std::string_view object;
+    std::string text;
+};
+
+/// Caption and unit that a field changes at run time.
+struct FieldCaption {
+    std::string_view object;
+    std::string caption;
+    std::string unit;
+};
+
+/// One row of a page's element table. Rows with a slot are components: they can be rounded to a
+/// standard value and taken back.
+struct TableRow {
+    std::string element;
+    std::string text;
+    double value = 0;
+    std::string_view unit;
+    Slot slot = Slot::None;
+};
+
+/// What one calculation has to say. Fields that are not named keep their texts.
+struct CycleResult {
+    bool calculated = false;             ///< false: suppressed, nothing was touched
+    std::optional<std::string> message;  ///< why the design was refused
+    std::vector<FieldText> texts;
+    std::vector<FieldCaption> captions;
+    std::optional<std::vector<TableRow>> table;  ///< new contents of the element table
+
+    // Shared outputs.
+    double bandwidth = 0;
+    double v = 0;
+    double vDb = 0;
+    double lossDb = 0;
+
+    /// Text of a field, or null where the calculation did not write it.
+    const std::string* text(std::string_view object) const;
+};
+
+/// What a calculation needs from the rooms above: the network's response and the optimizer.
+class CycleServices {
+  public:
+    virtual ~CycleServices() = default;
+    /// |V2/V1| of the state's network at f.
+    virtual double responseMagnitude(const DesignState& state, double f) = 0;
+    /// Refines the components of the state's page in place.
+    virtual void optimize(DesignState& state) = 0;
+};
+
+/// Turns the inputs of the state into the outputs of its page: component values (designed anew only
+/// when `storeComponents`; Take and Optimize keeps those in place), v at fo, and the texts of all
+/// fields. A refused design leaves components and page fields as they were.
+CycleResult Calculate(DesignState& state, bool storeComponents, CycleServices& services);
+
+/// The outputs for the components as they stand in the slots, nothing designed, judged or
+/// optimized; the bandwidth is the one that the page gives its inputs.
+CycleResult ShowComponents(DesignState& state, CycleServices& services);
+
+/// What fields show in place of a value at infinity.
+inline constexpr std::string_view kInfinite = "infinite";
+
+/// 2·π·fo with the constant of the program.
+double Omega(const DesignState& state);
+
+/// The loaded Q wherever it divides: at least 0.001.
+double EffectiveQ(const DesignState& state);
+
+/// What a page's design function works with: the state, shared values, and where outputs go.
+class DesignPass {
+  public:
+    DesignPass(DesignState& state, const Page& page, bool storeComponents, CycleServices& services,
+               CycleResult& result);
+
+    DesignState& state;
+    const Page& page;
+    const double omega;
+    const double Qe;
+    const bool storeComponents;
+
+    /// The input breaks the page's rule; the design function returns behind this.
+    void refuse(std::string message);
+    /// The optimizer entry.
+    void optimize();
+    /// v = |H(fo)| of the stored components.
+    void evaluate();
+    /// All components of the page as stored, or their duals where the page shows them; also the
+    /// rows of its element table.
+    void showComponents();
+    /// One output in its own format.
+    void show(std::string_view object, double value);
+    /// One output whose value may lie at infinity.
+    void showOrInfinite(std::string_view object, double value);
+    void showText(std::string_view object, std::string text);
+    void showCaption(std::string_view object, std::string caption, std::string unit);
+    /// Q follows from the design on this page: stores it and rewrites its field.
+    void showQ(double Q);
+    void setBandwidth(double B);
+    /// Optimize, evaluate, show: the usual end of a matching page.
+    void finish();
+
+  private:
+    CycleServices& services_;
+    CycleResult& result_;
+};
+
+/// Component values read back from field texts: each slot takes the value of the field that the
+/// page names. `textOf` gives a field's present text. Fields that are not shown are left out.
+template <typename TextOf>
+void Take(DesignState& state, const Page& page, TextOf&& textOf);
+
+/// Stores one taken text. "infinite" is a resistor that is left out.
+void TakeText(DesignState& state, const OutputField& field, std::string_view text);
+
+/// Stores one taken text of an element table; rows without a slot or a text stay as they are.
+void TakeText(DesignState& state, const TableRow& row, std::string_view text);
+
+/// The rows of a page's element table: its circuit as it is to be built; none without a table.
+std::vector<TableRow> TableRows(const DesignState& state, const Page& page);
+
+/// How the texts of table rows are asked for: "Bp17Tabelle.C01".
+std::string RowObject(const Page& page, const TableRow& row);
+
+template <typename TextOf>
+void Take(DesignState& state, const Page& page, TextOf&& textOf) {
+    for (const OutputField& field : page.outputs) {
+        if (field.slot == Slot::None || !field.isShown(state)) continue;
+        const auto source = field.takenFrom.empty() ? field.object : field.takenFrom;
+        TakeText(state, field, textOf(source));
+    }
+    for (const TableRow& row : TableRows(state, page)) {
+        TakeText(state, row, textOf(RowObject(page, row)));
+    }
+}
+
+}  // namespace kelvro

@@ -1,0 +1,51 @@
+#include "design/page.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/number_text.h"
+#include "core/scalar.h"
+
+namespace kelvro {
+
+std::string TextFormat::text(double value) const {
+    return ' ' + (kind == Kind::Engineering ? FormatEng(width, decimals, value)
+                                            : FormatFixed(width, decimals, value));
+}
+
+double InputField::read(const DesignState& state) const {
+    return std::visit([&](auto member) { return static_cast<double>(state.*member); }, value);
+}
+
+void InputField::write(DesignState& state, double x) const {
+    const double clamped = Clamp(x, limits.low, limits.high);
+    if (const auto* real = std::get_if<double DesignState::*>(&value)) {
+        state.** real = clamped;
+    } else {
+        state.*std::get<int DesignState::*>(value) = static_cast<int>(std::lround(clamped));
+    }
+}
+
+double OutputField::component(const DesignState& state) const {
+    return get ? get(state) : state.components[slot];
+}
+
+void OutputField::setComponent(DesignState& state, double x) const {
+    if (set) {
+        set(state, x);
+    } else {
+        state.components[slot] = x;
+    }
+}
+
+Circuit Page::builtCircuit(const DesignState& state) const {
+    if (!circuit) return {};
+    return showsDuals(state) ? Dual(circuit(state), state.fo) : circuit(state);
+}
+
+const OutputField* Page::output(std::string_view object) const {
+    const auto at = std::ranges::find(outputs, object, &OutputField::object);
+    return at == outputs.end() ? nullptr : &*at;
+}
+
+}  // namespace kelvro

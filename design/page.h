@@ -1,0 +1,158 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "design/circuit.h"
+#include "design/state.h"
+#include "design/transfer.h"
+
+// What a design page is, as data. The window, the menus, the command line, the settings keys and
+// the tests are built from these records; a new page is one file of page functions and one row.
+
+namespace kelvro {
+
+class DesignPass;
+
+/// How a field writes its value; every text begins with one added space.
+struct TextFormat {
+    enum class Kind : std::uint8_t { Engineering, Fixed };
+    Kind kind = Kind::Engineering;
+    int width = 7;
+    int decimals = 2;
+
+    std::string text(double value) const;
+};
+
+inline constexpr TextFormat kEngineering{};
+
+constexpr TextFormat Fixed(int width, int decimals) {
+    return {TextFormat::Kind::Fixed, width, decimals};
+}
+
+struct Limits {
+    double low;
+    double high;
+};
+
+/// An input of the design: shared by all pages or belonging to one.
+struct InputField {
+    std::string_view object;  ///< name of the edit: "k5Eingabe"
+    std::string_view label;
+    std::string_view unit;
+    std::string_view hint;
+    std::string_view option;  ///< command-line option without dashes: "k"
+    std::variant<double DesignState::*, int DesignState::*> value;
+    Limits limits;
+    TextFormat format = kEngineering;
+
+    double read(const DesignState& state) const;
+    /// Stores the value clamped to the limits (rounded first where the input is a whole number).
+    void write(DesignState& state, double x) const;
+};
+
+/// A check box of a page, bound to one flag of the state, with a weight where it has one.
+struct SwitchField {
+    std::string_view object;
+    std::string_view caption;
+    std::string_view hint;
+    bool& (*flag)(DesignState&);
+    std::string_view weightObject = {};      ///< scroll bar, empty where the switch has none
+    int& (*weight)(DesignState&) = nullptr;  ///< 0..100
+    std::string_view option = {};  ///< command-line option without dashes, where it has one
+};
+
+/// A push button of a page that does something to the state and then recalculates.
+struct ActionField {
+    std::string_view object;
+    std::string_view caption;
+    std::string_view hint;
+    /// Returns a message when refused, an empty text when done.
+    std::string (*run)(DesignState&);
+};
+
+/// An output of a page. A component has a slot; its field can be rounded to a standard value and
+/// taken back into the design.
+struct OutputField {
+    std::string_view object;  ///< "C11Ausgabe"
+    std::string_view name;    ///< name on the command line: "C1"
+    std::string_view label;
+    std::string_view unit;
+    std::string_view hint = {};
+    Slot slot = Slot::None;
+    TextFormat format = kEngineering;
+    bool editable = false;
+    std::string_view initial = {};    ///< text until the first successful design
+    std::string_view takenFrom = {};  ///< field that Take reads instead of this one
+    /// Shown only while this says so; null: always.
+    bool (*shown)(const DesignState&) = nullptr;
+    /// Where the component is not simply what its slot holds: reads and stores it.
+    double (*get)(const DesignState&) = nullptr;
+    void (*set)(DesignState&, double) = nullptr;
+
+    bool isShown(const DesignState& state) const { return !shown || shown(state); }
+    /// The component of a field with a slot, SI units.
+    double component(const DesignState& state) const;
+    void setComponent(DesignState& state, double value) const;
+};
+
+/// A fixed line of text on the page, with a name where texts change: "Suited for R1<R2".
+struct NoteField {
+    std::string_view text;
+    std::string_view hint = {};
+    std::string_view object = {};
+};
+
+enum class MenuGroup : std::uint8_t { None, Matching, Attenuator, Amplifier, Options };
+
+/// Which of the shared outputs (B, v, 20·log v, loss, Q) a page fills; the rest show "     -".
+enum class SharedOutputs : std::uint8_t { All, None, BandwidthOnly };
+
+/// Input labels that show before the first design on pages whose texts start so.
+inline constexpr std::string_view kNoValueYet = "        -";
+
+struct Page {
+    int number = 0;
+    std::string_view key;       ///< command-line name: "lc-series"
+    std::string_view caption;   ///< tab
+    std::string_view menuItem;  ///< object name; empty where the page has no menu item
+    std::string_view menuText;
+    MenuGroup menuGroup = MenuGroup::None;
+    bool qPanel = false;
+    bool exportable = false;
+    bool plottable = false;
+    std::string_view swapBox = {};  ///< "CheckBox1"; empty where the page has none
+    bool mirrored = false;          ///< LCSwapped evaluates the page at the mirrored frequency
+    SharedOutputs shared = SharedOutputs::All;
+    double sourceCount = 1;  ///< loss is referred to sqrt(R2/(sourceCount·R1))
+    Limits typedQ = {0.2, 500};
+
+    std::vector<NoteField> notes = {};
+    std::vector<InputField> inputs = {};
+    std::vector<SwitchField> switches = {};
+    std::vector<ActionField> actions = {};
+    std::vector<OutputField> outputs = {};
+    std::string_view table = {};         ///< object of a table of the circuit's elements
+    std::string_view transferText = {};  ///< the printed transfer function
+
+    /// Number of parameters of the optimizer's test function; 0 on pages whose components it moves.
+    int testParameters = 0;
+    /// Components that the optimizer moves, in the order of its parameters.
+    std::vector<Slot> (*goalSlots)(const DesignState&) = nullptr;
+
+    void (*design)(DesignPass&) = nullptr;
+    Transfer (*transfer)(const DesignState&) = nullptr;  ///< null: the ideal network
+    Circuit (*circuit)(const DesignState&) = nullptr;    ///< null: nothing to draw
+    /// A second network of the page, drawn and listed beside the first: the Pi beside the T.
+    Circuit (*alternative)(const DesignState&) = nullptr;
+
+    /// Does the page show dual values in the present state?
+    bool showsDuals(const DesignState& state) const { return mirrored && state.LCSwapped; }
+    /// The circuit as it is to be built: interchanged where the page shows duals.
+    Circuit builtCircuit(const DesignState& state) const;
+    const OutputField* output(std::string_view object) const;
+};
+
+}  // namespace kelvro

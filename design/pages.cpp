@@ -1,0 +1,101 @@
+#include "design/pages.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "core/number_text.h"
+#include "design/pages/catalogue.h"
+
+namespace kelvro {
+
+const std::array<Page, kPageCount>& Pages() {
+    static const std::array<Page, kPageCount> pages = {
+        LcSeriesTankPage(), LcParallelTankPage(), PiSectionPage(), TSectionPage(),
+        TransformerPage(),  LinePage(),           PassiveLPage(),  PassivePiTPage(),
+        LcBalunPage(),      RlOptPage(),          LeffCeffPage(),  CombLcPage(),
+        LcGammaPage(),      LcclMatchPage(),      ClassEPage(),    BroadbandMatchPage(),
+        BandPassPage(),     DoubleLPage(),        RDividerPage(),
+    };
+    return pages;
+}
+
+const Page& PageOf(int number) {
+    const bool known = number >= 1 && number <= kPageCount;
+    return Pages()[static_cast<std::size_t>(known ? number - 1 : 0)];
+}
+
+const Page* FindPage(std::string_view numberOrKey) {
+    const auto at = std::ranges::find_if(Pages(), [&](const Page& page) {
+        return page.key == numberOrKey || std::to_string(page.number) == numberOrKey;
+    });
+    return at == Pages().end() ? nullptr : &*at;
+}
+
+std::span<const InputField> SharedInputs() {
+    constexpr std::string_view qHint =
+        "for transfer function, not always realizable (esp. for very high or low Q)";
+    static const std::vector<InputField> inputs = {
+        {"R1Eingabe",
+         "Resistance R1",
+         "Ω",
+         "Resistance of the source",
+         "r1",
+         &DesignState::R1,
+         {0.001, 1e6}},
+        {"R2Eingabe",
+         "Resistance R2",
+         "Ω",
+         "Resistance of the load",
+         "r2",
+         &DesignState::R2,
+         {0.001, 1e6}},
+        {"foEingabe",
+         "Frequency fo",
+         "Hz",
+         "Centre frequency of the match",
+         "fo",
+         &DesignState::fo,
+         {1, 2e10}},
+        {"QEingabe", "Q-Factor", "", qHint, "q", &DesignState::Q, {0.2, 500}, Fixed(8, 2)},
+        {"QBEingabe",
+         "Element Q",
+         "L",
+         "Q of the inductors",
+         "qb",
+         &DesignState::QB,
+         {5, 10000},
+         Fixed(8, 2)},
+        {"QBCEingabe",
+         "Element Q",
+         "C",
+         "Q of the capacitors",
+         "qbc",
+         &DesignState::QBC,
+         {5, 10000},
+         Fixed(8, 2)},
+    };
+    return inputs;
+}
+
+void EnterPage(DesignState& state, int number) {
+    constexpr int broadband = 16;
+    constexpr double broadbandQ = 0.2;
+    constexpr int doubleL = 18;
+    state.page = PageOf(number).number;
+    if (state.page == broadband) state.Q = broadbandQ;
+    if (state.page >= doubleL) state.LCSwapped = false;
+}
+
+OutputField Component(std::string_view object, std::string_view name, std::string_view label,
+                      std::string_view unit, Slot slot) {
+    OutputField field{object, name, label, unit};
+    field.slot = slot;
+    return field;
+}
+
+Element Part(ElementKind kind, Place place, std::string_view name, const DesignState& state,
+             Slot slot, std::string_view field) {
+    return {kind, place, std::string(name), state.components[slot], slot, field};
+}
+
+}  // namespace kelvro

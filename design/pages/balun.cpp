@@ -1,0 +1,70 @@
+// LC Balun: lattice of two branches, low-pass to the + output and high-pass to the - output.
+
+#include <cmath>
+
+#include "design/cycle.h"
+#include "design/pages/catalogue.h"
+
+namespace kelvro {
+
+namespace {
+
+void DesignBalun(DesignPass& pass) {
+    DesignState& s = pass.state;
+    if (pass.storeComponents) {
+        const long double X = std::sqrt(2 * static_cast<long double>(s.R1) * s.R2);
+        s.components[Slot::C1] = static_cast<double>(1 / (pass.omega * X));
+        s.components[Slot::L] = static_cast<double>(X / pass.omega);
+    }
+    pass.finish();
+    pass.setBandwidth(s.fo / pass.Qe);
+}
+
+/// V(s) of the + output: series L, then C || R2, with the other branch loading the source.
+Transfer BalunTransfer(const DesignState& s) {
+    const long double C = s.components[Slot::C1];
+    const long double L = s.components[Slot::L];
+    const long double G1 = 1 / static_cast<long double>(s.R1);
+    const long double G2 = 1 / static_cast<long double>(s.R2);
+    return Transfer::Polynomial(G1, 0, {G1 + G2, L * G1 * G2 + 2 * C, L * C * (G1 + G2), 0, 0});
+}
+
+Circuit BalunCircuit(const DesignState& s) {
+    using enum ElementKind;
+    Circuit circuit{Topology::Balun,
+                    {Part(Inductor, Place::Series, "L", s, Slot::L, "L9Ausgabe"),
+                     Part(Capacitor, Place::Shunt, "C", s, Slot::C1, "C9Ausgabe"),
+                     Part(Capacitor, Place::Series, "C", s, Slot::C1, "C9Ausgabe"),
+                     Part(Inductor, Place::Shunt, "L", s, Slot::L, "L9Ausgabe")}};
+    circuit.elements[2].branch = circuit.elements[3].branch = 1;
+    return circuit;
+}
+
+}  // namespace
+
+Page LcBalunPage() {
+    Page page{.number = 9,
+              .key = "lc-balun",
+              .caption = "LC Balun",
+              .menuItem = "LCAllpass1",
+              .menuText = "LC &All-Pass",
+              .menuGroup = MenuGroup::Matching,
+              .qPanel = true,
+              .plottable = true,
+              .sourceCount = 2};
+    page.notes = {{"R1 unbalanced, R2 at each of two opposite outputs",
+                   "2·R2 from output to output; the outputs lag and lead the source by 90°"}};
+    page.outputs = {Component("L9Ausgabe", "L", "Inductance L", "H", Slot::L),
+                    Component("C9Ausgabe", "C", "Capacitance C", "F", Slot::C1)};
+    page.outputs[0].hint = "The same inductance in both branches";
+    page.outputs[1].hint = "The same capacitance in both branches";
+    for (OutputField& field : page.outputs) field.initial = kNoValueYet;
+    page.transferText = "V(s) = G[1] / (s²LC(G[1] + G[2]) + s(LG[1]G[2] + 2C) + G[1] + G[2])";
+    page.testParameters = 6;
+    page.design = DesignBalun;
+    page.transfer = BalunTransfer;
+    page.circuit = BalunCircuit;
+    return page;
+}
+
+}  // namespace kelvro

@@ -1,0 +1,175 @@
+// Broadband Match: low-pass ladder of two or four L-sections, refined over the band.
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "design/cycle.h"
+#include "design/pages/catalogue.h"
+
+namespace kelvro {
+
+namespace {
+
+/// Two like elements that lie in two neighbouring slots: plainly in the ladder of two sections; as
+/// geometric mean m and ratio r (the elements being m/r and m·r) in that of four, where the
+/// optimizer works on those.
+template <Slot Mean, Slot Ratio>
+struct ElementPair {
+    static double first(const DesignState& s) {
+        const double m = s.components[Mean];
+        return s.eightElements ? m / s.components[Ratio] : m;
+    }
+    static double second(const DesignState& s) {
+        const double r = s.components[Ratio];
+        return s.eightElements ? s.components[Mean] * r : r;
+    }
+    static void setFirst(DesignState& s, double x) { store(s, x, second(s)); }
+    static void setSecond(DesignState& s, double x) { store(s, first(s), x); }
+    static void store(DesignState& s, double x, double y) {
+        constexpr double smallest =
+            1e-150;  // a value that could not be read leaves the other alone
+        if (s.eightElements) {
+            x = std::max(x, smallest);
+            y = std::max(y, smallest);
+        }
+        const double mean = std::sqrt(x * y);
+        s.components[Mean] = s.eightElements ? mean : x;
+        s.components[Ratio] = s.eightElements ? y / mean : y;
+    }
+};
+
+using FrontC = ElementPair<Slot::C1, Slot::C2>;
+using FrontL = ElementPair<Slot::L, Slot::L2>;
+using BackC = ElementPair<Slot::X5, Slot::X6>;
+using BackL = ElementPair<Slot::X7, Slot::X8>;
+
+int Sections(const DesignState& s) {
+    return s.eightElements ? 4 : 2;
+}
+
+void StoreLadder(DesignState& s, long double omega) {
+    const long double R1 = s.R1;
+    const long double step = std::pow(s.R2 / R1, 1.0L / Sections(s));
+    const long double q = std::sqrt(step - 1);
+    std::array<double, 4> L{};
+    std::array<double, 4> C{};
+    long double R = R1;
+    for (std::size_t i = 0; i < L.size(); ++i) {
+        L[i] = static_cast<double>(q * R / omega);
+        R *= step;
+        C[i] = static_cast<double>(q / (omega * R));
+    }
+    FrontC::store(s, C[0], C[1]);
+    FrontL::store(s, L[0], L[1]);
+    if (!s.eightElements) return;
+    BackC::store(s, C[2], C[3]);
+    BackL::store(s, L[2], L[3]);
+}
+
+void DesignBroadband(DesignPass& pass) {
+    DesignState& s = pass.state;
+    if (!(s.R2 > s.R1)) return pass.refuse(std::string(kNeedsR2Larger));
+    if (pass.storeComponents) StoreLadder(s, pass.omega);
+    pass.finish();
+    pass.setBandwidth(s.fo / pass.Qe);
+}
+
+Circuit BroadbandCircuit(const DesignState& s) {
+    using enum ElementKind;
+    const auto L = [](std::string_view name, double value, Slot slot, std::string_view field) {
+        return Element{Inductor, Place::Series, std::string(name), value, slot, field};
+    };
+    const auto C = [](std::string_view name, double value, Slot slot, std::string_view field) {
+        return Element{Capacitor, Place::Shunt, std::string(name), value, slot, field};
+    };
+    Circuit circuit{Topology::Ladder,
+                    {L("L1", FrontL::first(s), Slot::L, "L116Ausgabe"),
+                     C("C1", FrontC::first(s), Slot::C1, "C116Ausgabe"),
+                     L("L2", FrontL::second(s), Slot::L2, "L216Ausgabe"),
+                     C("C2", FrontC::second(s), Slot::C2, "C216Ausgabe")}};
+    if (!s.eightElements) return circuit;
+    auto& elements = circuit.elements;
+    elements.push_back(L("L3", BackL::first(s), Slot::X7, "L316Ausgabe"));
+    elements.push_back(C("C3", BackC::first(s), Slot::X5, "C316Ausgabe"));
+    elements.push_back(L("L4", BackL::second(s), Slot::X8, "L416Ausgabe"));
+    elements.push_back(C("C4", BackC::second(s), Slot::X6, "C416Ausgabe"));
+    return circuit;
+}
+
+/// V(s) of R1 - L1 - C1 across - L2 - (C2 || R2); of four sections by chain matrices.
+Transfer BroadbandTransfer(const DesignState& s) {
+    if (s.eightElements) return Transfer::Ladder(BroadbandCircuit(s));
+    const long double C1 = s.components[Slot::C1];
+    const long double C2 = s.components[Slot::C2];
+    const long double L1 = s.components[Slot::L];
+    const long double L2 = s.components[Slot::L2];
+    const long double R1 = s.R1;
+    const long double G1 = 1 / R1;
+    const long double G2 = 1 / static_cast<long double>(s.R2);
+    return Transfer::Polynomial(
+        G1, 0,
+        {G1 * (1 + R1 * G2), G1 * (R1 * (C1 + C2) + (L1 + L2) * G2),
+         G1 * (L1 * C1 + L2 * C2 + L1 * C2 + R1 * G2 * C1 * L2),
+         G1 * (R1 * C1 * L2 * C2 + L1 * C1 * L2 * G2), G1 * L1 * C1 * L2 * C2});
+}
+
+template <typename Pair>
+void AddPair(std::vector<OutputField>& outputs, OutputField first, OutputField second) {
+    first.get = Pair::first;
+    first.set = Pair::setFirst;
+    second.get = Pair::second;
+    second.set = Pair::setSecond;
+    outputs.push_back(first);
+    outputs.push_back(second);
+}
+
+std::vector<OutputField> BroadbandOutputs() {
+    std::vector<OutputField> pairs;
+    AddPair<FrontL>(pairs, Component("L116Ausgabe", "L1", "Inductance L1", "H", Slot::L),
+                    Component("L216Ausgabe", "L2", "Inductance L2", "H", Slot::L2));
+    AddPair<FrontC>(pairs, Component("C116Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
+                    Component("C216Ausgabe", "C2", "Capacitance C2", "F", Slot::C2));
+    AddPair<BackL>(pairs, Component("L316Ausgabe", "L3", "Inductance L3", "H", Slot::X7),
+                   Component("L416Ausgabe", "L4", "Inductance L4", "H", Slot::X8));
+    AddPair<BackC>(pairs, Component("C316Ausgabe", "C3", "Capacitance C3", "F", Slot::X5),
+                   Component("C416Ausgabe", "C4", "Capacitance C4", "F", Slot::X6));
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        pairs[i].initial = kNoValueYet;
+        if (i >= 4) pairs[i].shown = [](const DesignState& s) { return s.eightElements; };
+    }
+    // From source to load.
+    return {pairs[0], pairs[2], pairs[1], pairs[3], pairs[4], pairs[6], pairs[5], pairs[7]};
+}
+
+}  // namespace
+
+Page BroadbandMatchPage() {
+    Page page{.number = 16,
+              .key = "broadband",
+              .caption = "Broadband Match",
+              .menuItem = "BroadbandMatch1",
+              .menuText = "&Broadband Match",
+              .menuGroup = MenuGroup::Matching,
+              .qPanel = true,
+              .exportable = true,
+              .plottable = true};
+    page.notes = {{"Suited for R1<R2, low-pass; the optimizer spreads the match over the band",
+                   "Q up to 0.21: widest band; larger Q: the loaded Q is kept"}};
+    page.switches = {{"CheckBoxExt16", "8 elements",
+                      "Four sections instead of two: wider band, flatter response",
+                      [](DesignState& s) -> bool& { return s.eightElements; }}};
+    page.switches[0].option = "ext";
+    page.outputs = BroadbandOutputs();
+    page.goalSlots = [](const DesignState& s) {
+        using enum Slot;
+        return s.eightElements ? std::vector{C1, C2, L, L2, X5, X6, X7, X8}
+                               : std::vector{C1, C2, L, L2};
+    };
+    page.design = DesignBroadband;
+    page.transfer = BroadbandTransfer;
+    page.circuit = BroadbandCircuit;
+    return page;
+}
+
+}  // namespace kelvro

@@ -1,0 +1,124 @@
+// R-Divider: resistor string for reference voltages.
+
+#include <array>
+
+#include "design/cycle.h"
+#include "design/pages/catalogue.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr std::array kStringSlots = {Slot::C1, Slot::C2, Slot::L,  Slot::L2,
+                                     Slot::X5, Slot::X6, Slot::X7, Slot::X8};
+constexpr std::size_t kBandGap = kStringSlots.size() - 1;  // RD8 stands beside the string
+
+/// Ground, the six taps and the top of the string.
+std::array<long double, 8> Voltages(const DesignState& s) {
+    return {0, s.Vlow1, s.Vlow2, s.Vmid1, s.Vmid2, s.Vhi1, s.Vhi2, s.Vref};
+}
+
+void DesignDivider(DesignPass& pass) {
+    DesignState& s = pass.state;
+    const auto V = Voltages(s);
+    for (std::size_t i = 1; i < V.size(); ++i) {
+        if (!(V[i] > V[i - 1])) return pass.refuse("Tap voltages must rise from Vlow1 to Vref!");
+    }
+    const long double I = static_cast<long double>(s.Vref) / s.Rtot;
+    if (pass.storeComponents) {
+        for (std::size_t i = 0; i < kBandGap; ++i) {
+            s.components[kStringSlots[i]] = static_cast<double>((V[i + 1] - V[i]) / I);
+        }
+        s.components[kStringSlots[kBandGap]] = s.Vbg / s.Ibg;
+    }
+    pass.finish();
+    pass.show("I19Ausgabe", static_cast<double>(I));
+}
+
+Circuit DividerCircuit(const DesignState& s) {
+    static constexpr std::array<std::string_view, 8> names = {"RD1", "RD2", "RD3", "RD4",
+                                                              "RD5", "RD6", "RD7", "RD8"};
+    static constexpr std::array<std::string_view, 8> fields = {
+        "RD119Ausgabe", "RD219Ausgabe", "RD319Ausgabe", "RD419Ausgabe",
+        "RD519Ausgabe", "RD619Ausgabe", "RD719Ausgabe", "RD819Ausgabe"};
+    Circuit circuit{Topology::Divider, {}};
+    const auto add = [&](std::size_t i, Place place) {
+        circuit.elements.push_back(
+            Part(ElementKind::Resistor, place, names[i], s, kStringSlots[i], fields[i]));
+    };
+    for (std::size_t i = kBandGap; i-- > 0;) add(i, Place::Series);  // from Vref down to ground
+    add(kBandGap, Place::Shunt);
+    circuit.elements.back().branch = 1;
+    return circuit;
+}
+
+std::vector<InputField> DividerInputs() {
+    constexpr Limits limits{1e-9, 1e9};
+    const auto tap = [&](std::string_view object, std::string_view label, std::string_view option,
+                         double DesignState::*value) {
+        return InputField{object, label, "V",   "Tap voltage; the taps rise from Vlow1 to Vref",
+                          option, value, limits};
+    };
+    return {{"Vref19Eingabe", "Reference Vref", "V", "Voltage at the top of the string", "vref",
+             &DesignState::Vref, limits},
+            {"Rtot19Eingabe", "Total Rtot", "Ω", "Resistance of the whole string, RD1 to RD7",
+             "rtot", &DesignState::Rtot, limits},
+            tap("Vlow119Eingabe", "Vlow1", "vlow1", &DesignState::Vlow1),
+            tap("Vlow219Eingabe", "Vlow2", "vlow2", &DesignState::Vlow2),
+            tap("Vmid119Eingabe", "Vmid1", "vmid1", &DesignState::Vmid1),
+            tap("Vmid219Eingabe", "Vmid2", "vmid2", &DesignState::Vmid2),
+            tap("Vhi119Eingabe", "Vhi1", "vhi1", &DesignState::Vhi1),
+            tap("Vhi219Eingabe", "Vhi2", "vhi2", &DesignState::Vhi2),
+            {"Vbg19Eingabe", "Band-gap Vbg", "V", "Band-gap voltage across RD8", "vbg",
+             &DesignState::Vbg, limits},
+            {"Ibg19Eingabe", "Bias Current Ibg", "A", "Current that RD8 sets from Vbg", "ibg",
+             &DesignState::Ibg, limits}};
+}
+
+std::vector<OutputField> DividerOutputs() {
+    std::vector<OutputField> outputs = {
+        Component("RD119Ausgabe", "RD1", "Resistor RD1", "Ω", kStringSlots[0]),
+        Component("RD219Ausgabe", "RD2", "Resistor RD2", "Ω", kStringSlots[1]),
+        Component("RD319Ausgabe", "RD3", "Resistor RD3", "Ω", kStringSlots[2]),
+        Component("RD419Ausgabe", "RD4", "Resistor RD4", "Ω", kStringSlots[3]),
+        Component("RD519Ausgabe", "RD5", "Resistor RD5", "Ω", kStringSlots[4]),
+        Component("RD619Ausgabe", "RD6", "Resistor RD6", "Ω", kStringSlots[5]),
+        Component("RD719Ausgabe", "RD7", "Resistor RD7", "Ω", kStringSlots[6]),
+        Component("RD819Ausgabe", "RD8", "Resistor RD8", "Ω", kStringSlots[7]),
+        {"I19Ausgabe", "I", "String Current", "A", "Vref over Rtot"}};
+    outputs[0].hint = "From ground to the tap Vlow1";
+    outputs[1].hint = "From Vlow1 to Vlow2";
+    outputs[2].hint = "From Vlow2 to Vmid1";
+    outputs[3].hint = "From Vmid1 to Vmid2";
+    outputs[4].hint = "From Vmid2 to Vhi1";
+    outputs[5].hint = "From Vhi1 to Vhi2";
+    outputs[6].hint = "From Vhi2 to Vref";
+    outputs[7].hint = "Turns Vbg into the bias current Ibg; not part of the string";
+    for (OutputField& field : outputs) field.initial = kNoValueYet;
+    return outputs;
+}
+
+}  // namespace
+
+Page RDividerPage() {
+    Page page{.number = 19,
+              .key = "r-divider",
+              .caption = "R-Divider",
+              .menuItem = "",
+              .menuText = "",
+              .menuGroup = MenuGroup::None,
+              .exportable = true,
+              .shared = SharedOutputs::None};
+    page.notes = {{"String of seven resistors from ground to Vref with six taps",
+                   "Round the resistors to standard values, then Take and Optimize"}};
+    page.inputs = DividerInputs();
+    page.outputs = DividerOutputs();
+    page.goalSlots = [](const DesignState&) {
+        return std::vector<Slot>(kStringSlots.begin(), kStringSlots.end());
+    };
+    page.design = DesignDivider;
+    page.circuit = DividerCircuit;
+    return page;
+}
+
+}  // namespace kelvro

@@ -1,0 +1,218 @@
+// LC Gamma, LCCL Match and Double-L Section: one or two L-sections.
+
+#include <algorithm>
+#include <cmath>
+
+#include "design/cycle.h"
+#include "design/pages/catalogue.h"
+
+namespace kelvro {
+
+namespace {
+
+void Store(DesignState& s, Slot slot, long double value) {
+    s.components[slot] = static_cast<double>(value);
+}
+
+// ---------------------------------------------------------------- gamma
+
+void DesignGamma(DesignPass& pass) {
+    DesignState& s = pass.state;
+    if (s.R1 == s.R2) return pass.refuse(std::string(kNeedsDifferentR));
+    const long double high = std::max(s.R1, s.R2);
+    const long double low = std::min(s.R1, s.R2);
+    const long double q = std::sqrt(high / low - 1);
+    if (pass.storeComponents) {
+        Store(s, Slot::L, q * low / pass.omega);
+        Store(s, Slot::C1, q / (pass.omega * high));
+    }
+    pass.showQ(static_cast<double>(q / 2));
+    pass.finish();
+    pass.setBandwidth(s.fo / EffectiveQ(s));
+}
+
+/// V(s) of R1 - L - (C || R2), or of (R1, C across) - L - R2: C is on the side of the larger R.
+Transfer GammaTransfer(const DesignState& s) {
+    const long double C = s.components[Slot::C1];
+    const long double L = s.components[Slot::L];
+    const long double G1 = 1 / static_cast<long double>(s.R1);
+    const long double G2 = 1 / static_cast<long double>(s.R2);
+    return Transfer::Polynomial(G1, 0, {G1 + G2, C + L * G1 * G2, L * C * std::max(G1, G2), 0, 0});
+}
+
+Circuit GammaCircuit(const DesignState& s) {
+    using enum ElementKind;
+    Circuit circuit{Topology::Ladder,
+                    {Part(Inductor, Place::Series, "L", s, Slot::L, "L13Ausgabe"),
+                     Part(Capacitor, Place::Shunt, "C", s, Slot::C1, "C13GAusgabe")}};
+    if (s.R1 > s.R2) std::swap(circuit.elements[0], circuit.elements[1]);
+    return circuit;
+}
+
+// ---------------------------------------------------------------- LCCL
+
+void DesignLccl(DesignPass& pass) {
+    DesignState& s = pass.state;
+    if (!(s.R2 > s.R1)) return pass.refuse(std::string(kNeedsR2Larger));
+    if (pass.storeComponents) {
+        const long double R1 = s.R1;
+        const long double R2 = s.R2;
+        const long double Rm = std::sqrt(R1 * R2);
+        const long double q = std::sqrt(Rm / R1 - 1);
+        Store(s, Slot::L, q * R1 / pass.omega);
+        Store(s, Slot::C1, q / (pass.omega * Rm));
+        Store(s, Slot::C2, 1 / (pass.omega * q * Rm));
+        Store(s, Slot::L2, R2 / (pass.omega * q));
+    }
+    pass.finish();
+    pass.setBandwidth(s.fo / pass.Qe);
+}
+
+/// V(s) of R1 - L1 - C1 across - C2 - (L2 || R2).
+Transfer LcclTransfer(const DesignState& s) {
+    const long double C1 = s.components[Slot::C1];
+    const long double C2 = s.components[Slot::C2];
+    const long double L1 = s.components[Slot::L];
+    const long double L2 = s.components[Slot::L2];
+    const long double R1 = s.R1;
+    const long double G1 = 1 / R1;
+    const long double G2 = 1 / static_cast<long double>(s.R2);
+    return Transfer::Polynomial(
+        L2 * C2 * G1, 2,
+        {G1, G1 * (L2 * G2 + R1 * (C1 + C2)),
+         G1 * (L2 * C2 + L1 * C1 + L1 * C2 + R1 * G2 * L2 * (C1 + C2)),
+         G1 * (R1 * C1 * L2 * C2 + L1 * L2 * G2 * (C1 + C2)), G1 * L1 * C1 * L2 * C2});
+}
+
+Circuit LcclCircuit(const DesignState& s) {
+    using enum ElementKind;
+    return {Topology::Ladder,
+            {Part(Inductor, Place::Series, "L1", s, Slot::L, "L114Ausgabe"),
+             Part(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C114Ausgabe"),
+             Part(Capacitor, Place::Series, "C2", s, Slot::C2, "C214Ausgabe"),
+             Part(Inductor, Place::Shunt, "L2", s, Slot::L2, "L214Ausgabe")}};
+}
+
+// ---------------------------------------------------------------- double L
+
+void DesignDoubleL(DesignPass& pass) {
+    DesignState& s = pass.state;
+    if (!(s.R1 > s.R2)) return pass.refuse(std::string(kNeedsR1Larger));
+    if (pass.storeComponents) {
+        const long double R1 = s.R1;
+        const long double R2 = s.R2;
+        const long double Rm = std::sqrt(R1 * R2);
+        const long double q = std::sqrt(R1 / Rm - 1);
+        Store(s, Slot::L, R1 / (pass.omega * q));
+        Store(s, Slot::C1, 1 / (pass.omega * q * Rm));
+        Store(s, Slot::L2, Rm / (pass.omega * q));
+        Store(s, Slot::C2, 1 / (pass.omega * q * R2));
+    }
+    pass.finish();
+    pass.setBandwidth(s.fo / pass.Qe);
+}
+
+/// V(s) of R1 - L1 across - C1 - L2 across - C2 - R2.
+Transfer DoubleLTransfer(const DesignState& s) {
+    const long double C1 = s.components[Slot::C1];
+    const long double C2 = s.components[Slot::C2];
+    const long double L1 = s.components[Slot::L];
+    const long double L2 = s.components[Slot::L2];
+    const long double G1 = 1 / static_cast<long double>(s.R1);
+    const long double G2 = 1 / static_cast<long double>(s.R2);
+    return Transfer::Polynomial(
+        L1 * L2 * C1 * C2 * G1, 4,
+        {G2, C2 + L1 * G1 * G2, L1 * C2 * G1 + G2 * (L1 * C1 + L2 * C1 + L2 * C2),
+         C1 * C2 * (L1 + L2) + G1 * G2 * L1 * L2 * (C1 + C2), L1 * L2 * C1 * C2 * (G1 + G2)});
+}
+
+Circuit DoubleLCircuit(const DesignState& s) {
+    using enum ElementKind;
+    return {Topology::Ladder,
+            {Part(Inductor, Place::Shunt, "L1", s, Slot::L, "L118Ausgabe"),
+             Part(Capacitor, Place::Series, "C1", s, Slot::C1, "C118Ausgabe"),
+             Part(Inductor, Place::Shunt, "L2", s, Slot::L2, "L218Ausgabe"),
+             Part(Capacitor, Place::Series, "C2", s, Slot::C2, "C218Ausgabe")}};
+}
+
+std::vector<Slot> FourSlots(const DesignState&) {
+    return {Slot::C1, Slot::C2, Slot::L, Slot::L2};
+}
+
+}  // namespace
+
+Page LcGammaPage() {
+    Page page{.number = 13,
+              .key = "lc-gamma",
+              .caption = "LC Gamma",
+              .menuItem = "LCGamma1",
+              .menuText = "LC &Gamma",
+              .menuGroup = MenuGroup::Matching,
+              .qPanel = true,
+              .exportable = true,
+              .plottable = true,
+              .mirrored = true};
+    page.notes = {kQNotAdjustable};
+    page.outputs = {Component("L13Ausgabe", "L", "Inductance L", "H", Slot::L),
+                    Component("C13GAusgabe", "C", "Capacitance C", "F", Slot::C1)};
+    page.outputs[0].hint = "In series, on the side of the smaller resistance";
+    page.outputs[1].hint = "Across the larger resistance";
+    for (OutputField& field : page.outputs) field.initial = kNoValueYet;
+    page.goalSlots = [](const DesignState&) { return std::vector{Slot::C1, Slot::L}; };
+    page.design = DesignGamma;
+    page.transfer = GammaTransfer;
+    page.circuit = GammaCircuit;
+    return page;
+}
+
+Page LcclMatchPage() {
+    Page page{.number = 14,
+              .key = "lccl",
+              .caption = "LCCL Match",
+              .menuItem = "LCCL1",
+              .menuText = "LCCL Match",
+              .menuGroup = MenuGroup::Matching,
+              .qPanel = true,
+              .exportable = true,
+              .plottable = true,
+              .mirrored = true};
+    page.notes = {{"Suited for R1<R2, almost no phase shift at fo",
+                   "The phase shifts of the low-pass and the high-pass half cancel"}};
+    page.outputs = {Component("L114Ausgabe", "L1", "Inductance L1", "H", Slot::L),
+                    Component("C114Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
+                    Component("C214Ausgabe", "C2", "Capacitance C2", "F", Slot::C2),
+                    Component("L214Ausgabe", "L2", "Inductance L2", "H", Slot::L2)};
+    for (OutputField& field : page.outputs) field.initial = kNoValueYet;
+    page.goalSlots = FourSlots;
+    page.design = DesignLccl;
+    page.transfer = LcclTransfer;
+    page.circuit = LcclCircuit;
+    return page;
+}
+
+Page DoubleLPage() {
+    Page page{.number = 18,
+              .key = "double-l",
+              .caption = "Double-L Section",
+              .menuItem = "DoubleLSection1",
+              .menuText = "Double-L Section",
+              .menuGroup = MenuGroup::Matching,
+              .qPanel = true,
+              .exportable = true,
+              .plottable = true,
+              .mirrored = true};
+    page.notes = {{"Suited for R1>R2, blocks DC and low frequencies",
+                   "Two high-pass sections through the geometric mean of R1 and R2"}};
+    page.outputs = {Component("L118Ausgabe", "L1", "Inductance L1", "H", Slot::L),
+                    Component("C118Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
+                    Component("L218Ausgabe", "L2", "Inductance L2", "H", Slot::L2),
+                    Component("C218Ausgabe", "C2", "Capacitance C2", "F", Slot::C2)};
+    for (OutputField& field : page.outputs) field.initial = kNoValueYet;
+    page.goalSlots = FourSlots;
+    page.design = DesignDoubleL;
+    page.transfer = DoubleLTransfer;
+    page.circuit = DoubleLCircuit;
+    return page;
+}
+
+}  // namespace kelvro

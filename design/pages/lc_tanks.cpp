@@ -1,0 +1,152 @@
+// LC Series Tank and LC Parallel Tank: one inductor and two capacitors, tapped.
+
+#include <cmath>
+
+#include "design/cycle.h"
+#include "design/pages/catalogue.h"
+
+namespace kelvro {
+
+namespace {
+
+std::vector<Slot> TankSlots(const DesignState&) {
+    return {Slot::C1, Slot::C2, Slot::L};
+}
+
+// ---------------------------------------------------------------- series tank
+
+void DesignSeriesTank(DesignPass& pass) {
+    DesignState& s = pass.state;
+    if (!(s.R2 > s.R1)) return pass.refuse(std::string(kNeedsR2Larger));
+    const long double R1 = s.R1;
+    const long double R2 = s.R2;
+    const long double XL = 2 * pass.Qe * R1;
+    const long double XC1 = XL - std::sqrt((R2 - R1) * R1);
+    const long double XC2 = R2 * std::sqrt(R1 / (R2 - R1));
+    if (pass.storeComponents) {
+        // XC1 turns negative at low Q; the capacitance stays positive.
+        s.components[Slot::C1] = static_cast<double>(std::fabs(1 / (pass.omega * XC1)));
+        s.components[Slot::C2] = static_cast<double>(1 / (pass.omega * XC2));
+        s.components[Slot::L] = static_cast<double>(XL / pass.omega);
+    }
+    pass.finish();  // this page leaves the bandwidth at 0
+}
+
+/// V(s) of R1 - L - C1 - (C2 || R2).
+Transfer SeriesTankTransfer(const DesignState& s) {
+    const long double C1 = s.components[Slot::C1];
+    const long double C2 = s.components[Slot::C2];
+    const long double L = s.components[Slot::L];
+    const long double R1 = s.R1;
+    const long double R2 = s.R2;
+    return Transfer::Polynomial(C1 / R1, 1,
+                                {1 / (R1 * R2), C2 / R1 + C1 / R2 + C1 / R1,
+                                 L * C1 / (R1 * R2) + C2 * C1, L * C1 * C2 / R1, 0});
+}
+
+Circuit SeriesTankCircuit(const DesignState& s) {
+    using enum ElementKind;
+    return {Topology::Ladder,
+            {Part(Inductor, Place::Series, "L", s, Slot::L, "L1Ausgabe"),
+             Part(Capacitor, Place::Series, "C1", s, Slot::C1, "C11Ausgabe"),
+             Part(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C21Ausgabe")}};
+}
+
+// ---------------------------------------------------------------- parallel tank
+
+void DesignParallelTank(DesignPass& pass) {
+    DesignState& s = pass.state;
+    pass.setBandwidth(s.fo / pass.Qe);  // also when refused
+    if (!(s.R1 > s.R2)) return pass.refuse(std::string(kNeedsR1Larger));
+    const long double R1 = s.R1;
+    const long double R2 = s.R2;
+    const long double Qe = pass.Qe;
+    const long double A = Qe * Qe + 1;
+    const long double XC2 = R2 / Qe;
+    const long double XL = R1 / std::sqrt(A * R1 / R2 - 1);
+    const long double XC1 = (Qe * R2 / A) * (R1 / (Qe * XL) - 1);
+    if (pass.storeComponents) {
+        s.components[Slot::C1] = static_cast<double>(1 / (pass.omega * XC1));
+        s.components[Slot::C2] = static_cast<double>(1 / (pass.omega * XC2));
+        s.components[Slot::L] = static_cast<double>(XL / pass.omega);
+    }
+    pass.finish();
+}
+
+/// V(s) of R1 - L across - C1 - (C2 || R2).
+Transfer ParallelTankTransfer(const DesignState& s) {
+    const long double C1 = s.components[Slot::C1];
+    const long double C2 = s.components[Slot::C2];
+    const long double L = s.components[Slot::L];
+    const long double R1 = s.R1;
+    const long double R2 = s.R2;
+    return Transfer::Polynomial(
+        L * C1 / R1, 2,
+        {1 / R2, L / (R2 * R1) + C1 + C2, L * C2 / R1 + L * C1 / R2 + L * C1 / R1, L * C1 * C2, 0});
+}
+
+Circuit ParallelTankCircuit(const DesignState& s) {
+    using enum ElementKind;
+    return {Topology::Ladder,
+            {Part(Inductor, Place::Shunt, "L", s, Slot::L, "L2Ausgabe"),
+             Part(Capacitor, Place::Series, "C1", s, Slot::C1, "C12Ausgabe"),
+             Part(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C22Ausgabe")}};
+}
+
+}  // namespace
+
+Page LcSeriesTankPage() {
+    Page page{.number = 1,
+              .key = "lc-series",
+              .caption = "LC Series Tank",
+              .menuItem = "LCS1",
+              .menuText = "&LC Series Tank",
+              .menuGroup = MenuGroup::Matching,
+              .qPanel = true,
+              .exportable = true,
+              .plottable = true,
+              .swapBox = "CheckBox1",
+              .mirrored = true};
+    page.notes = {{"Suited for R1<R2"}};
+    page.outputs = {Component("L1Ausgabe", "L", "Inductance L", "H", Slot::L),
+                    Component("C11Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
+                    Component("C21Ausgabe", "C2", "Capacitance C2", "F", Slot::C2)};
+    // Take reads C2 from the C1 field of the LC Parallel Tank page; users' habits rest on it.
+    page.outputs[2].takenFrom = "C12Ausgabe";
+    page.transferText =
+        "V(s) = sC[1]G[1] / (s³LC[1]C[2]G[1] + s²C[1](LG[1]G[2] + C[2]) + "
+        "s(C[2]G[1] + C[1]G[2] + C[1]G[1]) + G[1]G[2])";
+    page.goalSlots = TankSlots;
+    page.design = DesignSeriesTank;
+    page.transfer = SeriesTankTransfer;
+    page.circuit = SeriesTankCircuit;
+    return page;
+}
+
+Page LcParallelTankPage() {
+    Page page{.number = 2,
+              .key = "lc-parallel",
+              .caption = "LC Parallel Tank",
+              .menuItem = "LCP1",
+              .menuText = "LC &Parallel Tank",
+              .menuGroup = MenuGroup::Matching,
+              .qPanel = true,
+              .exportable = true,
+              .plottable = true,
+              .swapBox = "CheckBox2",
+              .mirrored = true};
+    page.notes = {{"Suited for R1>R2"}};
+    page.outputs = {Component("L2Ausgabe", "L", "Inductance L", "H", Slot::L),
+                    Component("C12Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
+                    Component("C22Ausgabe", "C2", "Capacitance C2", "F", Slot::C2)};
+    page.transferText =
+        "V(s) = s²LC[1]G[1] / (s³LC[1]C[2] + s²L(C[2]G[1] + C[1]G[1] + C[1]G[2]) + "
+        "s(LG[2]G[1] + C[1] + C[2]) + G[2])";
+    page.goalSlots = TankSlots;
+    page.design = DesignParallelTank;
+    page.transfer = ParallelTankTransfer;
+    page.circuit = ParallelTankCircuit;
+    return page;
+}
+
+}  // namespace kelvro

@@ -1,0 +1,74 @@
+// TRL: a quarter-wave line.
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "design/cycle.h"
+#include "design/pages/catalogue.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr double kPropagationSpeed = 299795000.0;  // m/s, as line lengths are reckoned here
+constexpr double kQuarterWave = 0.25;
+
+void DesignLine(DesignPass& pass) {
+    DesignState& s = pass.state;
+    const long double R1 = s.R1;
+    const long double R2 = s.R2;
+    if (pass.storeComponents) {
+        s.components[Slot::ZL] = static_cast<double>(std::sqrt(R1 * R2));
+        s.components[Slot::NormalizedLength] = kQuarterWave;
+        s.components[Slot::Length] = static_cast<double>(kPropagationSpeed * kQuarterWave / s.fo /
+                                                         std::sqrt(static_cast<long double>(s.er)));
+    }
+    pass.evaluate();
+    pass.showComponents();
+    pass.show("NL6Ausgabe", s.components[Slot::NormalizedLength]);
+    pass.showQ(static_cast<double>((std::sqrt(std::max(R2 / R1, R1 / R2)) - 1) / 2));
+    pass.setBandwidth(s.fo / std::max(s.Q, 0.0001));
+    pass.optimize();
+}
+
+Circuit LineCircuit(const DesignState& s) {
+    Circuit circuit{Topology::Ladder,
+                    {Part(ElementKind::Line, Place::Series, "ZL", s, Slot::ZL, "ZL6Ausgabe")}};
+    circuit.lineAngleFo = std::numbers::pi / 2;
+    return circuit;
+}
+
+}  // namespace
+
+Page LinePage() {
+    Page page{.number = 6,
+              .key = "trl",
+              .caption = "TRL",
+              .menuItem = "Leitung1",
+              .menuText = "&TRL",
+              .menuGroup = MenuGroup::Matching,
+              .qPanel = true,
+              .exportable = true,
+              .plottable = true};
+    page.notes = {kQNotAdjustable};
+    page.inputs = {{"er6Eingabe",
+                    "Dielectric Constant εr",
+                    "",
+                    "Relative permittivity of the line's dielectric, 1 to 100",
+                    "er",
+                    &DesignState::er,
+                    {1, 100},
+                    Fixed(7, 2)}};
+    page.outputs = {Component("ZL6Ausgabe", "ZL", "Charact. Impedance ZL", "Ω", Slot::ZL),
+                    {"NL6Ausgabe", "NL", "Normalized Length l/λ", ""},
+                    Component("l6Ausgabe", "l", "Geometrical Length l", "m", Slot::Length)};
+    page.outputs[1].format = Fixed(7, 3);
+    page.testParameters = 4;
+    page.design = DesignLine;
+    page.transfer = [](const DesignState& s) { return Transfer::Line(s.components[Slot::ZL]); };
+    page.circuit = LineCircuit;
+    return page;
+}
+
+}  // namespace kelvro

@@ -1,0 +1,185 @@
+// Leff/Ceff and Comb. LC: what a real component or a combined tank is at fo.
+
+#include <cmath>
+#include <limits>
+
+#include "core/scalar.h"
+#include "design/cycle.h"
+#include "design/pages/catalogue.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr Limits kReactanceLimits{1e-18, 1e6};  // H and F
+
+Element Given(ElementKind kind, Place place, std::string_view name, double value,
+              std::string_view field, int branch) {
+    return {kind, place, std::string(name), value, Slot::None, field, branch};
+}
+
+// ---------------------------------------------------------------- real coil and capacitor
+
+void DesignEffective(DesignPass& pass) {
+    const DesignState& s = pass.state;
+    const long double w = pass.omega;
+    const long double XL = w * s.L;
+    const long double BC = w * s.C;
+    const long double R = s.R;
+    // Coil: Z = (R + jXL) / d with d = 1 + jBC·(R + jXL); Re Z = R/|d|².
+    const long double dRe = 1 - BC * XL;
+    const long double dIm = BC * R;
+    const long double coil = XL * dRe - R * dIm;  // Im Z·|d|²
+    const long double Leff = coil / (dRe * dRe + dIm * dIm) / w;
+    const long double X = XL - 1 / BC;  // capacitor: R + jX
+    const auto Ceff = static_cast<double>(-1 / (w * X));
+    pass.show("f0_11Ausgabe", 1 / (kTwoPi * std::sqrt(s.L * s.C)));
+    pass.show("Leff11Ausgabe", static_cast<double>(Leff));
+    pass.show("QL11Ausgabe", static_cast<double>(coil / R));
+    pass.showOrInfinite("Ceff11Ausgabe", Ceff);
+    pass.show("QC11Ausgabe", static_cast<double>(std::fabs(X) / R));
+    pass.showText("Note11", Leff < 0 || Ceff < 0 ? "above self-resonance" : "");
+}
+
+/// The coil: L and R in series, its own capacitance across them.
+Circuit CoilCircuit(const DesignState& s) {
+    using enum ElementKind;
+    return {Topology::OnePort,
+            {Given(Resistor, Place::Series, "R", s.R, "R11Eingabe", 0),
+             Given(Inductor, Place::Series, "L", s.L, "L11Eingabe", 0),
+             Given(Capacitor, Place::Shunt, "C", s.C, "C11Eingabe", 1)}};
+}
+
+/// The capacitor: its leads' inductance and its loss in series.
+Circuit CapacitorCircuit(const DesignState& s) {
+    using enum ElementKind;
+    return {Topology::OnePort,
+            {Given(Resistor, Place::Series, "R", s.R, "R11Eingabe", 0),
+             Given(Inductor, Place::Series, "L", s.L, "L11Eingabe", 0),
+             Given(Capacitor, Place::Series, "C", s.C, "C11Eingabe", 0)}};
+}
+
+// ---------------------------------------------------------------- combined tank
+
+void DesignCombinedTank(DesignPass& pass) {
+    constexpr long double open = 1e-9L;  // of xp: this near to resonance the tank is open
+    const DesignState& s = pass.state;
+    const long double xs = pass.omega * s.Ls - 1 / (pass.omega * static_cast<long double>(s.Cs));
+    const long double xp = pass.omega * s.Lp;
+    const bool infinite = std::fabs(xs + xp) < open * xp;
+    const auto X = infinite ? std::numeric_limits<double>::infinity()
+                            : static_cast<double>(xs * xp / (xs + xp));
+    pass.show("fs12Ausgabe", 1 / (kTwoPi * std::sqrt(s.Ls * s.Cs)));
+    pass.show("fp12Ausgabe", 1 / (kTwoPi * std::sqrt((s.Ls + s.Lp) * s.Cs)));
+    pass.showOrInfinite("X12Ausgabe", X);
+    if (X >= 0) {
+        pass.showCaption("Eq12Ausgabe", "Equivalent Inductance", "H");
+        pass.showOrInfinite("Eq12Ausgabe", X / pass.omega);
+    } else {
+        pass.showCaption("Eq12Ausgabe", "Equivalent Capacitance", "F");
+        pass.showOrInfinite("Eq12Ausgabe", -1 / (pass.omega * X));
+    }
+}
+
+/// Cs and Lp that put the short to fs and the open to fp, for the Ls at hand.
+std::string FindTank(DesignState& s) {
+    if (s.fs12 <= s.fp12) return "It must be fs>fp!";
+    const long double ws = kTwoPi * static_cast<long double>(s.fs12);
+    const long double ratio = static_cast<long double>(s.fs12) / s.fp12;
+    s.Cs = Clamp(static_cast<double>(1 / (ws * ws * s.Ls)), kReactanceLimits.low,
+                 kReactanceLimits.high);
+    s.Lp = Clamp(static_cast<double>(s.Ls * (ratio * ratio - 1)), kReactanceLimits.low,
+                 kReactanceLimits.high);
+    return {};
+}
+
+Circuit CombinedTankCircuit(const DesignState& s) {
+    using enum ElementKind;
+    return {Topology::Tank,
+            {Given(Inductor, Place::Series, "Ls", s.Ls, "Ls12Eingabe", 0),
+             Given(Capacitor, Place::Series, "Cs", s.Cs, "Cs12Eingabe", 0),
+             Given(Inductor, Place::Shunt, "Lp", s.Lp, "Lp12Eingabe", 1)}};
+}
+
+std::vector<InputField> CombinedTankInputs() {
+    constexpr Limits frequencies{1, 2e10};
+    return {{"Ls12Eingabe", "Inductance Ls", "H", "In series with Cs", "ls", &DesignState::Ls,
+             kReactanceLimits},
+            {"Cs12Eingabe", "Capacitance Cs", "F", "In series with Ls", "cs", &DesignState::Cs,
+             kReactanceLimits},
+            {"Lp12Eingabe", "Inductance Lp", "H", "Across the branch of Ls and Cs", "lp",
+             &DesignState::Lp, kReactanceLimits},
+            {"fp12Eingabe", "Wanted fp (open)", "Hz",
+             "Frequency that the tank shall let pass; for the button below", "fp",
+             &DesignState::fp12, frequencies},
+            {"fs12Eingabe", "Wanted fs (short)", "Hz",
+             "Frequency that the tank shall short, above fp; for the button below", "fs",
+             &DesignState::fs12, frequencies}};
+}
+
+}  // namespace
+
+Page LeffCeffPage() {
+    Page page{.number = 11,
+              .key = "leff-ceff",
+              .caption = "Leff/Ceff",
+              .menuItem = "LeffCeff1",
+              .menuText = "L&eff/Ceff",
+              .menuGroup = MenuGroup::Options,
+              .shared = SharedOutputs::None};
+    page.notes = {{"A real coil or capacitor, as it acts at fo", "Set fo above"},
+                  {"", "A coil acts as capacitance there, a capacitor as inductance", "Note11"}};
+    page.inputs = {
+        {"L11Eingabe", "Inductance L", "H", "Coil: its inductance. Capacitor: that of its leads",
+         "l", &DesignState::L, kReactanceLimits},
+        {"C11Eingabe", "Capacitance C", "F",
+         "Capacitor: its capacitance. Coil: that of its winding", "c", &DesignState::C,
+         kReactanceLimits},
+        {"R11Eingabe",
+         "Loss Resistance R",
+         "Ω",
+         "Series resistance at fo",
+         "r",
+         &DesignState::R,
+         {1e-9, 1e6}}};
+    page.outputs = {{"f0_11Ausgabe", "f0", "Self-Resonance f0", "Hz", "Resonance of L and C"},
+                    {"Leff11Ausgabe", "Leff", "Coil: Leff", "H",
+                     "Inductance of the coil at fo, its capacitance included"},
+                    {"QL11Ausgabe", "QL", "Coil: Q", "", "Reactance over resistance at fo"},
+                    {"Ceff11Ausgabe", "Ceff", "Capacitor: Ceff", "F",
+                     "Capacitance of the capacitor at fo, its inductance included"},
+                    {"QC11Ausgabe", "QC", "Capacitor: Q", "", "Reactance over resistance at fo"}};
+    page.outputs[2].format = page.outputs[4].format = Fixed(7, 2);
+    for (OutputField& field : page.outputs) field.initial = kNoValueYet;
+    page.design = DesignEffective;
+    page.circuit = CoilCircuit;
+    page.alternative = CapacitorCircuit;
+    return page;
+}
+
+Page CombLcPage() {
+    Page page{.number = 12,
+              .key = "comb-lc",
+              .caption = "Comb. LC",
+              .menuItem = "KombinierterLCKreis1",
+              .menuText = "Comb. LC Tank",
+              .menuGroup = MenuGroup::Options,
+              .exportable = true,
+              .shared = SharedOutputs::None};
+    page.notes = {
+        {"open at fp, short at fs: a harmonic trap", "Across a line it passes fp and shorts fs"}};
+    page.inputs = CombinedTankInputs();
+    page.actions = {{"ButtonDesign12", "Find Cs, Lp for Ls",
+                     "Make the tank open at fp and short at fs, keeping Ls", FindTank}};
+    page.outputs = {{"fs12Ausgabe", "fs", "Series Resonance fs", "Hz", "The tank is a short here"},
+                    {"fp12Ausgabe", "fp", "Parallel Resonance fp", "Hz", "The tank is open here"},
+                    {"X12Ausgabe", "X", "Reactance at fo", "Ω", "Positive: inductive"},
+                    {"Eq12Ausgabe", "Eq", "Equivalent Inductance", "H",
+                     "Single element of the same reactance at fo"}};
+    for (OutputField& field : page.outputs) field.initial = kNoValueYet;
+    page.design = DesignCombinedTank;
+    page.circuit = CombinedTankCircuit;
+    return page;
+}
+
+}  // namespace kelvro

@@ -1,0 +1,143 @@
+// Pi Section and T Section: three reactances, matched to any pair of resistances.
+
+#include <cmath>
+#include <utility>
+
+#include "design/cycle.h"
+#include "design/pages/catalogue.h"
+
+namespace kelvro {
+
+namespace {
+
+// ---------------------------------------------------------------- Pi
+
+void DesignPi(DesignPass& pass) {
+    DesignState& s = pass.state;
+    if (pass.storeComponents) {
+        const long double R1 = s.R1;
+        const long double R2 = s.R2;
+        const long double Qe = pass.Qe;
+        const long double Rm = std::sqrt(R1 * R2);
+        s.components[Slot::C1] = static_cast<double>(2 * Qe / ((Rm + R1) * pass.omega));
+        s.components[Slot::C2] = static_cast<double>(2 * Qe / ((Rm + R2) * pass.omega));
+        s.components[Slot::L] = static_cast<double>((2 * Rm + R1 + R2) / (2 * Qe * pass.omega));
+    }
+    pass.finish();
+    pass.setBandwidth(s.fo / pass.Qe);
+}
+
+/// V(s) of R1 - C1 across - L - (C2 || R2).
+Transfer PiTransfer(const DesignState& s) {
+    const long double C1 = s.components[Slot::C1];
+    const long double C2 = s.components[Slot::C2];
+    const long double L = s.components[Slot::L];
+    const long double R1 = s.R1;
+    const long double R2 = s.R2;
+    return Transfer::Polynomial(
+        1 / R1, 0,
+        {1 / R2 + 1 / R1, L / (R2 * R1) + C1 + C2, L * C2 / R1 + L * C1 / R2, L * C1 * C2, 0});
+}
+
+Circuit PiCircuit(const DesignState& s) {
+    using enum ElementKind;
+    return {Topology::Ladder,
+            {Part(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C13Ausgabe"),
+             Part(Inductor, Place::Series, "L", s, Slot::L, "L3Ausgabe"),
+             Part(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C23Ausgabe")}};
+}
+
+// ---------------------------------------------------------------- T
+
+void DesignT(DesignPass& pass) {
+    DesignState& s = pass.state;
+    pass.setBandwidth(s.fo / pass.Qe);  // also when refused
+    if (s.R1 == s.R2) return pass.refuse(std::string(kNeedsDifferentR));
+    if (pass.storeComponents) {
+        const long double R1 = s.R1;
+        const long double R2 = s.R2;
+        const long double Qe = pass.Qe;
+        // The loaded Q cancels in the shunt capacitor: it depends on the resistances alone.
+        const long double roots = (std::sqrt(R1) + std::sqrt(R2)) / Qe;
+        s.components[Slot::C1] = static_cast<double>(1 / Qe / Qe / pass.omega / (roots * roots));
+        // L1 is the larger inductance, whatever side its resistance is on.
+        s.components[Slot::L] = static_cast<double>(Qe * std::max(R1, R2) / pass.omega);
+        s.components[Slot::L2] = static_cast<double>(Qe * std::min(R1, R2) / pass.omega);
+    }
+    pass.finish();
+}
+
+/// V(s) of R1 - L1 - C across - L2 - R2.
+Transfer TTransfer(const DesignState& s) {
+    const long double C = s.components[Slot::C1];
+    const long double L1 = s.components[Slot::L];
+    const long double L2 = s.components[Slot::L2];
+    const long double R1 = s.R1;
+    const long double R2 = s.R2;
+    return Transfer::Polynomial(1 / R1, 0,
+                                {1 / R2 + 1 / R1, L2 / (R2 * R1) + L1 / (R1 * R2) + C,
+                                 L2 * C / R2 + L1 * C / R1, L1 * L2 * C / (R1 * R2), 0});
+}
+
+Circuit TCircuit(const DesignState& s) {
+    using enum ElementKind;
+    return {Topology::Ladder,
+            {Part(Inductor, Place::Series, "L1", s, Slot::L, "L14Ausgabe"),
+             Part(Capacitor, Place::Shunt, "C", s, Slot::C1, "C4Ausgabe"),
+             Part(Inductor, Place::Series, "L2", s, Slot::L2, "L24Ausgabe")}};
+}
+
+}  // namespace
+
+Page PiSectionPage() {
+    Page page{.number = 3,
+              .key = "pi",
+              .caption = "Pi Section",
+              .menuItem = "Pi1",
+              .menuText = "&Pi Section",
+              .menuGroup = MenuGroup::Matching,
+              .qPanel = true,
+              .exportable = true,
+              .plottable = true,
+              .swapBox = "CheckBox3",
+              .mirrored = true};
+    page.notes = {{"universal, good for cascades", "R measured from the center"}};
+    page.outputs = {Component("C13Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
+                    Component("C23Ausgabe", "C2", "Capacitance C2", "F", Slot::C2),
+                    Component("L3Ausgabe", "L", "Inductance L", "H", Slot::L)};
+    page.transferText =
+        "V(s) = G[1] / (s³LC[1]C[2] + s²L(C[2]G[1] + C[1]G[2]) + s(LG[2]G[1] + C[1] + C[2]) + "
+        "G[1] + G[2])";
+    page.goalSlots = [](const DesignState&) { return std::vector{Slot::C1, Slot::C2, Slot::L}; };
+    page.design = DesignPi;
+    page.transfer = PiTransfer;
+    page.circuit = PiCircuit;
+    return page;
+}
+
+Page TSectionPage() {
+    Page page{.number = 4,
+              .key = "t",
+              .caption = "T Section",
+              .menuItem = "T1",
+              .menuText = "&T Section",
+              .menuGroup = MenuGroup::Matching,
+              .qPanel = true,
+              .exportable = true,
+              .plottable = true,
+              .swapBox = "CheckBox4",
+              .mirrored = true};
+    page.outputs = {Component("L14Ausgabe", "L1", "Inductance L1", "H", Slot::L),
+                    Component("L24Ausgabe", "L2", "Inductance L2", "H", Slot::L2),
+                    Component("C4Ausgabe", "C", "Capacitance C", "F", Slot::C1)};
+    page.transferText =
+        "V(s) = G[1] / (s³L[1]L[2]CG[1]G[2] + s²C(L[2]G[2] + L[1]G[1]) + "
+        "s(L[2]G[2]G[1] + L[1]G[1]G[2] + C) + G[1] + G[2])";
+    page.goalSlots = [](const DesignState&) { return std::vector{Slot::C1, Slot::L, Slot::L2}; };
+    page.design = DesignT;
+    page.transfer = TTransfer;
+    page.circuit = TCircuit;
+    return page;
+}
+
+}  // namespace kelvro

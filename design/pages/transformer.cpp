@@ -1,0 +1,108 @@
+// Transformer: two coupled coils, each with a capacitor across it.
+
+#include <cmath>
+
+#include "design/cycle.h"
+#include "design/pages/catalogue.h"
+
+namespace kelvro {
+
+namespace {
+
+void DesignTransformer(DesignPass& pass) {
+    DesignState& s = pass.state;
+    if (pass.storeComponents) {
+        const long double R1 = s.R1;
+        const long double R2 = s.R2;
+        const long double XL1 = R1 / pass.Qe / 2;
+        const long double L1 = XL1 / pass.omega;
+        // "C1 = 0" stands for a value too small to matter.
+        const long double C1 =
+            s.transformer.smallCapacitance ? 0.0001L / s.fo : 1 / (pass.omega * XL1);
+        const long double M = std::sqrt(R2 / R1) * L1;
+        s.components[Slot::L] = static_cast<double>(L1);
+        s.components[Slot::C1] = static_cast<double>(C1);
+        s.components[Slot::C2] = static_cast<double>(C1 / 2);
+        s.components[Slot::M] = static_cast<double>(M);
+        s.components[Slot::L2] = static_cast<double>(std::sqrt(R2 / R1) * M);
+    }
+    pass.finish();
+    pass.setBandwidth(s.fo / pass.Qe);
+}
+
+/// Nodal equations of two coupled coils with common ground, M = k·sqrt(L1·L2).
+Transfer TransformerTransfer(const DesignState& s) {
+    const long double C1 = s.components[Slot::C1];
+    const long double C2 = s.components[Slot::C2];
+    const long double L1 = s.components[Slot::L];
+    const long double L2 = s.components[Slot::L2];
+    const long double G1 = 1 / static_cast<long double>(s.R1);
+    const long double G2 = 1 / static_cast<long double>(s.R2);
+    const long double k = s.k;
+    const long double M = k * std::sqrt(L1 * L2);
+    const long double d = L1 * L2 * (1 - k * k);
+    return Transfer::Polynomial(-M * G1, 1,
+                                {-1, -(L1 * G1 + L2 * G2), -(d * G1 * G2 + L1 * C1 + L2 * C2),
+                                 -d * (C1 * G2 + C2 * G1), -d * C1 * C2});
+}
+
+Circuit TransformerCircuit(const DesignState& s) {
+    using enum ElementKind;
+    Circuit circuit{Topology::CoupledCoils,
+                    {Part(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C15Ausgabe"),
+                     Part(Inductor, Place::Shunt, "L1", s, Slot::L, "L15Ausgabe"),
+                     Part(Inductor, Place::Shunt, "L2", s, Slot::L2, "L25Ausgabe"),
+                     Part(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C25Ausgabe")}};
+    circuit.coupling = s.k;
+    return circuit;
+}
+
+std::vector<SwitchField> TransformerSwitches() {
+    return {
+        {"CheckBoxL1L2", "L1 = L2", "Bandwidth often smaller when forcing equal values",
+         [](DesignState& s) -> bool& { return s.transformer.equalInductances; }, "ScrollBarW",
+         [](DesignState& s) -> int& { return s.transformer.equalInductancesWeight; }},
+        {"CheckBoxLtot", "Min. L", "Try to keep sum of L small during optimization",
+         [](DesignState& s) -> bool& { return s.transformer.smallInductances; }, "ScrollBarLtot",
+         [](DesignState& s) -> int& { return s.transformer.smallInductancesWeight; }},
+        {"CheckBoxC1Null", "C1 = 0", "Start from a negligible capacitance C1",
+         [](DesignState& s) -> bool& { return s.transformer.smallCapacitance; }, "ScrollBarWC",
+         [](DesignState& s) -> int& { return s.transformer.smallCapacitanceWeight; }}};
+}
+
+}  // namespace
+
+Page TransformerPage() {
+    Page page{.number = 5,
+              .key = "transformer",
+              .caption = "Transformer",
+              .menuItem = "Uebertrager1",
+              .menuText = "&Transformer",
+              .menuGroup = MenuGroup::Matching,
+              .qPanel = true,
+              .exportable = true,
+              .plottable = true};
+    page.inputs = {{"k5Eingabe",
+                    "Coupling Coefficient k",
+                    "",
+                    "Coupling of the two coils, 0.1 to 1",
+                    "k",
+                    &DesignState::k,
+                    {0.1, 1},
+                    Fixed(7, 3)}};
+    page.switches = TransformerSwitches();
+    page.outputs = {Component("L15Ausgabe", "L1", "Inductance L1", "H", Slot::L),
+                    Component("L25Ausgabe", "L2", "Inductance L2", "H", Slot::L2),
+                    Component("C15Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
+                    Component("C25Ausgabe", "C2", "Capacitance C2", "F", Slot::C2)};
+    for (OutputField& field : page.outputs) field.editable = true;
+    page.goalSlots = [](const DesignState&) {
+        return std::vector{Slot::C1, Slot::C2, Slot::L, Slot::L2};
+    };
+    page.design = DesignTransformer;
+    page.transfer = TransformerTransfer;
+    page.circuit = TransformerCircuit;
+    return page;
+}
+
+}  // namespace kelvro

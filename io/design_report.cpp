@@ -1,0 +1,214 @@
+#include "io/design_report.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+
+#include "core/number_text.h"
+#include "core/series.h"
+#include "design/pages.h"
+
+namespace kelvro {
+
+namespace {
+
+std::string Trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return "";
+    return std::string(text.substr(first, text.find_last_not_of(' ') + 1 - first));
+}
+
+/// The nearest standard value, where there can be one.
+std::string SeriesText(Series series, double value) {
+    return value > 0 && std::isfinite(value) ? Trimmed(SeriesNearest(series, value)) : "";
+}
+
+ShownComponent Shown(const OutputField& field, const DesignRun& run) {
+    const DesignState& state = run.state;
+    const bool dual = run.page().showsDuals(state);
+    const double omega = Omega(state);
+    const double stored = field.component(state);
+    ShownComponent shown;
+    shown.name = field.name;
+    shown.shownName = dual ? DualName(field.name) : shown.name;
+    shown.label = dual ? DualLabel(field.label) : std::string(field.label);
+    shown.value = dual ? 1 / (omega * omega * stored) : stored;
+    shown.unit = dual ? DualUnit(field.unit) : field.unit;
+    const std::string* text = run.cycle.text(field.object);
+    shown.text = Trimmed(text ? *text : field.format.text(shown.value));
+    shown.series = SeriesText(state.ESeries, shown.value);
+    return shown;
+}
+
+ShownComponent Shown(const TableRow& row, Series series) {
+    ShownComponent shown;
+    shown.name = shown.shownName = row.element;
+    shown.value = row.value;
+    shown.unit = row.unit;
+    shown.text = Trimmed(row.text);
+    shown.series = SeriesText(series, row.value);
+    return shown;
+}
+
+OutputField SharedOutput(std::string_view object, std::string_view name, std::string_view label,
+                         std::string_view unit, TextFormat format) {
+    OutputField field{object, name, label, unit};
+    field.format = format;
+    return field;
+}
+
+const OutputField kSharedOutputs[] = {
+    SharedOutput("BAusgabe", "B", "Bandwidth", "Hz", kEngineering),
+    SharedOutput("ueAusgabe", "v", "V2/V1 at fo", "", Fixed(9, 3)),
+    SharedOutput("dBAusgabe", "v_db", "20·log(v)", "dB", Fixed(7, 2)),
+    SharedOutput("dAusgabe", "loss_db", "Loss against an ideal match", "dB", Fixed(7, 3)),
+    SharedOutput("QBgesAusgabe", "Q_total", "Total effective element Q", "", Fixed(7, 2)),
+};
+
+Json JsonComponents(const DesignRun& run) {
+    Json components = Json::array();
+    for (const ShownComponent& component : ShownComponents(run)) {
+        components.push_back({{"name", component.name},
+                              {"label", component.label},
+                              {"value", JsonNumber(component.value)},
+                              {"unit", component.unit},
+                              {"text", component.text},
+                              {"series", component.series}});
+    }
+    return components;
+}
+
+/// The shared outputs; null where they do not apply to the page.
+Json JsonOutputs(const DesignRun& run) {
+    const SharedOutputs shared = run.page().shared;
+    const CycleResult& cycle = run.cycle;
+    const auto number = [&](double value) {
+        return shared == SharedOutputs::All ? JsonNumber(value) : Json(nullptr);
+    };
+    return {
+        {"B", shared == SharedOutputs::None ? Json(nullptr) : JsonBandwidth(cycle.bandwidth)},
+        {"v", number(cycle.v)},
+        {"v_db", number(cycle.vDb)},
+        {"loss_db", number(cycle.lossDb)},
+        {"Q_total", number(run.state.QBges)},
+    };
+}
+
+/// The texts of the window's output fields as the calculation leaves them.
+Json JsonTexts(const DesignRun& run) {
+    Json texts = Json::object();
+    const auto put = [&](std::string_view object, std::string_view initial) {
+        const std::string* text = run.cycle.text(object);
+        texts[std::string(object)] = text ? *text : std::string(initial);
+    };
+    for (const OutputField& field : SharedOutputFields()) put(field.object, "");
+    for (const OutputField& field : run.page().outputs) put(field.object, field.initial);
+    return texts;
+}
+
+Json JsonGoal(const DesignRun& run) {
+    if (!run.goal) return nullptr;
+    return {{"start", JsonNumber(run.goal->start)},
+            {"final", JsonNumber(run.goal->final)},
+            {"iterations", run.goal->iterations},
+            {"calls", run.goal->calls}};
+}
+
+void AddTextRow(TextRows& rows, const CycleResult& cycle, const OutputField& field) {
+    const std::string* text = cycle.text(field.object);
+    if (!text || text->find_first_not_of(" -") == std::string::npos) return;
+    std::string label(field.label);
+    std::string unit(field.unit);
+    const auto caption = std::ranges::find(cycle.captions, field.object, &FieldCaption::object);
+    if (caption != cycle.captions.end()) {
+        label = caption->caption;
+        unit = caption->unit;
+    }
+    std::string value = Trimmed(*text);
+    const bool engineering = field.format.kind == TextFormat::Kind::Engineering;
+    if (engineering) value = WithUnit(value, unit);
+    if (!engineering && !unit.empty()) value += ' ' + unit;
+    rows.push_back({std::string(field.name), value, label});
+}
+
+}  // namespace
+
+const Page& DesignRun::page() const {
+    return PageOf(state);
+}
+
+std::vector<ShownComponent> ShownComponents(const DesignRun& run) {
+    std::vector<ShownComponent> components;
+    if (run.refused()) return components;
+    for (const OutputField& field : run.page().outputs) {
+        if (field.slot == Slot::None || !field.isShown(run.state)) continue;
+        components.push_back(Shown(field, run));
+    }
+    if (run.cycle.table) {
+        for (const TableRow& row : *run.cycle.table) {
+            components.push_back(Shown(row, run.state.ESeries));
+        }
+    }
+    return components;
+}
+
+Json JsonInputs(const DesignState& state) {
+    Json inputs = {{"R1", JsonNumber(state.R1)}, {"R2", JsonNumber(state.R2)},
+                   {"fo", JsonNumber(state.fo)}, {"Q", JsonNumber(state.Q)},
+                   {"QB", JsonNumber(state.QB)}, {"QBC", JsonNumber(state.QBC)},
+                   {"k", JsonNumber(state.k)},   {"er", JsonNumber(state.er)}};
+    for (const InputField& field : PageOf(state).inputs) {
+        if (!field.option.empty())
+            inputs[std::string(field.option)] = JsonNumber(field.read(state));
+    }
+    return inputs;
+}
+
+std::span<const OutputField> SharedOutputFields() {
+    return kSharedOutputs;
+}
+
+Json JsonDesign(const DesignRun& run) {
+    return {{"page", run.page().number},
+            {"caption", run.page().caption},
+            {"inputs", JsonInputs(run.state)},
+            {"message", run.cycle.message ? Json(*run.cycle.message) : Json(nullptr)},
+            {"components", JsonComponents(run)},
+            {"outputs", JsonOutputs(run)},
+            {"texts", JsonTexts(run)},
+            {"goal", JsonGoal(run)}};
+}
+
+std::string WithUnit(std::string text, std::string_view unit) {
+    text.erase(0, text.find_first_not_of(' '));
+    if (text.empty() || text == "infinite") return text;
+    if (std::isalpha(static_cast<unsigned char>(text.back())) != 0) {
+        text.insert(text.size() - 1, " ");
+    } else {
+        text.pop_back();
+        if (!unit.empty()) text += ' ';
+    }
+    return text + std::string(unit);
+}
+
+std::string WithUnit(double value, std::string_view unit) {
+    return WithUnit(kEngineering.text(value), unit);
+}
+
+std::string Heading(const DesignState& s) {
+    const Page& page = PageOf(s);
+    return std::to_string(page.number) + " " + std::string(page.caption) + ": R1 " +
+           WithUnit(s.R1, "Ω") + ", R2 " + WithUnit(s.R2, "Ω") + ", fo " + WithUnit(s.fo, "Hz") +
+           ", Q " + FormatFixed(0, 2, s.Q);
+}
+
+TextRows OutputRows(const CycleResult& cycle, const Page& page) {
+    TextRows rows;
+    for (const OutputField& field : page.outputs) {
+        if (field.slot == Slot::None) AddTextRow(rows, cycle, field);
+    }
+    for (const OutputField& field : kSharedOutputs) AddTextRow(rows, cycle, field);
+    return rows;
+}
+
+}  // namespace kelvro

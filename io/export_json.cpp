@@ -1,0 +1,10 @@
+#include "io/design_report.h"
+#include "io/exports.h"
+
+namespace kelvro {
+
+std::string DesignJson(const ExportDesign& design, const ExportRange&) {
+    return JsonText(JsonDesign({design.state, design.cycle, {}}));
+}
+
+}  // namespace kelvro

@@ -1,0 +1,114 @@
+// Plain listing of a design: what to buy, what to expect.
+
+#include <cmath>
+
+#include "core/number_text.h"
+#include "core/series.h"
+#include "io/design_report.h"
+#include "io/exports.h"
+#include "io/text_table.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr std::string_view kSeriesNames[] = {"none", "E6", "E12", "E24", "E48", "E96"};
+
+std::string Section(std::string_view title, const TextRows& rows) {
+    return rows.empty() ? "" : '\n' + std::string(title) + '\n' + AlignedTable(rows);
+}
+
+std::string InputText(const InputField& field, const DesignState& state) {
+    const double value = field.read(state);
+    // Decibels take no prefix.
+    const bool fixed = field.format.kind == TextFormat::Kind::Fixed || field.unit == "dB";
+    if (!fixed) return WithUnit(value, field.unit);
+    std::string text = FormatFixed(0, field.format.decimals, value);
+    return field.unit.empty() ? text : text + ' ' + std::string(field.unit);
+}
+
+/// Inputs that the page works with: the shared ones where it does, then its own.
+TextRows InputRows(const Page& page, const DesignState& state, Topology topology) {
+    TextRows rows;
+    if (page.shared == SharedOutputs::All) {
+        rows.push_back({"R1", WithUnit(state.R1, "Ω"), "Resistance of the source"});
+        rows.push_back({"R2", WithUnit(state.R2, "Ω"), "Resistance of the load"});
+    }
+    if (topology != Topology::None && topology != Topology::Divider) {
+        rows.push_back({"fo", WithUnit(state.fo, "Hz"), "Centre frequency"});
+    }
+    if (page.qPanel) {
+        rows.push_back({"Q", FormatFixed(0, 2, state.Q), "Loaded Q"});
+        rows.push_back({"Q(L)", FormatFixed(0, 2, state.QB), "Element Q of the inductors"});
+        rows.push_back({"Q(C)", FormatFixed(0, 2, state.QBC), "Element Q of the capacitors"});
+    }
+    for (const InputField& field : page.inputs) {
+        rows.push_back({std::string(field.option.empty() ? "Q" : field.option),
+                        InputText(field, state), std::string(field.label)});
+    }
+    return rows;
+}
+
+std::string ErrorText(double standard, double value) {
+    constexpr double percent = 100;
+    const std::string text = FormatFixed(0, 2, percent * (standard / value - 1));
+    return (text.starts_with('-') ? "" : "+") + text + " %";
+}
+
+std::string PlaceText(const Circuit& circuit, const Element& element) {
+    if (circuit.topology == Topology::Balun) return element.branch == 0 ? "+ output" : "- output";
+    return element.place == Place::Series ? "in series" : "across";
+}
+
+TextRows ElementRows(const Circuit& circuit, const Circuit& standard, const ExportDesign& design) {
+    TextRows rows;
+    for (std::size_t i = 0; i < circuit.elements.size(); ++i) {
+        const Element& element = circuit.elements[i];
+        if (element.kind == ElementKind::Switch) continue;
+        std::vector<std::string> row = {element.name, PlaceText(circuit, element)};
+        if (std::isinf(element.value)) {
+            row.emplace_back(kInfinite);
+        } else {
+            row.push_back(WithUnit(element.value, element.unit()));
+            const double nearest = standard.elements[i].value;
+            if (element.value > 0 && element.kind != ElementKind::Line) {
+                row.push_back(WithUnit(nearest, element.unit()));
+                row.push_back(ErrorText(nearest, element.value));
+            }
+        }
+        rows.push_back(std::move(row));
+    }
+    if (rows.empty()) return rows;
+    const auto series = kSeriesNames[static_cast<std::size_t>(design.state.ESeries)];
+    rows.insert(rows.begin(), {"Name", "Place", "Value", std::string(series) + " value", "Error"});
+    return rows;
+}
+
+/// The circuit with the standard value of every element beside the shown one.
+Circuit Standard(Circuit circuit, Series series) {
+    for (Element& element : circuit.elements) {
+        if (!(element.value > 0) || std::isinf(element.value)) continue;
+        element.value = ParseValue(SeriesNearest(series, element.value));
+    }
+    return circuit;
+}
+
+}  // namespace
+
+std::string ListingOf(const ExportDesign& design, const ExportRange&) {
+    const Page& page = design.page();
+    const auto elements = [&](const Circuit& circuit) {
+        return ElementRows(circuit, Standard(circuit, design.state.ESeries), design);
+    };
+    std::string text = "Calculated by Kelvro: page " + std::to_string(page.number) + ", " +
+                       std::string(page.caption) + '\n';
+    if (page.showsDuals(design.state)) text += "Inductors and capacitors interchanged\n";
+    text += Section("Inputs", InputRows(page, design.state, design.circuit.topology));
+    text += Section(page.alternative ? "Components" : "Components, from source to load",
+                    elements(design.designed));
+    text += Section("Components of the other form", elements(design.alternative));
+    const auto title = design.standardValues ? "Outputs with standard values" : "Outputs";
+    return text + Section(title, OutputRows(design.cycle, page));
+}
+
+}  // namespace kelvro

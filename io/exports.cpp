@@ -1,0 +1,179 @@
+#include "io/exports.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "analysis/response.h"
+#include "core/number_text.h"
+#include "core/series.h"
+#include "design/pages.h"
+#include "io/circuit_two_port.h"
+#include "io/design_report.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr std::string_view kNothingYet = "There are no component values to export yet.";
+
+/// Stores the value of a built element where the design keeps it: in its component field, in its
+/// slot, or in the input that it comes from.
+void StoreElement(DesignState& state, const Page& page, const Element& element, double value) {
+    if (page.showsDuals(state)) {
+        const double omega = Omega(state);
+        value = 1 / (omega * omega * value);
+    }
+    if (const OutputField* field = page.output(element.field); field && field->slot != Slot::None) {
+        return field->setComponent(state, value);
+    }
+    if (element.slot != Slot::None) {
+        state.components[element.slot] = value;
+        return;
+    }
+    const auto input = std::ranges::find(page.inputs, element.field, &InputField::object);
+    if (input != page.inputs.end()) input->write(state, value);
+}
+
+void UseStandardValues(DesignState& state, const Page& page, const Circuit& circuit) {
+    for (const Element& element : circuit.elements) {
+        const bool sold = element.kind != ElementKind::Line && element.kind != ElementKind::Switch;
+        if (!sold || !(element.value > 0) || std::isinf(element.value)) continue;
+        const std::string nearest = SeriesNearest(state.ESeries, element.value);
+        StoreElement(state, page, element, ParseValue(nearest));
+    }
+}
+
+/// Resistors may vanish (0 in series, infinite across); nothing else may.
+bool CanBeBuilt(const Circuit& circuit) {
+    return std::ranges::all_of(circuit.elements, [](const Element& element) {
+        if (element.kind == ElementKind::Switch) return true;
+        if (element.kind != ElementKind::Resistor) {
+            return element.value > 0 && std::isfinite(element.value);
+        }
+        return element.place == Place::Series ? element.value >= 0 && std::isfinite(element.value)
+                                              : element.value > 0;
+    });
+}
+
+CycleResult OutputsOf(DesignState& state, bool judged) {
+    ResponseServices services;
+    CycleResult cycle = Calculate(state, false, services);
+    return cycle.message && !judged ? ShowComponents(state, services) : cycle;
+}
+
+}  // namespace
+
+const Page& ExportDesign::page() const {
+    return PageOf(state);
+}
+
+std::string ExportDesign::title() const {
+    std::string text(page().caption);
+    if (page().shared == SharedOutputs::All) {
+        text += ", " + WithUnit(state.R1, "ohm") + " to " + WithUnit(state.R2, "ohm");
+    }
+    if (circuit.topology != Topology::Divider) text += " at " + WithUnit(state.fo, "Hz");
+    return text;
+}
+
+std::variant<ExportDesign, std::string> PrepareExport(DesignState state, ExportChoice choice) {
+    state.Busy = false;
+    const Page& page = PageOf(state);
+    ExportDesign design;
+    design.state = state;
+    design.standardValues = choice.standardValues;
+    design.cycle = OutputsOf(design.state, !choice.componentsGiven);
+    if (design.cycle.message) return *design.cycle.message;
+    design.designed = page.builtCircuit(state);
+    if (page.alternative) design.alternative = page.alternative(state);
+    if (!CanBeBuilt(design.designed)) return std::string(kNothingYet);
+    if (choice.standardValues) {
+        UseStandardValues(design.state, page, design.designed);
+        UseStandardValues(design.state, page, design.alternative);
+        design.cycle = OutputsOf(design.state, false);
+    }
+    design.circuit = page.builtCircuit(design.state);
+    return design;
+}
+
+void TakeShownValues(DesignState& state,
+                     const std::function<std::string(std::string_view object)>& shownText) {
+    DesignState calculated = state;
+    const CycleResult cycle = OutputsOf(calculated, true);
+    if (cycle.message) return;
+    // A field that shows what was written there keeps the digits that its text leaves out.
+    const auto changed = [&](std::string_view object, std::string_view written) {
+        const double shown = ParseValue(shownText(object));
+        return shown > 0 && shown != ParseValue(written) ? std::optional(shown) : std::nullopt;
+    };
+    const Page& page = PageOf(state);
+    for (const OutputField& field : page.outputs) {
+        const std::string* written = cycle.text(field.object);
+        if (field.slot == Slot::None || !field.isShown(state) || !written) continue;
+        const auto value = changed(field.object, *written);
+        const double omega = Omega(state);
+        if (!value) continue;
+        field.setComponent(state, page.showsDuals(state) ? 1 / (omega * omega * *value) : *value);
+    }
+    for (const TableRow& row : TableRows(state, page)) {
+        const auto value = changed(RowObject(page, row), row.text);
+        if (value && row.slot != Slot::None) state.components[row.slot] = *value;
+    }
+}
+
+ExportRange ExportRange::Around(double fo) {
+    const double half = std::sqrt(10.0);
+    ExportRange range;
+    range.from = fo / half;
+    range.to = fo * half;
+    return range;
+}
+
+double ExportRange::frequency(int i) const {
+    if (i == points - 1) return to;
+    return i == 0 ? from : from * std::pow(to / from, static_cast<double>(i) / (points - 1));
+}
+
+std::optional<std::string> RangeProblem(const ExportRange& range) {
+    if (!(range.from > 0) || !std::isfinite(range.to)) {
+        return "The lower frequency must be above 0 and the upper one finite.";
+    }
+    if (!(range.to > range.from)) return "The upper frequency must be above the lower one.";
+    if (range.points < 2 || range.points > kMostExportPoints) {
+        return "The number of points must be 2 to " + std::to_string(kMostExportPoints) + ".";
+    }
+    if (!(range.z0 > 0) || !std::isfinite(range.z0)) {
+        return "The reference resistance must be above 0.";
+    }
+    return std::nullopt;
+}
+
+std::span<const ExportFormat> ExportFormats() {
+    static constexpr auto always = [](const Page&) { return true; };
+    static constexpr auto topology = [](const Page& page) {
+        return page.circuit ? page.circuit(DesignState{}).topology : Topology::None;
+    };
+    static constexpr auto hasCircuit = [](const Page& page) {
+        return topology(page) != Topology::None;
+    };
+    static constexpr auto hasPorts = [](const Page& page) {
+        return CircuitTwoPort::Exists(topology(page));
+    };
+    static constexpr auto hasResponse = [](const Page& page) { return page.transfer != nullptr; };
+    static constexpr std::array<ExportFormat, 5> formats = {
+        {{"listing", "Listing", "txt", false, false, always, ListingOf},
+         {"spice", "SPICE netlist", "cir", true, false, hasCircuit, SpiceNetlist},
+         {"touchstone", "Touchstone two-port", "s2p", true, true, hasPorts, TouchstoneFile},
+         {"csv", "Response table (CSV)", "csv", true, false, hasResponse, ResponseCsv},
+         {"json", "Design (JSON)", "json", false, false, always, DesignJson}}};
+    return formats;
+}
+
+const ExportFormat* FindExportFormat(std::string_view key) {
+    const auto formats = ExportFormats();
+    const auto found = std::ranges::find(formats, key, &ExportFormat::key);
+    return found == formats.end() ? nullptr : &*found;
+}
+
+}  // namespace kelvro

@@ -1,0 +1,92 @@
+#include "io/profile_text.h"
+
+#define SI_NO_CONVERSION  // bytes stay as they are
+#include <SimpleIni.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <string_view>
+
+namespace kelvro {
+
+struct ProfileText::Parser : CSimpleIniA {};
+
+namespace {
+
+enum class Line : std::uint8_t { Plain, SectionWithTail, Unknown };
+
+/// What the parser makes of a line; of unknown ones it may make anything.
+Line KindOf(std::string_view line) {
+    const auto start = line.find_first_not_of(" \t");
+    if (line.find('\0') != std::string_view::npos) return Line::Unknown;
+    if (start == std::string_view::npos) return Line::Plain;
+    line = line.substr(start, line.find_last_not_of(" \t") + 1 - start);
+    if (line[0] == ';' || line[0] == '#') return Line::Plain;
+    if (line[0] != '[') return line.find('=', 1) < line.size() ? Line::Plain : Line::Unknown;
+    const auto end = line.find(']');
+    if (end == std::string_view::npos) return Line::Unknown;
+    return end + 1 == line.size() ? Line::Plain : Line::SectionWithTail;
+}
+
+struct Cleaned {
+    std::string text;       ///< lines that the parser knows, without blank ones
+    std::size_t lines = 0;  ///< of the text
+    bool whole = true;      ///< nothing was left out or will be
+};
+
+Cleaned CleanedLines(std::string_view bytes) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
+    Cleaned cleaned;
+    while (!bytes.empty()) {
+        const auto end = std::min(bytes.find_first_of("\r\n"), bytes.size());
+        const std::string_view line = bytes.substr(0, end);
+        bytes.remove_prefix(std::min(end + 1, bytes.size()));
+        if (line.find_first_not_of(" \t") == std::string_view::npos) continue;
+        const Line kind = KindOf(line);
+        if (kind != Line::Plain) cleaned.whole = false;
+        if (kind == Line::Unknown) continue;
+        ++cleaned.lines;
+        cleaned.text.append(line) += '\n';
+    }
+    return cleaned;
+}
+
+}  // namespace
+
+ProfileText::ProfileText(const std::string& bytes) : parser_(std::make_unique<Parser>()) {
+    parser_->SetSpaces(false);
+    const Cleaned cleaned = CleanedLines(bytes);
+    const bool parsed = parser_->LoadData(cleaned.text) >= SI_OK;
+    // Repeated keys and sections melt into one.
+    complete_ = parsed && cleaned.whole && CleanedLines(this->bytes()).lines == cleaned.lines;
+}
+
+ProfileText::ProfileText(ProfileText&&) noexcept = default;
+ProfileText& ProfileText::operator=(ProfileText&&) noexcept = default;
+ProfileText::~ProfileText() = default;
+
+bool ProfileText::hasSection(const char* section) const {
+    return parser_->GetSection(section) != nullptr;
+}
+
+std::optional<std::string> ProfileText::value(const char* section, const char* key) const {
+    const char* text = parser_->GetValue(section, key);
+    if (!text) return {};
+    const std::string_view value = text;
+    const bool quoted = value.size() >= 2 && value.front() == value.back() &&
+                        (value.front() == '"' || value.front() == '\'');
+    return std::string(quoted ? value.substr(1, value.size() - 2) : value);
+}
+
+void ProfileText::set(const char* section, const char* key, const std::string& value) {
+    parser_->SetValue(section, key, value.c_str());
+}
+
+std::string ProfileText::bytes() const {
+    std::string text;
+    parser_->Save(text);
+    return text;
+}
+
+}  // namespace kelvro

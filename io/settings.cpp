@@ -1,0 +1,281 @@
+#include "io/settings.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <charconv>
+#include <cmath>
+#include <filesystem>
+#include <limits>
+#include <optional>
+
+#include "core/number_text.h"
+#include "core/scalar.h"
+#include "design/pages.h"
+#include "io/atomic_file.h"
+#include "io/profile_text.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr const char* kSection = "Variablen";
+constexpr qint64 kLargestFile = 1 << 20;  // a settings file has about 500 bytes
+constexpr int kMostCopies = 100;
+
+// ---------------------------------------------------------------- keys
+
+struct SettingsKey {
+    enum class Kind : std::uint8_t {
+        Compact,     ///< number, FormatEngShort with 2 decimals
+        Field,       ///< number, FormatEng as in output fields
+        Resonators,  ///< whole number N(BP)
+        PageNumber,
+        ByPhase,  ///< written "Yes" or "No", read "Ja"
+    };
+    const char* name;
+    Kind kind = Kind::Compact;
+    double DesignState::*number = nullptr;
+    std::optional<Limits> limits = {};  ///< empty: those of the input field
+};
+
+/// The spin button of Q reaches further than typed values.
+constexpr Limits kAnyQ{0.2, 1000};
+constexpr Limits kSweepFactors{1.0001, 10};
+constexpr Limits kFinite{0, std::numeric_limits<double>::max()};
+
+/// In the order of the file. "\xFC" is u umlaut.
+constexpr SettingsKey kKeys[] = {
+    {"Q", SettingsKey::Kind::Compact, &DesignState::Q, kAnyQ},
+    {"QB(C)", SettingsKey::Kind::Compact, &DesignState::QBC},
+    {"QB(L)", SettingsKey::Kind::Compact, &DesignState::QB},
+    {"fo", SettingsKey::Kind::Compact, &DesignState::fo},
+    {"k", SettingsKey::Kind::Compact, &DesignState::k},
+    {"er", SettingsKey::Kind::Compact, &DesignState::er},
+    {"\xFC", SettingsKey::Kind::Compact, &DesignState::ue, kFinite},
+    {"R1", SettingsKey::Kind::Compact, &DesignState::R1},
+    {"R2", SettingsKey::Kind::Compact, &DesignState::R2},
+    {"P", SettingsKey::Kind::Compact, &DesignState::P},
+    {"Ub", SettingsKey::Kind::Compact, &DesignState::Ub},
+    {"Usat", SettingsKey::Kind::Compact, &DesignState::Usat},
+    {"L", SettingsKey::Kind::Compact, &DesignState::L},
+    {"C", SettingsKey::Kind::Compact, &DesignState::C},
+    {"R", SettingsKey::Kind::Compact, &DesignState::R},
+    {"Ls", SettingsKey::Kind::Compact, &DesignState::Ls},
+    {"Cs", SettingsKey::Kind::Compact, &DesignState::Cs},
+    {"Lp", SettingsKey::Kind::Compact, &DesignState::Lp},
+    {"L(BP)", SettingsKey::Kind::Compact, &DesignState::LBP},
+    {"N(BP)", SettingsKey::Kind::Resonators},
+    {"Ripple(BP)", SettingsKey::Kind::Compact, &DesignState::rippleBP},
+    {"Sweep", SettingsKey::Kind::Compact, &DesignState::SweepFactor, kSweepFactors},
+    {"Typ", SettingsKey::Kind::PageNumber},
+    {"Q by phase", SettingsKey::Kind::ByPhase},
+    {"Vbg", SettingsKey::Kind::Field, &DesignState::Vbg},
+    {"Ibg", SettingsKey::Kind::Field, &DesignState::Ibg},
+    {"Rtot", SettingsKey::Kind::Field, &DesignState::Rtot},
+    {"Vref", SettingsKey::Kind::Field, &DesignState::Vref},
+    {"Vlow1", SettingsKey::Kind::Field, &DesignState::Vlow1},
+    {"Vlow2", SettingsKey::Kind::Field, &DesignState::Vlow2},
+    {"Vmid1", SettingsKey::Kind::Field, &DesignState::Vmid1},
+    {"Vmid2", SettingsKey::Kind::Field, &DesignState::Vmid2},
+    {"Vhi1", SettingsKey::Kind::Field, &DesignState::Vhi1},
+    {"Vhi2", SettingsKey::Kind::Field, &DesignState::Vhi2},
+};
+
+/// Limits of the input field that is bound to a variable.
+template <typename Member>
+std::optional<Limits> FieldLimits(Member member) {
+    const auto bound = [&](const InputField& field) {
+        const auto* own = std::get_if<Member>(&field.value);
+        return own && *own == member;
+    };
+    for (const InputField& field : SharedInputs()) {
+        if (bound(field)) return field.limits;
+    }
+    for (const Page& page : Pages()) {
+        for (const InputField& field : page.inputs) {
+            if (bound(field)) return field.limits;
+        }
+    }
+    return {};
+}
+
+std::string TextOf(const SettingsKey& key, const DesignState& state) {
+    switch (key.kind) {
+        case SettingsKey::Kind::Compact:
+            return FormatEngShort(2, state.*key.number);
+        case SettingsKey::Kind::Field:
+            return FormatEng(7, 2, state.*key.number);
+        case SettingsKey::Kind::Resonators:
+            return std::to_string(state.NBP);
+        case SettingsKey::Kind::PageNumber:
+            return std::to_string(state.page);
+        case SettingsKey::Kind::ByPhase:
+            break;
+    }
+    return state.QByBandwidth ? "Yes" : "No";
+}
+
+double ReadNumber(const SettingsKey& key, const std::string& text) {
+    const Limits limits = key.limits ? *key.limits : FieldLimits(key.number).value_or(kFinite);
+    return Clamp(ParseValue(text), limits.low, limits.high);
+}
+
+int ReadResonators(const std::string& text, int present) {
+    constexpr Limits any{1, 8};
+    int number = present;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size()) return present;
+    const Limits limits = FieldLimits(&DesignState::NBP).value_or(any);
+    return ClampInteger(number, static_cast<int>(limits.low), static_cast<int>(limits.high));
+}
+
+int ReadPageNumber(const std::string& text) {
+    const double number = ParseValue(text);
+    return number >= 1 && number < kPageCount + 1 ? static_cast<int>(number) : 1;
+}
+
+/// Takes one key; `text` is nothing where the file does not hold it.
+void ReadKey(const SettingsKey& key, const std::optional<std::string>& text, DesignState& state) {
+    switch (key.kind) {
+        case SettingsKey::Kind::Compact:
+        case SettingsKey::Kind::Field:
+            if (text) state.*key.number = ReadNumber(key, *text);
+            break;
+        case SettingsKey::Kind::Resonators:
+            if (text) state.NBP = ReadResonators(*text, state.NBP);
+            break;
+        case SettingsKey::Kind::PageNumber:
+            state.page = ReadPageNumber(text.value_or("1"));
+            break;
+        case SettingsKey::Kind::ByPhase:
+            // Files of this program say "Yes": loading one always clears the flag.
+            state.QByBandwidth = text.value_or("Ja") == "Ja";
+            break;
+    }
+}
+
+void ReadKeys(const ProfileText& profile, DesignState& state) {
+    constexpr int passivePiT = 8;
+    for (const SettingsKey& key : kKeys) {
+        ReadKey(key, profile.value(kSection, key.name), state);
+    }
+    // v at fo is the wanted ratio of this page, so the file keeps it without a key of its own.
+    if (state.page == passivePiT && profile.value(kSection, "\xFC")) {
+        const Limits limits = FieldLimits(&DesignState::v8).value_or(kFinite);
+        state.v8 = Clamp(state.ue, limits.low, limits.high);
+    }
+}
+
+// ---------------------------------------------------------------- files
+
+struct ExistingFile {
+    enum class Kind : std::uint8_t {
+        Missing,
+        Settings,
+        Foreign,     ///< readable, but no settings file
+        Unreadable,  ///< its content is not known
+        NoFile,      ///< a folder or a device
+    };
+    Kind kind = Kind::Missing;
+    QString reason = {};  ///< why it cannot be used
+    ProfileText profile{};
+};
+
+ExistingFile Examine(const QString& path) {
+    using Kind = ExistingFile::Kind;
+    const QFileInfo info(path);
+    if (!info.exists()) return {};
+    if (info.isDir()) return {Kind::NoFile, QStringLiteral("it is a folder")};
+    if (!info.isFile()) return {Kind::NoFile, QStringLiteral("it is not a regular file")};
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return {Kind::Unreadable, file.errorString()};
+    if (file.size() > kLargestFile) return {Kind::Foreign, QStringLiteral("it is too large")};
+    const QByteArray bytes = file.read(kLargestFile);
+    if (file.error() != QFileDevice::NoError) return {Kind::Unreadable, file.errorString()};
+    ExistingFile existing{Kind::Settings, {}, ProfileText(bytes.toStdString())};
+    if (!existing.profile.complete() && !existing.profile.hasSection(kSection)) {
+        return {Kind::Foreign, QStringLiteral("it is not a settings file")};
+    }
+    return existing;
+}
+
+std::filesystem::path NativePath(const QString& path) {
+    return QFile::encodeName(path).toStdString();
+}
+
+/// Gives the file a second name that stays when the first one is replaced. Returns that name, or
+/// nothing when that was not possible.
+std::optional<QString> KeepAside(const QString& path) {
+    for (int i = 1; i <= kMostCopies; ++i) {
+        const QString copy = path + ".bak" + (i > 1 ? QString::number(i) : QString());
+        if (QFileInfo::exists(copy)) continue;
+        std::error_code error;
+        std::filesystem::create_hard_link(NativePath(path), NativePath(copy), error);
+        if (!error || QFile::copy(path, copy)) return copy;
+        return {};
+    }
+    return {};
+}
+
+SettingsSave Failed(const QString& path, const QString& reason) {
+    return {SettingsSave::Status::Failed,
+            QStringLiteral("Cannot write \"%1\": %2.").arg(path, reason)};
+}
+
+bool MustBeKept(const ExistingFile& existing) {
+    switch (existing.kind) {
+        case ExistingFile::Kind::Settings:
+            return !existing.profile.complete();
+        case ExistingFile::Kind::Foreign:
+        case ExistingFile::Kind::Unreadable:
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+SettingsRead ReadSettings(const QString& file, DesignState state) {
+    const ExistingFile existing = Examine(file);
+    SettingsRead read{SettingsRead::Status::Read, state, {}};
+    ReadKeys(existing.profile, read.state);
+    if (existing.kind == ExistingFile::Kind::Missing) read.status = SettingsRead::Status::Missing;
+    if (!existing.reason.isEmpty()) {
+        read.status = SettingsRead::Status::Unusable;
+        read.message = QStringLiteral("Cannot read \"%1\": %2.").arg(file, existing.reason);
+    }
+    return read;
+}
+
+SettingsSave WriteSettings(const QString& file, const DesignState& state) {
+    ExistingFile existing = Examine(file);
+    if (existing.kind == ExistingFile::Kind::NoFile) return Failed(file, existing.reason);
+    for (const SettingsKey& key : kKeys) {
+        existing.profile.set(kSection, key.name, TextOf(key, state));
+    }
+    if (!file.isEmpty()) QDir().mkpath(QFileInfo(file).absolutePath());
+    std::optional<QString> copy;
+    if (MustBeKept(existing)) {
+        copy = KeepAside(file);
+        if (!copy) return Failed(file, QStringLiteral("the old file could not be kept aside"));
+    }
+    const QByteArray bytes = QByteArray::fromStdString(existing.profile.bytes());
+    if (const auto problem = WriteAtomically(file, bytes)) {
+        if (copy) QFile::remove(*copy);
+        return {SettingsSave::Status::Failed, *problem};
+    }
+    if (copy)
+        return {SettingsSave::Status::Saved,
+                QStringLiteral("The old file is kept as \"%1\".").arg(*copy)};
+    return {};
+}
+
+QString DefaultSettingsFile() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           "/kelvro/kelvro.ini";
+}
+
+}  // namespace kelvro

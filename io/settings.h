@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+
+#include "design/state.h"
+
+// The settings file: the design inputs between runs of the program, and designs in files of their
+// own. An INI file in Windows-1252 with one section.
+
+namespace kelvro {
+
+struct SettingsRead {
+    enum class Status {
+        Read,
+        Missing,  ///< no such file; counts as one without keys
+        Unusable  ///< a folder, unreadable, too large or no settings file; counts likewise
+    };
+    Status status = Status::Read;
+    DesignState state;
+    QString message;  ///< for the user, empty when read or missing
+};
+
+/// The state with the values of a file in place of its own. What a file does not name stays as it
+/// is, except the page, which is 1, and QByBandwidth, which is set. Values are clamped like typed
+/// ones; unreadable numbers are 0 before that. Files are never read beyond 1 MB.
+SettingsRead ReadSettings(const QString& file, DesignState state);
+
+struct SettingsSave {
+    enum class Status { Saved, Failed };
+    Status status = Status::Saved;
+    QString message;  ///< why it failed, or under which name the old file was kept
+};
+
+/// Writes the settings of the state into a file, whole or not at all. Other sections, unknown keys
+/// and comments of an existing file stay in it; a file that is not understood in full is kept
+/// aside as "name.bak". Missing folders are made.
+SettingsSave WriteSettings(const QString& file, const DesignState& state);
+
+/// kelvro/kelvro.ini in the user's configuration folder.
+QString DefaultSettingsFile();
+
+}  // namespace kelvro

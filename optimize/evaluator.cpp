@@ -1,0 +1,77 @@
+#include "optimize/evaluator.h"
+
+#include <cmath>
+#include <limits>
+
+namespace kelvro {
+
+Evaluator::Evaluator(Objective& objective, const Vector& start, bool recordCalls)
+    : objective_(objective),
+      start_(start),
+      scratch_(start),
+      record_(recordCalls),
+      bestValue_(std::numeric_limits<double>::infinity()),
+      bestPoint_(start) {
+    setActive(std::vector<bool>(static_cast<std::size_t>(start.size()), true));
+}
+
+void Evaluator::setActive(const std::vector<bool>& active) {
+    active_.clear();
+    for (std::size_t i = 0; i < active.size(); ++i) {
+        if (active[i]) active_.push_back(static_cast<Eigen::Index>(i));
+    }
+    scratch_ = start_;
+}
+
+double Evaluator::operator()(const Vector& x, CallKind kind) {
+    for (std::size_t i = 0; i < active_.size(); ++i) {
+        scratch_[active_[i]] = x[static_cast<Eigen::Index>(i)];
+    }
+    const std::span<const double> point(scratch_.data(), static_cast<std::size_t>(scratch_.size()));
+    const double f = objective_.value(point, kind);
+    calls_.add(kind);
+    if (record_) table_.push_back({kind, f, scratch_});
+    if (!std::isfinite(f)) return std::numeric_limits<double>::infinity();
+    if (f < bestValue_) {
+        bestValue_ = f;
+        bestPoint_ = scratch_;
+    }
+    return f;
+}
+
+Vector Evaluator::fullPoint(const Vector& x) const {
+    Vector full = start_;
+    for (std::size_t i = 0; i < active_.size(); ++i) {
+        full[active_[i]] = x[static_cast<Eigen::Index>(i)];
+    }
+    return full;
+}
+
+Vector Evaluator::fullDirection(const Vector& direction) const {
+    Vector full = Vector::Zero(start_.size());
+    for (std::size_t i = 0; i < active_.size(); ++i) {
+        full[active_[i]] = direction[static_cast<Eigen::Index>(i)];
+    }
+    return full;
+}
+
+Matrix Evaluator::fullMatrix(const Matrix& matrix) const {
+    Matrix full = Matrix::Zero(start_.size(), start_.size());
+    for (std::size_t i = 0; i < active_.size(); ++i) {
+        for (std::size_t j = 0; j < active_.size(); ++j) {
+            full(active_[i], active_[j]) =
+                matrix(static_cast<Eigen::Index>(i), static_cast<Eigen::Index>(j));
+        }
+    }
+    return full;
+}
+
+Vector Evaluator::activeDirection(const Vector& full) const {
+    Vector direction(static_cast<Eigen::Index>(active_.size()));
+    for (std::size_t i = 0; i < active_.size(); ++i) {
+        direction[static_cast<Eigen::Index>(i)] = full[active_[i]];
+    }
+    return direction;
+}
+
+}  // namespace kelvro

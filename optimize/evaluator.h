@@ -1,0 +1,49 @@
+#pragma once
+
+#include <vector>
+
+#include "analysis/objective.h"
+#include "optimize/linear.h"
+#include "optimize/local_optimizer.h"
+
+namespace kelvro {
+
+/// The objective as the search sees it: a function of the parameters that have influence, with the
+/// bookkeeping of its calls and the best point seen.
+class Evaluator {
+  public:
+    Evaluator(Objective& objective, const Vector& start, bool recordCalls);
+
+    /// Value at a point of the active parameters; +infinity where the objective is not finite.
+    double operator()(const Vector& x, CallKind kind);
+
+    /// From here on points have the active parameters only; the others stay at the start.
+    void setActive(const std::vector<bool>& active);
+
+    /// Points and directions of all parameters from those of the active ones.
+    Vector fullPoint(const Vector& x) const;
+    Vector fullDirection(const Vector& direction) const;
+    Matrix fullMatrix(const Matrix& matrix) const;
+    /// A direction of the active parameters from one of all.
+    Vector activeDirection(const Vector& full) const;
+    /// The active parameters of the start.
+    Vector start() const { return activeDirection(start_); }
+
+    const CallCounts& calls() const { return calls_; }
+    double bestValue() const { return bestValue_; }
+    const Vector& bestPoint() const { return bestPoint_; }  ///< all parameters
+    std::vector<CallRecord> takeTable() { return std::move(table_); }
+
+  private:
+    Objective& objective_;
+    Vector start_;
+    std::vector<Eigen::Index> active_;
+    Vector scratch_;
+    CallCounts calls_;
+    bool record_;
+    std::vector<CallRecord> table_;
+    double bestValue_;
+    Vector bestPoint_;
+};
+
+}  // namespace kelvro

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <Eigen/Core>
+
+namespace kelvro {
+
+using Vector = Eigen::VectorXd;
+using Matrix = Eigen::MatrixXd;
+
+/// Angle between two directions, degrees in [0, 180]; 0 where one of them has no length.
+double AngleDegrees(const Vector& a, const Vector& b);
+
+/// Largest |a_i|; 0 for an empty vector.
+double LargestEntry(const Vector& a);
+
+/// Smallest eigenvalue of a symmetric matrix; not finite where the matrix is not.
+double SmallestEigenvalue(const Matrix& matrix);
+
+}  // namespace kelvro

@@ -1,0 +1,151 @@
+#include "optimize/local_optimizer.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "optimize/descent.h"
+#include "optimize/evaluator.h"
+#include "optimize/restarts.h"
+#include "optimize/start_matrix.h"
+
+namespace kelvro {
+
+namespace {
+
+/// A parameter is without influence where steps to both sides leave f exactly as it is.
+std::vector<bool> FindActive(const Gradient& gradient, double f) {
+    std::vector<bool> active;
+    for (Eigen::Index i = 0; i < gradient.g.size(); ++i) {
+        active.push_back(gradient.plus[i] != f || gradient.minus[i] != f);
+    }
+    return active;
+}
+
+Gradient ActivePart(const Evaluator& objective, const Gradient& full) {
+    return {objective.activeDirection(full.g),
+            full.length,
+            full.doubleSided,
+            objective.activeDirection(full.plus),
+            objective.activeDirection(full.minus),
+            objective.activeDirection(full.curvature)};
+}
+
+void NoteStartMatrix(SearchRun& run, const Gradient& full) {
+    run.notes().push_back({.kind = NoteKind::StartMatrixFromFxx});
+    for (Eigen::Index i = 0; i < full.curvature.size(); ++i) {
+        if (full.curvature[i] > 0) continue;
+        run.notes().push_back(
+            {.kind = NoteKind::CurvatureNotPositive, .index = static_cast<int>(i) + 1});
+    }
+}
+
+Matrix FirstInverse(SearchRun& run, const Position& start, Summary& summary) {
+    if (!run.options.enhancedStartMatrix) return InverseOfDiagonal(start.gradient.curvature);
+    HessianResult result = HessianAt(run.objective, start.x, start.f, run.options);
+    run.notes().push_back({.kind = NoteKind::StartMatrixFromFxy});
+    summary.startSingularValues = SingularValues(result.hessian);
+    if (MayBeRankDeficient(summary.startSingularValues)) {
+        run.notes().push_back({.kind = NoteKind::HessianRankDeficient});
+    }
+    Matrix inverse = PositiveInverse(result.hessian);
+    summary.startHessian = std::move(result.hessian);
+    return inverse;
+}
+
+StopReason StopOf(DescentEnd end) {
+    switch (end) {
+        case DescentEnd::GradientTooSmall:
+            return StopReason::GradientTooSmall;
+        case DescentEnd::YsTooSmall:
+            return StopReason::YsTooSmall;
+        case DescentEnd::VyTooSmall:
+            return StopReason::VyTooSmall;
+        case DescentEnd::MaxIterations:
+            return StopReason::MaxIterations;
+        default:
+            return StopReason::StepTooSmall;
+    }
+}
+
+void TakeResult(const DescentResult& result, const Evaluator& objective, Summary& summary) {
+    summary.stop = StopOf(result.end);
+    summary.x = objective.bestPoint();
+    summary.f = objective.bestValue();
+    summary.g = objective.fullDirection(result.at.gradient.g);
+    summary.gradientLength = result.at.gradient.length;
+    summary.inverseHessian = objective.fullMatrix(result.inverse);
+}
+
+void TakeFinalHessian(SearchRun& run, Summary& summary) {
+    if (!run.options.finalHessian) return;
+    const Vector x = run.objective.activeDirection(summary.x);
+    summary.finalHessian =
+        run.objective.fullMatrix(HessianAt(run.objective, x, summary.f, run.options).hessian);
+}
+
+void Search(SearchRun& run, const Gradient& full, Summary& summary) {
+    const double f = summary.f;
+    run.objective.setActive(summary.active);
+    Position start{run.objective.start(), f, ActivePart(run.objective, full)};
+    const Vector x = start.x;
+    NoteStartMatrix(run, full);
+    Matrix inverse = FirstInverse(run, start, summary);
+    run.recordStart(start);
+    DescentResult result = Descent(run, std::move(start), std::move(inverse)).finish();
+    if (run.options.seekOtherMinima && !run.options.steepestDescent && x.size() > 0) {
+        result = SeekOtherMinima(run, std::move(result), x, f);
+    }
+    TakeResult(result, run.objective, summary);
+    TakeFinalHessian(run, summary);
+}
+
+/// A start without a value: there is nowhere to go from.
+void EndAtOnce(const Vector& start, double f, Summary& summary) {
+    summary.stop = StopReason::StepTooSmall;
+    summary.x = start;
+    summary.f = f;
+    summary.g = Vector::Zero(start.size());
+    summary.active.assign(static_cast<std::size_t>(start.size()), false);
+    summary.startDiagonal = summary.g;
+    IterationRecord record;
+    record.f = f;
+    record.x = start;
+    record.g = record.direction = record.step = summary.g;
+    summary.history.push_back(std::move(record));
+}
+
+int CountWarnings(const Summary& summary) {
+    int warnings = 0;
+    for (const IterationRecord& record : summary.history) {
+        for (const Note& note : record.notes) warnings += IsWarning(note) ? 1 : 0;
+    }
+    return warnings;
+}
+
+}  // namespace
+
+Summary MinimizeLocally(Objective& function, const Eigen::VectorXd& start,
+                        const LocalOptions& options) {
+    Summary summary;
+    Evaluator objective(function, start, options.recordCalls);
+    SearchRun run(objective, options, summary);
+    const double f = objective(start, CallKind::Evaluation);
+    if (!std::isfinite(f)) {
+        EndAtOnce(start, f, summary);
+    } else {
+        const Gradient gradient = run.gradients.computeDoubleSided(start, f, run.notes());
+        summary.f = f;
+        summary.active = FindActive(gradient, f);
+        summary.startDiagonal = gradient.curvature;
+        Search(run, gradient, summary);
+    }
+    summary.calls = objective.calls();
+    summary.singleSidedGradients = run.gradients.singleSided();
+    summary.doubleSidedGradients = run.gradients.doubleSided();
+    summary.warnings = CountWarnings(summary);
+    if (summary.history.size() > 1) summary.initialStep = summary.history[1].t;
+    summary.table = objective.takeTable();
+    return summary;
+}
+
+}  // namespace kelvro

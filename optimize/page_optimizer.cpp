@@ -1,0 +1,166 @@
+#include "optimize/page_optimizer.h"
+
+#include <cerrno>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <optional>
+#include <utility>
+
+#include "analysis/goal.h"
+#include "optimize/report.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr double kStartOffset = 0.05;  // of different start values: 5 % of each component
+// The second run refines: it starts where the first one ended and has to find something to do.
+constexpr double kSecondRunPart = 0.1;
+// Rounded to ten digits the goal changes in steps; differences have to be wide against them.
+constexpr double kNoisyDifferenceStep = 1e-3;
+
+/// Writes the text in one piece; the system's reason when that fails. An empty path writes nothing.
+std::optional<std::string> WriteText(const std::string& path, const std::string& text,
+                                     bool append) {
+    if (path.empty()) return std::nullopt;
+    errno = 0;
+    std::FILE* file = std::fopen(path.c_str(), append ? "ab" : "wb");
+    const auto problem = [&](int reason) { return path + ": " + std::strerror(reason); };
+    if (!file) return problem(errno);
+    const bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size();
+    const int reason = errno;
+    if (std::fclose(file) != 0) return problem(errno);
+    if (!written) return problem(reason);
+    return std::nullopt;
+}
+
+/// Offsets with alternating signs; the second run starts on the other side.
+Eigen::VectorXd OffsetStart(std::size_t size, int run) {
+    Eigen::VectorXd x(static_cast<Eigen::Index>(size));
+    for (Eigen::Index i = 0; i < x.size(); ++i) {
+        x[i] = (i + run) % 2 == 0 ? kStartOffset : -kStartOffset;
+    }
+    return x;
+}
+
+std::span<const double> AsSpan(const Eigen::VectorXd& x) {
+    return {x.data(), static_cast<std::size_t>(x.size())};
+}
+
+/// The runs of one page, their reports, and the best point.
+class PageRuns {
+  public:
+    PageRuns(DesignState& state, const OptimizerSettings& settings, const OptimizerFiles& files)
+        : settings_(WithRuntimeChoices(state, settings, files)),
+          files_(files),
+          page_(state.page),
+          goal_(state, settings_.goal) {}
+
+    PageOptimization run() {
+        if (goal_.size() == 0) return {};
+        const auto begin = std::chrono::steady_clock::now();
+        result_.page = page_;
+        best_ = Eigen::VectorXd::Zero(static_cast<Eigen::Index>(goal_.size()));
+        result_.startGoal = goal_.value(AsSpan(best_), CallKind::Evaluation);
+        result_.achievedGoal = result_.startGoal;
+        result_.status = PageOptimization::Status::Finished;
+        const int runs = settings_.singleRun ? 1 : 2;
+        for (int i = 0; i < runs && result_.status == PageOptimization::Status::Finished; ++i) {
+            runOnce(i, runs);
+        }
+        leaveBest();
+        const std::chrono::duration<double, std::milli> time =
+            std::chrono::steady_clock::now() - begin;
+        result_.milliseconds = time.count();
+        return std::move(result_);
+    }
+
+  private:
+    static OptimizerSettings WithRuntimeChoices(const DesignState& state,
+                                                OptimizerSettings settings,
+                                                const OptimizerFiles& files) {
+        settings.goal.phaseSlope = settings.goal.phaseSlope || !state.QByBandwidth;
+        if (settings.goal.noise) settings.local.differenceStep = kNoisyDifferenceStep;
+        settings.local.recordCalls = settings.writeTable && !files.table.empty();
+        settings.local.finalHessian = settings.local.finalHessian || !files.log.empty();
+        return settings;
+    }
+
+    void runOnce(int index, int runs) {
+        const Eigen::VectorXd start =
+            settings_.differentStartValues ? OffsetStart(goal_.size(), index) : best_;
+        LocalOptions options = settings_.local;
+        if (index > 0) {
+            options.gradientLimit *= kSecondRunPart;
+            options.thorough = true;
+        }
+        result_.runs.push_back(MinimizeLocally(goal_, start, options));
+        const Summary& summary = result_.runs.back();
+        const bool firstValue = std::isfinite(summary.f) && !std::isfinite(result_.achievedGoal);
+        if (summary.f < result_.achievedGoal || firstValue) {
+            result_.achievedGoal = summary.f;
+            best_ = summary.x;
+        }
+        report(summary, index, runs);
+    }
+
+    void report(const Summary& summary, int index, int runs) {
+        const RunOrigin origin = runs == 1    ? RunOrigin::Single
+                                 : index == 0 ? RunOrigin::FirstOfTwo
+                                              : RunOrigin::SecondOfTwo;
+        std::string log;
+        if (!files_.log.empty()) {
+            if (index == 0) log += ReportHead(settings_, files_.table);
+            log += RunText(summary, settings_, origin, page_);
+            if (index + 1 == runs) log += ClosingText(summary, settings_);
+        }
+        auto error = WriteText(files_.log, log, index > 0);
+        if (!error && settings_.local.recordCalls) {
+            const std::string head = index == 0 ? TableHead(settings_) : std::string();
+            error = WriteText(files_.table, head + TableRows(summary, rows_ + 1), index > 0);
+            rows_ += static_cast<int>(summary.table.size());
+        }
+        if (!error) return;
+        result_.status = PageOptimization::Status::Aborted;
+        result_.error = *error;
+    }
+
+    /// An aborted run leaves the design as it was calculated.
+    void leaveBest() {
+        if (result_.status == PageOptimization::Status::Aborted) {
+            result_.achievedGoal = result_.startGoal;
+            goal_.restore();
+        } else if (best_.isZero(0)) {
+            goal_.restore();  // to the bit, which exp(0)·start need not be in every form
+        } else {
+            goal_.write(AsSpan(best_));
+        }
+    }
+
+    const OptimizerSettings settings_;
+    const OptimizerFiles& files_;
+    const int page_;
+    Goal goal_;
+    Eigen::VectorXd best_;
+    PageOptimization result_;
+    int rows_ = 0;
+};
+
+}  // namespace
+
+PageOptimization OptimizePage(DesignState& state, const OptimizerSettings& settings,
+                              const OptimizerFiles& files) {
+    if (state.OptimizationDisabled) return {};
+    return PageRuns(state, settings, files).run();
+}
+
+OptimizerServices::OptimizerServices(OptimizerSettings presets, OptimizerFiles reports)
+    : settings(presets), files(std::move(reports)) {}
+
+void OptimizerServices::optimize(DesignState& state) {
+    last_ = OptimizePage(state, settings, files);
+}
+
+}  // namespace kelvro

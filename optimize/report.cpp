@@ -1,0 +1,426 @@
+#include "optimize/report.h"
+
+#include <Eigen/Dense>
+#include <algorithm>
+#include <cmath>
+
+#include "core/scalar.h"
+#include "optimize/report_text.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr double kNegligible = 1e-18;
+constexpr double kExtremeRatio = 1e6;      // of eigenvalues
+constexpr double kUncertaintyGoal = 0.01;  // dB that an uncertain parameter may cost
+constexpr double kBigChange = 0.01;        // of a parameter in the last iteration
+
+double Guarded(double divisor) {
+    return SymmetricClamp(divisor, kNegligible, 1 / kNegligible);
+}
+
+double AngleBetween(const Eigen::VectorXd& a, const Eigen::VectorXd& b) {
+    const double cosine = a.dot(b) / Guarded(a.norm() * b.norm());
+    return std::acos(std::clamp(cosine, -1.0, 1.0)) * kDegreesPerRadian;
+}
+
+// ---------------------------------------------------------------- notes
+
+void WriteDoubleSidedReasons(ReportText& out, const Note& note) {
+    out << "Hint : Switched to double-sided gradient because : ";
+    if (note.flags & kCloseToEnd) out << "Close to end. ";
+    if (note.flags & kGradientSmall) out << "|g| is smaller than " << note.value[0] << ". ";
+    if (note.flags & kStepsSmall) {
+        out << "Maximum step dxi smaller than dxss in gradient calculation. ";
+    }
+    if (note.flags & kGradientBelowDifference) {
+        out << "|g| is smaller 100dxss=" << note.value[1] << ".";
+    }
+}
+
+void WriteLineSearchReasons(ReportText& out, const Note& note) {
+    out << "Warning : Probably rounding errors, large stepsize or large high-order derivatives "
+           "caused problems in linear search. ";
+    if (note.flags & kOscillation) out << "Quite some oscillation!";
+    if (note.flags & kLargeIncrease) out << "Quite large df/(t*psg)!";
+    if (note.flags & kLargeDecrease) out << "Quite large -df/(t*psg)!";
+}
+
+void WriteStartAndGradientNote(ReportText& out, const Note& note) {
+    switch (note.kind) {
+        case NoteKind::StartMatrixFromFxx:
+            out << "Hint : Start matrix using fxx values from finite differences.";
+            break;
+        case NoteKind::StartMatrixFromFxy:
+            out << "Hint : Start matrix using fxy values from finite differences.";
+            break;
+        case NoteKind::CurvatureNotPositive:
+            out << "Warning : fx" << note.index << " not >0 at start!";
+            break;
+        case NoteKind::HessianRankDeficient:
+            out << "Warning : Rank of real H maybe smaller than dimension!";
+            break;
+        case NoteKind::SwitchedToDoubleSided:
+            WriteDoubleSidedReasons(out, note);
+            break;
+        case NoteKind::SwitchedToSingleSided:
+            out << "Warning : Switching to single-side gradient although double-sided used in "
+                   "previous interations.";
+            break;
+        case NoteKind::DoubleSidedUsed:
+            out << "Hint : Double-sided gradient formula used";
+            break;
+        case NoteKind::DoubleSidedInaccurate:
+            out << "Warning : Used double-sided gradient calculation is maybe inaccurate for "
+                   "parameter"
+                << note.index << " angle difference=" << note.value[0]
+                << "° is larger then expected.";
+            break;
+        case NoteKind::SingleSidedOffBy3Percent:
+            out << "Warning : Single-sided gradient calculation would be inaccurate by more than "
+                   "3%.";
+            break;
+        case NoteKind::SingleSidedOffBy1Percent:
+            out << "Warning : Single-sided gradient calculation would be inaccurate by more than "
+                   "1%.";
+            break;
+        case NoteKind::SingleSidedUsed:
+            out << "Hint : Single-sided gradient formula used";
+            break;
+        case NoteKind::SingleSidedInaccurate:
+            out << "Warning : Used single-sided gradient calculation is maybe inaccurate for "
+                   "parameter"
+                << note.index << ", delta(f) is already small.";
+            break;
+        default:
+            break;
+    }
+}
+
+void WriteSearchAndUpdateNote(ReportText& out, const Note& note) {
+    switch (note.kind) {
+        case NoteKind::StepReduced:
+            out << "Hint : step size t reduced to " << note.value[0]
+                << " before linear search due to large parameter steps.";
+            break;
+        case NoteKind::StartStepBad:
+            out << "Warning : Parabel interpolation shows that start stepsize before GST is quite "
+                   "bad.";
+            break;
+        case NoteKind::StartStepGood:
+            out << "Hint : Start stepsize t good already before linear search.";
+            break;
+        case NoteKind::LineSearchTrouble:
+            WriteLineSearchReasons(out, note);
+            break;
+        case NoteKind::LineSearchSingleSided:
+            out << "Warning : Single-sided gradient used. This might be the reason for problems in "
+                   "linear search.";
+            break;
+        case NoteKind::MatrixReset:
+            out << "Warning : Reset of BFGS matrix with diagonal matrix. Smallest eigenvalue after "
+                   "update is negative ("
+                << note.value[0] << ")";
+            break;
+        case NoteKind::MatrixStillPositive:
+            out << "However, smallest eigenvalue after update is still positive (" << note.value[0]
+                << ")";
+            break;
+        case NoteKind::Restarted:
+            out << "Hint : Another descent started from f=" << note.value[0];
+            break;
+        default:
+            break;
+    }
+}
+
+/// Remarks that belong to a line of the iteration's log.
+void WriteRemark(ReportText& out, const Note& note) {
+    switch (note.kind) {
+        case NoteKind::AngleExtreme:
+            out << "Warning : Angle already quite extreme.";
+            break;
+        case NoteKind::StepsBelowDifference:
+            out << "Hint : Steps xi-xi-1 already smaller than dx for gradient calculation.";
+            if (note.flags & 1U) out << " Double-sided formula would be better.";
+            break;
+        case NoteKind::LineSearchQuiteTooMany:
+            out << "Warning : Quite too many iterations in linear search!";
+            break;
+        case NoteKind::LineSearchQuiteMany:
+            out << "Warning : Quite many iterations in linear search!";
+            break;
+        case NoteKind::StepUnusuallyLarge:
+            out << "Warning : Current stepsize unusually large.";
+            break;
+        case NoteKind::StepZero:
+            out << "Warning : Current stepsize is zero.";
+            break;
+        default:
+            break;
+    }
+}
+
+bool IsRemark(NoteKind kind) {
+    return kind >= NoteKind::AngleExtreme;
+}
+
+void WriteNotes(ReportText& out, const IterationRecord& record) {
+    for (const Note& note : record.notes) {
+        if (IsRemark(note.kind)) continue;
+        WriteStartAndGradientNote(out, note);
+        WriteSearchAndUpdateNote(out, note);
+        out << "\n";
+    }
+}
+
+void WriteRemarks(ReportText& out, const IterationRecord& record, NoteKind first, NoteKind last) {
+    for (const Note& note : record.notes) {
+        if (note.kind < first || note.kind > last) continue;
+        WriteRemark(out, note);
+        out << "\n";
+    }
+}
+
+// ---------------------------------------------------------------- a run
+
+void WriteStart(ReportText& out, const Summary& run) {
+    const IterationRecord& start = run.start();
+    WriteNotes(out, start);
+    if (run.startHessian) {
+        out << "w elements of SVD of real H : " << run.startSingularValues << "\n";
+        out << "Used start matrix iH derived from real H\n";
+        out << "Additional function calculations for Hessian : "
+            << start.calls.of(CallKind::Hessian) << "\n";
+    } else if (run.startDiagonal.size() > 0) {
+        out << "Used start matrix iH derived from fxx\n";
+    }
+    out << "Start values : f=" << start.f << ", |g|=" << start.gradientLength << "\n";
+    out << "X : " << start.x << "\n";
+    out << "Initial step size t=" << run.initialStep << "\n";
+}
+
+void WriteSteps(ReportText& out, const IterationRecord& record) {
+    const Eigen::VectorXd steps = record.step.cwiseAbs();
+    if (steps.size() == 0) return;
+    Eigen::Index largest = 0;
+    Eigen::Index smallest = 0;
+    const double most = steps.maxCoeff(&largest);
+    const double least = steps.minCoeff(&smallest);
+    out << "Current parameter steps : |dx|=" << record.step.norm() << ", max(dxi)=" << most
+        << " for number i=" << static_cast<int>(largest) + 1 << ", and min(dxi)=" << least
+        << " for number i=" << static_cast<int>(smallest) + 1 << "\n";
+}
+
+void WriteIteration(ReportText& out, const IterationRecord& record) {
+    using enum NoteKind;
+    out << "Iteration " << record.iteration << " (" << record.calls.total() << " calls) :\n";
+    WriteNotes(out, record);
+    out << "Current goal function and gradient : f=" << record.f
+        << ", reduction df=" << record.reduction << ", |g|=" << record.gradientLength << "\n";
+    out << "X : " << record.x << "\n";
+    out << "G : " << record.g << "\n";
+    out << "S : " << record.direction << "\n";
+    out << "Angle between -G and S is " << record.angleToDescent << "°.\n";
+    WriteRemarks(out, record, AngleExtreme, AngleExtreme);
+    out << "Angle between old and new gradient is " << record.angleToOldGradient << "°.\n";
+    WriteSteps(out, record);
+    WriteRemarks(out, record, StepsBelowDifference, StepsBelowDifference);
+    out << "Current steps in linear search : i=" << record.lineSteps
+        << ", step size is t=" << record.t << ", clampings=" << record.clampings << "\n";
+    WriteRemarks(out, record, LineSearchQuiteTooMany, StepZero);
+}
+
+std::string_view ReasonText(StopReason reason) {
+    switch (reason) {
+        case StopReason::MaxIterations:
+            return " - max. number of iterations reached (maybe increase it).";
+        case StopReason::GradientTooSmall:
+            return " - gradient too small (good).";
+        case StopReason::YsTooSmall:
+            return " - YS too small.";
+        case StopReason::VyTooSmall:
+            return " - VY too small.";
+        case StopReason::StepTooSmall:
+            return " - stepsize too small.";
+    }
+    return "";
+}
+
+// ---------------------------------------------------------------- the end of a run
+
+void WriteCounters(ReportText& out, const Summary& run) {
+    out << "Number of warnings during optimization : " << run.warnings << "\n";
+    out << "Function calls in gradient calculation : " << run.calls.of(CallKind::Gradient) << "\n";
+    out << "Function calls in line search : " << run.calls.of(CallKind::LineSearch) << "\n";
+    out << "Single-sided gradient calculations : " << run.singleSidedGradients << "\n";
+    out << "Double-sided gradient calculations : " << run.doubleSidedGradients << "\n";
+}
+
+void WriteWay(ReportText& out, const Summary& run) {
+    const IterationRecord& start = run.start();
+    double sum = 0;
+    for (const IterationRecord& record : run.history) {
+        if (record.step.size() > 0) sum += record.step.norm();
+    }
+    const double direct = (run.x - start.x).norm();
+    out << "f=" << run.f << " compared to " << start.f << " at start\n";
+    out << "Sum of all dx steps : " << sum << " compared to direct step of " << direct
+        << " (ratio is " << sum / Guarded(direct) << ":1)\n";
+    out << "|g|=" << run.gradientLength << " compared to " << start.gradientLength << " at start\n";
+    out << "Final X vector :     " << run.x << "\n";
+    out << "Compared to start X : " << start.x << "\n";
+    out << "Final G vector :     " << run.g << "\n";
+    out << "Compared to start G : " << start.g << "\n";
+}
+
+double Rms(double squares, Eigen::Index count) {
+    return count > 0 ? std::sqrt(squares / static_cast<double>(count)) : 0;
+}
+
+void WriteHessian(ReportText& out, const Eigen::MatrixXd& H) {
+    const Eigen::Index n = H.rows();
+    const double diagonal = Rms(H.diagonal().squaredNorm(), n);
+    const double others = Rms(H.squaredNorm() - H.diagonal().squaredNorm(), n * n - n);
+    out << "Real final Hessian matrix H\n" << H;
+    out << "RMS value of diagonal matrix entries : " << diagonal << "\n";
+    out << "RMS value of non-diagonal entries : " << others << "\n";
+    out << "Ratio of RMS values : " << diagonal / Guarded(others) << ":1\n";
+}
+
+void WriteMismatch(ReportText& out, const Eigen::MatrixXd& real, const Eigen::MatrixXd& own) {
+    int mismatches = 0;
+    for (Eigen::Index i = 0; i < real.size(); ++i) {
+        if (real(i) * own(i) < 0) ++mismatches;
+    }
+    const auto entries = static_cast<int>(real.size());
+    const double difference =
+        (real - own).cwiseAbs().sum() / Guarded(real.cwiseAbs().sum() + own.cwiseAbs().sum());
+    out << "Sign mismatches in matrices : " << mismatches << " of " << entries << " ("
+        << 100.0 * mismatches / std::max(entries, 1) << "%)\n";
+    out << "Normalized average entry difference in matrices : " << 100 * difference << "%\n";
+}
+
+void WriteInverse(ReportText& out, const Summary& run) {
+    const Eigen::MatrixXd& own = run.inverseHessian;
+    const Eigen::MatrixXd real =
+        run.finalHessian->completeOrthogonalDecomposition().pseudoInverse();
+    out << "Real final inverse Hessian matrix iH\n" << real;
+    out << "inverse H from BFGS\n" << own;
+    WriteMismatch(out, real, own);
+    const Eigen::VectorXd viaOwn = -own * run.g;
+    const Eigen::VectorXd viaReal = -real * run.g;
+    out << "Hint : Angle between S via iH and real iH is " << AngleBetween(viaOwn, viaReal)
+        << "°. Length ratio is " << viaOwn.norm() / Guarded(viaReal.norm()) << ":1.\n";
+    out << "Eigenvalues of real final iH : "
+        << Eigen::VectorXd(Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd>(real).eigenvalues())
+        << "\n";
+}
+
+void WriteEigenvalues(ReportText& out, const Summary& run) {
+    const Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> solver(run.inverseHessian);
+    const Eigen::VectorXd& values = solver.eigenvalues();
+    out << "Eigenvalues of final BFGS iH : " << values << "\n";
+    const double smallest = values.minCoeff();
+    const double largest = values.maxCoeff();
+    if (smallest < 0) out << "Warning : Inverse Hessian used in BFGS was not positive-definite.\n";
+    if (std::fabs(largest / Guarded(smallest)) >= kExtremeRatio) {
+        out << "Warning : Inverse Hessian used in BFGS has extreme eigenvalue ratio.\n";
+    }
+    for (Eigen::Index i = 0; i < values.size(); ++i) {
+        out << "Eigenvector " << static_cast<int>(i) + 1 << " : "
+            << Eigen::VectorXd(solver.eigenvectors().col(i)) << "\n";
+    }
+}
+
+void WriteEnd(ReportText& out, const Summary& run, bool steepest) {
+    out << (steepest ? "Gradient" : "BFGS") << " iterations : " << run.iterations << ", f=" << run.f
+        << ", |g|=" << run.gradientLength << ReasonText(run.stop) << "\n";
+    WriteCounters(out, run);
+    WriteWay(out, run);
+    if (run.finalHessian) {
+        WriteHessian(out, *run.finalHessian);
+        WriteInverse(out, run);
+    }
+    if (run.inverseHessian.size() > 0) WriteEigenvalues(out, run);
+}
+
+}  // namespace
+
+std::string SettingsText(const OptimizerSettings& settings) {
+    ReportText out;
+    out << "Settings : Gradient limit=" << settings.local.gradientLimit
+        << ", maximum iterations=" << settings.local.maxIterations;
+    if (settings.goal.noise) out << ", numerical noise added";
+    if (settings.goal.maxNorm) out << ", max-norm used";
+    out << (settings.local.noClampings ? ", no clampings\n" : ", with clampings\n");
+    out << "0: pure eval, 1: goal function call, 2: goal function gradient, 3: Hessian\n";
+    return std::move(out).text();
+}
+
+std::string ReportHead(const OptimizerSettings& settings, const std::string& tableName) {
+    std::string head = SettingsText(settings);
+    if (settings.writeTable) head += "Hint: More data in file " + tableName + '\n';
+    return head;
+}
+
+std::string RunText(const Summary& run, const OptimizerSettings& settings, RunOrigin origin,
+                    int page) {
+    ReportText out;
+    switch (origin) {
+        case RunOrigin::FirstOfTwo:
+            out << "Started within Kelvro for Typ=";
+            break;
+        case RunOrigin::SecondOfTwo:
+            out << "2nd optimization run : \nStarted 2nd time within Kelvro for Typ=";
+            break;
+        case RunOrigin::Single:
+            out << "Started as single run within Kelvro for Typ=";
+            break;
+    }
+    out << page << "\n";
+    if (run.history.empty()) return std::move(out).text();
+    WriteStart(out, run);
+    for (std::size_t i = 1; i < run.history.size(); ++i) WriteIteration(out, run.history[i]);
+    WriteEnd(out, run, settings.local.steepestDescent);
+    return std::move(out).text();
+}
+
+std::string ClosingText(const Summary& last, const OptimizerSettings& settings) {
+    ReportText out;
+    out << "Parameter uncertainty estimation : \n";
+    for (Eigen::Index i = 0; i < last.inverseHessian.rows(); ++i) {
+        const double dX = std::sqrt(2 * kUncertaintyGoal * std::fabs(last.inverseHessian(i, i)));
+        out << static_cast<int>(i) + 1 << " : " << 100 * dX << "%, dX=" << dX << "\n";
+    }
+    out << "f at achieved optimum : " << last.f << "\n";
+    out << "f*1e9 at achieved optimum : " << last.f * 1e9 << "\n";
+    const bool stillMoving = !last.history.empty() && last.history.back().step.size() > 0 &&
+                             last.history.back().step.cwiseAbs().maxCoeff() > kBigChange;
+    if (last.stop == StopReason::MaxIterations && stillMoving) {
+        out << "Warning : Quite big changes, maybe better increase number of iterations. Maximum "
+               "number of iterations was "
+            << settings.local.maxIterations << "\n";
+    }
+    return std::move(out).text();
+}
+
+std::string TableHead(const OptimizerSettings& settings) {
+    return SettingsText(settings) +
+           "ID function call  -  goal function   -   parameters  -  goal function\n";
+}
+
+std::string TableRows(const Summary& run, int firstId) {
+    std::string rows;
+    int id = firstId;
+    for (const CallRecord& call : run.table) {
+        rows += std::to_string(id++) + ';' + std::to_string(static_cast<int>(call.kind)) + ';' +
+                FormatExact(call.f);
+        for (Eigen::Index i = 0; i < call.x.size(); ++i) rows += ';' + FormatExact(call.x[i]);
+        rows += ';' + FormatExact(call.f) + '\n';
+    }
+    return rows;
+}
+
+}  // namespace kelvro

@@ -1,0 +1,74 @@
+#include "optimize/search_run.h"
+
+#include <utility>
+
+#include "optimize/line_search.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr double kExtremeAngle = 85;
+constexpr double kUnusuallyLargeStep = 100;
+constexpr int kTooMany = kLineSearchLimit - 2;
+constexpr int kMany = kLineSearchLimit - 6;
+
+/// What is to be said about an iteration as a whole.
+void AddRemarks(IterationRecord& record, const LocalOptions& options) {
+    const auto remark = [&](bool holds, NoteKind kind, unsigned flags = 0) {
+        if (holds) record.notes.push_back({.kind = kind, .flags = flags});
+    };
+    const int i = record.lineSteps;
+    remark(record.angleToDescent > kExtremeAngle, NoteKind::AngleExtreme);
+    remark(LargestEntry(record.step) < options.differenceStep, NoteKind::StepsBelowDifference,
+           record.doubleSided ? 0 : 1);
+    remark(i >= kTooMany && i <= kLineSearchLimit, NoteKind::LineSearchQuiteTooMany);
+    remark(i >= kMany && i < kTooMany, NoteKind::LineSearchQuiteMany);
+    remark(record.t > kUnusuallyLargeStep, NoteKind::StepUnusuallyLarge);
+    remark(record.t == 0, NoteKind::StepZero);
+}
+
+}  // namespace
+
+SearchRun::SearchRun(Evaluator& function, const LocalOptions& runOptions, Summary& summary)
+    : objective(function),
+      options(runOptions),
+      gradients(function, runOptions),
+      summary_(summary) {}
+
+void SearchRun::recordStart(const Position& start) {
+    IterationRecord record;
+    record.f = start.f;
+    record.calls = objective.calls();
+    record.x = objective.fullPoint(start.x);
+    record.g = objective.fullDirection(start.gradient.g);
+    record.gradientLength = start.gradient.length;
+    record.doubleSided = start.gradient.doubleSided;
+    record.direction = record.step = Vector::Zero(record.x.size());
+    record.notes = std::exchange(notes_, {});
+    summary_.history.push_back(std::move(record));
+}
+
+void SearchRun::record(const Position& before, const Position& after, const StepData& step) {
+    IterationRecord record;
+    record.iteration = ++summary_.iterations;
+    record.calls = objective.calls();
+    record.f = after.f;
+    record.reduction = before.f - after.f;
+    record.gradientLength = after.gradient.length;
+    record.x = objective.fullPoint(after.x);
+    record.g = objective.fullDirection(after.gradient.g);
+    record.direction = objective.fullDirection(step.direction);
+    record.step = objective.fullDirection(after.x - before.x);
+    record.angleToDescent = AngleDegrees(-before.gradient.g, step.direction);
+    record.angleToOldGradient = AngleDegrees(before.gradient.g, after.gradient.g);
+    record.lineSteps = step.lineSteps;
+    record.t = step.t;
+    record.clampings = step.clampings;
+    record.doubleSided = after.gradient.doubleSided;
+    record.notes = std::exchange(notes_, {});
+    AddRemarks(record, options);
+    summary_.history.push_back(std::move(record));
+}
+
+}  // namespace kelvro

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <vector>
+
+#include "optimize/evaluator.h"
+#include "optimize/gradient.h"
+#include "optimize/linear.h"
+#include "optimize/local_optimizer.h"
+
+// What the parts of a run share.
+
+namespace kelvro {
+
+/// A point with all that is known there.
+struct Position {
+    Vector x;
+    double f = 0;
+    Gradient gradient;
+};
+
+/// How a step was found.
+struct StepData {
+    Vector direction;
+    double t = 0;
+    int lineSteps = 0;
+    int clampings = 0;
+};
+
+class SearchRun {
+  public:
+    SearchRun(Evaluator& objective, const LocalOptions& options, Summary& summary);
+
+    Evaluator& objective;
+    const LocalOptions& options;
+    GradientSource gradients;
+
+    bool iterationsLeft() const { return summary_.iterations < options.maxIterations; }
+    /// The start of the run, or of another descent within it.
+    void recordStart(const Position& start);
+    /// One iteration: its record takes the notes collected since the last one.
+    void record(const Position& before, const Position& after, const StepData& step);
+    /// Notes on what happens, in order.
+    std::vector<Note>& notes() { return notes_; }
+    /// Scale of differences of f: 1, or |f| where f is large.
+    static double scale(double f) { return f < -1 ? -f : f > 1 ? f : 1; }
+
+  private:
+    Summary& summary_;
+    std::vector<Note> notes_;
+};
+
+}  // namespace kelvro

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "analysis/goal_options.h"
+#include "optimize/local_optimizer.h"
+
+namespace kelvro {
+
+/// The settings of the optimizer that windows, command line and calculation share. The defaults are
+/// those of the set-up window. Whether designs are optimized at all is
+/// DesignState::OptimizationDisabled.
+struct OptimizerSettings {
+    LocalOptions local;
+    GoalOptions goal;
+    /// One run instead of two; the second run starts from the best point of the first.
+    bool singleRun = true;
+    /// Runs start beside the calculated design, so that their results show its accuracy.
+    bool differentStartValues = false;
+    /// Write every goal call to the table file.
+    bool writeTable = false;
+};
+
+}  // namespace kelvro

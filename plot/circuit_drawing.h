@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QPointF>
+#include <QRectF>
+#include <QString>
+#include <vector>
+
+namespace kelvro {
+
+/// A circuit diagram in the making: symbols and wires at logical coordinates (x to the right, y
+/// downwards, one unit is one pixel of the natural size), and labels beside them.
+class CircuitDrawing {
+  public:
+    enum class Side { Above, Right, Left, Below };
+
+    static constexpr double kSymbolLength = 48;  ///< from terminal to terminal
+
+    void wire(QPointF from, QPointF to);
+    void node(QPointF at);      ///< filled dot of a junction
+    void terminal(QPointF at);  ///< open dot of a port
+    void ground(QPointF at);
+
+    // Symbols are centred between two terminals on one horizontal or vertical line; the rest of the
+    // way is wire.
+    void resistor(QPointF from, QPointF to);
+    void inductor(QPointF from, QPointF to, bool core = false);
+    void capacitor(QPointF from, QPointF to);
+    void line(QPointF from, QPointF to);
+    void switchSymbol(QPointF from, QPointF to);
+    void source(QPointF from, QPointF to);
+    void arrow(QPointF from, QPointF to);
+
+    /// Two lines of text beside a point: the name, and below it the value.
+    void label(QPointF at, Side side, const QString& name, const QString& value = {});
+
+    /// Everything scaled into the area, centred; at most a little larger than natural size.
+    void paint(QPainter& painter, const QRectF& area, const QColor& wire, const QColor& name,
+               const QColor& value) const;
+
+  private:
+    struct Label {
+        QPointF at;
+        Side side;
+        QString name;
+        QString value;
+    };
+
+    QPainterPath placed(const QPainterPath& symbol, QPointF from, QPointF to);
+    void symbolLeads(QPointF from, QPointF to);
+    static QRectF labelBox(const Label& label);
+    QRectF bounds() const;
+
+    QPainterPath strokes_;
+    QPainterPath fills_;
+    std::vector<Label> labels_;
+};
+
+}  // namespace kelvro

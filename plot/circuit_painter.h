@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QColor>
+#include <QPainter>
+#include <QRectF>
+#include <QString>
+
+#include "design/circuit.h"
+
+namespace kelvro {
+
+/// Colours of a circuit picture; from the desktop's palette on screen, black on paper.
+struct CircuitColours {
+    QColor wire = Qt::black;
+    QColor name = Qt::black;
+    QColor value = QColor(0x00, 0x50, 0xA0);
+};
+
+/// What stands around a network: source and load of the design.
+struct CircuitEnds {
+    double R1 = 0;
+    double R2 = 0;
+};
+
+/// Draws the circuit as vector graphics, as large as fits into the area, centred: source with R1,
+/// the elements with name and present value, load R2, ground.
+void PaintCircuit(QPainter& painter, const QRectF& area, const Circuit& circuit,
+                  const CircuitEnds& ends, const CircuitColours& colours = {});
+
+/// A value with prefix and unit as people write it: "15.92 µH", "4.70 kΩ".
+QString ReadableValue(double value, std::string_view unit);
+
+}  // namespace kelvro

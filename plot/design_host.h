@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <string_view>
+
+#include "analysis/tolerance.h"
+#include "design/state.h"
+#include "plot/frame.h"
+
+namespace kelvro {
+
+/// What plot windows and dialogs see of the main window: the one design state, and the ways to
+/// change it. The windows hold no design arithmetic of their own.
+class DesignHost : public QObject {
+    Q_OBJECT
+
+  public:
+    using QObject::QObject;
+
+    virtual DesignState& state() = 0;
+    /// Runs the calculation cycle for the current page and shows its outputs.
+    virtual void recalculate(bool storeComponents = true) = 0;
+    /// Switches the main window to a page (1..19), which recalculates.
+    virtual void goToPage(int page) = 0;
+    /// One modal message to the user; the only way in which messages are shown.
+    virtual void showMessage(const QString& text) = 0;
+
+    /// Text of an output field as it stands, rounded by the user perhaps; rows of element tables go
+    /// by "table.element". Empty for unknown names.
+    virtual QString fieldText(std::string_view) const { return {}; }
+
+    /// Do exports take the values of the standard series ("E-Series for Export")?
+    bool standardValues() const { return standardValues_; }
+    void setStandardValues(bool on) {
+        if (on == standardValues_) return;
+        standardValues_ = on;
+        emit standardValuesChanged(on);
+    }
+
+    /// The view of the plot window that last changed its view.
+    const PlotSettings& plotSettings() const { return plotSettings_; }
+    void publish(const PlotSettings& settings) { plotSettings_ = settings; }
+
+    /// What the Monte Carlo runs of the gain window vary by.
+    const Tolerances& tolerances() const { return tolerances_; }
+    void setTolerances(const Tolerances& tolerances) { tolerances_ = tolerances; }
+
+  signals:
+    /// The design changed: inputs, components or page.
+    void designChanged();
+    void standardValuesChanged(bool on);
+
+  private:
+    PlotSettings plotSettings_;
+    bool standardValues_ = false;
+    Tolerances tolerances_;
+};
+
+}  // namespace kelvro

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QFont>
+#include <QRectF>
+#include <QSize>
+#include <QString>
+#include <vector>
+
+#include "plot/picture.h"
+
+class QPainter;
+
+namespace kelvro {
+
+/// Draws a Picture with any QPainter: screen, bitmap, SVG, PDF, metafile. Only lines, polylines,
+/// rectangles and unrotated text are used, so that simple paint engines can follow. Sizes are
+/// logical pixels; scale the painter for finer devices.
+class FramePainter {
+  public:
+    /// The texts' height in pixels; the default suits 640 x 480, small images take 9.
+    explicit FramePainter(int fontPixels = 11);
+
+    /// A text with the place it takes; drawn left-aligned on its rectangle.
+    struct Label {
+        QRectF box;
+        QString text;
+    };
+    /// Where everything of a picture stands in an image of a size.
+    struct Layout {
+        Frame frame;
+        Ticks xTicks;
+        Ticks yTicks;
+        std::vector<Label> xLabels;
+        std::vector<Label> yLabels;
+    };
+    Layout layout(QSize size, const Picture& picture) const;
+
+    /// Draws the whole picture, white background included, and returns the frame by which pixels of
+    /// the image are converted to world values.
+    Frame draw(QPainter& painter, QSize size, const Picture& picture) const;
+
+    /// Draws one more curve over a picture that was drawn with this frame.
+    void drawCurve(QPainter& painter, const Frame& frame, const Curve& curve) const;
+
+  private:
+    QFont font_;
+};
+
+}  // namespace kelvro

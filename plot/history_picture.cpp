@@ -1,0 +1,174 @@
+#include "plot/history_picture.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <functional>
+
+#include "core/rounding.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr std::array<Rgb, 8> kColours = {{{0x00, 0x60, 0x00},
+                                          {0x00, 0x40, 0xC0},
+                                          {0xC0, 0x20, 0x20},
+                                          {0x90, 0x60, 0x00},
+                                          {0x80, 0x00, 0x80},
+                                          {0x00, 0x80, 0x80},
+                                          {0x60, 0x60, 0x60},
+                                          {0x40, 0x00, 0xFF}}};
+constexpr int kIterationLabels = 8;
+
+std::vector<double> Values(const Eigen::VectorXd& v) {
+    return {v.data(), v.data() + v.size()};
+}
+
+Axis IterationAxis(std::size_t points) {
+    Axis axis;
+    axis.max = std::max<double>(1, static_cast<double>(points) - 1);
+    axis.step = std::max(1.0, StepUp125(axis.max / kIterationLabels));
+    axis.labelEvery = 1;
+    return axis;
+}
+
+using Value = std::function<double(const HistoryPoint&)>;
+
+Curve CurveOf(const std::vector<HistoryPoint>& history, const Value& value, Rgb colour) {
+    Curve curve;
+    curve.colour = curve.dotColour = colour;
+    curve.dotSize = 3;
+    for (const HistoryPoint& point : history) {
+        curve.x.push_back(point.iteration);
+        curve.y.push_back(value(point));
+    }
+    return curve;
+}
+
+/// One curve per parameter, named x1, x2, ... in the legend.
+void AddParameters(Picture& picture, const std::vector<HistoryPoint>& history,
+                   const std::function<double(const HistoryPoint&, std::size_t)>& value) {
+    const std::size_t count = history.empty() ? 0 : history.front().x.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const Rgb colour = kColours[i % kColours.size()];
+        picture.curves.push_back(CurveOf(
+            history, [&](const HistoryPoint& p) { return value(p, i); }, colour));
+        picture.legend.push_back({std::string("x").append(std::to_string(i + 1)), colour});
+    }
+}
+
+/// A readable range with some room for curves that may be constant.
+Axis ValueAxis(const std::vector<Curve>& curves, AxisMode mode) {
+    std::vector<double> all;
+    for (const Curve& curve : curves) {
+        std::ranges::copy_if(curve.y, std::back_inserter(all), [&](double y) {
+            return std::isfinite(y) && (mode != AxisMode::Logarithmic || y > 0);
+        });
+    }
+    Axis axis;
+    axis.mode = mode;
+    const auto range = RangeOf(all);
+    if (!range) return axis;
+    if (mode == AxisMode::Logarithmic) {
+        axis.min = std::pow(10, std::floor(std::log10(range->min)));
+        axis.max = std::pow(10, std::floor(std::log10(range->max)) + 1);
+        axis.origin = axis.min;
+        return axis;
+    }
+    const double room = std::max((range->max - range->min) / 20, 1e-6);
+    axis.step = StepUp125((range->max - range->min + 2 * room) / 8);
+    axis.labelEvery = 1;
+    axis.min = std::floor((range->min - room) / axis.step) * axis.step;
+    axis.max = std::ceil((range->max + room) / axis.step) * axis.step;
+    axis.origin = std::clamp(0.0, axis.min, axis.max);
+    return axis;
+}
+
+}  // namespace
+
+std::vector<HistoryPoint> JoinedHistory(const PageOptimization& optimization) {
+    std::vector<HistoryPoint> history;
+    if (optimization.runs.empty()) return history;
+    const Eigen::VectorXd& end = optimization.runs.back().x;
+    int callsBefore = 0;
+    for (const Summary& run : optimization.runs) {
+        for (const IterationRecord& record : run.history) {
+            HistoryPoint point;
+            point.iteration = static_cast<int>(history.size());
+            point.gradient = record.gradientLength;
+            point.calls = callsBefore + record.calls.total();
+            point.excess = record.f - optimization.achievedGoal;
+            point.t = record.t;
+            point.x = Values(record.x);
+            point.toFinal = Values(record.x - end);
+            point.step = record.step.size() == record.x.size()
+                             ? Values(record.step)
+                             : std::vector<double>(point.x.size(), 0);
+            history.push_back(std::move(point));
+        }
+        callsBefore += run.calls.total();
+    }
+    return history;
+}
+
+Picture HistoryPicture(HistoryPlot plot, const std::vector<HistoryPoint>& history,
+                       const HistoryStyle& style) {
+    Picture picture;
+    AxisMode mode = AxisMode::Linear;
+    std::string name;
+    const Rgb colour = kColours[0];
+    const auto single = [&](const Value& value) {
+        picture.curves.push_back(CurveOf(history, value, colour));
+    };
+    switch (plot) {
+        case HistoryPlot::Gradient:
+            picture.title = "Gradient vs Iteration";
+            name = "|g|";
+            mode = AxisMode::Logarithmic;
+            single([](const HistoryPoint& p) { return p.gradient; });
+            break;
+        case HistoryPlot::Function:
+            picture.title = "Function f-fmin vs Iteration";
+            name = "f-fmin";
+            mode = AxisMode::Logarithmic;
+            single([](const HistoryPoint& p) { return p.excess; });
+            break;
+        case HistoryPlot::ParameterChanges:
+            picture.title = style.successive ? "Parameter changes xi-xi+1 vs Iteration"
+                                             : "Parameter changes x-xfinal vs Iteration";
+            name = "dx";
+            AddParameters(picture, history, [&](const HistoryPoint& p, std::size_t i) {
+                return style.successive ? p.step[i] : p.toFinal[i];
+            });
+            break;
+        case HistoryPlot::FunctionCalls:
+            picture.title = "Function Calls vs Iteration";
+            name = "calls";
+            single([](const HistoryPoint& p) { return p.calls; });
+            break;
+        case HistoryPlot::StepSize:
+            picture.title = "Stepsize t vs Iteration";
+            name = "t";
+            if (style.logarithmicStep) mode = AxisMode::Logarithmic;
+            single([](const HistoryPoint& p) { return p.t; });
+            break;
+        case HistoryPlot::Parameters:
+            picture.title = "Normalized Parameters vs Iteration";
+            name = "value/start";
+            AddParameters(picture, history,
+                          [](const HistoryPoint& p, std::size_t i) { return std::exp(p.x[i]); });
+            break;
+    }
+    if (style.axisNames) {
+        picture.xName = "Iteration";
+        picture.yName = name;
+    }
+    picture.xLabels = LabelStyle::Plain;
+    picture.yLabels = mode == AxisMode::Logarithmic ? LabelStyle::Engineering : LabelStyle::Plain;
+    picture.view.x = IterationAxis(history.size());
+    picture.view.y = ValueAxis(picture.curves, mode);
+    return picture;
+}
+
+}  // namespace kelvro

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "plot/frame.h"
+#include "plot/ticks.h"
+
+namespace kelvro {
+
+struct Rgb {
+    std::uint8_t red = 0;
+    std::uint8_t green = 0;
+    std::uint8_t blue = 0;
+
+    bool operator==(const Rgb&) const = default;
+};
+
+enum class LineStyle { Solid, Alternative };
+
+/// Samples that belong together. Those that are not finite leave a gap; those outside the view are
+/// cut at the border of the plot.
+struct Curve {
+    std::vector<double> x;
+    std::vector<double> y;
+    Rgb colour;
+    LineStyle style = LineStyle::Solid;
+    double width = 1;    ///< pixels; 0 draws no line, which leaves the dots
+    double dotSize = 0;  ///< pixels; 0 draws no dots
+    Rgb dotColour{0, 0, 255};
+};
+
+/// Thin vertical lines through the whole plot.
+struct HairLines {
+    std::vector<double> x;
+    Rgb colour;
+};
+
+/// A horizontal line through the whole plot with a label at its right end.
+struct LevelMark {
+    double y = 0;
+    std::string label;
+    Rgb lineColour;
+    Rgb labelColour;
+};
+
+struct LegendEntry {
+    std::string text;
+    Rgb colour;
+    LineStyle style = LineStyle::Solid;
+};
+
+/// Everything one plot shows, as data; FramePainter draws it. What is left empty takes no room.
+/// Texts are UTF-8.
+struct Picture {
+    View view;
+    std::string title;
+    std::string xName;
+    std::string yName;
+    LabelStyle xLabels = LabelStyle::Engineering;
+    LabelStyle yLabels = LabelStyle::Plain;
+    std::vector<LegendEntry> legend;
+    std::vector<HairLines> hairLines;  ///< drawn below the curves
+    std::vector<Curve> curves;         ///< in drawing order
+    std::vector<LevelMark> marks;
+};
+
+}  // namespace kelvro

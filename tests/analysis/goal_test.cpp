@@ -1,0 +1,119 @@
+#include "analysis/goal.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "design/cycle.h"
+#include "design/pages.h"
+
+namespace kelvro {
+namespace {
+
+using nlohmann::json;
+
+DesignState StateOf(const json& design) {
+    DesignState state;
+    state.page = design["page"];
+    state.R1 = design["r1"];
+    state.R2 = design["r2"];
+    state.fo = design["fo"];
+    state.Q = design["q"];
+    state.k = design["k"];
+    state.QB = design["qb"];
+    state.QBC = design["qbc"];
+    ResponseServices services;
+    Calculate(state, true, services);
+    state.Q = design["q"];  // the page derives its own, the values are for the rounded one
+    return state;
+}
+
+/// Golden values from an independent implementation of the goal.
+TEST(GoalTest, AtTheCalculatedDesignAgreesWithIndependentValues) {
+    const json designs = json::parse(std::ifstream(TEST_DATA "/optimizer.json"));
+    ASSERT_GT(designs.size(), 20U);
+    for (const json& design : designs) {
+        DesignState state = StateOf(design);
+        Goal goal(state, {});
+        const std::vector<double> x(goal.size(), 0.0);
+        const double expected = design["goal_at_start"];
+        EXPECT_NEAR(goal.value(x, CallKind::Evaluation), expected, 1e-9 * std::fabs(expected))
+            << design.dump();
+    }
+}
+
+struct Minimum {
+    int page;
+    std::vector<double> x;
+    double f;
+};
+
+class TestFunctionHas : public testing::TestWithParam<Minimum> {};
+
+TEST_P(TestFunctionHas, ItsKnownMinimum) {
+    const auto& [page, x, f] = GetParam();
+    EXPECT_NEAR(TestFunction(page, x), f, 1e-12);
+    for (std::size_t i = 0; i < x.size(); ++i) {
+        auto beside = x;
+        beside[i] += 0.01;
+        EXPECT_GE(TestFunction(page, beside), f) << "parameter " << i;
+    }
+}
+
+// The valley of page 6: x4 = 1, x1 = -1, x3 = 2, x2 = 2·2 + 1, each square 0.
+INSTANTIATE_TEST_SUITE_P(Pages, TestFunctionHas,
+                         testing::Values(Minimum{6, {-1, 5, 2, 1}, 0}, Minimum{7, {1, -4}, 0},
+                                         Minimum{10, {1, 1}, 0}));
+
+TEST(GoalTest, ParametersAreLogarithmsOfTheComponents) {
+    DesignState state;
+    EnterPage(state, 16);
+    state.eightElements = true;
+    ResponseServices services;
+    Calculate(state, true, services);
+    const Circuit before = PageOf(state).builtCircuit(state);
+    Goal goal(state, {});
+    ASSERT_EQ(goal.size(), 8U);
+    // The first capacitor scales its whole group, the others stay in proportion to it.
+    goal.write(std::vector<double>{std::log(2.0), 0, 0, 0, 0, 0, 0, 0});
+    const Circuit after = PageOf(state).builtCircuit(state);
+    for (std::size_t i = 0; i < before.elements.size(); ++i) {
+        const double factor = before.elements[i].kind == ElementKind::Capacitor ? 2 : 1;
+        EXPECT_NEAR(after.elements[i].value / before.elements[i].value, factor, 1e-12)
+            << before.elements[i].name;
+    }
+    goal.restore();
+    EXPECT_EQ(PageOf(state).builtCircuit(state).elements[0].value, before.elements[0].value);
+}
+
+TEST(GoalTest, OfTheResistorStringVanishesAtTheDesignAndSeesAWrongTap) {
+    DesignState state;
+    EnterPage(state, 19);
+    ResponseServices services;
+    Calculate(state, true, services);
+    Goal goal(state, {});
+    std::vector<double> x(8, 0.0);
+    EXPECT_NEAR(goal.value(x, CallKind::Evaluation), 0, 1e-24);
+    // RD8 10 % too large: only the bandgap residual, 0.1².
+    x[7] = std::log(1.1);
+    EXPECT_NEAR(goal.value(x, CallKind::Evaluation), 0.01, 1e-12);
+}
+
+TEST(GoalTest, NoiseRoundsToTenDigits) {
+    DesignState state;
+    EnterPage(state, 3);
+    ResponseServices services;
+    Calculate(state, true, services);
+    Goal exact(state, {});
+    Goal noisy(state, {.noise = true});
+    const std::vector<double> x = {0.01, 0.02, 0.03};
+    const double f = exact.value(x, CallKind::Evaluation);
+    const double rounded = noisy.value(x, CallKind::Evaluation);
+    EXPECT_NE(f, rounded);
+    EXPECT_NEAR(f, rounded, 1e-9 * std::fabs(f));
+}
+
+}  // namespace
+}  // namespace kelvro

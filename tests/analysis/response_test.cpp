@@ -1,0 +1,143 @@
+#include "analysis/response.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "design/pages.h"
+
+namespace kelvro {
+namespace {
+
+using nlohmann::json;
+
+DesignState StateOf(const json& design) {
+    DesignState state;
+    state.page = design["page"];
+    state.LCSwapped = design["swapped"];
+    state.R1 = design["r1"];
+    state.R2 = design["r2"];
+    state.fo = design["fo"];
+    state.QB = design["qb"];
+    state.QBC = design["qbc"];
+    state.k = design["k"];
+    const char* names[] = {"X1", "X2", "X3", "X4"};
+    for (int i = 0; i < 4; ++i) {
+        state.components[SlotBehind(Slot::C1, i)] = design["components"].value(names[i], 0.0);
+    }
+    state.components[Slot::ZL] = design["zl"];
+    return state;
+}
+
+/// Golden values from an independent ladder calculation.
+TEST(ResponseTest, AgreesWithIndependentLadderAlgebra) {
+    const json designs = json::parse(std::ifstream(TEST_DATA "/response.json"));
+    ASSERT_GT(designs.size(), 10U);
+    for (const json& design : designs) {
+        const Response response(StateOf(design));
+        for (const json& point : design["points"]) {
+            const std::complex<double> expected(point["re"], point["im"]);
+            const auto actual = response.transfer(point["f"]);
+            EXPECT_LE(std::abs(actual - expected), 1e-9 * std::abs(expected))
+                << "page " << design["page"] << " swapped " << design["swapped"] << " at "
+                << point["f"] << ": " << actual << " instead of " << expected;
+        }
+    }
+}
+
+constexpr int kMirroredPages[] = {1, 2, 3, 4, 13, 14, 18};
+
+DesignState DesignedState(int page) {
+    DesignState state;
+    EnterPage(state, page);
+    ResponseServices services;
+    if (Calculate(state, true, services).message) {
+        std::swap(state.R1, state.R2);
+        EXPECT_FALSE(Calculate(state, true, services).message) << page;
+    }
+    return state;
+}
+
+/// At a mirrored frequency s turns into its conjugate, and so does a network function with real
+/// coefficients.
+TEST(ResponseTest, InterchangedNetworksAreConjugatesAtTheMirroredFrequency) {
+    for (const Page& page : Pages()) {
+        DesignState state = DesignedState(page.number);
+        const Response plain(state);
+        state.LCSwapped = true;
+        const Response swapped(state);
+        const bool mirrored =
+            std::ranges::find(kMirroredPages, page.number) != std::end(kMirroredPages);
+        for (const double ratio : {0.01, 0.3, 1.0, 1.7, 40.0}) {
+            const auto actual = swapped.transfer(ratio * state.fo);
+            const auto expected = mirrored ? std::conj(plain.transfer(state.fo / ratio))
+                                           : plain.transfer(ratio * state.fo);
+            EXPECT_LE(std::abs(actual - expected), 1e-12 * std::abs(expected))
+                << "page " << page.number << " at " << ratio;
+        }
+    }
+}
+
+TEST(ResponseTest, IsFiniteAtEveryFrequency) {
+    for (const Page& page : Pages()) {
+        for (const bool swapped : {false, true}) {
+            DesignState state = DesignedState(page.number);
+            state.LCSwapped = swapped;
+            const Response response(state);
+            for (const double f : {0.0, -0.0, 5e-324, 1e-30, 1.0, -2e9, 1e13, 1e25}) {
+                EXPECT_TRUE(std::isfinite(response.magnitude(f))) << page.number << " at " << f;
+                EXPECT_TRUE(std::isfinite(response.relativeDb(f))) << page.number << " at " << f;
+                EXPECT_TRUE(std::isfinite(response.phase(f))) << page.number << " at " << f;
+            }
+        }
+    }
+}
+
+TEST(ResponseTest, ZeroFrequencyOfAMirroredPageCountsAsAMillionthOfFo) {
+    DesignState state = DesignedState(3);
+    state.LCSwapped = true;
+    const Response response(state);
+    EXPECT_EQ(response.transfer(0), response.transfer(1e-6 * state.fo));
+}
+
+TEST(ResponseTest, PagesWithoutNetworkAreIdeal) {
+    for (const int page : {10, 11, 12, 19}) {
+        DesignState state;
+        state.page = page;
+        state.R2 = 450;
+        const Response response(state);
+        EXPECT_EQ(response.transfer(1e6), std::complex<double>(3, 0)) << page;
+    }
+}
+
+TEST(ResponseTest, DerivedQuantitiesFollowFromTheValue) {
+    DesignState state = DesignedState(3);
+    state.RatioRef = 0.25;
+    const Response response(state);
+    const double f = 0.9 * state.fo;
+    const std::complex<double> H = response.transfer(f);
+    EXPECT_NEAR(response.magnitude(f), std::abs(H), 1e-15);
+    EXPECT_NEAR(response.magnitudeDb(f), 10 * std::log10(std::norm(H)), 1e-12);
+    EXPECT_NEAR(response.relativeDb(f), 10 * std::log10(std::norm(H) * 16), 1e-12);
+    EXPECT_NEAR(response.phase(f), std::arg(H) * 180 / 3.14159265358979324, 1e-11);
+    EXPECT_EQ(response.value(f).form, Complex::Form::Cartesian);
+}
+
+/// A pad for the least loss between 2:1 has 20·log(sqrt 2 + 1) dB (textbook formula of minimum-loss
+/// pads), and is its own reference.
+TEST(ResponseTest, TheResistivePadHasTheLeastLossAndPassesZeroDecibels) {
+    DesignState state;
+    state.page = 7;
+    state.R1 = 100;
+    state.R2 = 50;
+    ResponseServices services;
+    const CycleResult result = Calculate(state, true, services);
+    EXPECT_NEAR(result.lossDb, 20 * std::log10(std::sqrt(2) + 1), 1e-8);
+    EXPECT_NEAR(Response(state).relativeDb(1e6), 0, 1e-12);
+}
+
+}  // namespace
+}  // namespace kelvro

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "cli/command_line.h"
+
+namespace kelvro {
+
+struct Output {
+    int code;
+    std::string out;
+    std::string err;
+};
+
+/// Runs the program's commands within the test.
+inline Output RunWith(std::vector<std::string> args) {
+    std::ostringstream out;
+    std::ostringstream err;
+    const int code = RunCommandLine(std::move(args), out, err);
+    return {code, out.str(), err.str()};
+}
+
+}  // namespace kelvro

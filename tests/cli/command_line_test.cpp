@@ -1,0 +1,323 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <complex>
+#include <cstdlib>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "cli_output.h"
+#include "core/number_text.h"
+#include "design/pages.h"
+
+namespace kelvro {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+json JsonOf(std::vector<std::string> args) {
+    args.push_back("--json");
+    const Output outcome = RunWith(std::move(args));
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    return json::parse(outcome.out, nullptr, false);
+}
+
+std::vector<std::vector<double>> CsvRows(const std::string& csv) {
+    std::istringstream lines(csv);
+    std::string line;
+    std::getline(lines, line);
+    EXPECT_EQ(line, "f_Hz,re,im,V_dB,GT_dB,phase_deg");
+    std::vector<std::vector<double>> rows;
+    while (std::getline(lines, line)) {
+        std::istringstream cells(line);
+        std::string cell;
+        rows.emplace_back();
+        while (std::getline(cells, cell, ',')) rows.back().push_back(json::parse(cell));
+    }
+    return rows;
+}
+
+// ---------------------------------------------------------------- usage
+
+struct UsageCase {
+    std::vector<std::string> args;
+    int code;
+    const char* error;  ///< part of the one line on the error stream
+};
+
+void PrintTo(const UsageCase& usage, std::ostream* out) {
+    *out << testing::PrintToString(usage.args);
+}
+
+class Usage : public testing::TestWithParam<UsageCase> {};
+
+TEST_P(Usage, EndsWithItsCodeAndOneLine) {
+    const Output outcome = RunWith(GetParam().args);
+    EXPECT_EQ(outcome.code, GetParam().code);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_THAT(outcome.err, StartsWith("kelvro-cli: "));
+    EXPECT_THAT(outcome.err, HasSubstr(GetParam().error));
+    EXPECT_EQ(std::ranges::count(outcome.err, '\n'), 1) << outcome.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Faults, Usage,
+    testing::Values(
+        UsageCase{{}, 2, "subcommand"}, UsageCase{{"fly"}, 2, "fly"},
+        UsageCase{{"number"}, 2, "TEXT"}, UsageCase{{"series", "E12"}, 2, "TEXT"},
+        UsageCase{{"series", "E13", "5"}, 2, "SERIES"}, UsageCase{{"series", "E12", "x"}, 2, "'x'"},
+        UsageCase{{"series", "E12", "-5"}, 2, "not above 0"}, UsageCase{{"design"}, 2, "PAGE"},
+        UsageCase{{"design", "20"}, 2, "'20' is no page"},
+        UsageCase{{"design", "pi\nsection"}, 2, "is no page"},
+        UsageCase{{"design", "pi", "--r1"}, 2, "--r1"},
+        UsageCase{{"design", "pi", "--r1", "ohm"}, 2, "--r1: 'ohm'"},
+        UsageCase{{"design", "pi", "--fo", ""}, 2, "--fo"},
+        UsageCase{{"design", "pi", "--what", "1"}, 2, "--what"},
+        UsageCase{{"design", "pi", "--series", "E13"}, 2, "--series"},
+        UsageCase{{"design", "pi", "--take", "L"}, 2, "--take"},
+        UsageCase{{"design", "pi", "--take", "L=x"}, 2, "--take"},
+        UsageCase{{"design", "pi", "--take", "L1=1n"}, 2, "no component 'L1' (it has: C1, C2, L)"},
+        UsageCase{{"response", "pi", "--to", "1M"}, 2, "--from"},
+        UsageCase{{"response", "pi", "--from", "0", "--to", "1M"}, 2, "--from"},
+        UsageCase{{"response", "pi", "--from", "1", "--to", "-1M"}, 2, "--to"},
+        UsageCase{{"response", "pi", "--from", "1", "--to", "1e999", "--linear"}, 2, "--to"},
+        UsageCase{{"response", "pi", "--from", "1", "--to", "2", "--points", "1"}, 2, "--points"},
+        UsageCase{{"response", "pi", "--from", "1", "--to", "2", "--points", "x"}, 2, "--points"},
+        UsageCase{{"design", "lc-series", "--r1", "50", "--r2", "10"}, 3, "It must be R2>R1!"},
+        UsageCase{
+            {"response", "2", "--r1", "50", "--from", "1", "--to", "2"}, 3, "It must be R1>R2!"},
+        UsageCase{{"design", "1", "--r2", "10", "--take", "L=1u", "--take", "C1=1n"},
+                  3,
+                  "no value for C2"}));
+
+TEST(CommandLineTest, HelpAndVersionAreNoFaults) {
+    EXPECT_EQ(RunWith({"--version"}).out, "kelvro-cli " KELVRO_VERSION "\n");
+    for (const std::vector<std::string>& args :
+         {std::vector<std::string>{"--help"}, {"design", "--help"}, {"number", "--help"}}) {
+        const Output outcome = RunWith(args);
+        EXPECT_EQ(outcome.code, 0);
+        EXPECT_THAT(outcome.out, HasSubstr("Usage: kelvro-cli"));
+        EXPECT_EQ(outcome.err, "");
+    }
+}
+
+TEST(CommandLineTest, OutputThatCannotBeWrittenIsAFault) {
+    std::ofstream full("/dev/full");
+    std::ostringstream err;
+    EXPECT_EQ(RunCommandLine({"pages"}, full, err), 1);
+    EXPECT_THAT(err.str(), HasSubstr("could not be written"));
+}
+
+TEST(CommandLineTest, TheProgramHandsItsExitCodeToTheShell) {
+    const auto code = [](const std::string& args) {
+        const std::string command = "'" CLI_PROGRAM "' " + args + " >/dev/null 2>&1";
+        return WEXITSTATUS(std::system(command.c_str()));
+    };
+    EXPECT_EQ(code("design pi --no-optimize"), 0);
+    EXPECT_EQ(code("design piccolo"), 2);
+    EXPECT_EQ(code("design 1 --r1 200 --r2 50"), 3);
+}
+
+// ---------------------------------------------------------------- numbers
+
+TEST(NumberCommand, TreatsEveryArgumentAsAText) {
+    EXPECT_EQ(RunWith({"number", "4,7k"}).out, "4700\t   4.70k\t4.70k\n");
+    EXPECT_EQ(RunWith({"number", "-2e2", "--5", "abc", "", "-h"}).out,
+              "-200\t-200.000\t-200.00\n0\t   0.000\t0.0\n0\t   0.000\t0.0\n0\t   0.000\t0.0\n"
+              "0\t   0.000\t0.0\n");
+    EXPECT_EQ(RunWith({"number", "--", "0.1"}).out, "0.10000000000000001\t 100.00m\t0.10\n");
+}
+
+TEST(SeriesCommand, WritesBelowAboveAndNearest) {
+    EXPECT_EQ(RunWith({"series", "e12", "1.3n", "100"}).out,
+              "  1.20n\t  1.50n\t  1.20n\n 82.000\t100.000\t100.000\n");
+}
+
+TEST(PagesCommand, ListsNumberKeyAndCaption) {
+    const std::string out = RunWith({"pages"}).out;
+    EXPECT_THAT(out, StartsWith("1\tlc-series\tLC Series Tank\n2\tlc-parallel\t"));
+    EXPECT_THAT(out, HasSubstr("\n19\tr-divider\tR-Divider\n"));
+    EXPECT_EQ(std::ranges::count(out, '\n'), 19);
+}
+
+// ---------------------------------------------------------------- design
+
+TEST(DesignCommand, WritesThePiSectionAsJson) {
+    const json design = JsonOf(
+        {"design", "pi", "--r1", "50", "--r2", "200", "--fo", "10M", "--q", "5", "--no-optimize"});
+    EXPECT_EQ(design["page"], 3);
+    EXPECT_EQ(design["caption"], "Pi Section");
+    EXPECT_EQ(design["inputs"], (json{{"R1", 50},
+                                      {"R2", 200},
+                                      {"fo", 1e7},
+                                      {"Q", 5},
+                                      {"QB", 100},
+                                      {"QBC", 1000},
+                                      {"k", 0.9},
+                                      {"er", 1}}));
+    EXPECT_TRUE(design["message"].is_null());
+    EXPECT_TRUE(design["goal"].is_null());
+    const json& C1 = design["components"].at(0);
+    EXPECT_EQ(C1["name"], "C1");
+    EXPECT_EQ(C1["unit"], "F");
+    EXPECT_EQ(C1["text"], "1.06n");
+    EXPECT_EQ(C1["series"], "1.00n");
+    EXPECT_DOUBLE_EQ(C1["value"], 1.0610329539459689e-9);  // 10/(150·ω)
+    EXPECT_EQ(design["texts"]["C13Ausgabe"], "    1.06n");
+    EXPECT_EQ(design["texts"]["BAusgabe"], "    2.00M");
+    EXPECT_EQ(design["outputs"]["B"], 2e6);
+    EXPECT_DOUBLE_EQ(design["outputs"]["Q_total"], 2000.0 / 11);
+}
+
+TEST(DesignCommand, EveryPageGivesItsFieldsAndOutputs) {
+    for (const Page& page : Pages()) {
+        std::vector<std::string> args = {"design", std::string(page.key), "--no-optimize"};
+        if (RunWith(args).code == 3) args.insert(args.end(), {"--r1", "200", "--r2", "50"});
+        const json design = JsonOf(args);
+        ASSERT_TRUE(design.is_object()) << page.key;
+        for (const char* output : {"B", "v", "v_db", "loss_db", "Q_total"}) {
+            EXPECT_TRUE(design["outputs"].contains(output)) << page.key;
+        }
+        for (const OutputField& field : page.outputs) {
+            EXPECT_TRUE(design["texts"].contains(field.object)) << field.object;
+        }
+        for (const json& component : design["components"]) {
+            EXPECT_EQ(component["value"].is_number(), component["value"] != "infinite");
+            EXPECT_NE(component["name"], "");
+        }
+        EXPECT_THAT(RunWith(args).out, HasSubstr(std::string(page.caption)));
+    }
+}
+
+TEST(DesignCommand, ARefusedDesignStillSaysWhatItCan) {
+    const Output outcome = RunWith({"design", "lc-parallel", "--fo", "1M", "--q", "5", "--json"});
+    EXPECT_EQ(outcome.code, 3);
+    const json design = json::parse(outcome.out);
+    EXPECT_THAT(design["message"], HasSubstr("It must be R1>R2!"));
+    EXPECT_EQ(design["components"], json::array());
+    EXPECT_EQ(design["outputs"]["B"], 2e5);
+}
+
+TEST(DesignCommand, WritesInfiniteNumbersAsText) {
+    EXPECT_EQ(JsonOf({"design", "7", "--r1", "100", "--r2", "50"})["outputs"]["B"], "infinite");
+    // XC1 = 2·0.5·10 - sqrt(10·10) = 0.
+    const json design =
+        JsonOf({"design", "1", "--r1", "10", "--r2", "20", "--q", "0.5", "--no-optimize"});
+    EXPECT_EQ(design["components"].at(1)["name"], "C1");
+    EXPECT_EQ(design["components"].at(1)["value"], "infinite");
+}
+
+TEST(DesignCommand, ClampsItsInputsLikeTheWindow) {
+    const json inputs = JsonOf({"design", "pi", "--r1", "0", "--r2", "1e9", "--fo", "100G", "--q",
+                                "1k", "--qb", "1", "--k", "7", "--no-optimize"})["inputs"];
+    EXPECT_EQ(inputs["R1"], 0.001);
+    EXPECT_EQ(inputs["R2"], 1e6);
+    EXPECT_EQ(inputs["fo"], 2e10);
+    EXPECT_EQ(inputs["Q"], 500);
+    EXPECT_EQ(inputs["QB"], 5);
+    EXPECT_EQ(inputs["k"], 1);
+    EXPECT_EQ(JsonOf({"design", "class-e", "--q", "0"})["inputs"]["Q"], 1.9);
+    EXPECT_EQ(JsonOf({"design", "broadband", "--no-optimize"})["inputs"]["Q"], 0.2);
+}
+
+TEST(DesignCommand, InterchangedComponentsKeepTheNamesOfTheirFields) {
+    const json design = JsonOf({"design", "pi", "--fo", "1M", "--swap-lc", "--no-optimize"});
+    const json& C1 = design["components"].at(0);
+    EXPECT_EQ(C1["name"], "C1");
+    EXPECT_EQ(C1["label"], "Inductance L1");
+    EXPECT_EQ(C1["unit"], "H");
+    // C1 = 10/(150·ω) becomes 1/(ω²·C1) = 15/ω.
+    EXPECT_NEAR(C1["value"], 15 * 1.5915494309189535e-7, 1e-18);
+}
+
+TEST(DesignCommand, TakenComponentsReplaceDesignedOnes) {
+    const json design =
+        JsonOf({"design", "pi", "--fo", "10M", "--take", "L=680n", "--take", "C2=infinite"});
+    EXPECT_EQ(design["components"].at(0)["text"], "1.06n");
+    EXPECT_EQ(design["components"].at(1)["value"], "infinite");
+    EXPECT_DOUBLE_EQ(design["components"].at(2)["value"], 680e-9);
+    EXPECT_TRUE(design["goal"].is_null());
+}
+
+TEST(DesignCommand, StartsFromASettingsFile) {
+    const std::string file = testing::TempDir() + "kelvro-cli-test.ini";
+    std::ofstream(file) << "[Variablen]\nR1=75\nR2=300\nfo=5M\nTyp=1\n";
+    const json inputs = JsonOf({"design", "pi", "--ini", file, "--r2", "600"})["inputs"];
+    EXPECT_EQ(inputs["R1"], 75);
+    EXPECT_EQ(inputs["R2"], 600);
+    EXPECT_EQ(inputs["fo"], 5e6);
+    const Output missing = RunWith({"design", "pi", "--ini", file + ".not"});
+    EXPECT_EQ(missing.code, 0);
+    EXPECT_THAT(missing.err, HasSubstr("--ini: Cannot read"));
+}
+
+// ---------------------------------------------------------------- response
+
+TEST(ResponseCommand, SpreadsItsPointsEvenlyOrInEqualRatios) {
+    const auto logarithmic =
+        CsvRows(RunWith({"response", "pi", "--from", "1M", "--to", "100M", "--points", "5"}).out);
+    ASSERT_EQ(logarithmic.size(), 5U);
+    EXPECT_EQ(logarithmic[0][0], 1e6);
+    EXPECT_NEAR(logarithmic[2][0], 1e7, 1e-6);
+    EXPECT_EQ(logarithmic[4][0], 1e8);
+    const auto linear = CsvRows(
+        RunWith({"response", "pi", "--from", "0", "--to", "100M", "--points", "5", "--linear"})
+            .out);
+    EXPECT_EQ(linear[1][0], 25e6);
+    EXPECT_DOUBLE_EQ(linear[0][1], 1.6);  // 2·R2/(R1 + R2) without reactances
+    EXPECT_EQ(CsvRows(RunWith({"response", "pi", "--from", "1M", "--to", "2M"}).out).size(), 255U);
+}
+
+TEST(ResponseCommand, WritesTheSameAsJson) {
+    const std::vector<std::string> args = {"response", "trl", "--from",   "10M",
+                                           "--to",     "1G",  "--points", "7"};
+    const auto rows = CsvRows(RunWith(args).out);
+    const json points = JsonOf(args);
+    ASSERT_EQ(points.size(), rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        EXPECT_EQ(points[i]["f_Hz"], rows[i][0]);
+        EXPECT_EQ(points[i]["GT_dB"], rows[i][4]);
+    }
+}
+
+/// Golden values of an independent ladder calculation, taken through the command line.
+TEST(ResponseCommand, EvaluatesTakenComponentsWhateverThePageThinksOfThem) {
+    const json designs = json::parse(std::ifstream(TEST_DATA "/response.json"));
+    const std::pair<const char*, Slot> slots[] = {
+        {"X1", Slot::C1}, {"X2", Slot::C2}, {"X3", Slot::L}, {"X4", Slot::L2}};
+    for (const json& design : designs) {
+        const Page& page = PageOf(design["page"].get<int>());
+        std::vector<std::string> args = {"response", std::string(page.key), "--linear", "--points",
+                                         "2"};
+        for (const char* input : {"r1", "r2", "fo", "qb", "qbc", "k"}) {
+            args.insert(args.end(), {std::string("--") + input, FormatExact(design[input])});
+        }
+        if (design["swapped"]) args.push_back("--swap-lc");
+        for (const OutputField& field : page.outputs) {
+            double value = field.slot == Slot::ZL ? design["zl"].get<double>() : 0;
+            for (const auto& [name, slot] : slots) {
+                if (field.slot == slot) value = design["components"].value(name, 0.0);
+            }
+            if (value == 0) continue;
+            args.insert(args.end(), {"--take", std::string(field.name) + "=" + FormatExact(value)});
+        }
+        for (const json& point : design["points"]) {
+            auto at = args;
+            at.insert(at.end(),
+                      {"--from", FormatExact(point["f"]), "--to", FormatExact(point["f"])});
+            const Output outcome = RunWith(at);
+            ASSERT_EQ(outcome.code, 0) << outcome.err;
+            const auto row = CsvRows(outcome.out).at(0);
+            const std::complex<double> expected(point["re"], point["im"]);
+            EXPECT_LE(std::abs(std::complex<double>(row[1], row[2]) - expected),
+                      1e-9 * std::abs(expected))
+                << "page " << page.number << " at " << row[0];
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kelvro

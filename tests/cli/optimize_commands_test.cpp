@@ -1,0 +1,112 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "cli_output.h"
+#include "core/number_text.h"
+
+namespace kelvro {
+namespace {
+
+TEST(TourCommandTest, MonteCarloShowsTheTourOfItsBestRun) {
+    const Output runs = RunWith({"tour", "--cities", "12", "--city-seed", "6", "--mc", "--json"});
+    ASSERT_EQ(runs.code, 0) << runs.err;
+    const auto document = nlohmann::json::parse(runs.out);
+    EXPECT_EQ(document["monte_carlo"]["runs"], 81);
+    EXPECT_EQ(document["seed"], document["monte_carlo"]["best"]);
+    EXPECT_EQ(document["length"], document["monte_carlo"]["minimum"]);
+
+    const std::string best = std::to_string(document["monte_carlo"]["best"].get<int>());
+    const Output single =
+        RunWith({"tour", "--cities=12", "--city-seed=6", "--seed", best, "--json"});
+    EXPECT_EQ(nlohmann::json::parse(single.out)["tour"], document["tour"]);
+}
+
+TEST(TourCommandTest, RefusesWhatNoTourCanBeMadeOf) {
+    const std::vector<std::string> bad[] = {{"tour", "--cities", "4"},
+                                            {"tour", "--cities", "many"},
+                                            {"tour", "--seed", "-1"},
+                                            {"tour", "--accept", "always"},
+                                            {"guide", "--n", "x"}};
+    for (const auto& args : bad) {
+        const Output output = RunWith(args);
+        EXPECT_EQ(output.code, 2) << args[1] << args[2];
+        EXPECT_EQ(output.out, "") << args[1] << args[2];
+        EXPECT_EQ(std::ranges::count(output.err, '\n'), 1) << output.err;
+    }
+}
+
+TEST(GuideCommandTest, TakesTheSituationFromItsOptions) {
+    const Output output =
+        RunWith({"guide", "--n", "10", "--bad-start", "--nonlinear", "--difficult"});
+    EXPECT_EQ(output.out.find("Consider a global optimizer. You can expect"), 0U) << output.out;
+    EXPECT_NE(output.out.find(" 420 simulation points."), std::string::npos) << output.out;
+}
+
+TEST(ProposeCommandTest, PromisesTheNumbersOfTheDesignCommand) {
+    const Output proposed =
+        RunWith({"propose", "--r1", "300", "--r2", "50", "--q", "6", "--dc", "pass", "--json"});
+    ASSERT_EQ(proposed.code, 0) << proposed.err;
+    const auto proposals = nlohmann::json::parse(proposed.out);
+    ASSERT_FALSE(proposals.empty());
+    for (const auto& proposal : proposals) {
+        if (proposal["switch_r"] || proposal["gt_db"].is_null()) continue;
+        std::vector<std::string> args = {"design", proposal["key"], "--r1", "300",   "--r2",
+                                         "50",     "--q",           "6",    "--json"};
+        if (proposal["swap_lc"]) args.emplace_back("--swap-lc");
+        const auto design = nlohmann::json::parse(RunWith(args).out);
+        EXPECT_EQ(proposal["v"], design["outputs"]["v"]) << proposal["title"];
+        EXPECT_EQ(proposal["gt_db"], -design["outputs"]["loss_db"].get<double>());
+    }
+}
+
+TEST(OptimizeCommandTest, ReportsGoalAndComponentsBeforeAndAfter) {
+    const std::vector<std::string> args = {"optimize", "pi", "--r1", "50", "--r2", "200", "--json"};
+    const auto document = nlohmann::json::parse(RunWith(args).out);
+    const auto& goal = document["goal"];
+    EXPECT_LT(goal["final"], goal["start"]);
+    EXPECT_LE(goal["calls_line_search"].get<int>() + goal["calls_gradient"].get<int>(),
+              goal["calls"].get<int>());
+    for (const char* name : {"C1", "C2", "L"}) {
+        EXPECT_GT(document["before"][name], 0) << name;
+        EXPECT_NE(document["before"][name], document["after"][name]) << name;
+    }
+    const auto design =
+        nlohmann::json::parse(RunWith({"design", "pi", "--r1", "50", "--r2", "200", "--json"}).out);
+    EXPECT_EQ(design["goal"]["final"], goal["final"]);
+    const std::string start = RunWith({"goal", "pi", "--r1", "50", "--r2", "200"}).out;
+    EXPECT_DOUBLE_EQ(ParseValue(start), goal["start"]);
+}
+
+TEST(OptimizeCommandTest, OptionsSteerTheRun) {
+    const auto goalOf = [](std::vector<std::string> extra) {
+        std::vector<std::string> args = {"optimize", "pi", "--json"};
+        args.insert(args.end(), extra.begin(), extra.end());
+        return nlohmann::json::parse(RunWith(args).out)["goal"];
+    };
+    EXPECT_LE(goalOf({"--max-iterations", "2"})["iterations"], 2);
+    EXPECT_GT(goalOf({"--two-runs"})["calls"], goalOf({})["calls"]);
+    EXPECT_TRUE(goalOf({"--keywords", "nopt"}).is_null());
+    EXPECT_NE(goalOf({"--keywords", "steep"})["final"], goalOf({})["final"]);
+    EXPECT_NE(goalOf({"--q", "0.2", "--max-norm"})["start"], goalOf({"--q", "0.2"})["start"]);
+}
+
+TEST(OptimizeCommandTest, RefusesWhatCannotBeDone) {
+    EXPECT_EQ(RunWith({"optimize", "pi", "--log", "/nowhere/opt.txt"}).code, 1);
+    EXPECT_EQ(RunWith({"optimize", "passive-pi-t"}).code, 3);
+    EXPECT_EQ(RunWith({"optimize", "t", "--r1", "50", "--r2", "50"}).code, 3);
+    EXPECT_EQ(RunWith({"optimize", "pi", "--max-iterations", "0"}).code, 2);
+    EXPECT_EQ(RunWith({"goal", "pi", "--x", "1,2"}).code, 2);
+}
+
+TEST(ProposeCommandTest, SaysWhenNoPageSuits) {
+    const Output output = RunWith({"propose", "--resistive", "--harmonics"});
+    EXPECT_EQ(output.code, 3);
+    EXPECT_EQ(output.err, "kelvro-cli: no page suits these wishes; --all tells why\n");
+    const Output both = RunWith({"propose", "--q", "3", "--bandwidth", "1M"});
+    EXPECT_EQ(both.code, 2);
+}
+
+}  // namespace
+}  // namespace kelvro

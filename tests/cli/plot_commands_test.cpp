@@ -1,0 +1,159 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "cli_output.h"
+
+namespace kelvro {
+namespace {
+
+class PlotCommands : public testing::Test {
+  protected:
+    PlotCommands() {
+        char name[] = "/tmp/kelvro-XXXXXX";
+        folder_ = mkdtemp(name);
+    }
+    ~PlotCommands() override { std::filesystem::remove_all(folder_); }
+
+    std::string path(const std::string& name) const { return folder_ / name; }
+    std::string content(const std::string& name) const {
+        std::ifstream file(path(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    /// The picture of a Pi section.
+    std::string plot(std::vector<std::string> options, const std::string& name) {
+        options.insert(options.begin(), {"plot", "pi", "--fo", "10M", "-o", path(name)});
+        const Output output = RunWith(options);
+        EXPECT_EQ(output.code, 0) << output.err;
+        EXPECT_EQ(output.out + output.err, "");
+        return content(name);
+    }
+
+  private:
+    std::filesystem::path folder_;
+};
+
+TEST_F(PlotCommands, PlotWritesEveryFormatByItsEnding) {
+    const std::pair<const char*, std::string> starts[] = {
+        {"a.png", "\x89PNG\r\n"},     {"a.svg", "<?xml"},
+        {"a.pdf", "%PDF-"},           {"a.bmp", "BM"},
+        {"a.jpg", "\xFF\xD8\xFF"},    {"a.gif", "GIF8"},
+        {"a.WMF", "\xD7\xCD\xC6\x9A"}};
+    for (const auto& [name, start] : starts) {
+        EXPECT_EQ(plot({"--size", "300x200"}, name).substr(0, start.size()), start) << name;
+    }
+}
+
+TEST_F(PlotCommands, PlotNeedsNoDisplayAndNoSurroundings) {
+    const std::string command =
+        "env -i '" CLI_PROGRAM "' plot t --r2 20 --quantity phi --linear -o " + path("t.png");
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_GT(content("t.png").size(), 1000U);
+}
+
+TEST_F(PlotCommands, TheSameSeedGivesTheSamePicture) {
+    const std::string first = plot({"--mc", "5", "--seed", "3"}, "a.png");
+    EXPECT_EQ(plot({"--mc", "5", "--seed", "3"}, "b.png"), first);
+    EXPECT_NE(plot({"--mc", "5", "--seed", "4"}, "c.png"), first);
+    EXPECT_NE(plot({"--mc", "5", "--seed", "3", "--ctol", "20"}, "d.png"), first);
+}
+
+TEST_F(PlotCommands, OptionsOfTheViewChangeThePicture) {
+    std::vector<std::string> pictures{plot({}, "a.png")};
+    for (const std::vector<std::string>& options : {std::vector<std::string>{"--quantity", "v"},
+                                                    {"--quantity", "phi"},
+                                                    {"--linear"},
+                                                    {"--from", "1M", "--to", "20M"},
+                                                    {"--autoscale"},
+                                                    {"--size", "200x100"}}) {
+        pictures.push_back(plot(options, "a.png"));
+        EXPECT_EQ(std::ranges::count(pictures, pictures.back()), 1) << options.front();
+    }
+}
+
+TEST_F(PlotCommands, TableRunsFromOneEndToTheOther) {
+    const Output output = RunWith(
+        {"table", "pi", "--fo", "10M", "--from", "10", "--to", "10240", "-o", path("pi.tab")});
+    ASSERT_EQ(output.code, 0) << output.err;
+    const std::string table = content("pi.tab");
+    EXPECT_EQ(std::ranges::count(table, '\n'), 514);
+    EXPECT_NE(table.find("\r\n 10.0000 "), std::string::npos);
+    EXPECT_NE(table.find("\r\n 10.240k "), std::string::npos);
+}
+
+TEST_F(PlotCommands, ToleranceReportsSpreadYieldAndParts) {
+    const std::vector<std::string> args{
+        "tolerance", "lc-series", "--fo", "10M",    "--runs", "500",    "--seed",
+        "7",         "--ctol",    "50",   "--ltol", "0",      "--json", "--no-optimize"};
+    const Output output = RunWith(args);
+    ASSERT_EQ(output.code, 0) << output.err;
+    const auto document = nlohmann::json::parse(output.out);
+    EXPECT_EQ(document["runs"], 500);
+    EXPECT_EQ(document["seed"], 7);
+    const auto at = [&document](const char* key) { return document[key].get<double>(); };
+    EXPECT_LE(at("minimum_db"), at("percentile_5_db"));
+    EXPECT_LE(at("percentile_5_db"), at("mean_db"));
+    EXPECT_LE(at("mean_db"), at("percentile_95_db"));
+    EXPECT_LE(at("percentile_95_db"), at("maximum_db"));
+    const auto& parts = document["parts"];
+    ASSERT_EQ(parts.size(), 3U);
+    EXPECT_EQ(parts[0]["tolerance_percent"], 35);
+    EXPECT_EQ(parts[2]["tolerance_percent"], 0.1);
+    // C1 lies in the resonant branch; a coil of 0.1 percent has no say beside it.
+    EXPECT_GT(std::abs(parts[0]["correlation"].get<double>()), 0.3);
+    EXPECT_LT(std::abs(parts[2]["correlation"].get<double>()), 0.2);
+
+    EXPECT_EQ(RunWith(args).out, output.out);
+    std::vector<std::string> lenient = args;
+    lenient.insert(lenient.end(), {"--limit-db", "-300"});
+    EXPECT_EQ(nlohmann::json::parse(RunWith(lenient).out)["yield"], 1);
+}
+
+TEST_F(PlotCommands, ToleranceWithoutASeedSaysWhichOneItTook) {
+    const auto seed = [] {
+        const Output output = RunWith({"tolerance", "pi", "--runs", "2", "--json"});
+        return nlohmann::json::parse(output.out)["seed"].get<std::uint64_t>();
+    };
+    EXPECT_NE(seed(), seed());
+}
+
+TEST_F(PlotCommands, WhatCannotBeDoneEndsWithOneLineAndItsCode) {
+    struct Row {
+        int code;
+        std::vector<std::string> args;
+    };
+    const std::string png = path("a.png");
+    const Row rows[] = {{2, {"plot", "pi", "-o", path("a.tiff")}},
+                        {2, {"plot", "pi"}},
+                        {2, {"plot", "pi", "-o", png, "--size", "10x10"}},
+                        {2, {"plot", "pi", "-o", png, "--size", "300"}},
+                        {2, {"plot", "pi", "-o", png, "--size", "300x99999999999"}},
+                        {2, {"plot", "pi", "-o", png, "--quantity", "s21"}},
+                        {2, {"plot", "pi", "-o", png, "--from", "0"}},
+                        {2, {"plot", "pi", "-o", png, "--from", "2M", "--to", "1M"}},
+                        {2, {"plot", "pi", "-o", png, "--mc", "-1"}},
+                        {2, {"plot", "pi", "-o", png, "--mc", "1", "--seed", "-1"}},
+                        {3, {"plot", "lc-series", "--r1", "200", "--r2", "50", "-o", png}},
+                        {3, {"plot", "r-divider", "-o", png}},
+                        {1, {"plot", "pi", "-o", path("missing/a.png")}},
+                        {2, {"table", "pi", "--from", "1M", "-o", path("a.tab")}},
+                        {2, {"table", "pi", "--from", "-1", "--to", "1", "--linear", "-o", "x"}},
+                        {1, {"table", "pi", "--from", "1", "--to", "2", "-o", path("no/a.tab")}},
+                        {2, {"tolerance", "pi", "--runs", "0"}},
+                        {2, {"tolerance", "pi", "--ctol", "much"}},
+                        {3, {"tolerance", "rlopt"}}};
+    for (const Row& row : rows) {
+        const Output output = RunWith(row.args);
+        EXPECT_EQ(output.code, row.code) << output.err;
+        EXPECT_EQ(std::ranges::count(output.err, '\n'), 1) << output.err;
+        EXPECT_EQ(output.out, "") << output.err;
+        EXPECT_FALSE(std::filesystem::exists(png)) << output.err;
+    }
+}
+
+}  // namespace
+}  // namespace kelvro

@@ -1,0 +1,247 @@
+// The calculation cycle: its order, shared outputs, interchanged components, taken values.
+
+#include "design/cycle.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "page_input.h"
+
+namespace kelvro {
+namespace {
+
+/// Writes down what the cycle asks for; the network passes a fixed ratio.
+class RecordedServices : public CycleServices {
+  public:
+    explicit RecordedServices(double ratio = 1) : ratio_(ratio) {}
+    double responseMagnitude(const DesignState&, double f) override {
+        calls += f == frequency ? "v" : "?";
+        return ratio_;
+    }
+    void optimize(DesignState& state) override {
+        calls += "o";
+        state.components[Slot::C1] *= 2;  // what the optimizer leaves is what counts
+    }
+    std::string calls;
+    double frequency = 100e6;
+
+  private:
+    double ratio_;
+};
+
+TEST(CycleTest, ABusyStateIsNotTouched) {
+    DesignState state;
+    state.Busy = true;
+    state.R1 = 7;
+    const DesignState before = state;
+    RecordedServices services;
+    const CycleResult result = Calculate(state, true, services);
+    EXPECT_FALSE(result.calculated);
+    EXPECT_TRUE(result.texts.empty());
+    EXPECT_EQ(state, before);
+    EXPECT_EQ(services.calls, "");
+}
+
+TEST(CycleTest, OptimizesBeforeItEvaluatesExceptOnTheLineAndResistivePages) {
+    for (const auto& [page, calls] :
+         {std::pair{1, "ov"}, {3, "ov"}, {5, "ov"}, {6, "vo"}, {7, "vo"}}) {
+        DesignState state;
+        state.page = page;
+        if (page == 7) std::swap(state.R1, state.R2);
+        RecordedServices services;
+        Calculate(state, true, services);
+        EXPECT_EQ(services.calls, calls) << page;
+    }
+    DesignState refused;
+    refused.page = 7;
+    RecordedServices services;
+    EXPECT_TRUE(Calculate(refused, true, services).message);
+    EXPECT_EQ(services.calls, "o");
+}
+
+TEST(CycleTest, FieldsShowWhatTheOptimizerLeft) {
+    DesignState state = StateWith(3, {{"fo", "10M"}});
+    RecordedServices services;
+    services.frequency = 10e6;
+    const CycleResult result = Calculate(state, true, services);
+    EXPECT_EQ(*result.text("C13Ausgabe"), "    2.12n");  // twice 1.06n
+    EXPECT_EQ(services.calls, "ov");
+}
+
+TEST(CycleTest, SharedOutputsFollowFromVAndTheResistances) {
+    // R2/R1 = 4: ideal ratio 2. v = 1.5: 3.52 dB, loss -20·log(0.75) = 2.499 dB.
+    DesignState state;
+    state.page = 3;
+    state.QB = 100;
+    state.QBC = 300;
+    RecordedServices services(1.5);
+    const CycleResult result = Calculate(state, true, services);
+    EXPECT_EQ(*result.text("ueAusgabe"), "     1.500");
+    EXPECT_EQ(*result.text("dBAusgabe"), "    3.52");
+    EXPECT_EQ(*result.text("dAusgabe"), "   2.499");
+    EXPECT_EQ(*result.text("QBgesAusgabe"), "  150.00");
+    EXPECT_EQ(*result.text("BAusgabe"), "   20.00M");
+    EXPECT_EQ(state.RatioRef, 2);
+    EXPECT_EQ(state.ue, 1.5);
+    RecordedServices ideal(2);
+    EXPECT_EQ(*Calculate(state, true, ideal).text("dAusgabe"), "   0.000");
+}
+
+TEST(CycleTest, TheBalunReferesItsLossToTwoSources) {
+    // sqrt(R2/(2·R1)) = 1 for 50 and 100 ohm: v = 0.5 is a loss of 6.021 dB.
+    DesignState state;
+    state.page = 9;
+    state.R2 = 100;
+    RecordedServices services(0.5);
+    EXPECT_EQ(*Calculate(state, true, services).text("dAusgabe"), "   6.021");
+}
+
+TEST(CycleTest, TheResistivePadIsItsOwnReference) {
+    DesignState state = StateWith(7, {{"r1", "100"}, {"r2", "50"}});
+    RecordedServices services(0.3);
+    const CycleResult result = Calculate(state, true, services);
+    EXPECT_EQ(state.RatioRef, 0.3);
+    // The loss still counts against sqrt(1/2): -20·log(0.3/0.70711) = 7.447 dB.
+    EXPECT_EQ(*result.text("dAusgabe"), "   7.447");
+}
+
+TEST(CycleTest, PagesWithoutNetworkShowDashes) {
+    for (const int page : {10, 11, 12, 15, 19}) {
+        DesignState state;
+        EnterPage(state, page);
+        RecordedServices services;
+        const CycleResult result = Calculate(state, true, services);
+        for (const char* object : {"ueAusgabe", "dBAusgabe", "dAusgabe", "QBgesAusgabe"}) {
+            EXPECT_EQ(*result.text(object), "     -") << page;
+        }
+        EXPECT_EQ(*result.text("BAusgabe"), page == 15 ? "   20.00M" : "     -") << page;
+    }
+}
+
+TEST(CycleTest, ASmallQCountsAsAThousandth) {
+    DesignState tiny = StateWith(3, {});
+    tiny.Q = 0;
+    DesignState thousandth = tiny;
+    thousandth.Q = 0.001;
+    NoServices services;
+    Calculate(tiny, true, services);
+    Calculate(thousandth, true, services);
+    EXPECT_EQ(tiny.components, thousandth.components);
+}
+
+TEST(CycleTest, InterchangedPagesShowDualValuesAndKeepTheirComponents) {
+    for (const int page : {1, 2, 3, 4, 13, 14}) {
+        DesignState plain;
+        plain.page = page;
+        if (page == 2) std::swap(plain.R1, plain.R2);
+        DesignState swapped = plain;
+        swapped.LCSwapped = true;
+        NoServices services;
+        Calculate(plain, true, services);
+        const CycleResult result = Calculate(swapped, true, services);
+        EXPECT_EQ(swapped.components, plain.components) << page;
+        for (const OutputField& field : PageOf(page).outputs) {
+            if (field.slot == Slot::None) continue;
+            const double dual = 1 / (std::pow(Omega(plain), 2) * field.component(plain));
+            EXPECT_EQ(*result.text(field.object), kEngineering.text(dual)) << field.object;
+        }
+    }
+    const Circuit circuit = PageOf(3).circuit(DesignState());
+    Circuit twice = Dual(Dual(circuit, 1e8), 1e8);
+    for (std::size_t i = 0; i < circuit.elements.size(); ++i) {
+        EXPECT_EQ(twice.elements[i].name, circuit.elements[i].name);
+        EXPECT_EQ(twice.elements[i].kind, circuit.elements[i].kind);
+    }
+}
+
+TEST(CycleTest, TakenComponentsAreNotDesignedAnew) {
+    DesignState state = StateWith(3, {{"fo", "10M"}});
+    NoServices services;
+    Calculate(state, true, services);
+    state.components[Slot::L] = 680e-9;
+    const CycleResult result = Calculate(state, false, services);
+    EXPECT_EQ(*result.text("L3Ausgabe"), "  680.00n");
+    EXPECT_EQ(*result.text("C13Ausgabe"), "    1.06n");
+}
+
+TEST(CycleTest, ComponentsCanBeShownWithoutBeingJudged) {
+    DesignState state = StateWith(1, {{"r1", "300"}, {"r2", "50"}});
+    state.components[Slot::C1] = 1e-9;
+    const Slots before = state.components;
+    NoServices services;
+    const CycleResult result = ShowComponents(state, services);
+    EXPECT_FALSE(result.message);
+    EXPECT_EQ(*result.text("C11Ausgabe"), "    1.00n");
+    EXPECT_EQ(*result.text("BAusgabe"), "    0.000") << "as the page has it";
+    EXPECT_EQ(state.components, before);
+    EXPECT_EQ(services.optimizations, 0);
+}
+
+TEST(TakeTest, ReadsTheFieldsOfThePageAndOneOfAnother) {
+    const auto texts = [](std::string_view object) -> std::string {
+        if (object == "L1Ausgabe") return "  10.00u";
+        if (object == "C11Ausgabe") return "  1,50n";
+        if (object == "C12Ausgabe") return "  470p";  // of the parallel tank's page
+        if (object == "C21Ausgabe") return "  9.99n";
+        return "";
+    };
+    DesignState state;
+    state.LCSwapped = true;  // no reason to refuse
+    Take(state, PageOf(1), texts);
+    EXPECT_DOUBLE_EQ(state.components[Slot::L], 10e-6);
+    EXPECT_DOUBLE_EQ(state.components[Slot::C1], 1.5e-9);
+    EXPECT_DOUBLE_EQ(state.components[Slot::C2], 470e-12);
+}
+
+TEST(EnterPageTest, OnlyThreePagesChangeTheState) {
+    for (const Page& page : Pages()) {
+        DesignState state;
+        state.LCSwapped = true;
+        EnterPage(state, page.number);
+        EXPECT_EQ(state.page, page.number);
+        EXPECT_EQ(state.Q, page.number == 16 ? 0.2 : 5) << page.number;
+        EXPECT_EQ(state.LCSwapped, page.number < 18) << page.number;
+    }
+}
+
+TEST(InputFieldTest, TypedValuesStayInTheirRange) {
+    struct Case {
+        const char* option;
+        const char* text;
+        double value;
+    };
+    constexpr Case cases[] = {{"r1", "0", 0.001},    {"r2", "2M", 1e6},   {"fo", "5M", 5e6},
+                              {"fo", "100G", 2e10},  {"fo", "-3", 1},     {"q", "0", 0.2},
+                              {"q", "1k", 500},      {"qb", "1", 5},      {"qbc", "1M", 10000},
+                              {"r1", "junk", 0.001}, {"r2", "1e999", 1e6}};
+    for (const auto& [option, text, value] : cases) {
+        const DesignState state = StateWith(1, {{option, text}});
+        for (const InputField& field : SharedInputs()) {
+            if (field.option == option) {
+                EXPECT_EQ(field.read(state), value) << option << ' ' << text;
+            }
+        }
+    }
+    EXPECT_EQ(StateWith(5, {{"k", "2"}}).k, 1);
+    EXPECT_EQ(StateWith(5, {{"k", "0"}}).k, 0.1);
+    EXPECT_EQ(StateWith(6, {{"er", "0"}}).er, 1);
+    DesignState state;
+    SharedInputs()[0].write(state, std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(state.R1, 0.001);
+}
+
+TEST(PagesTest, AreFoundByNumberAndKey) {
+    for (const Page& page : Pages()) {
+        EXPECT_EQ(FindPage(std::to_string(page.number)), &page);
+        EXPECT_EQ(FindPage(page.key), &page);
+        EXPECT_EQ(&PageOf(page.number), &page);
+    }
+    for (const char* text : {"", "0", "20", "Pi", "pi ", "01", "3.0", "-1"}) {
+        EXPECT_EQ(FindPage(text), nullptr) << text;
+    }
+}
+
+}  // namespace
+}  // namespace kelvro

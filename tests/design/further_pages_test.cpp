@@ -1,0 +1,398 @@
+// Pages 8 to 19: worked examples, refusals and what the design functions promise.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "core/scalar.h"
+#include "page_input.h"
+
+namespace kelvro {
+namespace {
+
+using testing::HasSubstr;
+
+struct Example {
+    const char* name;
+    int page;
+    InputTexts inputs;
+    std::vector<std::pair<std::string_view, double>> outputs;  ///< field, value to the digits given
+};
+
+void PrintTo(const Example& example, std::ostream* out) {
+    *out << example.name;
+}
+
+/// The value that a field shows.
+double Shown(const CycleResult& result, std::string_view object) {
+    const std::string* text = result.text(object);
+    if (!text) return NAN;
+    return *text == kInfinite ? INFINITY : ParseValue(*text);
+}
+
+class WorkedExamples : public testing::TestWithParam<Example> {};
+
+TEST_P(WorkedExamples, ComeOutToTheDigitsGiven) {
+    DesignState state = StateWith(GetParam().page, GetParam().inputs);
+    NoServices services;
+    const CycleResult result = Calculate(state, true, services);
+    EXPECT_FALSE(result.message) << *result.message;
+    for (const auto& [object, expected] : GetParam().outputs) {
+        const OutputField* field = PageOf(state).output(object);
+        if (field && field->slot != Slot::None && std::isfinite(expected)) {
+            constexpr double digitsGiven = 6e-5;
+            EXPECT_NEAR(field->component(state), expected, digitsGiven * expected) << object;
+        }
+        const double shown = Shown(result, object);
+        if (std::isinf(expected)) {
+            EXPECT_EQ(shown, expected) << object;
+        } else {
+            constexpr double fieldDigits = 2e-3;  // engineering texts show three digits at least
+            EXPECT_NEAR(shown, expected, fieldDigits * std::fabs(expected)) << object;
+        }
+    }
+}
+
+// Values worked by hand from the published design equations; the filter's from tables of
+// g-values, the class-E stage's from the fitted equations of its author.
+INSTANTIATE_TEST_SUITE_P(
+    Pages, WorkedExamples,
+    testing::Values(
+        Example{"pads between unequal resistances",
+                8,
+                {{"r1", "50"}, {"r2", "75"}, {"v", "0.5"}},
+                {{"a8Ausgabe", 7.78},
+                 {"RaT8Ausgabe", 10},
+                 {"RpT8Ausgabe", 60},
+                 {"RbT8Ausgabe", 45},
+                 {"RaPi8Ausgabe", 83.3333},
+                 {"RsPi8Ausgabe", 62.5},
+                 {"RbPi8Ausgabe", 375}}},
+        Example{"10 dB pads",
+                8,
+                {{"r1", "50"}, {"r2", "50"}, {"v", "0.316227766"}},
+                {{"a8Ausgabe", 10},
+                 {"RaT8Ausgabe", 25.9747},
+                 {"RpT8Ausgabe", 35.1364},
+                 {"RbT8Ausgabe", 25.9747},
+                 {"RaPi8Ausgabe", 96.2475},
+                 {"RsPi8Ausgabe", 71.1512},
+                 {"RbPi8Ausgabe", 96.2475}}},
+        // Largest v from 100 to 50 ohm: N = (sqrt 2 + 1)² leaves an L section.
+        Example{"pads that degenerate into an L section",
+                8,
+                {{"r1", "100"}, {"r2", "50"}, {"v", "0.292893218813452"}},
+                {{"RaT8Ausgabe", 70.71},
+                 {"RpT8Ausgabe", 70.71},
+                 {"RbT8Ausgabe", 0},
+                 {"RaPi8Ausgabe", INFINITY},
+                 {"RsPi8Ausgabe", 70.71},
+                 {"RbPi8Ausgabe", 70.71}}},
+        Example{"balun",
+                9,
+                {{"r1", "50"}, {"r2", "100"}, {"fo", "100M"}},
+                {{"L9Ausgabe", 159.15e-9}, {"C9Ausgabe", 15.915e-12}, {"BAusgabe", 20e6}}},
+        Example{"optimum load",
+                10,
+                {{"p", "1"}, {"ub", "12"}, {"usat", "0.5"}},
+                {{"RL10Ausgabe", 66.125},
+                 {"I10Ausgabe", 0.17391},
+                 {"etaA10Ausgabe", 47.92},
+                 {"etaB10Ausgabe", 75.27},
+                 {"IB10Ausgabe", 0.110716}}},
+        Example{"real coil and capacitor",
+                11,
+                {{"fo", "100M"}},
+                {{"f0_11Ausgabe", 503.29e6},
+                 {"Leff11Ausgabe", 104.109e-9},
+                 {"QL11Ausgabe", 60.35},
+                 {"Ceff11Ausgabe", 1.0411e-12},
+                 {"QC11Ausgabe", 1528.7}}},
+        Example{"combined tank below its open frequency",
+                12,
+                {{"fo", "10M"}},
+                {{"fs12Ausgabe", 15.915e6},
+                 {"fp12Ausgabe", 11.254e6},
+                 {"X12Ausgabe", 180.71},
+                 {"Eq12Ausgabe", 180.71 / (kTwoPi * 10e6)}}},
+        Example{"combined tank between open and short",
+                12,
+                {{"fo", "12M"}},
+                {{"X12Ausgabe", -237.52}, {"Eq12Ausgabe", 1 / (kTwoPi * 12e6 * 237.52)}}},
+        Example{"combined tank above its short frequency",
+                12,
+                {{"fo", "20M"}},
+                {{"X12Ausgabe", 33.72}}},
+        Example{"L-section up",
+                13,
+                {{"r1", "50"}, {"r2", "200"}, {"fo", "100M"}},
+                {{"L13Ausgabe", 137.83e-9},
+                 {"C13GAusgabe", 13.783e-12},
+                 {"QEingabe", 0.87},
+                 {"BAusgabe", 100e6 / (std::sqrt(3.0) / 2)}}},
+        Example{"L-section down",
+                13,
+                {{"r1", "200"}, {"r2", "50"}, {"fo", "100M"}},
+                {{"L13Ausgabe", 137.83e-9}, {"C13GAusgabe", 13.783e-12}}},
+        Example{"low-pass then high-pass L",
+                14,
+                {{"r1", "50"}, {"r2", "200"}, {"fo", "100M"}},
+                {{"L114Ausgabe", 79.577e-9},
+                 {"C114Ausgabe", 15.915e-12},
+                 {"C214Ausgabe", 15.915e-12},
+                 {"L214Ausgabe", 318.31e-9}}},
+        Example{"class-E stage",
+                15,
+                {{"p", "1"}, {"ub", "12"}, {"usat", "0.5"}, {"q", "5"}, {"fo", "100M"}},
+                {{"R15Ausgabe", 68.257},
+                 {"Lc15Ausgabe", 15.567e-6},
+                 {"C115Ausgabe", 4.9790e-12},
+                 {"C215Ausgabe", 6.2412e-12},
+                 {"L215Ausgabe", 543.17e-9},
+                 {"Upk15Ausgabe", 41.463},
+                 {"Idc15Ausgabe", 86.957e-3},
+                 {"BAusgabe", 20e6}}},
+        Example{"two broadband sections",
+                16,
+                {{"r1", "50"}, {"r2", "200"}, {"fo", "100M"}},
+                {{"L116Ausgabe", 79.577e-9},
+                 {"C116Ausgabe", 15.915e-12},
+                 {"L216Ausgabe", 159.15e-9},
+                 {"C216Ausgabe", 7.9577e-12},
+                 {"BAusgabe", 500e6}}},
+        Example{"two high-pass L-sections",
+                18,
+                {{"r1", "200"}, {"r2", "50"}, {"fo", "100M"}},
+                {{"L118Ausgabe", 318.31e-9},
+                 {"C118Ausgabe", 15.915e-12},
+                 {"L218Ausgabe", 159.15e-9},
+                 {"C218Ausgabe", 31.831e-12}}},
+        Example{"reference string",
+                19,
+                {},
+                {{"RD119Ausgabe", 16.667e3},
+                 {"RD219Ausgabe", 8.333e3},
+                 {"RD319Ausgabe", 20.833e3},
+                 {"RD419Ausgabe", 8.333e3},
+                 {"RD519Ausgabe", 20.833e3},
+                 {"RD619Ausgabe", 8.333e3},
+                 {"RD719Ausgabe", 16.667e3},
+                 {"RD819Ausgabe", 12e3},
+                 {"I19Ausgabe", 24e-6}}}));
+
+TEST(BroadbandPage, SpreadsEightElementsOverFourSections) {
+    DesignState state = StateWith(16, {{"r1", "50"}, {"r2", "200"}, {"fo", "100M"}});
+    state.eightElements = true;
+    NoServices services;
+    const CycleResult result = Calculate(state, true, services);
+    const std::vector<std::pair<std::string_view, double>> expected = {
+        {"L116Ausgabe", 51.216e-9},  {"C116Ausgabe", 14.486e-12}, {"L216Ausgabe", 72.430e-9},
+        {"C216Ausgabe", 10.243e-12}, {"L316Ausgabe", 102.43e-9},  {"C316Ausgabe", 7.2430e-12},
+        {"L416Ausgabe", 144.86e-9},  {"C416Ausgabe", 5.1216e-12}};
+    for (const auto& [object, value] : expected) {
+        EXPECT_NEAR(PageOf(state).output(object)->component(state), value, 6e-5 * value) << object;
+        EXPECT_NEAR(Shown(result, object), value, 1e-3 * value) << object;
+    }
+    // The optimizer moves means and ratios.
+    EXPECT_NEAR(state.components[Slot::C1], std::sqrt(14.486e-12 * 10.243e-12), 1e-15);
+    EXPECT_NEAR(state.components[Slot::X8], std::sqrt(144.86 / 102.43), 1e-4);
+}
+
+TEST(BroadbandPage, TakesBackWhatItShows) {
+    DesignState state = StateWith(16, {{"r1", "50"}, {"r2", "200"}});
+    state.eightElements = true;
+    NoServices services;
+    Calculate(state, true, services);
+    const Page& page = PageOf(16);
+    double value = 1e-12;
+    Take(state, page, [&](std::string_view) { return FormatExact(value *= 2); });
+    value = 1e-12;
+    for (const OutputField& field : page.outputs) {
+        value *= 2;
+        EXPECT_NEAR(field.component(state), value, 1e-9 * value) << field.object;
+    }
+}
+
+TEST(BandPassPage, ListsTheElementsOfAThreeResonatorFilter) {
+    DesignState state =
+        StateWith(17, {{"r1", "50"}, {"r2", "200"}, {"fo", "100M"}, {"q", "10"}, {"lbp", "50n"}});
+    NoServices services;
+    const CycleResult result = Calculate(state, true, services);
+    ASSERT_TRUE(result.table);
+    const std::vector<std::pair<std::string_view, double>> expected = {
+        {"C01", 10.593e-12}, {"C1", 37.295e-12}, {"L1", 50e-9},       {"C12", 3.8289e-12},
+        {"C2", 43.003e-12},  {"L2", 50e-9},      {"C23", 3.8289e-12}, {"C3", 42.935e-12},
+        {"L3", 50e-9},       {"C34", 6.4814e-12}};
+    ASSERT_EQ(result.table->size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        const TableRow& row = (*result.table)[i];
+        EXPECT_EQ(row.element, expected[i].first);
+        EXPECT_NEAR(row.value, expected[i].second, 6e-5 * expected[i].second) << row.element;
+        EXPECT_NEAR(ParseValue(row.text), expected[i].second, 2e-3 * expected[i].second)
+            << row.element;
+    }
+    // Rows are taken back into their slots; the inductors are an input.
+    TakeText(state, (*result.table)[0], "  10.00p");
+    TakeText(state, (*result.table)[2], "  47.00n");
+    EXPECT_DOUBLE_EQ(PageOf(17).circuit(state).elements[0].value, 10e-12);
+    EXPECT_DOUBLE_EQ(state.LBP, 50e-9);
+}
+
+struct Refusal {
+    const char* name;
+    int page;
+    InputTexts inputs;
+    const char* message;
+};
+
+void PrintTo(const Refusal& refusal, std::ostream* out) {
+    *out << refusal.name;
+}
+
+class Refusals : public testing::TestWithParam<Refusal> {};
+
+TEST_P(Refusals, NameTheReasonAndLeaveTheComponentsAlone) {
+    DesignState state = StateWith(GetParam().page, GetParam().inputs);
+    state.components[Slot::C1] = 1;
+    const Slots before = state.components;
+    NoServices services;
+    const CycleResult result = Calculate(state, true, services);
+    ASSERT_TRUE(result.message);
+    EXPECT_THAT(*result.message, HasSubstr(GetParam().message));
+    EXPECT_EQ(state.components, before);
+    for (const OutputField& field : PageOf(state).outputs) {
+        EXPECT_EQ(result.text(field.object), nullptr) << field.object;
+    }
+    EXPECT_FALSE(result.table);
+    EXPECT_EQ(services.optimizations, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Pages, Refusals,
+    testing::Values(
+        // N = (sqrt 1.5 + sqrt 0.5)² allows v = sqrt(1.5)/1.93185 = 0.63397.
+        Refusal{"pad beyond the smallest loss",
+                8,
+                {{"r1", "50"}, {"r2", "75"}, {"v", "0.9"}},
+                "v is too large for this resistance ratio! Largest possible v is 0.6340"},
+        Refusal{"pad with gain", 8, {{"r1", "50"}, {"r2", "50"}, {"v", "1"}}, "v is too large"},
+        Refusal{"amplifier without swing", 10, {{"ub", "5"}, {"usat", "5"}}, "It must be Ub>Usat!"},
+        Refusal{"L-section without ratio",
+                13,
+                {{"r1", "75"}, {"r2", "75"}},
+                "R2 must be different from R1! Otherwise no additional matching needed."},
+        Refusal{"LCCL downwards", 14, {{"r1", "200"}, {"r2", "50"}}, "It must be R2>R1!"},
+        Refusal{"class-E without swing", 15, {{"usat", "12"}}, "It must be Ub>Usat!"},
+        Refusal{"class-E with low Q", 15, {{"q", "1.7"}}, "Q must be larger than 1.79!"},
+        Refusal{"ladder downwards", 16, {{"r1", "50"}, {"r2", "50"}}, "It must be R2>R1!"},
+        Refusal{"filter wider than its end coupling",
+                17,
+                {{"q", "1"}, {"lbp", "1n"}},
+                "Bandwidth too large for this inductance! Increase Q or change L."},
+        Refusal{"filter without room for its resonators",
+                17,
+                {{"q", "1.2"}, {"lbp", "500n"}, {"nbp", "3"}},
+                "Bandwidth too large for this inductance! Increase Q or change L."},
+        Refusal{"double L upwards", 18, {{"r1", "50"}, {"r2", "200"}}, "It must be R1>R2!"},
+        Refusal{
+            "falling tap", 19, {{"vmid1", "1.3"}}, "Tap voltages must rise from Vlow1 to Vref!"},
+        Refusal{"tap above the reference",
+                19,
+                {{"vref", "2.0"}},
+                "Tap voltages must rise from Vlow1 to Vref!"}));
+
+TEST(EffectivePage, SaysWhenAComponentIsAboveItsSelfResonance) {
+    NoServices services;
+    DesignState below = StateWith(11, {{"fo", "500M"}});
+    EXPECT_EQ(*Calculate(below, true, services).text("Note11"), "");
+    DesignState above = StateWith(11, {{"fo", "510M"}});
+    const CycleResult result = Calculate(above, true, services);
+    EXPECT_EQ(*result.text("Note11"), "above self-resonance");
+    EXPECT_LT(Shown(result, "Leff11Ausgabe"), 0);
+    EXPECT_LT(Shown(result, "Ceff11Ausgabe"), 0);
+}
+
+TEST(CombinedTankPage, IsOpenAndShortWhereItWasAskedToBe) {
+    DesignState state = StateWith(12, {{"ls", "330n"}, {"fp", "13.56M"}, {"fs", "27.12M"}});
+    const ActionField& find = PageOf(12).actions.at(0);
+    EXPECT_EQ(find.run(state), "");
+    NoServices services;
+    state.fo = 13.56e6;
+    const CycleResult result = Calculate(state, true, services);
+    EXPECT_NEAR(Shown(result, "fp12Ausgabe"), 13.56e6, 1e3);
+    EXPECT_NEAR(Shown(result, "fs12Ausgabe"), 27.12e6, 1e3);
+    state.fs12 = state.fp12;
+    EXPECT_EQ(find.run(state), "It must be fs>fp!");
+}
+
+TEST(OptimumLoadPage, HandsItsLoadToTheMatchingPages) {
+    DesignState state = StateWith(10, {{"p", "1"}, {"ub", "12"}, {"usat", "0.5"}});
+    EXPECT_EQ(PageOf(10).actions.at(0).run(state), "");
+    EXPECT_DOUBLE_EQ(state.R1, 66.125);
+}
+
+struct ClassEPoint {
+    const char* Q;
+    double PR;   ///< P·R/(Ub - Usat)²
+    double wC1;  ///< ω·C1·R with an ideal choke
+    double wC2;  ///< ω·C2·R with an ideal choke
+};
+
+void PrintTo(const ClassEPoint& point, std::ostream* out) {
+    *out << "Q " << point.Q;
+}
+
+class ClassEPoints : public testing::TestWithParam<ClassEPoint> {};
+
+/// The author's exact numerical solutions, which the page's equations approximate within 0.2 %.
+TEST_P(ClassEPoints, AgreeWithThePublishedTable) {
+    DesignState state = StateWith(15, {{"q", GetParam().Q}, {"usat", "2"}});
+    NoServices services;
+    ASSERT_FALSE(Calculate(state, true, services).message);
+    const double R = state.components[Slot::X5];
+    const double wR = Omega(state) * R;
+    // The choke of thirty reactances asks for 0.6/30 more across and 0.2/30 less in series.
+    const double C1 = state.components[Slot::C1] / 1.02;
+    const double C2 = state.components[Slot::C2] + 0.2 / 30 * C1;
+    constexpr double fit = 2.5e-3;
+    EXPECT_NEAR(state.P * R / 100, GetParam().PR, fit * GetParam().PR);
+    EXPECT_NEAR(wR * C1, GetParam().wC1, fit * GetParam().wC1);
+    EXPECT_NEAR(wR * C2, GetParam().wC2, fit * GetParam().wC2);
+}
+
+INSTANTIATE_TEST_SUITE_P(LoadedQs, ClassEPoints,
+                         testing::Values(ClassEPoint{"2.5", 0.43550, 0.21999, 1.01219},
+                                         ClassEPoint{"3", 0.46453, 0.21834, 0.63467},
+                                         ClassEPoint{"5", 0.51659, 0.20907, 0.26924},
+                                         ClassEPoint{"10", 0.54974, 0.19790, 0.11375},
+                                         ClassEPoint{"20", 0.56402, 0.19111, 0.05313}));
+
+/// Ladder algebra from the load: impedance seen into a pad that is terminated by R.
+double SeenInto(const std::vector<Element>& pad, double R) {
+    for (auto element = pad.rbegin(); element != pad.rend(); ++element) {
+        R = element->place == Place::Series ? R + element->value : 1 / (1 / R + 1 / element->value);
+    }
+    return R;
+}
+
+TEST(Pads, AreMatchedAtBothEnds) {
+    for (const auto& [R1, R2, v] : {std::tuple{50.0, 75.0, 0.5}, std::tuple{75.0, 50.0, 0.1},
+                                    std::tuple{50.0, 50.0, 0.99}, std::tuple{1e3, 1e5, 0.4}}) {
+        DesignState state = StateWith(8, {});
+        state.R1 = R1;
+        state.R2 = R2;
+        state.v8 = v;
+        NoServices services;
+        ASSERT_FALSE(Calculate(state, true, services).message);
+        for (const auto describe : {PageOf(8).circuit, PageOf(8).alternative}) {
+            auto pad = describe(state).elements;
+            EXPECT_NEAR(SeenInto(pad, R2), R1, 1e-9 * R1);
+            std::ranges::reverse(pad);
+            EXPECT_NEAR(SeenInto(pad, R1), R2, 1e-9 * R2);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kelvro

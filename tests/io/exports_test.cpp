@@ -1,0 +1,172 @@
+// What every export has in common, listings, tables and JSON.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "core/number_text.h"
+#include "export_design.h"
+#include "io/circuit_two_port.h"
+
+namespace kelvro {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+
+std::string LineOf(const std::string& text, const std::string& start) {
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with(start)) return line;
+    }
+    return "";
+}
+
+TEST(Listing, NamesValuesStandardValuesAndErrors) {
+    const DesignState state = DesignedState({"gamma", 13}, 1000);
+    const std::string text = ListingOf(Exported(state), {});
+    // L = 137.83 nH is nearest to 150 nH of E12: 150/137.83 = 1.0883.
+    EXPECT_THAT(LineOf(text, "L "), MatchesRegex("L +in series +137.83 nH +150.00 nH +\\+8.83 %"));
+    EXPECT_THAT(LineOf(text, "C "), MatchesRegex("C +across +13.78 pF +15.00 pF +\\+8.83 %"));
+    EXPECT_THAT(LineOf(text, "R2"), HasSubstr("200.00 Ω"));
+    EXPECT_THAT(LineOf(text, "loss_db"), HasSubstr("dB"));
+}
+
+TEST(Listing, LeavesOutResistorsThatVanish) {
+    DesignState state;
+    state.page = 8;
+    state.R1 = 75;
+    state.R2 = 50;
+    state.v8 = std::sqrt(50.0 / 75) / (std::sqrt(1.5) + std::sqrt(0.5));  // smallest loss
+    ResponseServices services;
+    ASSERT_FALSE(Calculate(state, true, services).message);
+    const ExportDesign design = Exported(state);
+    EXPECT_THAT(ListingOf(design, {}), HasSubstr("infinite"));
+    EXPECT_THAT(SpiceNetlist(design, ExportRange::Around(1e6)), HasSubstr("VRb n1 out DC 0"));
+}
+
+class EveryPageExports : public testing::TestWithParam<int> {};
+
+TEST_P(EveryPageExports, ItsFormatsWithStandardValuesToo) {
+    DesignState state;
+    EnterPage(state, GetParam());
+    ResponseServices services;
+    if (Calculate(state, true, services).message) std::swap(state.R1, state.R2);
+    ASSERT_FALSE(Calculate(state, true, services).message);
+    for (const bool standard : {false, true}) {
+        const ExportDesign design = Exported(state, {.standardValues = standard});
+        for (const Element& element : design.circuit.elements) {
+            const bool part =
+                element.kind != ElementKind::Line && element.kind != ElementKind::Switch;
+            if (!standard || !part) continue;
+            const double nearest = ParseValue(SeriesNearest(Series::E12, element.value));
+            EXPECT_NEAR(element.value, nearest, 1e-9 * nearest) << element.name;
+        }
+        for (const ExportFormat& format : ExportFormats()) {
+            if (!format.available(design.page())) continue;
+            const std::string text = format.content(design, ExportRange::Around(state.fo));
+            EXPECT_GT(text.size(), 80U) << format.key;
+            EXPECT_TRUE(text.ends_with('\n')) << format.key;
+            EXPECT_THAT(text, testing::Not(testing::ContainsRegex("[ ,:=(]-?(nan|inf)[ ,)]")))
+                << format.key;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, EveryPageExports, testing::Range(1, kPageCount + 1));
+
+TEST(Exports, OfferOnlyTheFormatsThatAPageHas) {
+    const auto keys = [](int page) {
+        std::vector<std::string> available;
+        for (const ExportFormat& format : ExportFormats()) {
+            if (format.available(PageOf(page))) available.emplace_back(format.key);
+        }
+        return available;
+    };
+    EXPECT_THAT(keys(1), ElementsAre("listing", "spice", "touchstone", "csv", "json"));
+    EXPECT_THAT(keys(10), ElementsAre("listing", "json"));
+    EXPECT_THAT(keys(15), ElementsAre("listing", "spice", "touchstone", "json"));
+    EXPECT_THAT(keys(19), ElementsAre("listing", "spice", "json"));
+}
+
+TEST(Exports, RefuseWhatThePageRefuses) {
+    DesignState state = DesignedState({"series tank", 1}, 100);
+    std::swap(state.R1, state.R2);
+    const auto refused = PrepareExport(state, {});
+    ASSERT_TRUE(std::holds_alternative<std::string>(refused));
+    EXPECT_THAT(std::get<std::string>(refused), HasSubstr("It must be R2>R1!"));
+    // Components that the user has given stand all the same.
+    EXPECT_TRUE(std::holds_alternative<ExportDesign>(PrepareExport(state, {false, true})));
+    state.components = {};
+    EXPECT_TRUE(std::holds_alternative<std::string>(PrepareExport(state, {false, true})));
+}
+
+TEST(Exports, TakeValuesThatFieldsShowRounded) {
+    for (const bool swapped : {false, true}) {
+        DesignState state = DesignedState({"Pi", 3, 50, 200, 5, swapped}, 100);
+        const Slots before = state.components;
+        DesignState copy = state;
+        ResponseServices services;
+        const CycleResult cycle = Calculate(copy, false, services);
+        TakeShownValues(state, [&](std::string_view object) {
+            return object == "C13Ausgabe" ? std::string("  47.00p") : *cycle.text(object);
+        });
+        const Circuit built = PageOf(3).builtCircuit(state);
+        EXPECT_NEAR(built.elements[0].value, 47e-12, 1e-20);
+        // Fields as calculated keep all their digits.
+        EXPECT_EQ(state.components[Slot::C2], before[Slot::C2]);
+        EXPECT_EQ(state.components[Slot::L], before[Slot::L]);
+    }
+}
+
+TEST(ResponseCsv, ReadsBackAsTheResponse) {
+    const DesignState state = DesignedState({"T", 4}, 100);
+    ExportRange range = ExportRange::Around(state.fo);
+    range.points = 5;
+    std::istringstream lines(ResponseCsv(Exported(state), range));
+    std::string line;
+    std::getline(lines, line);
+    EXPECT_EQ(line, "f_Hz,re,im,V_dB,GT_dB,phase_deg");
+    const Response response(state);
+    int rows = 0;
+    for (; std::getline(lines, line); ++rows) {
+        double f = 0, re = 0, im = 0;
+        ASSERT_EQ(std::sscanf(line.c_str(), "%lf,%lf,%lf", &f, &re, &im), 3) << line;
+        EXPECT_EQ(response.transfer(f), std::complex<double>(re, im));
+    }
+    EXPECT_EQ(rows, 5);
+}
+
+TEST(DesignJson, CarriesInputsOfThePageAndComponents) {
+    const DesignState state = DesignedState({"broadband", 16, 50, 200, 0.2, false, true}, 100);
+    const auto json = nlohmann::json::parse(DesignJson(Exported(state), {}));
+    EXPECT_EQ(json["page"], 16);
+    ASSERT_EQ(json["components"].size(), 8U);
+    EXPECT_EQ(json["components"][7]["name"], "C4");
+    EXPECT_NEAR(json["components"][7]["value"].get<double>(), 5.1216e-12, 1e-15);
+    const auto pad = nlohmann::json::parse(DesignJson(Exported(DesignedState({"", 8}, 9)), {}));
+    EXPECT_EQ(pad["inputs"]["v"], 0.5);
+}
+
+struct BadRange {
+    double from, to;
+    int points;
+    double z0;
+};
+
+TEST(Ranges, ThatCannotBeUsedAreNamed) {
+    const double infinite = std::numeric_limits<double>::infinity();
+    for (const BadRange& bad :
+         {BadRange{0, 1e6, 11, 50}, BadRange{2e6, 1e6, 11, 50}, BadRange{1e6, infinite, 11, 50},
+          BadRange{1e6, 2e6, 1, 50}, BadRange{1e6, 2e6, 11, 0}, BadRange{1e6, 2e6, 1 << 30, 50}}) {
+        EXPECT_TRUE(RangeProblem({bad.from, bad.to, bad.points, bad.z0}))
+            << bad.from << " to " << bad.to;
+    }
+    EXPECT_FALSE(RangeProblem(ExportRange::Around(1e6)));
+}
+
+}  // namespace
+}  // namespace kelvro

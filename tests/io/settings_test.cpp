@@ -1,0 +1,288 @@
+#include "io/settings.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "design/pages.h"
+
+namespace kelvro {
+namespace {
+
+namespace fs = std::filesystem;
+using ReadStatus = SettingsRead::Status;
+using SaveStatus = SettingsSave::Status;
+
+class SettingsTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        std::string name = (fs::temp_directory_path() / "kelvro-settings-XXXXXX").string();
+        folder_ = ::mkdtemp(name.data());
+    }
+    void TearDown() override { fs::remove_all(folder_); }
+
+    fs::path file(const char* name = "kelvro.ini") const { return folder_ / name; }
+    static QString path(const fs::path& file) { return QString::fromStdString(file.string()); }
+
+    static std::string content(const fs::path& file) {
+        std::ifstream in(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    fs::path holding(const std::string& bytes, const char* name = "kelvro.ini") const {
+        std::ofstream(file(name), std::ios::binary) << bytes;
+        return file(name);
+    }
+    DesignState stateAfterReading(const std::string& bytes, DesignState before = {}) const {
+        return ReadSettings(path(holding(bytes)), before).state;
+    }
+    std::vector<std::string> names() const {
+        std::vector<std::string> found;
+        for (const auto& entry : fs::directory_iterator(folder_)) {
+            found.push_back(entry.path().filename().string());
+        }
+        std::ranges::sort(found);
+        return found;
+    }
+
+    fs::path folder_;
+};
+
+/// Each text derived by hand from the two formats; the u umlaut is the byte FC.
+constexpr const char* kDefaults =
+    "[Variablen]\nQ=5.00\nQB(C)=1.00k\nQB(L)=100.00\nfo=100.00M\nk=0.90\ner=1.00\n\xFC=2.00\n"
+    "R1=50.00\nR2=200.00\nP=1.00\nUb=12.00\nUsat=0.50\nL=0.10u\nC=1.00p\nR=1.00\nLs=1.00u\n"
+    "Cs=0.10n\nLp=1.00u\nL(BP)=50.00n\nN(BP)=3\nRipple(BP)=0.50\nSweep=1.05\nTyp=1\n"
+    "Q by phase=Yes\nVbg=   1.200\nIbg= 100.00u\nRtot= 100.00k\nVref=   2.400\nVlow1= 400.00m\n"
+    "Vlow2= 600.00m\nVmid1=   1.100\nVmid2=   1.300\nVhi1=   1.800\nVhi2=   2.000\n";
+
+TEST_F(SettingsTest, ANewFileHoldsEveryKeyInItsOrderAndFormat) {
+    const fs::path target = folder_ / "new" / "folders" / "kelvro.ini";
+    ASSERT_EQ(WriteSettings(path(target), {}).status, SaveStatus::Saved);
+    EXPECT_EQ(content(target), kDefaults);
+}
+
+TEST_F(SettingsTest, ReadingBackGivesTheWrittenValuesRounded) {
+    DesignState written;
+    written.page = 6;
+    written.R1 = 1234.5;
+    written.Q = 800;  // within reach of the spin button only
+    written.NBP = 7;
+    written.Vlow1 = 0.123456;
+    written.QByBandwidth = true;
+    ASSERT_EQ(WriteSettings(path(file()), written).status, SaveStatus::Saved);
+    const SettingsRead read = ReadSettings(path(file()), {});
+    EXPECT_EQ(read.status, ReadStatus::Read);
+    DesignState expected;
+    expected.page = 6;
+    expected.R1 = 1230;
+    expected.Q = 800;
+    expected.NBP = 7;
+    expected.Vlow1 = 0.12346;
+    expected.QByBandwidth = false;  // "Yes" is not the "Ja" that sets it
+    EXPECT_EQ(read.state, expected);
+}
+
+TEST_F(SettingsTest, WhatAFileDoesNotNameStaysExceptThePage) {
+    DesignState before;
+    before.page = 5;
+    before.R1 = 1234.5678;
+    before.QByBandwidth = false;
+    DesignState expected = before;
+    expected.page = 1;
+    expected.fo = 10e6;
+    expected.QByBandwidth = true;
+    EXPECT_EQ(stateAfterReading("[Variablen]\nfo=10M\n", before), expected);
+    expected.fo = before.fo;
+    EXPECT_EQ(stateAfterReading("[Other]\nfo=10M\n", before), expected);
+    EXPECT_EQ(ReadSettings(path(file("missing.ini")), before).state, expected);
+    EXPECT_EQ(ReadSettings(path(file("missing.ini")), before).status, ReadStatus::Missing);
+}
+
+TEST_F(SettingsTest, OnlyJaSetsTheFlagByPhase) {
+    EXPECT_TRUE(stateAfterReading("[Variablen]\nQ by phase=Ja\n").QByBandwidth);
+    for (const char* text : {"Yes", "No", "ja", "", "1"}) {
+        EXPECT_FALSE(stateAfterReading("[Variablen]\nQ by phase=" + std::string(text)).QByBandwidth)
+            << text;
+    }
+}
+
+TEST_F(SettingsTest, ValuesAreClampedAndUnreadableOnesAreZeroBeforeThat) {
+    struct Case {
+        const char* line;
+        double DesignState::*number;
+        double value;
+    };
+    constexpr Case cases[] = {
+        {"R1=nonsense", &DesignState::R1, 0.001},
+        {"R2=1T", &DesignState::R2, 1e6},
+        {"fo=-5", &DesignState::fo, 1},
+        {"fo=1e999", &DesignState::fo, 2e10},
+        {"Q=", &DesignState::Q, 0.2},
+        {"Q=1e9", &DesignState::Q, 1000},
+        {"QB(C)=1", &DesignState::QBC, 5},
+        {"k=7", &DesignState::k, 1},
+        {"er=0", &DesignState::er, 1},
+        {"Sweep=1", &DesignState::SweepFactor, 1.0001},
+        {"\xFC=-3", &DesignState::ue, 0},
+        {"  r1 = 4,7k ohm", &DesignState::R1, 4700},
+    };
+    for (const auto& [line, number, value] : cases) {
+        EXPECT_DOUBLE_EQ(stateAfterReading("[VARIABLEN]\r\n" + std::string(line)).*number, value)
+            << line;
+    }
+    for (const auto& [text, page] : {std::pair{"18", 18},
+                                     {"19.9", 19},
+                                     {"20", 1},
+                                     {"0", 1},
+                                     {"-3", 1},
+                                     {"x", 1},
+                                     {"1e30", 1}}) {
+        EXPECT_EQ(stateAfterReading("[Variablen]\nTyp=" + std::string(text)).page, page) << text;
+    }
+    for (const auto& [text, N] :
+         {std::pair{"8", 8}, {"99", 8}, {"-1", 1}, {"4.5", 3}, {"999999999999", 3}}) {
+        EXPECT_EQ(stateAfterReading("[Variablen]\nN(BP)=" + std::string(text)).NBP, N) << text;
+    }
+}
+
+TEST_F(SettingsTest, FilesOfOtherEditorsAreRead) {
+    EXPECT_EQ(stateAfterReading("\xEF\xBB\xBF[Variablen]\nR1=75\n").R1, 75);
+    EXPECT_EQ(stateAfterReading("[Variablen] ; mine\r\nR1 = \"75\"\r\n").R1, 75);
+    EXPECT_EQ(stateAfterReading("[variablen]\rr1='75'\r").R1, 75);
+}
+
+TEST_F(SettingsTest, TheWantedRatioOfThePassivePadComesBackAsVAtFo) {
+    EXPECT_DOUBLE_EQ(stateAfterReading("[Variablen]\nTyp=8\n\xFC=0.25\n").v8, 0.25);
+    EXPECT_DOUBLE_EQ(stateAfterReading("[Variablen]\nTyp=7\n\xFC=0.25\n").v8, DesignState().v8);
+}
+
+TEST_F(SettingsTest, EveryKeyOfAnInputTakesItsLimitsFromTheField) {
+    // An absurd file must leave a state that every input field accepts.
+    std::string bytes = kDefaults;
+    for (auto at = bytes.find('='); at != std::string::npos; at = bytes.find('=', at + 1)) {
+        bytes.insert(at + 1, "1e300 ");
+    }
+    const DesignState state = stateAfterReading(bytes);
+    for (const Page& page : Pages()) {
+        for (const InputField& field : page.inputs) {
+            const auto* number = std::get_if<double DesignState::*>(&field.value);
+            if (number && *number == &DesignState::Q) continue;  // its spin button reaches further
+            EXPECT_GE(field.read(state), field.limits.low) << field.object;
+            EXPECT_LE(field.read(state), field.limits.high) << field.object;
+        }
+    }
+}
+
+TEST_F(SettingsTest, SavingKeepsWhatElseTheFileHolds) {
+    holding(
+        "; bench set-up\n\n[Window]\nLeft=12\n\n[Variablen]\n; from the data sheet\nR1=75\n"
+        "Colour=\xE9\n");
+    DesignState state;
+    state.R1 = 300;
+    EXPECT_EQ(WriteSettings(path(file()), state).message.toStdString(), "");
+    const std::string saved = content(file());
+    for (const char* kept :
+         {"; bench set-up\n", "[Window]\nLeft=12\n", "; from the data sheet\nR1=300.00\n",
+          "Colour=\xE9\n", "fo=100.00M\n"}) {
+        EXPECT_NE(saved.find(kept), std::string::npos) << kept << "\nin\n" << saved;
+    }
+    EXPECT_EQ(saved.find("R1=75"), std::string::npos);
+    EXPECT_EQ(WriteSettings(path(file()), state).status, SaveStatus::Saved);
+    EXPECT_EQ(content(file()), saved) << "the second save changes nothing";
+    EXPECT_EQ(names(), std::vector<std::string>{"kelvro.ini"});
+}
+
+std::string RandomBytes(std::size_t count) {
+    std::mt19937 random(7);
+    std::string bytes(count, '\0');
+    for (char& c : bytes) c = static_cast<char>(random());
+    return bytes;
+}
+
+TEST_F(SettingsTest, FilesThatAreNoSettingsReadAsDefaultsAndAreKeptAside) {
+    const std::string random = RandomBytes(5000);
+    for (const std::string& bytes : {random, std::string("\0\0\0", 3), std::string(3000000, 'x'),
+                                     std::string("my thesis"), "[Variablen]\nR1=75\n" + random}) {
+        fs::remove_all(folder_);
+        fs::create_directory(folder_);
+        holding(bytes);
+        const SettingsSave save = WriteSettings(path(file()), {});
+        EXPECT_EQ(save.status, SaveStatus::Saved);
+        EXPECT_NE(save.message.toStdString().find("kelvro.ini.bak"), std::string::npos);
+        EXPECT_EQ(content(file("kelvro.ini.bak")), bytes);
+        const SettingsRead reread = ReadSettings(path(file()), {});
+        EXPECT_EQ(reread.status, ReadStatus::Read) << reread.message.toStdString();
+        // A second foreign file must not replace the first copy.
+        holding("my second thesis");
+        const SettingsRead read = ReadSettings(path(file()), {});
+        EXPECT_EQ(read.status, ReadStatus::Unusable);
+        EXPECT_FALSE(read.message.isEmpty());
+        EXPECT_EQ(read.state, DesignState());
+        WriteSettings(path(file()), {});
+        EXPECT_EQ(content(file("kelvro.ini.bak")), bytes);
+        EXPECT_EQ(content(file("kelvro.ini.bak2")), "my second thesis");
+    }
+}
+
+TEST_F(SettingsTest, FoldersPipesDevicesAndHugeFilesAreReportedAtOnce) {
+    fs::create_directory(file("folder"));
+    ASSERT_EQ(::mkfifo(file("pipe").c_str(), 0600), 0);
+    fs::create_symlink("/dev/full", file("full"));
+    holding("", "huge");
+    fs::resize_file(file("huge"), 100 << 20);
+    for (const char* name : {"folder", "pipe", "full", "huge"}) {
+        const SettingsRead read = ReadSettings(path(file(name)), {});
+        EXPECT_EQ(read.status, ReadStatus::Unusable) << name;
+        EXPECT_NE(read.message.toStdString().find(name), std::string::npos) << name;
+        EXPECT_EQ(read.state, DesignState()) << name;
+    }
+    const auto before = names();
+    for (const char* name : {"folder", "pipe", "full"}) {
+        EXPECT_EQ(WriteSettings(path(file(name)), {}).status, SaveStatus::Failed) << name;
+    }
+    EXPECT_EQ(names(), before);
+}
+
+TEST_F(SettingsTest, AFolderThatCannotBeWrittenIsReported) {
+    for (const char* target : {"/proc/kelvro.ini", "/dev/null/kelvro.ini", ""}) {
+        const SettingsSave save = WriteSettings(target, {});
+        EXPECT_EQ(save.status, SaveStatus::Failed) << target;
+        EXPECT_FALSE(save.message.isEmpty()) << target;
+    }
+}
+
+TEST_F(SettingsTest, AFullDiskLeavesTheOldFileAndNothingElse) {
+    for (const std::string& old : {std::string("[Variablen]\nR1=75\n"), std::string("my thesis")}) {
+        holding(old);
+        rlimit before{};
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit small{100, before.rlim_max};
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        setrlimit(RLIMIT_FSIZE, &small);
+        const SettingsSave save = WriteSettings(path(file()), {});
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+        EXPECT_EQ(save.status, SaveStatus::Failed);
+        EXPECT_NE(save.message.toStdString().find("kelvro.ini"), std::string::npos);
+        EXPECT_EQ(content(file()), old);
+        EXPECT_EQ(names(), std::vector<std::string>{"kelvro.ini"});
+    }
+}
+
+TEST_F(SettingsTest, TheDefaultFileLiesInTheConfigurationFolder) {
+    const char* before = std::getenv("XDG_CONFIG_HOME");
+    const std::string old = before ? before : "";
+    ::setenv("XDG_CONFIG_HOME", folder_.c_str(), 1);
+    EXPECT_EQ(DefaultSettingsFile().toStdString(), (folder_ / "kelvro" / "kelvro.ini").string());
+    ::unsetenv("XDG_CONFIG_HOME");
+    EXPECT_TRUE(DefaultSettingsFile().endsWith("/.config/kelvro/kelvro.ini"));
+    if (before) ::setenv("XDG_CONFIG_HOME", old.c_str(), 1);
+}
+
+}  // namespace
+}  // namespace kelvro

@@ -1,0 +1,157 @@
+// Exported netlists against the program's own response, by way of ngspice.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "core/scalar.h"
+#include "export_design.h"
+#include "ngspice.h"
+
+namespace kelvro {
+namespace {
+
+double Decibels(double ratio) {
+    return 20 * std::log10(ratio);
+}
+
+class Netlists : public testing::TestWithParam<DesignCase> {};
+
+/// Element Qs of the best and of very bad parts.
+TEST_P(Netlists, FollowTheResponseOverADecade) {
+    for (const double elementQ : {10000.0, 30.0}) {
+        DesignState state = DesignedState(GetParam(), elementQ);
+        const ExportDesign design = Exported(state);
+        const Response response(design.state);
+        ExportRange range = ExportRange::Around(design.state.fo);
+        range.points = 61;
+        const auto vectors = Ngspice(SpiceNetlist(design, range)).sweep();
+        const std::string out = GetParam().page == 9 ? "v(outp)" : "v(out)";
+        ASSERT_TRUE(vectors.contains(out)) << SpiceNetlist(design, range);
+        const auto& frequencies = vectors.at("frequency");
+        ASSERT_GE(frequencies.size(), 60U);
+        EXPECT_LE(frequencies.front().real(), range.from * 1.000001);
+        EXPECT_GE(frequencies.back().real(), range.to * 0.95);
+        for (std::size_t i = 0; i < frequencies.size(); ++i) {
+            const double f = frequencies[i].real();
+            ASSERT_NEAR(Decibels(std::abs(vectors.at(out)[i])), response.magnitudeDb(f), 1e-6)
+                << "at " << f << " with an element Q of " << elementQ;
+        }
+    }
+}
+
+TEST_P(Netlists, MeasureTheGainOfLossyPartsAtFo) {
+    DesignState state = DesignedState(GetParam(), 1000);
+    state.QB = 20;
+    state.QBC = 60;
+    const ExportDesign design = Exported(state);
+    const Response response(design.state);
+    const Ngspice simulator(SpiceNetlist(design, ExportRange::Around(state.fo)));
+    const auto output = simulator.output();
+    ASSERT_TRUE(output);
+    const auto v = Ngspice::number(*output, "v_db");
+    const auto gain = Ngspice::number(*output, "gt_db");
+    ASSERT_TRUE(v && gain) << *output;
+    EXPECT_NEAR(*v, response.magnitudeDb(state.fo), 1e-3);
+    EXPECT_NEAR(*gain, -design.cycle.lossDb, 1e-3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, Netlists, testing::ValuesIn(kTwoPorts));
+
+TEST(BalunNetlist, HasOppositeOutputs) {
+    const ExportDesign design = Exported(DesignedState({"balun", 9, 50, 100}, 10000));
+    const auto vectors = Ngspice(SpiceNetlist(design, ExportRange::Around(100e6))).sweep();
+    ASSERT_TRUE(vectors.contains("v(outm)"));
+    const std::size_t middle = vectors.at("frequency").size() / 2;
+    EXPECT_NEAR(vectors.at("frequency")[middle].real(), 100e6, 1);
+    EXPECT_NEAR(std::abs(vectors.at("v(outp)")[middle] + vectors.at("v(outm)")[middle]), 0, 1e-3);
+}
+
+/// The tank across the line between the resistances, X from its page.
+TEST(CombinedTankNetlist, ShowsTheTanksReactanceAcrossTheLine) {
+    DesignState state = DesignedState({"tank", 12, 50, 50}, 100);
+    state.fo = 12e6;
+    const ExportDesign design = Exported(state);
+    const double X = -237.52;
+    const std::complex<double> Y(1.0 / 50, -1 / X);
+    const double expected = 2 * std::abs(1.0 / 50 / (1.0 / 50 + Y));
+    const auto output = Ngspice(SpiceNetlist(design, ExportRange::Around(state.fo))).output();
+    ASSERT_TRUE(output);
+    EXPECT_NEAR(Ngspice::number(*output, "v_db").value_or(NAN), Decibels(expected), 1e-3);
+}
+
+/// Lc of 20 nH and 2 ohm with 1 pF across, as seen by the line.
+TEST(RealCoilNetlist, IsTheCoilWithItsOwnCapacitance) {
+    DesignState state = DesignedState({"coil", 11, 50, 50}, 100);
+    const ExportDesign design = Exported(state);
+    const double omega = kTwoPi * state.fo;
+    const std::complex<double> coil(state.R, omega * state.L);
+    const std::complex<double> Y = 1.0 / coil + std::complex<double>(0, omega * state.C);
+    const double expected = 2 * std::abs(1.0 / 50 / (2.0 / 50 + Y));
+    const auto output = Ngspice(SpiceNetlist(design, ExportRange::Around(state.fo))).output();
+    ASSERT_TRUE(output);
+    EXPECT_NEAR(Ngspice::number(*output, "v_db").value_or(NAN), Decibels(expected), 1e-3);
+}
+
+struct ClassEStage {
+    double P, Ub, Usat, fo, Q;
+};
+
+void PrintTo(const ClassEStage& stage, std::ostream* out) {
+    *out << stage.P << " W from " << stage.Ub << " V, Q " << stage.Q;
+}
+
+class ClassENetlists : public testing::TestWithParam<ClassEStage> {};
+
+/// The equations are fits to the ideal stage; the choke is finite and so is the switch.
+TEST_P(ClassENetlists, DeliverThePowerTheyWereDesignedFor) {
+    const auto [P, Ub, Usat, fo, Q] = GetParam();
+    DesignState state;
+    state.page = 15;
+    state.P = P;
+    state.Ub = Ub;
+    state.Usat = Usat;
+    state.fo = fo;
+    state.Q = Q;
+    ResponseServices services;
+    ASSERT_FALSE(Calculate(state, true, services).message);
+    const auto output = Ngspice(SpiceNetlist(Exported(state), ExportRange::Around(fo))).output();
+    ASSERT_TRUE(output);
+    const auto measured = [&](const char* name) {
+        return Ngspice::number(*output, name).value_or(NAN);
+    };
+    EXPECT_NEAR(measured("pout"), P, 0.03 * P);
+    EXPECT_NEAR(measured("vpeak"), 3.562 * Ub - 2.562 * Usat, 0.03 * 3.562 * Ub);
+    EXPECT_NEAR(measured("isupply"), -P / (Ub - Usat), 0.03 * P / (Ub - Usat));
+    EXPECT_NEAR(measured("efficiency"), 100 * (1 - Usat / Ub), 1.5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Stages, ClassENetlists,
+                         testing::Values(ClassEStage{1, 12, 0.5, 100e6, 5},
+                                         ClassEStage{10, 12, 0, 10e6, 5},
+                                         ClassEStage{50, 28, 2, 1e6, 3}));
+
+TEST(DividerNetlist, HasTheWantedTapVoltages) {
+    const ExportDesign design = Exported(DesignedState({"divider", 19}, 100));
+    const auto output = Ngspice(SpiceNetlist(design, ExportRange::Around(1e6))).output();
+    ASSERT_TRUE(output);
+    for (const auto& [node, volts] :
+         {std::pair{"vlow1", 0.4}, std::pair{"vlow2", 0.6}, std::pair{"vmid1", 1.1},
+          std::pair{"vmid2", 1.3}, std::pair{"vhi1", 1.8}, std::pair{"vhi2", 2.0},
+          std::pair{"vbg#branch", -100e-6}}) {
+        EXPECT_NEAR(Ngspice::number(*output, node).value_or(NAN), volts, 1e-5 * std::fabs(volts))
+            << node;
+    }
+}
+
+TEST(Netlists, RunWithTheValuesOfTheStandardSeries) {
+    const ExportDesign design =
+        Exported(DesignedState({"Pi section", 3}, 500), {.standardValues = true});
+    const auto output = Ngspice(SpiceNetlist(design, ExportRange::Around(100e6))).output();
+    ASSERT_TRUE(output);
+    EXPECT_NEAR(Ngspice::number(*output, "gt_db").value_or(NAN), -design.cycle.lossDb, 1e-3);
+    EXPECT_GT(design.cycle.lossDb, 0.15);  // the rounding detunes a Q of 5
+}
+
+}  // namespace
+}  // namespace kelvro

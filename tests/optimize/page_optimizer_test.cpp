@@ -1,0 +1,248 @@
+#include "optimize/page_optimizer.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "design/pages.h"
+#include "optimize/keywords.h"
+
+namespace kelvro {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr const char* kNone = "";
+
+DesignState Calculated(int page, double R1, double R2, double Q) {
+    DesignState state;
+    state.page = page;
+    state.R1 = R1;
+    state.R2 = R2;
+    state.Q = Q;
+    ResponseServices services;
+    Calculate(state, true, services);
+    return state;
+}
+
+std::string FileText(const std::string& path) {
+    std::ifstream file(path);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+/// The best known values come from long searches of another kind.
+TEST(PageOptimizer, ComesNearTheBestKnownDesigns) {
+    const json designs = json::parse(std::ifstream(TEST_DATA "/optimizer.json"));
+    int good = 0;
+    for (const json& design : designs) {
+        DesignState state = Calculated(design["page"], design["r1"], design["r2"], design["q"]);
+        state.fo = design["fo"];
+        state.QB = design["qb"];
+        state.QBC = design["qbc"];
+        ResponseServices services;
+        Calculate(state, true, services);
+        state.Q = design["q"];
+        const PageOptimization result = OptimizePage(state, {}, {kNone, kNone});
+        EXPECT_LE(result.achievedGoal, result.startGoal);
+        const double best = design["best_known"];
+        good += result.achievedGoal - best <= 1e-2 * std::max(1.0, std::fabs(best)) ? 1 : 0;
+    }
+    EXPECT_GE(good, static_cast<int>(designs.size()) - 2);
+}
+
+TEST(PageOptimizer, MovesComponentsOnlyAndNeverToAWorseGoal) {
+    for (int page = 1; page <= kPageCount; ++page) {
+        for (const bool swap : {false, true}) {
+            const DesignState before =
+                swap ? Calculated(page, 200, 50, 3) : Calculated(page, 50, 200, 3);
+            DesignState after = before;
+            const PageOptimization result = OptimizePage(after, {}, {kNone, kNone});
+            if (!std::isfinite(result.startGoal)) {  // a page that refuses these resistances
+                EXPECT_EQ(after, before) << "page " << page;
+                continue;
+            }
+            EXPECT_LE(result.achievedGoal, result.startGoal) << "page " << page;
+            if (PageOf(page).testParameters > 0) {
+                EXPECT_EQ(after, before) << "page " << page;
+            }
+            after.components = before.components;
+            EXPECT_EQ(after, before) << "page " << page;
+        }
+    }
+}
+
+TEST(PageOptimizer, LeavesADisabledDesignAsCalculated) {
+    DesignState state = Calculated(3, 50, 200, 5);
+    state.OptimizationDisabled = true;
+    const DesignState before = state;
+    EXPECT_EQ(OptimizePage(state, {}, {kNone, kNone}).status, PageOptimization::Status::NotRun);
+    EXPECT_EQ(state, before);
+}
+
+TEST(PageOptimizer, AbortsWhenTheLogCannotBeWritten) {
+    for (const char* path : {"/nowhere/opt.txt", "/dev/full", "/"}) {
+        DesignState state = Calculated(3, 50, 200, 5);
+        const DesignState before = state;
+        const PageOptimization result = OptimizePage(state, {}, {path, kNone});
+        EXPECT_EQ(result.status, PageOptimization::Status::Aborted) << path;
+        EXPECT_THAT(result.error, StartsWith(path));
+        EXPECT_EQ(state, before) << path;
+    }
+}
+
+class LoggedRun : public testing::Test {
+  protected:
+    std::string run(const OptimizerSettings& settings) {
+        DesignState state = Calculated(13, 50, 200, 1);
+        OptimizePage(state, settings, files_);
+        return FileText(files_.log);
+    }
+
+    OptimizerFiles files_{testing::TempDir() + "kelvro-opt.txt",
+                          testing::TempDir() + "kelvro-opt2.csv"};
+};
+
+/// Every line of a short log, in order; numbers are the algorithm's own affair.
+TEST_F(LoggedRun, WritesWhatTheRulesSay) {
+    OptimizerSettings settings;
+    settings.local.maxIterations = 1;
+    settings.local.seekOtherMinima = false;
+    std::istringstream log(run(settings));
+    const char* expected[] = {
+        "Settings : Gradient limit=10.0000m, maximum iterations=1, with clampings",
+        "0: pure eval, 1: goal function call, 2: goal function gradient, 3: Hessian",
+        "Started as single run within Kelvro for Typ=13",
+        "Hint : Double-sided gradient formula used",
+        "Hint : Start matrix using fxx values from finite differences.",
+        "Used start matrix iH derived from fxx",
+        "Start values : f=",
+        "X : 0.0  0.0",
+        "Initial step size t=",
+        "Iteration 1 (",
+        "Current goal function and gradient : f=",
+        "X : ",
+        "G : ",
+        "S : ",
+        "Angle between -G and S is ",
+        "Angle between old and new gradient is ",
+        "Current parameter steps : |dx|=",
+        "Current steps in linear search : i=",
+        "BFGS iterations : 1, f=",
+        "Number of warnings during optimization : ",
+        "Function calls in gradient calculation : ",
+        "Function calls in line search : ",
+        "Single-sided gradient calculations : ",
+        "Double-sided gradient calculations : ",
+        "f=",
+        "Sum of all dx steps : ",
+        "|g|=",
+        "Final X vector :     ",
+        "Compared to start X : 0.0  0.0",
+        "Final G vector :     ",
+        "Compared to start G : ",
+        "Real final Hessian matrix H",
+        "Real final inverse Hessian matrix iH",
+        "inverse H from BFGS",
+        "Sign mismatches in matrices : ",
+        "Normalized average entry difference in matrices : ",
+        "Hint : Angle between S via iH and real iH is ",
+        "Eigenvalues of real final iH : ",
+        "Eigenvalues of final BFGS iH : ",
+        "Eigenvector 1 : ",
+        "Eigenvector 2 : ",
+        "Parameter uncertainty estimation : ",
+        "1 : ",
+        "2 : ",
+        "f at achieved optimum : ",
+        "f*1e9 at achieved optimum : "};
+    std::string line;
+    for (const char* start : expected) {
+        bool found = false;
+        while (!found && std::getline(log, line)) found = line.starts_with(start);
+        ASSERT_TRUE(found) << start;
+    }
+}
+
+TEST_F(LoggedRun, AppendsTheSecondRunAndListsEveryCall) {
+    OptimizerSettings settings;
+    settings.singleRun = false;
+    settings.writeTable = true;
+    DesignState state = Calculated(13, 50, 200, 1);
+    const PageOptimization result = OptimizePage(state, settings, files_);
+    const std::string log = FileText(files_.log);
+    EXPECT_THAT(log, HasSubstr("Hint: More data in file " + files_.table));
+    EXPECT_LT(log.find("Started within Kelvro for Typ=13"),
+              log.find("2nd optimization run : \nStarted 2nd time within Kelvro for Typ=13"));
+    const std::string table = FileText(files_.table);
+    EXPECT_EQ(std::ranges::count(table, '\n'), 3 + result.calls().total());
+}
+
+struct KeywordCase {
+    const char* word;
+    const char* message;  ///< its beginning, empty for none
+};
+
+class Keyword : public testing::TestWithParam<KeywordCase> {};
+
+/// Each keyword changes what an optimization does.
+TEST_P(Keyword, TakesEffect) {
+    const std::vector<std::string> arguments = {GetParam().word};
+    const KeywordPreset preset = ReadKeywords(arguments);
+    if (*GetParam().message == 0) {
+        EXPECT_TRUE(preset.messages.empty());
+    } else {
+        ASSERT_EQ(preset.messages.size(), 1U);
+        EXPECT_THAT(preset.messages[0], StartsWith(GetParam().message));
+    }
+    bool changed = preset.optimizationDisabled;
+    for (const auto& [page, Q] : {std::pair{5, 5.0}, {2, 0.2}, {1, 8.0}}) {
+        DesignState plain = Calculated(page, page == 2 ? 300 : 40, page == 2 ? 70 : 170, Q);
+        DesignState preset_ = plain;
+        // Two runs by default, so that "single" shows; "mruns" is the other way round.
+        OptimizerSettings defaults;
+        defaults.singleRun = std::string(GetParam().word) != "single";
+        const auto with = ReadKeywords(arguments, defaults).settings;
+        OptimizerFiles files{testing::TempDir() + "kelvro-key.txt",
+                             testing::TempDir() + "kelvro-key.csv"};
+        std::remove(files.table.c_str());
+        const auto a = OptimizePage(plain, defaults, {kNone, kNone});
+        const auto b = OptimizePage(preset_, with, files);
+        changed = changed || a.calls().of(CallKind::Gradient) != b.calls().of(CallKind::Gradient) ||
+                  a.achievedGoal != b.achievedGoal || std::ifstream(files.table).good();
+    }
+    EXPECT_TRUE(changed);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, Keyword,
+    testing::Values(KeywordCase{"dfp", "Hint: DFP"}, KeywordCase{"hessian", "Hint: True H"},
+                    KeywordCase{"noclamp", "Hint: No parameter clamping."},
+                    KeywordCase{"max", "Hint: Max-norm used"}, KeywordCase{"xls", "Hint: Tables"},
+                    KeywordCase{"noise", "Hint: Optimization is less accurate"},
+                    KeywordCase{"nopt", ""}, KeywordCase{"steep", "Hint: Optimization using"},
+                    KeywordCase{"single", ""}, KeywordCase{"ssg", ""}, KeywordCase{"dsg", ""},
+                    KeywordCase{"trans", ""}, KeywordCase{"mruns", ""}),
+    [](const auto& test) { return test.param.word; });
+
+TEST(Keywords, JoinAndTheNumbersBehindThem) {
+    const std::vector<std::string> arguments = {"dfp,steep", "0,75", "7"};
+    const KeywordPreset preset = ReadKeywords(arguments);
+    EXPECT_TRUE(preset.settings.local.dfp);
+    EXPECT_TRUE(preset.settings.local.steepestDescent);
+    EXPECT_EQ(preset.settings.local.lineAccuracy, 0.75);
+    EXPECT_EQ(preset.settings.local.lineCentre, 1);
+    ASSERT_EQ(preset.messages.size(), 4U);
+    EXPECT_EQ(preset.messages[2],
+              "Hint: Line accuracy modified (0=fast,1=accurate)! Parameter set to 0.75");
+}
+
+}  // namespace
+}  // namespace kelvro

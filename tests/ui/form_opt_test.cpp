@@ -1,0 +1,160 @@
+#include "ui/form_opt.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "plot/plot_image.h"
+#include "ui/design_session.h"
+
+using namespace kelvro;
+
+/// The optimizer's window over a design session of its own, reports in a folder of its own.
+class FormOptTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void init() {
+        folder_ = std::make_unique<QTemporaryDir>();
+        session_ = std::make_unique<DesignSession>();
+        session_->setMessageSink([this](const QString& text) { messages_ << text; });
+        session_->optimizer().files = {folder_->filePath("opt.txt").toStdString(),
+                                       folder_->filePath("opt2.csv").toStdString()};
+        session_->goToPage(3);
+        form_ = std::make_unique<TFormOpt>(*session_, session_->optimizer(), nullptr);
+        form_->show();
+        messages_.clear();
+    }
+
+    void cleanup() { form_.reset(); }
+
+    void gradientOptionsExcludeEachOther() {
+        click("CheckBoxForceSingleSidedGrad");
+        click("CheckBoxForceDoubleSidedGrad");
+        QVERIFY(!box("CheckBoxForceSingleSidedGrad").isChecked());
+        QVERIFY(settings().local.gradient == GradientChoice::DoubleSided);
+        click("CheckBoxForceDoubleSidedGrad");
+        QVERIFY(settings().local.gradient == GradientChoice::Automatic);
+    }
+
+    void iterationsAreHeldToTheirRange_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("iterations");
+        QTest::addRow("plain") << "20" << 20;
+        QTest::addRow("fraction") << "7.9" << 7;
+        QTest::addRow("too many") << "1k" << 199;
+        QTest::addRow("none") << "-3" << 1;
+        QTest::addRow("no number") << "many" << 1;
+    }
+
+    void iterationsAreHeldToTheirRange() {
+        QFETCH(QString, text);
+        type("itEingabe", text);
+        QTEST(settings().local.maxIterations, "iterations");
+    }
+
+    void triggerRunsWithTheSettingsOfTheWindow() {
+        type("itEingabe", "1");
+        click("ButtonTrigger");
+        QCOMPARE(label("LabelIterations"), QString("Actually used iterations : 1"));
+        const CallCounts calls = session_->optimizer().last().calls();
+        QCOMPARE(label("LabelCallsSplit"), QString("(%1 in line search and %2 in gradient)")
+                                               .arg(calls.of(CallKind::LineSearch))
+                                               .arg(calls.of(CallKind::Gradient)));
+        QVERIFY(QFileInfo(folder_->filePath("opt.txt")).size() > 0);
+        QVERIFY(!QFileInfo::exists(folder_->filePath("opt2.csv")));
+        click("CheckBoxWritexls");
+        click("ButtonTrigger");
+        QVERIFY(QFileInfo(folder_->filePath("opt2.csv")).size() > 0);
+    }
+
+    void forcingNoOptimizationKeepsTheCalculatedComponents() {
+        click("CheckBoxForceNoOpt");
+        click("ButtonTrigger");
+        // 2·Q/((sqrt(R1·R2) + R1)·ω) for 50 and 200 ohm, Q 5, 100 MHz
+        QVERIFY(std::abs(session_->state().components[Slot::C1] * 1e12 - 106.103) < 0.001);
+    }
+
+    void twoRunsWithAnOddNumberOfIterationsAreRemarkedOn() {
+        click("CheckBoxForceSingleOpt");
+        type("itEingabe", "25");
+        click("ButtonTrigger");
+        QCOMPARE(messages_, QStringList("Better use 20, 30, 40, etc. to support reporting on 2nd "
+                                        "optimization run."));
+        QCOMPARE(session_->optimizer().last().runs.size(), std::size_t{2});
+    }
+
+    void defaultsResetAllButTheTable() {
+        for (const char* name : {"CheckBoxForceSteepestDescent", "CheckBoxWritexls",
+                                 "CheckBoxNoClampings", "CheckBoxForceSingleSidedGrad"})
+            click(name);
+        type("itEingabe", "5");
+        click("ButtonDefaults");
+        QVERIFY(!settings().local.steepestDescent && !settings().local.noClampings);
+        QVERIFY(settings().local.gradient == GradientChoice::Automatic);
+        QVERIFY(settings().writeTable);
+        QCOMPARE(edit("itEingabe").text(), QString(" 80"));
+        QCOMPARE(edit("GradEingabe").text(), QString("  10.0m"));
+    }
+
+    void historyOpensTheReportsThatExist() {
+        QStringList opened;
+        form_->setFileOpener([&](const QString& path) {
+            opened << QFileInfo(path).fileName();
+            return true;
+        });
+        click("ButtonHistory");
+        QCOMPARE(opened, QStringList("opt.txt"));
+        QVERIFY(QFile::remove(folder_->filePath("opt.txt")));
+        click("ButtonHistory");
+        QCOMPARE(messages_, QStringList("History file does not exist."));
+    }
+
+    void theTabsAndTheMenuChangeThePlots() {
+        const auto* image = form_->findChild<PlotImage*>("ImageHistory3");
+        QCOMPARE(image->picture().title, std::string("Parameter changes xi-xi+1 vs Iteration"));
+        form_->findChild<QAction*>("Toggledxoutput1")->trigger();
+        QCOMPARE(image->picture().title, std::string("Parameter changes x-xfinal vs Iteration"));
+        form_->findChild<QTabBar*>("TabControlHistory")->setCurrentIndex(1);
+        QCOMPARE(image->picture().title, std::string("Normalized Parameters vs Iteration"));
+        QTest::mouseMove(form_->findChild<PlotImage*>("ImageHistory1"), QPoint(60, 60));
+        QVERIFY(label("LabelHistory1").startsWith("i="));
+    }
+
+    void aReportThatCannotBeWrittenLeavesTheCalculatedDesign() {
+        session_->optimizer().files.log = "/dev/full";
+        click("ButtonTrigger");
+        QCOMPARE(label("LabelGoal"), QString("Optimization aborted : /dev/full: %1")
+                                         .arg(QString::fromLocal8Bit(strerror(ENOSPC))));
+        QVERIFY(std::abs(session_->state().components[Slot::C1] * 1e12 - 106.103) < 0.001);
+    }
+
+  private:
+    OptimizerSettings& settings() { return session_->optimizer().settings; }
+    QCheckBox& box(const char* name) { return *form_->findChild<QCheckBox*>(name); }
+    QLineEdit& edit(const char* name) { return *form_->findChild<QLineEdit*>(name); }
+    QString label(const char* name) { return form_->findChild<QLabel*>(name)->text(); }
+
+    void click(const char* name) {
+        auto* button = form_->findChild<QAbstractButton*>(name);
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+    }
+
+    void type(const char* name, const QString& text) {
+        edit(name).selectAll();
+        QTest::keyClicks(&edit(name), text);
+    }
+
+    std::unique_ptr<QTemporaryDir> folder_;
+    std::unique_ptr<DesignSession> session_;
+    std::unique_ptr<TFormOpt> form_;
+    QStringList messages_;
+};
+
+QTEST_MAIN(FormOptTest)
+#include "form_opt_test.moc"

@@ -1,0 +1,131 @@
+#include "ui/form_proposal.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeWidget>
+
+#include "ui/design_session.h"
+#include "ui/fields.h"
+
+namespace kelvro {
+
+class FormProposalTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void init() {
+        session_ = std::make_unique<DesignSession>();
+        messages_.clear();
+        session_->setMessageSink([this](const QString& text) { messages_ << text; });
+        form_ = std::make_unique<TFormProposal>(*session_);
+        form_->show();
+    }
+
+    void everyWishChangesTheTable_data() {
+        QTest::addColumn<QString>("control");
+        QTest::addColumn<QString>("first");
+        QTest::addRow("harmonics") << "CheckBoxHarmonics"
+                                   << "Pi Section";
+        QTest::addRow("balanced") << "CheckBoxBalanced"
+                                  << "LC Balun";
+        QTest::addRow("resistive") << "CheckBoxResistive"
+                                   << "Passive Pi/T Section";
+        QTest::addRow("amplifier") << "CheckBoxAmplifier"
+                                   << "RLopt";
+    }
+
+    void everyWishChangesTheTable() {
+        QFETCH(QString, control);
+        QFETCH(QString, first);
+        QVERIFY(titleAt(0) != first);
+        QTest::mouseClick(form_->findChild<QWidget*>(control), Qt::LeftButton, {}, {8, 8});
+        QTRY_COMPARE(titleAt(0), first);
+    }
+
+    void followsTheDesign() {
+        session_->state().R1 = 300;
+        session_->state().R2 = 300;
+        session_->recalculate();
+        QTRY_VERIFY(form_->findChild<QLabel*>("LabelInputs")->text().contains("R1 300.00 Ω"));
+        for (int i = 0; i < table().topLevelItemCount(); ++i) QVERIFY(titleAt(i) != "LC Gamma");
+    }
+
+    void theQAndTheBandwidthReplaceEachOther() {
+        auto* Q = form_->findChild<InputEdit*>("ProposalQEingabe");
+        auto* B = form_->findChild<InputEdit*>("ProposalBEingabe");
+        QTest::keyClicks(Q, "8");
+        QTest::keyClicks(B, "10M");
+        QCOMPARE(Q->text(), "");
+        QTRY_VERIFY(table().topLevelItem(0)->child(0)->text(0).contains("10.0 MHz is wanted"));
+        QTest::keyClicks(Q, "8");
+        QCOMPARE(B->text(), "");
+    }
+
+    /// The page shows the numbers of the row, for rows that switch R1 and R2 or L and C as well.
+    void aDoubleClickGoesToThePage() {
+        const int rows = table().topLevelItemCount();
+        QVERIFY(rows > 8);
+        for (int row = 0; row < rows; ++row) {
+            session_->state() = DesignState{};
+            session_->recalculate();
+            QTest::qWait(1);
+            QTRY_COMPARE(table().topLevelItemCount(), rows);
+            table().scrollToItem(table().topLevelItem(row));
+            const Proposal promised = form_->proposals()[static_cast<std::size_t>(row)];
+            const QPoint at = table().visualItemRect(table().topLevelItem(row)).center();
+            QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, at);
+            QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, at);
+            QCOMPARE(session_->state().page, promised.page);
+            QCOMPARE(session_->state().components == promised.state.components, true);
+            QCOMPARE(session_->state().ue, promised.cycle.v);
+            QCOMPARE(messages_, QStringList());
+        }
+    }
+
+    void unsuitedCircuitsShowTheirReasonAndLeadNowhere() {
+        const int suited = table().topLevelItemCount();
+        QTest::mouseClick(form_->findChild<QWidget*>("CheckBoxUnsuited"), Qt::LeftButton, {},
+                          {8, 8});
+        QTRY_VERIFY(table().topLevelItemCount() > suited);
+        QTreeWidgetItem* last = table().topLevelItem(table().topLevelItemCount() - 1);
+        QVERIFY(last->child(0)->text(0).contains("not suited"));
+        table().setCurrentItem(last);
+        QVERIFY(!form_->findChild<QPushButton*>("ButtonGo")->isEnabled());
+        const int page = session_->state().page;
+        form_->ButtonGoClick();
+        QCOMPARE(session_->state().page, page);
+    }
+
+    void copiesTheTable() {
+        QTest::mouseClick(form_->findChild<QPushButton*>("ButtonCopyProposals"), Qt::LeftButton);
+        const QStringList lines = QApplication::clipboard()->text().split('\n');
+        QCOMPARE(lines.size(), table().topLevelItemCount());
+        QVERIFY(lines[0].startsWith(titleAt(0) + '\t'));
+    }
+
+    void escapeCloses() {
+        QTest::keyClick(form_.get(), Qt::Key_Escape);
+        QVERIFY(!form_->isVisible());
+    }
+
+  private:
+    QTreeWidget& table() { return *form_->findChild<QTreeWidget*>("ProposalTable"); }
+    QString titleAt(int row) {
+        const QTreeWidgetItem* item = table().topLevelItem(row);
+        return item ? item->text(0) : QString();
+    }
+
+    std::unique_ptr<DesignSession> session_;
+    std::unique_ptr<TFormProposal> form_;
+    QStringList messages_;
+};
+
+}  // namespace kelvro
+
+QTEST_MAIN(kelvro::FormProposalTest)
+#include "form_proposal_test.moc"

@@ -1,0 +1,80 @@
+#include <QListWidget>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTextBrowser>
+#include <QtTest>
+
+#include "design/pages.h"
+#include "ui/help/circuit_hints_dlg.h"
+#include "ui/help/help_box.h"
+#include "ui/help/manual_text.h"
+
+using namespace kelvro;
+
+namespace {
+
+/// A main window that has a page and nothing else.
+class PageOnlyHost : public DesignHost {
+  public:
+    DesignState& state() override { return state_; }
+    void recalculate(bool) override { emit designChanged(); }
+    void goToPage(int page) override {
+        EnterPage(state_, page);
+        emit designChanged();
+    }
+    void showMessage(const QString&) override {}
+
+  private:
+    DesignState state_;
+};
+
+}  // namespace
+
+class HelpTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void everyLinkOfTheManualLeadsToAChapter() {
+        QStringList ids;
+        for (const ManualTopic& topic : ManualTopics()) ids << topic.id;
+        QCOMPARE(ids.removeDuplicates(), 0);
+        const QRegularExpression link(QStringLiteral("href=\"([^\"]+)\""));
+        for (const ManualTopic& topic : ManualTopics()) {
+            const QString html = ManualHtml(topic.id);
+            QVERIFY2(html.contains("<h2>"), qPrintable(topic.id));
+            QVERIFY2(topic.id == ids.front() || html != ManualHtml(ids.front()),
+                     qPrintable("no chapter of its own: " + topic.id));
+            auto match = link.globalMatch(html);
+            while (match.hasNext()) QVERIFY(ids.contains(match.next().captured(1)));
+        }
+    }
+
+    void helpOpensAtTheChapterOfThePage() {
+        PageOnlyHost host;
+        host.goToPage(4);
+        THilfeBox box(host, nullptr);
+        box.show();
+        QCOMPARE(box.topic(), QStringLiteral("page-4"));
+        const auto* text = box.findChild<QTextBrowser*>("HilfeText");
+        QVERIFY(text->toPlainText().contains("T Section"));
+        auto* index = box.findChild<QListWidget*>("HilfeIndex");
+        index->setFocus();
+        QTest::keyClick(index, Qt::Key_Home);
+        QCOMPARE(box.topic(), QStringLiteral("start"));
+        QTest::keyClick(&box, Qt::Key_Escape);
+        QVERIFY(!box.isVisible());
+    }
+
+    void circuitHintsFollowThePage() {
+        PageOnlyHost host;
+        TCircuitHintsDlg dialog(host, nullptr);
+        const auto* text = dialog.findChild<QTextBrowser*>("CircuitHintsText");
+        const QString first = text->toPlainText();
+        host.goToPage(15);
+        QVERIFY(dialog.windowTitle().contains("Class-E"));
+        QVERIFY(text->toPlainText() != first);
+    }
+};
+
+QTEST_MAIN(HelpTest)
+#include "help_test.moc"

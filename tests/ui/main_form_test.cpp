@@ -1,0 +1,445 @@
+// The shared part of the main window: inputs, spin buttons, series, hints, buttons.
+
+#include <QClipboard>
+#include <QMenu>
+#include <QRadioButton>
+#include <QStatusBar>
+#include <QTimer>
+#include <cmath>
+
+#include "tests/ui/form_fixture.h"
+
+using namespace kelvro;
+
+class MainFormTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void typedTextIsReadAndClamped_data();
+    void typedTextIsReadAndClamped();
+    void typingAnInputUpdatesTheOutputsAtEveryKey();
+    void programWritesOfQDoNotCalculate();
+    void undoReachesTheStateAsTypingDoes();
+    void spinButtonsStopAtTheirLimits_data();
+    void spinButtonsStopAtTheirLimits();
+    void spinButtonsWriteTheirFormat();
+    void heldSpinButtonStopsAtAMessage();
+    void switchingResistancesCalculatesOnce();
+    void okRewritesEveryInputAndCalculatesOnce();
+    void busySuppressesTheCalculation();
+    void seriesAreChosenByButtonAndMenuAlike();
+    void choosingASeriesChangesNoOutput();
+    void bandwidthFontFollowsItsText();
+    void hintsShowTheGoalOrTheWarning();
+    void reportThatCannotBeWrittenStandsInTheStatusPanel();
+    void stayInFrontTogglesFlagAndCheckMark();
+    void windowIsCopiedToTheClipboard();
+    void programThatCannotStartIsReportedByABeepOnly();
+    void argumentsPresetTheOptimizerAndSaySo();
+    void everyControlOfTheWindowIsThere();
+    void tabKeyFollowsTheEye();
+};
+
+void MainFormTest::typedTextIsReadAndClamped_data() {
+    QTest::addColumn<int>("page");
+    QTest::addColumn<QString>("edit");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("value");
+    const auto row = [](int page, const char* edit, const char* text, double value) {
+        QTest::addRow("page %d %s '%s'", page, edit, text)
+            << page << QString(edit) << QString(text) << value;
+    };
+    row(3, "R1Eingabe", "0", 0.001);
+    row(3, "R1Eingabe", "1,5k", 1500);
+    row(3, "R2Eingabe", "9M", 1e6);
+    row(3, "R2Eingabe", "no number", 0.001);
+    row(3, "foEingabe", "5M", 5e6);
+    row(3, "foEingabe", "100G", 2e10);
+    row(3, "foEingabe", "0.5", 1);
+    row(3, "QEingabe", "0.1", 0.2);
+    row(3, "QEingabe", "1.5", 1.5);
+    row(3, "QEingabe", "501", 500);
+    row(3, "QBEingabe", "4", 5);
+    row(3, "QBEingabe", "1e9", 10000);
+    row(3, "QBCEingabe", "2k", 2000);
+    row(5, "k5Eingabe", "2", 1);
+    row(5, "k5Eingabe", "0", 0.1);
+    row(6, "er6Eingabe", "4.3", 4.3);
+    row(6, "er6Eingabe", "1000", 100);
+}
+
+void MainFormTest::typedTextIsReadAndClamped() {
+    QFETCH(int, page);
+    QFETCH(QString, edit);
+    QFETCH(QString, text);
+    QFETCH(double, value);
+    FormFixture f;
+    f.goTo(page);
+    f.type(edit, text);
+    const DesignState& s = f.state();
+    const QHash<QString, double> stored = {
+        {"R1Eingabe", s.R1}, {"R2Eingabe", s.R2},   {"foEingabe", s.fo}, {"QEingabe", s.Q},
+        {"QBEingabe", s.QB}, {"QBCEingabe", s.QBC}, {"k5Eingabe", s.k},  {"er6Eingabe", s.er}};
+    QCOMPARE(stored.value(edit), value);
+    QCOMPARE(f.text(edit), text);  // what the user typed is not rewritten
+}
+
+void MainFormTest::typingAnInputUpdatesTheOutputsAtEveryKey() {
+    FormFixture f;
+    f.goTo(3);
+    f.calculations = 0;
+    f.type("QEingabe", "10");
+    QCOMPARE(f.calculations, 2);
+    QCOMPARE(f.text("BAusgabe"), QString("   10.00M"));  // fo/Q = 100 MHz / 10
+}
+
+void MainFormTest::programWritesOfQDoNotCalculate() {
+    FormFixture f;
+    f.goTo(3);
+    f.calculations = 0;
+    f.find("QEingabe").setText("7");
+    QCOMPARE(f.calculations, 0);
+    QCOMPARE(f.state().Q, 5.0);
+    f.find("R1Eingabe").setText("75");
+    QCOMPARE(f.calculations, 1);
+    QCOMPARE(f.state().R1, 75.0);
+}
+
+void MainFormTest::undoReachesTheStateAsTypingDoes() {
+    FormFixture f;
+    f.goTo(3);
+    f.type("QEingabe", "12");
+    QCOMPARE(f.state().Q, 12.0);
+    f.choose("Undo1");
+    QCOMPARE(f.state().Q, 5.0);
+}
+
+void MainFormTest::spinButtonsStopAtTheirLimits_data() {
+    QTest::addColumn<int>("page");
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<double>("start");
+    QTest::addColumn<double>("low");
+    QTest::addColumn<double>("high");
+    const auto row = [](int page, const char* button, double start, double low, double high) {
+        QTest::addRow("page %d %s", page, button)
+            << page << QString(button) << start << low << high;
+    };
+    row(3, "R1", 50, 0.001, 1e6);
+    row(3, "R2", 50, 0.001, 1e6);
+    row(3, "fo", 1e6, 1, 2e10);
+    row(3, "Q", 5, 0.2, 1000);
+    row(15, "Q", 5, 0.2, 1000);
+    row(3, "QB", 100, 5, 10000);
+    row(3, "QBC", 100, 5, 10000);
+}
+
+void MainFormTest::spinButtonsStopAtTheirLimits() {
+    QFETCH(int, page);
+    QFETCH(QString, button);
+    QFETCH(double, start);
+    QFETCH(double, low);
+    QFETCH(double, high);
+    FormFixture f;
+    DesignState& s = f.state();
+    f.goTo(page);
+    s.SweepFactor = 9;  // few clicks to a limit
+    const QHash<QString, double*> values = {{"R1", &s.R1}, {"R2", &s.R2}, {"fo", &s.fo},
+                                            {"Q", &s.Q},   {"QB", &s.QB}, {"QBC", &s.QBC}};
+    double& value = *values.value(button);
+    value = start;
+    const auto spin = [&](const char* direction) {
+        for (int i = 0; i < 12; ++i)
+            f.find<QAbstractButton>("SpinButton" + button + direction).click();
+    };
+    spin("Up");
+    QCOMPARE(value, high);
+    spin("Down");
+    QCOMPARE(value, low);
+}
+
+void MainFormTest::spinButtonsWriteTheirFormat() {
+    FormFixture f;
+    f.goTo(3);
+    f.calculations = 0;
+    f.click("SpinButtonfoUp");
+    f.click("SpinButtonQDown");
+    QCOMPARE(f.calculations, 2);
+    QCOMPARE(f.state().fo, 105e6);
+    QCOMPARE(f.text("foEingabe"), QString("  105.00M"));
+    QCOMPARE(f.text("QEingabe"), QString("    4.70"));  // 5 less 0.3, which is 5 % in one digit
+    QTest::keyClick(&f.find("R1Eingabe"), Qt::Key_Up);
+    QCOMPARE(f.text("R1Eingabe"), QString("   53.000"));
+}
+
+void MainFormTest::heldSpinButtonStopsAtAMessage() {
+    FormFixture f;
+    f.goTo(1);
+    f.state().R1 = 195;
+    int boxes = 0;
+    f.form().session().setMessageSink([&](const QString& text) {
+        ++boxes;
+        QTimer::singleShot(600, qApp, [] { QApplication::activeModalWidget()->close(); });
+        ShowMessageBox(text);
+    });
+    QTest::mousePress(&f.find<QAbstractButton>("SpinButtonR1Up"), Qt::LeftButton);
+    QTRY_COMPARE(boxes, 1);
+    QTest::qWait(500);
+    QCOMPARE(boxes, 1);
+    QCOMPARE(f.state().R1, 200.0);
+}
+
+void MainFormTest::switchingResistancesCalculatesOnce() {
+    FormFixture f;
+    f.goTo(3);
+    f.type("R1Eingabe", "33.333");
+    f.calculations = 0;
+    f.click("SpeedButtonVertauschen");
+    QCOMPARE(f.calculations, 1);
+    QCOMPARE(f.state().R1, 200.0);
+    QCOMPARE(f.state().R2, 33.333);  // not the rounded text
+    QCOMPARE(f.text("R1Eingabe"), QString("  200.000"));
+    QCOMPARE(f.text("R2Eingabe"), QString("   33.330"));
+}
+
+void MainFormTest::okRewritesEveryInputAndCalculatesOnce() {
+    FormFixture f;
+    f.goTo(5);
+    f.type("k5Eingabe", "7");
+    f.type("R1Eingabe", "0");
+    f.type("QEingabe", "5k");
+    f.calculations = 0;
+    f.click("OK");
+    QCOMPARE(f.calculations, 1);
+    QCOMPARE(f.text("k5Eingabe"), QString("   1.000"));
+    QCOMPARE(f.text("R1Eingabe"), QString("    1.00m"));
+    QCOMPARE(f.text("QEingabe"), QString("   500.00"));
+    QCOMPARE(f.text("QBCEingabe"), QString("  1000.00"));
+}
+
+void MainFormTest::busySuppressesTheCalculation() {
+    FormFixture f;
+    f.goTo(3);
+    const QString before = f.text("C13Ausgabe");
+    f.state().Busy = true;
+    f.type("R1Eingabe", "10");
+    QCOMPARE(f.text("C13Ausgabe"), before);
+    f.state().Busy = false;
+    f.type("R1Eingabe", "10");
+    QVERIFY(f.text("C13Ausgabe") != before);
+}
+
+void MainFormTest::seriesAreChosenByButtonAndMenuAlike() {
+    FormFixture f;
+    QVERIFY(f.find<QAction>("E12Reihe1").isChecked());
+    f.click("E96Button");
+    QCOMPARE(f.state().ESeries, Series::E96);
+    QVERIFY(f.find<QAction>("E96Reihe1").isChecked());
+    QVERIFY(!f.find<QAction>("E12Reihe1").isChecked());
+    f.choose("E6Reihe1");
+    QCOMPARE(f.state().ESeries, Series::E6);
+    QVERIFY(f.find<QRadioButton>("E6Button").isChecked());
+}
+
+void MainFormTest::choosingASeriesChangesNoOutput() {
+    FormFixture f;
+    f.goTo(3);
+    const QString before = f.text("L3Ausgabe");
+    f.calculations = 0;
+    f.click("E24Button");
+    QCOMPARE(f.calculations, 0);
+    QCOMPARE(f.text("L3Ausgabe"), before);
+}
+
+void MainFormTest::bandwidthFontFollowsItsText() {
+    FormFixture f;
+    f.goTo(3);
+    QCOMPARE(f.find("BAusgabe").font().family(), QString("System"));
+    QCOMPARE(f.find("BAusgabe").font().pointSize(), 10);
+    f.goTo(7);
+    QCOMPARE(f.text("BAusgabe"), QString("infinite"));
+    QCOMPARE(f.find("BAusgabe").font().family(), QString("Arial"));
+    QCOMPARE(f.find("BAusgabe").font().pointSize(), 9);
+}
+
+void MainFormTest::hintsShowTheGoalOrTheWarning() {
+    FormFixture f;
+    f.state().OptimizationDisabled = true;
+    auto& swap = f.find<QAbstractButton>("SpeedButtonVertauschen");
+    QTest::mouseMove(&f.find("R1Eingabe"));
+    QTest::mouseMove(&swap);
+    QCOMPARE(f.find<QStatusBar>("StatusBar").currentMessage(),
+             QString("Switch R1 and R2 - Warning: Optimization is disabled!"));
+    f.state().OptimizationDisabled = false;
+    auto& two = f.find<QWidget>("SpinButtonR2");
+    QTest::mouseMove(&two, QPoint(2, 2));
+    const QString shown = f.find<QStatusBar>("StatusBar").currentMessage();
+    QVERIFY2(shown.startsWith("Increase or decrease R1, achieved fmin="), qPrintable(shown));
+    QCOMPARE(shown.size(), QString("Increase or decrease R1, achieved fmin=").size() + 9);
+}
+
+void MainFormTest::reportThatCannotBeWrittenStandsInTheStatusPanel() {
+    FormFixture f({"single"});
+    f.goTo(3);
+    const auto& panel = f.find<QStatusBar>("StatusBar");
+    QVERIFY2(panel.currentMessage().contains("achieved fmin="), qPrintable(panel.currentMessage()));
+    f.form().session().optimizer().files.log = "/no/such/folder/opt.txt";
+    f.type("QEingabe", "6");
+    QVERIFY2(panel.currentMessage().contains("o such file"), qPrintable(panel.currentMessage()));
+    QVERIFY(f.messages.isEmpty());
+    QCOMPARE(f.state().Q, 6.0);
+}
+
+void MainFormTest::stayInFrontTogglesFlagAndCheckMark() {
+    FormFixture f;
+    auto& item = f.find<QAction>("ImVordergrundbleiben1");
+    item.trigger();
+    QVERIFY(f.form().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    QVERIFY(item.isChecked());
+    QVERIFY(f.form().isVisible());
+    item.trigger();
+    QVERIFY(!f.form().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    QVERIFY(!item.isChecked());
+}
+
+void MainFormTest::windowIsCopiedToTheClipboard() {
+    FormFixture f;
+    f.click("ButtonCopy");
+    QCOMPARE(QApplication::clipboard()->pixmap().deviceIndependentSize().toSize(), f.form().size());
+}
+
+void MainFormTest::programThatCannotStartIsReportedByABeepOnly() {
+    FormFixture f;
+    f.form().execute("/no/such/program");
+    QVERIFY(f.messages.isEmpty());
+}
+
+void MainFormTest::argumentsPresetTheOptimizerAndSaySo() {
+    FormFixture f({"dfp_nopt_mruns", "2", "0,25"});
+    QCOMPARE(f.startMessages,
+             QStringList({"Hint: DFP update formulas used instead of BFGS.",
+                          "Hint: Line accuracy modified (0=fast,1=accurate)! Parameter set to 1.00",
+                          "Hint: Line center parameter modified (0.5=default,0=short)! Parameter "
+                          "set to 0.25"}));
+    QVERIFY(f.state().OptimizationDisabled);
+    const OptimizerSettings& settings = f.form().session().optimizer().settings;
+    QVERIFY(settings.local.dfp);
+    QVERIFY(!settings.singleRun);
+    QCOMPARE(settings.local.lineAccuracy, 1.0);
+    QCOMPARE(settings.local.lineCentre, 0.25);
+    QCOMPARE(f.form().windowTitle(), QString("Kelvro - Matching Network and PA Design"));
+}
+
+void MainFormTest::everyControlOfTheWindowIsThere() {
+    FormFixture f;
+    const QStringList names = {"R1Eingabe",
+                               "R2Eingabe",
+                               "foEingabe",
+                               "QEingabe",
+                               "QBEingabe",
+                               "QBCEingabe",
+                               "SpinButtonR1",
+                               "SpinButtonR2",
+                               "SpinButtonfo",
+                               "SpinButtonQ",
+                               "SpinButtonQB",
+                               "SpinButtonQBC",
+                               "BAusgabe",
+                               "ueAusgabe",
+                               "dBAusgabe",
+                               "dAusgabe",
+                               "QBgesAusgabe",
+                               "CheckBoxQ",
+                               "CheckBoxE",
+                               "E6Button",
+                               "E12Button",
+                               "E24Button",
+                               "E48Button",
+                               "E96Button",
+                               "SpeedButtonVertauschen",
+                               "SpeedButtonHint",
+                               "SpeedButtonExport",
+                               "ButtonTake",
+                               "ButtonTakeAndOpt",
+                               "ButtonGuide",
+                               "OK",
+                               "Abbruch",
+                               "Hilfe",
+                               "StatusBar",
+                               "SpeedPanel",
+                               "ExitBtn",
+                               "RechenButton",
+                               "ExecButton",
+                               "SweepButton",
+                               "ButtonCopy",
+                               "VuButton",
+                               "SpeedButtonTol",
+                               "SpeedButtonINISave",
+                               "SpeedButtonINILaden",
+                               "SpeedButtonInfo",
+                               "SpeedButtonOptSettings",
+                               "SpeedButtonGlobalOpt",
+                               "PhiBtn",
+                               "PanelQ",
+                               "Notebook1",
+                               "TabSet1",
+                               "CheckBox1",
+                               "CheckBox2",
+                               "CheckBox3",
+                               "CheckBox4",
+                               "CheckBoxL1L2",
+                               "CheckBoxLtot",
+                               "CheckBoxC1Null",
+                               "ScrollBarW",
+                               "ScrollBarWC",
+                               "ScrollBarLtot"};
+    for (const QString& name : names)
+        QVERIFY2(f.form().findChild<QWidget*>(name), qPrintable(name));
+    const QStringList items = {"Drucken1",
+                               "Druckereinstellung1",
+                               "ExitItem",
+                               "Rechnen1",
+                               "Undo1",
+                               "SweepFaktor1",
+                               "Optimizationsetup1",
+                               "LCS1",
+                               "LCP1",
+                               "Pi1",
+                               "T1",
+                               "Uebertrager1",
+                               "Leitung1",
+                               "PassivesLGlied1",
+                               "PassivesPiGlied1",
+                               "LCAllpass1",
+                               "RLoptberechnen1",
+                               "LeffCeff1",
+                               "KombinierterLCKreis1",
+                               "LCGamma1",
+                               "LCCL1",
+                               "KlasseEVerstrker1",
+                               "Bandpass1",
+                               "DoubleLSection1",
+                               "E6Reihe1",
+                               "E96Reihe1",
+                               "Ausfhren1",
+                               "ImVordergrundbleiben1"};
+    for (const QString& name : items)
+        QVERIFY2(f.form().findChild<QAction*>(name), qPrintable(name));
+}
+
+void MainFormTest::tabKeyFollowsTheEye() {
+    FormFixture f;
+    f.goTo(5);
+    f.form().activateWindow();
+    f.find("R1Eingabe").setFocus();
+    QStringList order;
+    for (int i = 0; i < 9 && QApplication::focusWidget(); ++i) {
+        order << QApplication::focusWidget()->objectName();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    QCOMPARE(order.mid(0, 8),
+             QStringList({"R1Eingabe", "R2Eingabe", "foEingabe", "SpeedButtonVertauschen",
+                          "QEingabe", "QBEingabe", "QBCEingabe", "CheckBoxQ"}));
+}
+
+QTEST_MAIN(MainFormTest)
+#include "main_form_test.moc"

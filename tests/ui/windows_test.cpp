@@ -1,0 +1,173 @@
+// What the controls of the main window open, and its small dialogs.
+
+#include <QDialog>
+#include <QFile>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPrintDialog>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
+
+#include "tests/ui/form_fixture.h"
+
+using namespace kelvro;
+
+namespace {
+
+QList<QAction*> ItemsOf(QWidget& bar) {
+    QList<QAction*> items;
+    QList<QAction*> open = bar.actions();
+    while (!open.isEmpty()) {
+        QAction* item = open.takeFirst();
+        if (item->menu()) {
+            open += item->menu()->actions();
+        } else if (!item->isSeparator() && item->isVisible()) {
+            items << item;
+        }
+    }
+    return items;
+}
+
+}  // namespace
+
+class WindowsTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void everyLinkedControlOpensItsWindowWhichEscapeCloses();
+    void noMenuItemAndNoButtonLeadsNowhere();
+    void menuKeysOfOneMenuAreDistinct();
+    void sweepFactorIsHeldToItsRangeWhileTyping_data();
+    void sweepFactorIsHeldToItsRangeWhileTyping();
+    void cancelledSweepFactorIsRestored();
+    void windowIsPrintedIntoAFile();
+    void closingTheFormClosesItsWindows();
+};
+
+void WindowsTest::everyLinkedControlOpensItsWindowWhichEscapeCloses() {
+    FormFixture f;
+    f.goTo(3);
+    for (const WindowLink& link : AppWindows::links()) {
+        if (auto* button = f.form().findChild<QAbstractButton*>(link.control)) button->click();
+        if (auto* item = f.form().findChild<QAction*>(link.control)) item->trigger();
+        QWidget* window = f.form().windows().window(link.window);
+        QVERIFY2(window && window->isVisible(), link.control);
+        QTest::keyClick(window, Qt::Key_Escape);
+        if (qobject_cast<QDialog*>(window)) QVERIFY2(!window->isVisible(), link.window);
+        window->close();
+    }
+}
+
+void WindowsTest::noMenuItemAndNoButtonLeadsNowhere() {
+    FormFixture f;
+    QSet<QString> known = {"Drucken1",
+                           "Druckereinstellung1",
+                           "ExitItem",
+                           "Rechnen1",
+                           "Undo1",
+                           "Ausfhren1",
+                           "ImVordergrundbleiben1",
+                           "OK",
+                           "ButtonTake",
+                           "ButtonTakeAndOpt",
+                           "Abbruch",
+                           "SpeedButtonVertauschen",
+                           "ExitBtn",
+                           "RechenButton",
+                           "ExecButton",
+                           "ButtonCopy",
+                           "SpeedButtonINISave",
+                           "SpeedButtonINILaden"};
+    for (const WindowLink& link : AppWindows::links()) known << QLatin1String(link.control);
+    QStringList lost;
+    for (const QAction* item : ItemsOf(*f.form().menuBar())) {
+        const bool pageOrSeries = item->isCheckable();
+        if (!pageOrSeries && !known.contains(item->objectName())) lost << item->objectName();
+    }
+    const QWidget& pages = f.find<QWidget>("Notebook1");  // their buttons come with their actions
+    for (const auto* button : f.form().findChildren<QPushButton*>())
+        if (!pages.isAncestorOf(button) && !known.contains(button->objectName()))
+            lost << button->objectName();
+    for (const auto* button : f.find<QWidget>("SpeedPanel").findChildren<QToolButton*>())
+        if (button->objectName() != "qt_toolbar_ext_button" &&
+            !known.contains(button->objectName()))
+            lost << button->objectName();
+    QCOMPARE(lost, QStringList());
+}
+
+void WindowsTest::menuKeysOfOneMenuAreDistinct() {
+    FormFixture f;
+    QSet<QChar> keys;
+    for (const QAction* menu : f.form().menuBar()->actions()) {
+        const qsizetype at = menu->text().indexOf('&');
+        QVERIFY2(at >= 0, qPrintable(menu->text()));
+        const QChar key = menu->text()[at + 1].toLower();
+        QVERIFY2(!keys.contains(key), qPrintable(menu->text()));
+        QVERIFY2(key != 'h', "the Help button has this key");
+        keys << key;
+    }
+}
+
+void WindowsTest::sweepFactorIsHeldToItsRangeWhileTyping_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("factor");
+    QTest::addRow("usual") << "1.2" << 1.2;
+    QTest::addRow("too small") << "1" << 1.0001;
+    QTest::addRow("too large") << "11" << 10.0;
+    QTest::addRow("no number") << "x" << 1.0001;
+}
+
+void WindowsTest::sweepFactorIsHeldToItsRangeWhileTyping() {
+    QFETCH(QString, text);
+    QFETCH(double, factor);
+    FormFixture f;
+    f.choose("SweepFaktor1");
+    QWidget* dialog = f.form().windows().window("TSweepDlg");
+    auto* edit = dialog->findChild<QLineEdit*>("SweepEingabe");
+    QCOMPARE(edit->text(), QString("  1.05"));
+    edit->selectAll();
+    QTest::keyClicks(edit, text);
+    QCOMPARE(f.state().SweepFactor, factor);
+}
+
+void WindowsTest::cancelledSweepFactorIsRestored() {
+    FormFixture f;
+    f.choose("SweepFaktor1");
+    QWidget* dialog = f.form().windows().window("TSweepDlg");
+    auto* edit = dialog->findChild<QLineEdit*>("SweepEingabe");
+    edit->selectAll();
+    QTest::keyClicks(edit, "3");
+    QTest::keyClick(dialog, Qt::Key_Escape);
+    QCOMPARE(f.state().SweepFactor, 1.05);
+}
+
+void WindowsTest::windowIsPrintedIntoAFile() {
+    FormFixture f;
+    const QString file = f.configFolder() + "/window.pdf";
+    QTimer::singleShot(100, qApp, [&] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        dialog->findChild<QLineEdit*>("filename")->setText(file);
+        dialog->accept();
+    });
+    f.choose("Drucken1");
+    QFile printed(file);
+    QVERIFY(printed.open(QIODevice::ReadOnly));
+    QVERIFY(printed.read(5) == "%PDF-");
+    QVERIFY(printed.size() > 5000);
+    QVERIFY(f.messages.isEmpty());
+}
+
+void WindowsTest::closingTheFormClosesItsWindows() {
+    FormFixture f;
+    f.goTo(3);
+    f.click("VuButton");
+    QWidget* plot = f.form().windows().window("TFormVu");
+    QVERIFY(plot->isVisible());
+    f.form().close();
+    QVERIFY(!plot->isVisible());
+}
+
+QTEST_MAIN(WindowsTest)
+#include "windows_test.moc"

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <memory>
+#include <span>
+#include <string_view>
+#include <vector>
+
+class QWidget;
+
+namespace kelvro {
+
+class DesignSession;
+
+/// When a window is made: the plot windows and dialogs with the main window, the boxes behind the
+/// splash screen.
+enum class StartStage : unsigned char { BeforeSplash, BehindSplash };
+
+/// A control of the main window (button or menu item) and the window that it opens.
+struct WindowLink {
+    const char* control;
+    const char* window;
+};
+
+/// All windows beside the main one. Each is made once, and shown and hidden as needed.
+class AppWindows {
+  public:
+    /// `parent` is what dialogs stay in front of.
+    AppWindows(DesignSession& session, QWidget& parent);
+    ~AppWindows();
+
+    /// Makes the windows of one stage, in the order of the table.
+    void create(StartStage stage);
+    /// Shows a window by the name of its class, made now if it does not exist yet.
+    void open(const QString& name);
+    /// The window of a class name, made if need be; null for an unknown name.
+    QWidget* window(const QString& name);
+    void closeAll();
+
+    /// Lets the controls below `root` open their windows.
+    void connectControls(const QWidget& root);
+    static std::span<const WindowLink> links();
+
+  private:
+    QWidget* make(const QString& name);
+
+    DesignSession& session_;
+    QWidget& parent_;
+    std::vector<std::unique_ptr<QWidget>> owned_;
+    QHash<QString, QWidget*> byName_;
+};
+
+}  // namespace kelvro

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QWidget>
+
+#include "design/circuit.h"
+#include "plot/circuit_painter.h"
+
+namespace kelvro {
+
+/// The circuit picture of a page, in the colours of the desktop.
+class CircuitView : public QWidget {
+  public:
+    explicit CircuitView(QWidget* parent = nullptr);
+
+    void show(const Circuit& circuit, const CircuitEnds& ends);
+    using QWidget::show;
+
+    QSize sizeHint() const override { return {560, 220}; }
+    QSize minimumSizeHint() const override { return {320, 140}; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    Circuit circuit_;
+    CircuitEnds ends_;
+};
+
+}  // namespace kelvro

@@ -1,0 +1,51 @@
+#include "ui/design_session.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <utility>
+
+#include "design/pages.h"
+
+namespace kelvro {
+
+DesignSession::DesignSession(QObject* parent) : DesignHost(parent), messageSink_(ShowMessageBox) {}
+
+void DesignSession::recalculate(bool storeComponents) {
+    const CycleResult result = Calculate(state_, storeComponents, optimizer_);
+    if (!result.calculated) return;
+    emit calculated(result);
+    emit designChanged();
+    // Last, because a modal box runs its own event loop: every window is up to date behind it.
+    if (result.message) showMessage(QString::fromStdString(*result.message));
+}
+
+void DesignSession::goToPage(int page) {
+    EnterPage(state_, page);
+    emit pageEntered();
+    recalculate();
+}
+
+void DesignSession::showMessage(const QString& text) {
+    messageSink_(text);
+}
+
+QString DesignSession::fieldText(std::string_view object) const {
+    return fieldTexts_ ? fieldTexts_(object) : QString();
+}
+
+void DesignSession::setMessageSink(MessageSink sink) {
+    messageSink_ = std::move(sink);
+}
+
+void DesignSession::announceInputs() {
+    emit inputsWritten();
+}
+
+void ShowMessageBox(const QString& text) {
+    QMessageBox box(QMessageBox::Information, QString::fromLatin1(kApplicationTitle), text,
+                    QMessageBox::Ok, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);  // "R2<R1!" is no markup
+    box.exec();
+}
+
+}  // namespace kelvro

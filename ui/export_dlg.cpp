@@ -1,0 +1,265 @@
+#include "ui/export_dlg.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDir>
+#include <QEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <algorithm>
+#include <cmath>
+
+#include "core/number_text.h"
+#include "design/pages.h"
+#include "io/atomic_file.h"
+#include "ui/fields.h"
+#include "ui/form_parts.h"
+
+namespace kelvro {
+
+namespace {
+
+/// Longer contents are previewed by their beginning; Copy and Save take all.
+constexpr std::size_t kPreviewCharacters = 60'000;
+
+constexpr const char* kSeriesNames[] = {"", "E6", "E12", "E24", "E48", "E96"};
+
+}  // namespace
+
+TExportDlg::TExportDlg(DesignHost& host, QWidget* parent)
+    : QDialog(parent),
+      host_(host),
+      folder_(QDir::currentPath()),
+      formats_(new QComboBox),
+      standardValues_(new QCheckBox),
+      preview_(new QPlainTextEdit),
+      note_(new QLabel) {
+    setObjectName(QStringLiteral("TExportDlg"));
+    formats_->setObjectName(QStringLiteral("ComboBoxExport"));
+    standardValues_->setObjectName(QStringLiteral("CheckBoxExportE"));
+    SetHint(*standardValues_,
+            tr("Use selected E-series values for circuit export for all elements"));
+    preview_->setObjectName(QStringLiteral("MemoExport"));
+    preview_->setReadOnly(true);
+    preview_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    preview_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    note_->setObjectName(QStringLiteral("NoteExport"));
+    note_->setTextFormat(Qt::PlainText);
+    note_->setWordWrap(true);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(choices());
+    column->addWidget(preview_, 1);
+    column->addWidget(note_);
+    column->addWidget(buttons());
+    resize(760, 600);
+    connect(formats_, &QComboBox::activated, this, &TExportDlg::FormatChange);
+    connect(standardValues_, &QCheckBox::clicked, this, &TExportDlg::CheckBoxExportEClick);
+    connect(&host_, &DesignHost::designChanged, this, &TExportDlg::designChanged);
+    connect(&host_, &DesignHost::standardValuesChanged, this, &TExportDlg::designChanged);
+}
+
+QWidget* TExportDlg::choices() {
+    auto* panel = new QWidget;
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    auto* caption = new QLabel(tr("&Format"));
+    caption->setBuddy(formats_);
+    grid->addWidget(caption, 0, 0);
+    grid->addWidget(formats_, 0, 1, 1, 2);
+    grid->addWidget(standardValues_, 0, 4, 1, 6);
+    addRangeRow("ExportFromEingabe", tr("From"), "Hz", tr("First frequency"), &ExportRange::from);
+    addRangeRow("ExportToEingabe", tr("to"), "Hz", tr("Last frequency"), &ExportRange::to);
+    addRangeRow("ExportPointsEingabe", tr("Points"), "", tr("Number of frequencies"), nullptr);
+    addRangeRow("ExportZ0Eingabe", tr("Reference Z0"), "Ω",
+                tr("Reference resistance of both ports"), &ExportRange::z0);
+    int place = 0;
+    for (const RangeRow& row : rows_) {
+        for (QWidget* widget : row.widgets) grid->addWidget(widget, 1, place++);
+    }
+    grid->setColumnStretch(place, 1);
+    return panel;
+}
+
+void TExportDlg::addRangeRow(const char* name, const QString& caption, const QString& unit,
+                             const QString& hint, double ExportRange::*value) {
+    auto* edit = new InputEdit(QLatin1String(name));
+    edit->setMaximumWidth(FieldWidth(*edit));
+    SetHint(*edit, hint);
+    auto* label = new QLabel(caption);
+    label->setBuddy(edit);
+    rows_.push_back({edit, {label, edit, new QLabel(unit)}, value});
+    connect(edit, &QLineEdit::textEdited, this, &TExportDlg::RangeChange);
+}
+
+QWidget* TExportDlg::buttons() {
+    auto* panel = new QWidget;
+    auto* row = new QHBoxLayout(panel);
+    row->setContentsMargins(0, 0, 0, 0);
+    copy_ =
+        AddButton<QPushButton>(*row, "ButtonExportCopy", tr("&Copy"), tr("Copy to the clipboard"));
+    save_ = AddButton<QPushButton>(*row, "ButtonExportSave", tr("&Save..."), tr("Save to a file"));
+    row->addStretch();
+    auto* closing = AddButton<QPushButton>(*row, "ButtonExportClose", tr("Close"), {});
+    connect(copy_, &QPushButton::clicked, this, &TExportDlg::ButtonExportCopyClick);
+    connect(save_, &QPushButton::clicked, this, &TExportDlg::ButtonExportSaveClick);
+    connect(closing, &QPushButton::clicked, this, &QDialog::close);
+    return panel;
+}
+
+void TExportDlg::showEvent(QShowEvent* event) {
+    rangeTyped_ = false;
+    designChanged();
+    formats_->setFocus();
+    QDialog::showEvent(event);
+}
+
+/// Fields of the main window may have been rounded, which changes no design.
+void TExportDlg::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) designChanged();
+    QDialog::changeEvent(event);
+}
+
+void TExportDlg::designChanged() {
+    if (!isVisible()) return;
+    const Page& page = PageOf(host_.state());
+    setWindowTitle(tr("Export - %1").arg(ToQString(page.caption)));
+    const auto series = static_cast<std::size_t>(host_.state().ESeries);
+    standardValues_->setText(tr("Standard values (%1)").arg(QLatin1String(kSeriesNames[series])));
+    standardValues_->setChecked(host_.standardValues());
+    listFormats();
+    if (!rangeTyped_) defaultRange();
+    refresh();
+}
+
+void TExportDlg::listFormats() {
+    const QString chosen = formats_->currentData().toString();
+    formats_->clear();
+    for (const ExportFormat& format : ExportFormats()) {
+        if (!format.available(PageOf(host_.state()))) continue;
+        formats_->addItem(ToQString(format.caption), ToQString(format.key));
+    }
+    formats_->setCurrentIndex(std::max(0, formats_->findData(chosen)));
+}
+
+void TExportDlg::defaultRange() {
+    const double fo = host_.state().fo;
+    const PlotSettings& plot = host_.plotSettings();
+    const double z0 = range_.z0;
+    range_ = ExportRange::Around(fo);
+    range_.z0 = z0;
+    if (plot.xmin > 0 && plot.xmin < fo && plot.xmax > fo && std::isfinite(plot.xmax)) {
+        range_.from = plot.xmin;
+        range_.to = plot.xmax;
+    }
+    writeRange();
+}
+
+void TExportDlg::writeRange() {
+    for (const RangeRow& row : rows_) {
+        const std::string text =
+            row.value ? kEngineering.text(range_.*row.value) : FormatFixed(0, 0, range_.points);
+        row.edit->setText(QString::fromStdString(text));
+    }
+}
+
+void TExportDlg::FormatChange() {
+    refresh();
+}
+
+void TExportDlg::CheckBoxExportEClick(bool checked) {
+    host_.setStandardValues(checked);
+}
+
+void TExportDlg::RangeChange() {
+    rangeTyped_ = true;
+    for (const RangeRow& row : rows_) {
+        if (!row.edit->isModified()) continue;  // others keep the digits that their texts leave out
+        const double typed = ParseValue(row.edit->text().toStdString());
+        if (row.value) {
+            range_.*row.value = typed;
+        } else {
+            range_.points = static_cast<int>(std::clamp(typed, 0.0, 1e9));
+        }
+    }
+    refresh();
+}
+
+const ExportFormat& TExportDlg::format() const {
+    const ExportFormat* found = FindExportFormat(formats_->currentData().toString().toStdString());
+    return found ? *found : ExportFormats().front();
+}
+
+void TExportDlg::refresh() {
+    for (const RangeRow& row : rows_) {
+        const bool reference = row.value == &ExportRange::z0;
+        for (QWidget* widget : row.widgets)
+            widget->setVisible(reference ? format().reference : format().range);
+    }
+    bool problem = false;
+    std::string content = contentOrProblem(problem);
+    const QString note = problem ? QString::fromStdString(content) : QString();
+    if (problem) content.clear();
+    if (content == content_ && note.isEmpty()) return;  // "Saved as ..." stays
+    content_ = std::move(content);
+    note_->setText(note);
+    showContent();
+}
+
+/// What is to be exported, or why nothing can be.
+std::string TExportDlg::contentOrProblem(bool& problem) const {
+    problem = true;
+    if (const auto wrong = RangeProblem(range_); wrong && format().range) return *wrong;
+    DesignState state = host_.state();
+    TakeShownValues(
+        state, [this](std::string_view object) { return host_.fieldText(object).toStdString(); });
+    auto prepared = PrepareExport(std::move(state), {.standardValues = host_.standardValues()});
+    if (auto* refusal = std::get_if<std::string>(&prepared)) return std::move(*refusal);
+    problem = false;
+    return format().content(std::get<ExportDesign>(prepared), range_);
+}
+
+void TExportDlg::showContent() {
+    const bool whole = content_.size() <= kPreviewCharacters;
+    const auto end = whole ? content_.size() : content_.rfind('\n', kPreviewCharacters) + 1;
+    QString text = QString::fromUtf8(content_.data(), static_cast<qsizetype>(end));
+    if (!whole) text += tr("... (Copy and Save take all of it)");
+    preview_->setPlainText(text);
+    copy_->setEnabled(!content_.empty());
+    save_->setEnabled(!content_.empty());
+}
+
+void TExportDlg::ButtonExportCopyClick() {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(content_));
+    note_->setText(tr("Copied to the clipboard."));
+}
+
+void TExportDlg::ButtonExportSaveClick() {
+    const QString path = askFileName();
+    if (path.isEmpty()) return;
+    folder_ = QFileInfo(path).absolutePath();
+    if (const auto failure = WriteAtomically(path, QByteArray::fromStdString(content_))) {
+        return host_.showMessage(*failure);
+    }
+    note_->setText(tr("Saved as %1").arg(QDir::toNativeSeparators(path)));
+}
+
+QString TExportDlg::askFileName() {
+    const QString suffix = ToQString(format().suffix);
+    QFileDialog dialog(this, tr("Export"), folder_,
+                       ToQString(format().caption) + " (*." + suffix + ')');
+    dialog.setObjectName(QStringLiteral("SaveDialogExport"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(ToQString(PageOf(host_.state()).key) + '.' + suffix);
+    if (dialog.exec() != QDialog::Accepted) return {};
+    return dialog.selectedFiles().value(0);
+}
+
+}  // namespace kelvro

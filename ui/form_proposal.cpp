@@ -1,0 +1,260 @@
+#include "ui/form_proposal.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTreeWidget>
+#include <cmath>
+
+#include "core/number_text.h"
+#include "ui/design_session.h"
+#include "ui/fields.h"
+#include "ui/form_parts.h"
+
+namespace kelvro {
+
+namespace {
+
+enum Column { Network, Gain, Band, Harmonic, Smallest, Largest, Practical, ColumnCount };
+
+QString Text(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+QString DecibelText(const std::optional<double>& value) {
+    return value ? Text(FormatFixed(0, 2, *value)) : QStringLiteral("-");
+}
+
+QString PartText(const std::optional<SizedPart>& part) {
+    return part ? Text(part->text()) : QStringLiteral("-");
+}
+
+QStringList RowTexts(const Proposal& proposal) {
+    QStringList texts(ColumnCount);
+    texts[Network] = Text(Title(proposal));
+    if (!proposal.suited) return texts;
+    const auto& band = proposal.passband;
+    texts[Gain] = DecibelText(proposal.gtDb);
+    texts[Band] = band ? Text(FormatQuantity(2, band->width(), "Hz")) : QStringLiteral("-");
+    texts[Harmonic] = DecibelText(proposal.secondHarmonicDb);
+    texts[Smallest] = PartText(proposal.smallest);
+    texts[Largest] = PartText(proposal.largest);
+    texts[Practical] = proposal.practical ? QObject::tr("yes") : QObject::tr("no");
+    return texts;
+}
+
+/// The number that an edit holds; nothing where it is empty or holds none above zero.
+std::optional<double> WishedNumber(const QLineEdit& edit) {
+    const double value = ParseValue(edit.text().toStdString());
+    if (value > 0) return value;
+    return std::nullopt;
+}
+
+}  // namespace
+
+TFormProposal::TFormProposal(DesignSession& session, QWidget* parent)
+    : QDialog(parent), session_(session) {
+    setObjectName(QStringLiteral("TFormProposal"));
+    setWindowTitle(tr("Suggestions for circuit topology"));
+    inputs_ = new QLabel;
+    inputs_->setObjectName(QStringLiteral("LabelInputs"));
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(inputs_);
+    rows->addWidget(buildWishes());
+    buildTable();
+    rows->addWidget(table_, 1);
+    rows->addWidget(buildButtons());
+    due_.setSingleShot(true);
+    connect(&due_, &QTimer::timeout, this, &TFormProposal::refresh);
+    connect(&session_, &DesignHost::designChanged, this, [this] {
+        if (isVisible()) due_.start();
+    });
+    resize(960, 530);
+}
+
+InputEdit* TFormProposal::addInput(const char* name, const QString& hint) {
+    auto* edit = new InputEdit(QLatin1String(name));
+    edit->setPlaceholderText(tr("any"));
+    SetHint(*edit, hint);
+    connect(edit, &QLineEdit::textChanged, this, [this] { due_.start(); });
+    return edit;
+}
+
+QGroupBox* TFormProposal::buildWishes() {
+    auto* box = new QGroupBox(tr("Your wishes:"));
+    auto* grid = new QGridLayout(box);
+    Q_ = addInput("ProposalQEingabe", tr("Wanted loaded Q; leave empty if it does not matter"));
+    bandwidth_ = addInput("ProposalBEingabe", tr("Wanted bandwidth in Hz, instead of a Q"));
+    ratio_ = addInput("ProposalvEingabe",
+                      tr("Wanted V2/V1; below that of the match, the rest is attenuated"));
+    dc_ = new QComboBox;
+    dc_->setObjectName(QStringLiteral("ComboBoxDc"));
+    dc_->addItems({tr("does not matter"), tr("must pass"), tr("must be blocked")});
+    SetHint(*dc_, tr("Direct current from source to load"));
+    // Q and bandwidth say the same thing: the one typed last counts.
+    connect(Q_, &QLineEdit::textEdited, bandwidth_, &QLineEdit::clear);
+    connect(bandwidth_, &QLineEdit::textEdited, Q_, &QLineEdit::clear);
+    connect(dc_, &QComboBox::currentIndexChanged, this, [this] { due_.start(); });
+    const std::pair<QString, QWidget*> fields[] = {{tr("&Q-Factor"), Q_},
+                                                   {tr("or &Bandwidth"), bandwidth_},
+                                                   {tr("&Ratio v=V2/V1"), ratio_},
+                                                   {tr("&DC"), dc_}};
+    int column = 0;
+    for (const auto& [caption, widget] : fields) {
+        auto* label = new QLabel(caption);
+        label->setBuddy(widget);
+        grid->addWidget(label, 0, column++);
+        grid->addWidget(widget, 0, column++);
+    }
+    grid->setColumnStretch(column, 1);
+
+    auto* checks = new QHBoxLayout;
+    harmonics_ = AddButton<QCheckBox>(*checks, "CheckBoxHarmonics", tr("Suppress &harmonics"),
+                                      tr("At 2·fo the gain must be at least 6 dB down"));
+    balanced_ = AddButton<QCheckBox>(*checks, "CheckBoxBalanced", tr("B&alanced output"),
+                                     tr("Two outputs of opposite phase"));
+    resistive_ = AddButton<QCheckBox>(*checks, "CheckBoxResistive", tr("R&esistive"),
+                                      tr("A flat pad instead of a tuned circuit"));
+    amplifier_ = AddButton<QCheckBox>(*checks, "CheckBoxAmplifier", tr("Am&plifier stage"),
+                                      tr("The source is a power amplifier to be designed"));
+    checks->addStretch();
+    for (QCheckBox* check : {harmonics_, balanced_, resistive_, amplifier_}) {
+        connect(check, &QCheckBox::toggled, this, [this] { due_.start(); });
+    }
+    grid->addLayout(checks, 1, 0, 1, column + 1);
+    return box;
+}
+
+void TFormProposal::buildTable() {
+    table_ = new QTreeWidget;
+    table_->setObjectName(QStringLiteral("ProposalTable"));
+    table_->setHeaderLabels({tr("Circuit"), tr("GT at fo/dB"), tr("-3 dB band"), tr("2·fo down/dB"),
+                             tr("Smallest"), tr("Largest"), tr("Practical")});
+    table_->setRootIsDecorated(false);
+    table_->setItemsExpandable(false);
+    table_->setExpandsOnDoubleClick(false);
+    table_->setIndentation(14);
+    table_->setUniformRowHeights(true);
+    SetHint(*table_, tr("Double-click or Enter goes to the page; parts are ordered by their "
+                        "impedance at fo"));
+    table_->header()->setStretchLastSection(false);
+    table_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    table_->header()->setSectionResizeMode(Network, QHeaderView::Stretch);
+    connect(table_, &QTreeWidget::itemActivated, this, &TFormProposal::ButtonGoClick);
+    connect(table_, &QTreeWidget::currentItemChanged, this,
+            [this] { go_->setEnabled(current() && current()->suited); });
+}
+
+QWidget* TFormProposal::buildButtons() {
+    auto* bar = new QWidget;
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(0, 0, 0, 0);
+    unsuited_ = AddButton<QCheckBox>(*row, "CheckBoxUnsuited", tr("Show &unsuited circuits too"),
+                                     tr("With the reason why they do not suit"));
+    connect(unsuited_, &QCheckBox::toggled, this, [this] { due_.start(); });
+    row->addStretch();
+    go_ = AddButton<QPushButton>(*row, "ButtonGo", tr("&Go to page"),
+                                 tr("Show the selected circuit in the main window"));
+    auto* copy = AddButton<QPushButton>(*row, "ButtonCopyProposals", tr("&Copy"),
+                                        tr("Copy the table to the clipboard"));
+    auto* quiz =
+        AddButton<QPushButton>(*row, "ButtonQuiz", tr("Qui&z..."), tr("A quiz on matching"));
+    auto* close =
+        AddButton<QPushButton>(*row, "ButtonClose", tr("C&lose"), tr("Close this window"));
+    for (QPushButton* button : {go_, copy, quiz, close}) button->setAutoDefault(false);
+    go_->setEnabled(false);
+    connect(go_, &QPushButton::clicked, this, &TFormProposal::ButtonGoClick);
+    connect(copy, &QPushButton::clicked, this, &TFormProposal::ButtonCopyClick);
+    connect(close, &QPushButton::clicked, this, &QDialog::close);
+    return bar;
+}
+
+Wishes TFormProposal::wishes() const {
+    Wishes wishes;
+    wishes.Q = WishedNumber(*Q_);
+    wishes.bandwidth = WishedNumber(*bandwidth_);
+    wishes.voltageRatio = WishedNumber(*ratio_);
+    wishes.dc = static_cast<Wishes::Dc>(dc_->currentIndex());
+    wishes.suppressHarmonics = harmonics_->isChecked();
+    wishes.balancedOutput = balanced_->isChecked();
+    wishes.resistive = resistive_->isChecked();
+    wishes.amplifierStage = amplifier_->isChecked();
+    return wishes;
+}
+
+void TFormProposal::refresh() {
+    const DesignState& state = session_.state();
+    inputs_->setText(Text("R1 " + FormatQuantity(2, state.R1, "Ω") + ", R2 " +
+                          FormatQuantity(2, state.R2, "Ω") + ", fo " +
+                          FormatQuantity(2, state.fo, "Hz") + ", ideal ratio v " +
+                          FormatFixed(0, 3, std::sqrt(state.R2 / state.R1))));
+    // The window's own settings, but without its reports: the proposals' designs are no runs that
+    // the user has asked for.
+    OptimizerServices services(session_.optimizer().settings, {"", ""});
+    proposals_ = Propose(state, wishes(), services);
+    const QSignalBlocker blocker(table_);
+    table_->clear();
+    for (std::size_t i = 0; i < proposals_.size(); ++i) {
+        if (proposals_[i].suited || unsuited_->isChecked()) {
+            addRow(proposals_[i], static_cast<int>(i));
+        }
+    }
+    if (QTreeWidgetItem* first = table_->topLevelItem(0)) table_->setCurrentItem(first);
+    go_->setEnabled(current() && current()->suited);
+}
+
+/// A line of numbers, and the reason below it across all columns.
+void TFormProposal::addRow(const Proposal& proposal, int index) {
+    auto* row = new QTreeWidgetItem(table_, RowTexts(proposal));
+    auto* reason = new QTreeWidgetItem(row, {Text(proposal.reason)});
+    reason->setFirstColumnSpanned(true);
+    reason->setToolTip(0, Text(proposal.reason));
+    for (QTreeWidgetItem* item : {row, reason}) item->setData(0, Qt::UserRole, index);
+    for (int column = Gain; column <= Harmonic; ++column) {
+        row->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    }
+    QFont bold = table_->font();
+    bold.setBold(proposal.suited);
+    row->setFont(Network, bold);
+    if (!proposal.suited)
+        row->setForeground(Network, palette().brush(QPalette::Disabled, QPalette::Text));
+    row->setExpanded(true);
+}
+
+const Proposal* TFormProposal::current() const {
+    const QTreeWidgetItem* item = table_->currentItem();
+    if (!item) return nullptr;
+    return &proposals_[static_cast<std::size_t>(item->data(0, Qt::UserRole).toInt())];
+}
+
+void TFormProposal::ButtonGoClick() {
+    const Proposal* proposal = current();
+    if (!proposal || !proposal->suited) return;
+    const int page = proposal->page;
+    Apply(*proposal, session_.state());
+    session_.announceInputs();
+    session_.goToPage(page);
+}
+
+void TFormProposal::ButtonCopyClick() {
+    QStringList lines;
+    for (const Proposal& proposal : proposals_) {
+        if (!proposal.suited) continue;
+        lines << RowTexts(proposal).join('\t') + '\t' + Text(proposal.reason);
+    }
+    QApplication::clipboard()->setText(lines.join('\n'));
+}
+
+void TFormProposal::showEvent(QShowEvent* event) {
+    refresh();
+    QDialog::showEvent(event);
+}
+
+}  // namespace kelvro

@@ -1,0 +1,113 @@
+#include "ui/help/manual_text.h"
+
+#include <QFile>
+#include <algorithm>
+
+#include "core/number_text.h"
+#include "design/pages.h"
+#include "ui/help/page_hints.h"
+
+/// The chapters lie in a static library, whose resources the linker drops unless they are named.
+static void LoadChapters() {
+    Q_INIT_RESOURCE(manual);
+}
+
+namespace kelvro {
+
+namespace {
+
+QString Text(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QString Escaped(std::string_view text) {
+    return Text(text).toHtmlEscaped();
+}
+
+QString FieldRow(std::string_view label, std::string_view unit, const QString& remark) {
+    return QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td></tr>")
+        .arg(Escaped(label), Escaped(unit), remark);
+}
+
+QString InputRemark(const InputField& field) {
+    const auto limit = [](double x) {
+        return QString::fromStdString(FormatEngShort(2, x)).trimmed();
+    };
+    return QObject::tr("%1 (%2 to %3)")
+        .arg(Escaped(field.hint), limit(field.limits.low), limit(field.limits.high));
+}
+
+/// The chapter of a design page, written from the same record that builds its window.
+QString PageHtml(const Page& page) {
+    QString html = QStringLiteral("<h2>%1</h2>").arg(Escaped(page.caption));
+    if (page.circuit) {
+        html += QStringLiteral("<p><img src='picture:circuit-%1' width='560' height='230'></p>")
+                    .arg(page.number);
+    }
+    for (const NoteField& note : page.notes) {
+        html += QStringLiteral("<p><i>%1</i></p>").arg(Escaped(note.text));
+    }
+    html += HintHtml(page.number);
+    html += QStringLiteral("<h3>Fields</h3><table border='1' cellspacing='0' cellpadding='4'>");
+    for (const InputField& field : page.inputs) {
+        html += FieldRow(field.label, field.unit, InputRemark(field));
+    }
+    for (const SwitchField& field : page.switches) {
+        html += FieldRow(field.caption, "", Escaped(field.hint));
+    }
+    for (const OutputField& field : page.outputs) {
+        html += FieldRow(field.label, field.unit,
+                         field.slot == Slot::None
+                             ? Escaped(field.hint)
+                             : QObject::tr("Component. A double click rounds it to the standard "
+                                           "series."));
+    }
+    html += QStringLiteral("</table>");
+    if (!page.transferText.empty()) {
+        html += QStringLiteral("<h3>Transfer function</h3><p>%1</p><p>G[1] = 1/R1, G[2] = 1/R2</p>")
+                    .arg(Escaped(page.transferText));
+    }
+    return html;
+}
+
+std::vector<ManualTopic> Topics() {
+    LoadChapters();
+    std::vector<ManualTopic> topics = {{"start", QObject::tr("First steps")},
+                                       {"suggestions", QObject::tr("Suggestions and quiz")},
+                                       {"numbers", QObject::tr("How numbers are typed")},
+                                       {"outputs", QObject::tr("What the outputs mean")},
+                                       {"series", QObject::tr("Standard values and Take")},
+                                       {"plots", QObject::tr("Response plots")},
+                                       {"tolerances", QObject::tr("Tolerances")},
+                                       {"optimizer", QObject::tr("Optimization")},
+                                       {"files", QObject::tr("Settings, export, printing")},
+                                       {"tools", QObject::tr("The Tools menu")},
+                                       {"command-line", QObject::tr("Command line")}};
+    for (const Page& page : Pages())
+        topics.push_back({TopicOfPage(page.number), Text(page.caption)});
+    return topics;
+}
+
+}  // namespace
+
+const std::vector<ManualTopic>& ManualTopics() {
+    static const std::vector<ManualTopic> topics = Topics();
+    return topics;
+}
+
+QString TopicOfPage(int page) {
+    return QStringLiteral("page-%1").arg(page);
+}
+
+QString ManualHtml(const QString& id) {
+    for (const Page& page : Pages()) {
+        if (id == TopicOfPage(page.number)) return PageHtml(page);
+    }
+    const auto& topics = ManualTopics();
+    const bool known =
+        std::ranges::any_of(topics, [&](const ManualTopic& t) { return t.id == id; });
+    QFile file(QStringLiteral(":/manual/%1.html").arg(known ? id : topics.front().id));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+}  // namespace kelvro

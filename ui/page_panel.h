@@ -1,0 +1,105 @@
+#pragma once
+
+#include <QHash>
+#include <QWidget>
+#include <vector>
+
+#include "design/cycle.h"
+#include "design/page.h"
+#include "ui/design_session.h"
+#include "ui/fields.h"
+
+class QAbstractButton;
+class QCheckBox;
+class QLabel;
+class QScrollBar;
+class QTableWidget;
+class QTableWidgetItem;
+
+namespace kelvro {
+
+class CircuitView;
+class FieldGrid;
+
+/// One design page of the notebook, built from its record: notes, inputs, switches, actions,
+/// outputs, element table, circuit picture and transfer function.
+class PagePanel : public QWidget {
+    Q_OBJECT
+
+  public:
+    PagePanel(const Page& page, DesignSession& session, QWidget* parent = nullptr);
+
+    const Page& page() const { return page_; }
+    /// Shows a calculation of this page.
+    void showResult(const CycleResult& result);
+    /// Text of an output field; false when it is none of this page's, or under the user's cursor.
+    bool setText(const QString& object, const QString& text);
+    /// Text of an output field or of a table row ("Bp17Tabelle.C01"), empty for a foreign name.
+    QString text(const QString& object) const;
+    bool owns(const QString& object) const {
+        return outputs_.contains(object) || tableCell(object);
+    }
+    /// Rewrites all inputs from the state.
+    void writeInputs();
+    /// Follows the state where the page shows something else: inputs, switches, swap box, captions,
+    /// visible fields, picture.
+    void refresh();
+
+  private:
+    struct FieldRow {
+        const OutputField* field;
+        QLabel* label;
+        OutputEdit* edit;
+        QLabel* unit;
+    };
+    struct SwitchRow {
+        const SwitchField* field;
+        QCheckBox* box;
+        QScrollBar* weight;
+    };
+
+    QWidget* buildFields();
+    QLabel* makeNote(const NoteField& note);
+    QLayout* buildNotes();
+    void addChangingNotes(FieldGrid& grid);
+    void addInputs(FieldGrid& grid);
+    void addSwitches(FieldGrid& grid);
+    void addSwapBox(FieldGrid& grid);
+    void addActions(FieldGrid& grid);
+    void addOutputs(FieldGrid& grid, int column);
+    QWidget* buildTable();
+    QWidget* buildPicture();
+    QLabel* buildTransferText();
+
+    void EingabeChange(const BoundInput& input);
+    void SpinButtonClick(const BoundInput& input, int direction);
+    void AusgabeChange(const FieldRow& row);
+    void AusgabeDblClick(const FieldRow& row);
+    void runAction(const ActionField& action);
+    void CheckBoxClick(bool checked);
+    void showCaptions();
+    void showPicture();
+    void showTable(const std::vector<TableRow>& rows);
+    void roundRowToSeries(int row);
+    QTableWidgetItem* tableCell(const QString& object) const;
+
+    const Page& page_;
+    DesignSession& session_;
+    std::vector<BoundInput> inputs_;
+    std::vector<FieldRow> rows_;
+    std::vector<SwitchRow> switches_;
+    QHash<QString, OutputEdit*> outputs_;
+    QHash<QString, QLabel*> notes_;
+    QHash<QString, FieldCaption> captions_;  ///< captions that the page's design has changed
+    const QLineEdit* edited_ = nullptr;      ///< output under the user's cursor
+    bool refused_ = false;                   ///< the last calculation had no design to show
+    QCheckBox* swapBox_ = nullptr;
+    QTableWidget* table_ = nullptr;
+    std::vector<TableRow> tableRows_;  ///< as last calculated
+    CircuitView* picture_ = nullptr;
+};
+
+/// A printed formula "V(s) = a / (b)" as markup with subscripts and a fraction bar.
+QString FormulaMarkup(const QString& formula);
+
+}  // namespace kelvro

@@ -1,0 +1,215 @@
+#include "ui/sdi_app_form.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QProcess>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QStatusBar>
+
+#include "core/number_text.h"
+#include "design/pages.h"
+#include "io/settings.h"
+#include "ui/hint_handler.h"
+#include "ui/menus.h"
+#include "ui/page_panel.h"
+#include "ui/shared_panel.h"
+#include "ui/tab_set.h"
+#include "ui/window_place.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr char kFirstCaption[] = "Matching Network and PA Design";
+constexpr char kProductTitle[] = "Kelvro - Matching Network and PA Design";
+
+}  // namespace
+
+TSDIAppForm::TSDIAppForm(QWidget* parent)
+    : QMainWindow(parent),
+      windows_(session_, *this),
+      startProgram_([](const QString& program) { return QProcess::startDetached(program, {}); }) {
+    setObjectName(QStringLiteral("TSDIAppForm"));
+    setWindowTitle(QLatin1String(kFirstCaption));
+    // The window is as large as its contents: no Size, no Maximize.
+    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    buildContents();
+    windows_.connectControls(*this);
+    auto* hints = new HintHandler(this);
+    connect(hints, &HintHandler::hintChanged, this, &TSDIAppForm::ShowHint);
+    connect(&session_, &DesignSession::calculated, this, &TSDIAppForm::showResult);
+    connect(&session_, &DesignSession::pageEntered, this, &TSDIAppForm::enterPage);
+    connect(&session_, &DesignSession::inputsWritten, this, &TSDIAppForm::refreshInputs);
+    session_.setFieldTexts([this](std::string_view object) { return fieldText(object); });
+    auto* exportBox = findChild<QCheckBox*>(QStringLiteral("CheckBoxE"));
+    connect(exportBox, &QCheckBox::toggled, &session_, &DesignSession::setStandardValues);
+    connect(&session_, &DesignSession::standardValuesChanged, exportBox, &QCheckBox::setChecked);
+    writeInputs();
+    enterPage();
+    SeriesClick(session_.state().ESeries);
+    RestorePlace(*this);
+    findChild<QLineEdit*>(QStringLiteral("R1Eingabe"))->setFocus(Qt::TabFocusReason);
+}
+
+TSDIAppForm::~TSDIAppForm() = default;
+
+void TSDIAppForm::startUp(const QStringList& arguments) {
+    takeOver(ReadSettings(DefaultSettingsFile(), session_.state()).state);
+    namePrinter();
+    readArguments(arguments);
+    setWindowTitle(QLatin1String(kProductTitle));
+    session_.goToPage(session_.state().page);
+}
+
+void TSDIAppForm::OKClick() {
+    session_.state().Busy = true;
+    writeInputs();
+    session_.state().Busy = false;
+    session_.recalculate();
+}
+
+void TSDIAppForm::ExitClick() {
+    close();
+}
+
+void TSDIAppForm::TabSet1Click(int index) {
+    session_.goToPage(index + 1);
+}
+
+void TSDIAppForm::SpeedButtonVertauschenClick() {
+    DesignState& state = session_.state();
+    state.Busy = true;
+    std::swap(state.R1, state.R2);
+    shared_->writeResistances();
+    state.Busy = false;
+    session_.recalculate();
+}
+
+void TSDIAppForm::SeriesClick(Series series) {
+    session_.state().ESeries = series;
+    shared_->setSeries(series);
+    CheckSeriesItem(*this, series);
+}
+
+void TSDIAppForm::ButtonTakeClick() {
+    take();
+    emit session_.designChanged();
+}
+
+void TSDIAppForm::ButtonTakeAndOptClick() {
+    take();
+    session_.recalculate(false);
+}
+
+void TSDIAppForm::take() {
+    // Pages with interchanged L and C are taken like all others, their dual texts read into the
+    // slots of the circuit as designed: users compare both with it.
+    Take(session_.state(), PageOf(session_.state()),
+         [this](std::string_view object) { return fieldText(object).toStdString(); });
+}
+
+void TSDIAppForm::Undo1Click() {
+    if (auto* edit = qobject_cast<QLineEdit*>(focusWidget())) edit->undo();
+}
+
+void TSDIAppForm::ImVordergrundbleiben1Click() {
+    const bool front = !windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+    const QPoint place = pos();
+    setWindowFlag(Qt::WindowStaysOnTopHint, front);
+    move(place);
+    show();  // changed flags hide the window
+    if (auto* item = findChild<QAction*>(QStringLiteral("ImVordergrundbleiben1")))
+        item->setChecked(front);
+}
+
+void TSDIAppForm::ButtonCopyClick() {
+    QApplication::clipboard()->setPixmap(grab());
+}
+
+void TSDIAppForm::ExecButtonClick() {
+    QFileDialog dialog(this, tr("Execute"));
+    dialog.setObjectName(QStringLiteral("ExecDialog"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    if (dialog.exec() == QDialog::Accepted) execute(dialog.selectedFiles().value(0));
+}
+
+void TSDIAppForm::execute(const QString& program) {
+    if (!startProgram_(program)) QApplication::beep();
+}
+
+void TSDIAppForm::setProgramStarter(ProgramStarter starter) {
+    startProgram_ = std::move(starter);
+}
+
+void TSDIAppForm::ShowHint(const QString& hint) {
+    hint_ = hint;
+    const QString separator = hint.isEmpty() ? QString() : tr(", ");
+    const PageOptimization& last = session_.lastOptimization();
+    if (session_.state().OptimizationDisabled) {
+        statusBar()->showMessage((hint.isEmpty() ? QString() : hint + tr(" - ")) +
+                                 tr("Warning: Optimization is disabled!"));
+    } else if (last.status == PageOptimization::Status::Aborted) {
+        statusBar()->showMessage(hint + separator + QString::fromStdString(last.error));
+    } else {
+        statusBar()->showMessage(hint + separator + tr("achieved fmin=") +
+                                 QString::fromStdString(FormatFixed(9, 4, last.achievedGoal)));
+    }
+}
+
+void TSDIAppForm::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return OKClick();
+    QMainWindow::keyPressEvent(event);
+}
+
+void TSDIAppForm::enterPage() {
+    const Page& page = PageOf(session_.state());
+    shared_->enterPage();
+    enable("SpeedButtonExport", page.exportable);
+    enable("VuButton", page.plottable);
+    enable("PhiBtn", page.plottable);
+    notebook_->setCurrentIndex(page.number - 1);
+    tabs_->setCurrentIndex(notebook_->currentIndex());
+    panels_[static_cast<std::size_t>(page.number - 1)]->refresh();
+    CheckPageItem(*this, page);
+}
+
+void TSDIAppForm::enable(const char* control, bool on) {
+    if (auto* button = findChild<QAbstractButton*>(QLatin1String(control))) button->setEnabled(on);
+}
+
+void TSDIAppForm::showResult(const CycleResult& result) {
+    PagePanel* panel = panels_[static_cast<std::size_t>(notebook_->currentIndex())];
+    panel->showResult(result);
+    for (const FieldText& field : result.texts) {
+        const QString object = ToQString(field.object);
+        const QString text = QString::fromStdString(field.text);
+        if (!panel->setText(object, text)) shared_->setText(object, text);
+    }
+    ShowHint(hint_);  // the goal value is that of this calculation now
+}
+
+void TSDIAppForm::writeInputs() {
+    shared_->writeInputs();
+    for (PagePanel* panel : panels_) panel->writeInputs();
+}
+
+void TSDIAppForm::refreshInputs() {
+    shared_->refreshInputs();
+    for (PagePanel* panel : panels_) panel->refresh();
+}
+
+QString TSDIAppForm::fieldText(std::string_view object) const {
+    const QString name = ToQString(object);
+    for (const PagePanel* panel : panels_)
+        if (panel->owns(name)) return panel->text(name);
+    return {};
+}
+
+}  // namespace kelvro

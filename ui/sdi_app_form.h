@@ -1,0 +1,106 @@
+#pragma once
+
+#include <QKeySequence>
+#include <QMainWindow>
+#include <QStringList>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "core/series.h"
+#include "ui/app_windows.h"
+#include "ui/design_session.h"
+
+class QAction;
+class QPrinter;
+class QStackedWidget;
+
+namespace kelvro {
+
+class PagePanel;
+class SharedPanel;
+class TabSet;
+
+/// The main window: shared inputs and outputs, the notebook of design pages with its tabs, menus,
+/// tool bar and status panel. It owns the design session and shows what that calculates.
+class TSDIAppForm : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    explicit TSDIAppForm(QWidget* parent = nullptr);
+    ~TSDIAppForm() override;
+
+    DesignSession& session() { return session_; }
+    AppWindows& windows() { return windows_; }
+
+    /// What follows the creation of all windows: settings, printer, command line, caption and the
+    /// first calculation. `arguments` without the program's name.
+    void startUp(const QStringList& arguments);
+
+    /// Starts a program with the platform's means; false when it cannot be started.
+    using ProgramStarter = std::function<bool(const QString& program)>;
+    void setProgramStarter(ProgramStarter starter);
+    /// Runs a program, or beeps.
+    void execute(const QString& program);
+
+  public slots:
+    void OKClick();
+    void ExitClick();
+    void TabSet1Click(int index);
+    void SpeedButtonVertauschenClick();
+    void SeriesClick(Series series);
+    void ButtonTakeClick();
+    void ButtonTakeAndOptClick();
+    void Undo1Click();
+    void ImVordergrundbleiben1Click();
+    void ButtonCopyClick();
+    void Drucken1Click();
+    void Druckereinstellung1Click();
+    void ExecButtonClick();
+    void SpeedButtonINISaveClick();
+    void SpeedButtonINILadenClick();
+    void ShowHint(const QString& hint);
+
+  signals:
+    /// The window has closed; the program ends.
+    void formClosed();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void buildContents();
+    /// As large as its contents, or as the screen.
+    void fitScreen();
+    QWidget* buildNotebook();
+    QWidget* buildButtons();
+    /// Key that leads `step` pages on.
+    void addPageKey(QKeySequence key, int step);
+    void enterPage();
+    void showResult(const CycleResult& result);
+    void writeInputs();
+    void refreshInputs();
+    void take();
+    void takeOver(const DesignState& state);
+    void saveSettings(const QString& file);
+    void FormClose();
+    void enable(const char* control, bool on);
+    QString fieldText(std::string_view object) const;
+    void readArguments(const QStringList& arguments);
+    void namePrinter();
+    QPrinter& printer();
+    void printOn(QPrinter& printer);
+
+    DesignSession session_;
+    AppWindows windows_;
+    SharedPanel* shared_ = nullptr;
+    QStackedWidget* notebook_ = nullptr;
+    TabSet* tabs_ = nullptr;
+    std::vector<PagePanel*> panels_;
+    std::unique_ptr<QPrinter> printer_;
+    ProgramStarter startProgram_;
+    QString hint_;  ///< of the control under the pointer
+};
+
+}  // namespace kelvro

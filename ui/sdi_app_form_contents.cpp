@@ -1,0 +1,138 @@
+// What the main window is made of.
+
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QVBoxLayout>
+#include <array>
+
+#include "design/pages.h"
+#include "ui/fields.h"
+#include "ui/menus.h"
+#include "ui/page_panel.h"
+#include "ui/sdi_app_form.h"
+#include "ui/shared_panel.h"
+#include "ui/tab_set.h"
+
+namespace kelvro {
+
+namespace {
+
+struct PushButton {
+    const char* object;
+    const char* caption;
+    const char* hint;
+    void (TSDIAppForm::*handler)() = nullptr;
+};
+
+constexpr std::array kButtons = {
+    PushButton{"OK", "OK", "To calculate the circuit", &TSDIAppForm::OKClick},
+    PushButton{"ButtonTake", "Take Entries",
+               "Take values now from output fields for graphical display",
+               &TSDIAppForm::ButtonTakeClick},
+    PushButton{"ButtonTakeAndOpt", "Take and Optimize", "", &TSDIAppForm::ButtonTakeAndOptClick},
+    PushButton{"ButtonGuide", "Guide", ""},
+    PushButton{"SpeedButtonHint", "Circuit Hints", ""},
+    PushButton{"SpeedButtonExport", "Export", ""},
+    PushButton{"", "", ""},
+    PushButton{"Abbruch", "Exit", "", &TSDIAppForm::ExitClick},
+    PushButton{"Hilfe", "&Help", ""},
+};
+
+/// Shows the contents whole where the window has room for them; else they scroll.
+class ContentsArea : public QScrollArea {
+  public:
+    explicit ContentsArea(QWidget* contents) {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setWidget(contents);
+    }
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+};
+
+}  // namespace
+
+void TSDIAppForm::buildContents() {
+    BuildMenus(*this);
+    BuildSpeedPanel(*this);
+    auto* contents = new QWidget;
+    auto* column = new QVBoxLayout(contents);
+    column->setContentsMargins(10, 8, 10, 6);
+    column->setSpacing(8);
+    shared_ = new SharedPanel(session_);
+    connect(shared_, &SharedPanel::switchClicked, this, &TSDIAppForm::SpeedButtonVertauschenClick);
+    connect(shared_, &SharedPanel::seriesChosen, this, &TSDIAppForm::SeriesClick);
+    column->addWidget(shared_);
+    column->addWidget(buildNotebook(), 1);
+    column->addWidget(buildButtons());
+    setCentralWidget(new ContentsArea(contents));
+    statusBar()->setObjectName(QStringLiteral("StatusBar"));
+    statusBar()->setSizeGripEnabled(false);
+    fitScreen();
+}
+
+void TSDIAppForm::fitScreen() {
+    // Pictures of the window are taken without a screen that it would have to fit.
+    const bool pictured = QGuiApplication::platformName() == QLatin1String("offscreen");
+    constexpr QSize kFrame(8, 36);
+    const QSize room = screen()->availableSize() - kFrame;
+    setFixedSize(pictured ? sizeHint() : sizeHint().boundedTo(room));
+}
+
+QWidget* TSDIAppForm::buildNotebook() {
+    auto* whole = new QWidget;
+    auto* column = new QVBoxLayout(whole);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    notebook_ = new QStackedWidget;
+    notebook_->setObjectName(QStringLiteral("Notebook1"));
+    notebook_->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+    QStringList captions;
+    for (const Page& page : Pages()) {
+        panels_.push_back(new PagePanel(page, session_));
+        notebook_->addWidget(panels_.back());
+        captions << ToQString(page.caption);
+    }
+    tabs_ = new TabSet(QStringLiteral("TabSet1"));
+    tabs_->setTabs(captions);
+    connect(tabs_, &TabSet::clicked, this, &TSDIAppForm::TabSet1Click);
+    addPageKey(Qt::CTRL | Qt::Key_PageDown, 1);
+    addPageKey(Qt::CTRL | Qt::Key_PageUp, -1);
+    column->addWidget(notebook_, 1);
+    column->addWidget(tabs_);
+    return whole;
+}
+
+void TSDIAppForm::addPageKey(QKeySequence key, int step) {
+    auto* shortcut = new QShortcut(key, this);
+    connect(shortcut, &QShortcut::activated, this, [this, step] {
+        const int index = tabs_->currentIndex() + step;
+        if (index >= 0 && index < tabs_->count()) TabSet1Click(index);
+    });
+}
+
+QWidget* TSDIAppForm::buildButtons() {
+    auto* whole = new QWidget;
+    auto* row = new QHBoxLayout(whole);
+    row->setContentsMargins(0, 0, 0, 0);
+    for (const PushButton& entry : kButtons) {
+        if (!*entry.object) {
+            row->addStretch();
+            continue;
+        }
+        auto* button = new QPushButton(QLatin1String(entry.caption));
+        button->setObjectName(QLatin1String(entry.object));
+        SetHint(*button, QLatin1String(entry.hint));
+        button->setMinimumWidth(button->sizeHint().width() + 12);
+        if (entry.handler) connect(button, &QPushButton::clicked, this, entry.handler);
+        row->addWidget(button);
+    }
+    return whole;
+}
+
+}  // namespace kelvro

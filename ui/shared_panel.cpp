@@ -1,0 +1,280 @@
+#include "ui/shared_panel.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QRadioButton>
+#include <QToolButton>
+
+#include "core/number_text.h"
+#include "core/rounding.h"
+#include "core/scalar.h"
+#include "design/pages.h"
+#include "plot/icons.h"
+#include "plot/value_spin.h"
+
+namespace kelvro {
+
+namespace {
+
+enum Column { kLabel, kEdit, kSpin, kUnit, kAction };
+
+/// Lines of all groups stand in step, with a spin button or without.
+constexpr int kLineHeight = 26;
+
+constexpr std::string_view kQInput = "QEingabe";
+/// Spinning may pass the ceiling of typed values, and the floor of the Class-E page.
+constexpr Limits kSpunQ = {0.2, 1000};
+
+bool IsQuality(const InputField& field) {
+    return field.object.starts_with("Q");
+}
+
+QGridLayout* GridIn(QGroupBox* box) {
+    auto* grid = new QGridLayout(box);
+    grid->setContentsMargins(10, 6, 10, 8);
+    grid->setHorizontalSpacing(6);
+    grid->setVerticalSpacing(3);
+    for (int row = 0; row < 5; ++row) grid->setRowMinimumHeight(row, kLineHeight);
+    grid->setColumnStretch(kAction + 1, 1);
+    return grid;
+}
+
+QLabel* Caption(const QString& text, const QString& hint = {}) {
+    auto* label = new QLabel(text);
+    SetHint(*label, hint);
+    return label;
+}
+
+/// Q with the small "Btot" beside it.
+QWidget* TotalQCaption() {
+    auto* caption = new QWidget;
+    auto* row = new QHBoxLayout(caption);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(1);
+    auto* sub = Caption(QObject::tr("Btot"), QObject::tr("Bandwidth"));
+    sub->setObjectName(QStringLiteral("BtotLabel"));
+    QFont small = sub->font();
+    small.setPointSizeF(small.pointSizeF() * 0.8);
+    sub->setFont(small);
+    row->addWidget(Caption(QObject::tr("Q"), QObject::tr("Total effective element Q-factor")));
+    row->addWidget(sub, 0, Qt::AlignBottom);
+    row->addStretch();
+    return caption;
+}
+
+/// Numbers stand in the system font, words such as "infinite" in a smaller one.
+void AdjustBandwidthFont(QLineEdit& edit) {
+    const bool number = !ParseNumber(edit.text().toStdString()).noDigits;
+    edit.setFont(number ? QFont(QStringLiteral("System"), 10) : QFont(QStringLiteral("Arial"), 9));
+}
+
+}  // namespace
+
+SharedPanel::SharedPanel(DesignSession& session, QWidget* parent)
+    : QWidget(parent), session_(session) {
+    inputs_.reserve(SharedInputs().size());
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(8);
+    row->addWidget(buildResistances(), 1);
+    row->addWidget(buildQPanel(), 1);
+    row->addWidget(buildOutputs(), 1);
+    row->addWidget(buildSeries());
+    for (const BoundInput& input : inputs_) {
+        // Every change of R1, R2 and fo counts; the Q fields listen to the user only, since the
+        // cycle itself rewrites Q.
+        const auto signal =
+            IsQuality(input.field()) ? &QLineEdit::textEdited : &QLineEdit::textChanged;
+        connect(&input.edit(), signal, this, [this, input] { EingabeChange(input); });
+    }
+}
+
+QWidget* SharedPanel::buildResistances() {
+    auto* box = new QGroupBox(tr("Source and Load"));
+    QGridLayout* grid = GridIn(box);
+    int row = 0;
+    for (const InputField& field : SharedInputs())
+        if (!IsQuality(field)) addInput(grid, row++, field);
+    auto* swap = new QToolButton;
+    swap->setObjectName(QStringLiteral("SpeedButtonVertauschen"));
+    swap->setText(tr("Switch"));
+    swap->setIcon(VectorIcon("switch"));
+    swap->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    swap->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    SetHint(*swap, tr("Switch R1 and R2"));
+    connect(swap, &QToolButton::clicked, this, &SharedPanel::switchClicked);
+    grid->addWidget(swap, 0, kAction, 2, 1);
+    grid->setRowStretch(5, 1);
+    return box;
+}
+
+QWidget* SharedPanel::buildQPanel() {
+    auto* box = new QGroupBox(tr("Quality Factors"));
+    box->setObjectName(QStringLiteral("PanelQ"));
+    qPanel_ = box;
+    QSizePolicy policy = box->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);  // nothing moves when a page does without Q
+    box->setSizePolicy(policy);
+    QGridLayout* grid = GridIn(box);
+    int row = 0;
+    for (const InputField& field : SharedInputs())
+        if (IsQuality(field)) addInput(grid, row++, field);
+    checkBoxQ_ = new QCheckBox(tr("Q by d"));
+    checkBoxQ_->setObjectName(QStringLiteral("CheckBoxQ"));
+    checkBoxQ_->setChecked(true);
+    SetHint(*checkBoxQ_, tr("otherwise Q will be determined by bandwidth"));
+    connect(checkBoxQ_, &QCheckBox::clicked, this, &SharedPanel::CheckBoxQClick);
+    grid->addWidget(checkBoxQ_, row, kEdit, 1, 3);
+    grid->setRowStretch(5, 1);
+    return box;
+}
+
+QWidget* SharedPanel::buildOutputs() {
+    auto* box = new QGroupBox(tr("Results"));
+    QGridLayout* grid = GridIn(box);
+    const QString approximate = tr("approximately fo/Q");
+    const QString loss = tr("compared to optimum match");
+    addOutput(grid, 0, Caption(tr("Bandwidth"), approximate), "BAusgabe", "Hz", approximate);
+    addOutput(grid, 1, Caption(tr("v=V2/V1")), "ueAusgabe", "", {});
+    addOutput(grid, 2, Caption(tr("20·log(v)")), "dBAusgabe", "dB", {});
+    addOutput(grid, 3, Caption(tr("Loss"), loss), "dAusgabe", "dB", loss);
+    addOutput(grid, 4, TotalQCaption(), "QBgesAusgabe", "", tr("Total effective element Q-factor"));
+    return box;
+}
+
+QWidget* SharedPanel::buildSeries() {
+    auto* box = new QGroupBox(tr("Standard Values"));
+    auto* column = new QVBoxLayout(box);
+    column->setContentsMargins(10, 6, 10, 8);
+    column->setSpacing(3);
+    static constexpr const char* kCaptions[] = {"E6 Series (20%)", "E12 Series (10%)",
+                                                "E24 Series (5%)", "E48 Series (2%)",
+                                                "E96 Series (1%)"};
+    static constexpr const char* kNames[] = {"E6Button", "E12Button", "E24Button", "E48Button",
+                                             "E96Button"};
+    for (int i = 0; i < 5; ++i) {
+        auto* button = new QRadioButton(tr(kCaptions[i]));
+        button->setObjectName(QLatin1String(kNames[i]));
+        const auto series = static_cast<Series>(i + 1);
+        connect(button, &QRadioButton::clicked, this,
+                [this, series] { emit seriesChosen(series); });
+        series_.insert(i + 1, button);
+        column->addWidget(button);
+    }
+    auto* exportBox = new QCheckBox(tr("E-Series for Export"));
+    exportBox->setObjectName(QStringLiteral("CheckBoxE"));
+    SetHint(*exportBox, tr("Use selected E-series values for circuit export for all elements"));
+    column->addWidget(exportBox);
+    column->addStretch();
+    return box;
+}
+
+void SharedPanel::addInput(QGridLayout* grid, int row, const InputField& field) {
+    auto* edit = new InputEdit(ToQString(field.object));
+    const QString name = edit->objectName().remove(QStringLiteral("Eingabe"));
+    SetHint(*edit, ToQString(field.hint));
+    auto* spinButton = new ValueSpin(QStringLiteral("SpinButton") + name);
+    auto* label = Caption(ToQString(field.label), ToQString(field.hint));
+    label->setBuddy(edit);
+    const BoundInput input(field, *edit);
+    inputs_.push_back(input);
+    edits_.insert(edit->objectName(), edit);
+    connect(spinButton, &ValueSpin::clicked, this,
+            [=, this](int step) { SpinButtonClick(input, step); });
+    connect(edit, &InputEdit::stepped, this, [=, this](int step) { SpinButtonClick(input, step); });
+    // The button of R2 shares the hint of R1, that of the element Qs the one of Q.
+    const QString hinted = name == "R2" ? QStringLiteral("R1") : name.left(1) == "Q" ? "Q" : name;
+    SetHint(*spinButton, tr("Increase or decrease %1").arg(hinted));
+    auto* pair = new QHBoxLayout;
+    pair->setSpacing(0);
+    pair->addWidget(edit);
+    pair->addWidget(spinButton);
+    grid->addWidget(label, row, kLabel);
+    grid->addLayout(pair, row, kEdit, 1, 2);
+    grid->addWidget(new QLabel(ToQString(field.unit)), row, kUnit);
+}
+
+OutputEdit* SharedPanel::addOutput(QGridLayout* grid, int row, QWidget* label,
+                                   const QString& object, const QString& unit,
+                                   const QString& hint) {
+    auto* edit = new OutputEdit(object, false);
+    SetHint(*edit, hint);
+    edits_.insert(object, edit);
+    grid->addWidget(label, row, kLabel);
+    grid->addWidget(edit, row, kEdit);
+    grid->addWidget(new QLabel(unit), row, kUnit);
+    return edit;
+}
+
+Limits SharedPanel::typedLimits(const BoundInput& input) const {
+    return input.field().object == kQInput ? PageOf(session_.state()).typedQ : input.field().limits;
+}
+
+void SharedPanel::EingabeChange(const BoundInput& input) {
+    input.read(session_.state(), typedLimits(input));
+    session_.recalculate();
+}
+
+void SharedPanel::SpinButtonClick(const BoundInput& input, int direction) {
+    const InputField& field = input.field();
+    DesignState& state = session_.state();
+    const double x = field.read(state);
+    const double f = state.SweepFactor;
+    InputField target = field;
+    if (field.object == kQInput) target.limits = kSpunQ;
+    target.write(state, direction > 0 ? SpinStepUp(x, f) : SpinStepDown(x, f));
+    input.write(state, IsQuality(field) ? Fixed(7, 2) : field.format);
+    session_.recalculate();
+}
+
+void SharedPanel::CheckBoxQClick(bool checked) {
+    session_.state().QByBandwidth = checked;
+    session_.recalculate();
+}
+
+void SharedPanel::writeInputs() {
+    for (const BoundInput& input : inputs_) input.write(session_.state());
+    checkBoxQ_->setChecked(session_.state().QByBandwidth);
+}
+
+void SharedPanel::writeResistances() {
+    for (const BoundInput& input : inputs_)
+        if (input.field().unit == "Ω") input.write(session_.state());
+}
+
+void SharedPanel::refreshInputs() {
+    for (const BoundInput& input : inputs_) {
+        // Q may stand outside its typed limits, where the cycle or a spin button put it.
+        const bool isQ = input.field().object == kQInput;
+        input.refresh(session_.state(), isQ ? Limits{0, kSpunQ.high} : input.field().limits);
+    }
+    checkBoxQ_->setChecked(session_.state().QByBandwidth);
+}
+
+bool SharedPanel::setText(const QString& object, const QString& text) {
+    QLineEdit* edit = edits_.value(object);
+    if (!edit) return false;
+    edit->setText(text);
+    if (object == QLatin1String("BAusgabe")) AdjustBandwidthFont(*edit);
+    return true;
+}
+
+void SharedPanel::enterPage() {
+    const Page& page = PageOf(session_.state());
+    qPanel_->setVisible(page.qPanel);
+    constexpr int broadband = 16;
+    for (const BoundInput& input : inputs_) {
+        if (page.number == broadband && input.field().object == kQInput)
+            input.write(session_.state(), Fixed(7, 2));
+    }
+    refreshInputs();
+}
+
+void SharedPanel::setSeries(Series series) {
+    if (QRadioButton* button = series_.value(static_cast<int>(series))) button->setChecked(true);
+}
+
+}  // namespace kelvro

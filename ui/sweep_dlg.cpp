@@ -1,0 +1,70 @@
+#include "ui/sweep_dlg.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QSignalBlocker>
+
+#include "core/number_text.h"
+#include "core/scalar.h"
+#include "ui/design_session.h"
+#include "ui/fields.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr double kSmallestFactor = 1.0001;
+constexpr double kLargestFactor = 10;
+
+/// "  1.05": two spaces, and as many decimals as the factor needs.
+QString FactorText(double factor) {
+    const bool fine = factor < 1.01;
+    return "  " + QString::fromStdString(FormatFixed(fine ? 6 : 4, fine ? 4 : 2, factor)).trimmed();
+}
+
+}  // namespace
+
+TSweepDlg::TSweepDlg(DesignSession& session, QWidget* parent)
+    : QDialog(parent), session_(session), before_(session.state().SweepFactor) {
+    setObjectName(QStringLiteral("TSweepDlg"));
+    setWindowTitle(tr("Sweep Factor"));
+    edit_ = new InputEdit(QStringLiteral("SweepEingabe"));
+    edit_->setText(FactorText(before_));
+    SetHint(*edit_, tr("Factor of one click of a spin button, 1.0001 to 10"));
+    auto* label = new QLabel(tr("Sweep &Factor"));
+    label->setBuddy(edit_);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    auto* note = new QLabel(tr("Each click of a spin button changes a value by this factor."));
+    auto* grid = new QGridLayout(this);
+    grid->setVerticalSpacing(12);
+    grid->addWidget(note, 0, 0, 1, 3);
+    grid->addWidget(label, 1, 0);
+    grid->addWidget(edit_, 1, 1);
+    grid->addWidget(buttons, 2, 0, 1, 3);
+    grid->setColumnStretch(2, 1);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    connect(edit_, &QLineEdit::textEdited, this, &TSweepDlg::SweepEingabeChange);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(this, &QDialog::rejected, this, &TSweepDlg::restore);
+}
+
+void TSweepDlg::SweepEingabeChange() {
+    const double typed = ParseValue(edit_->text().toStdString());
+    session_.state().SweepFactor = Clamp(typed, kSmallestFactor, kLargestFactor);
+}
+
+void TSweepDlg::restore() {
+    session_.state().SweepFactor = before_;
+}
+
+void TSweepDlg::showEvent(QShowEvent* event) {
+    before_ = session_.state().SweepFactor;
+    edit_->setText(FactorText(before_));
+    edit_->setFocus();
+    edit_->selectAll();
+    QDialog::showEvent(event);
+}
+
+}  // namespace kelvro

@@ -1,0 +1,183 @@
+#include "ui/tools/coils.h"
+
+#include <QComboBox>
+#include <cmath>
+
+#include "core/scalar.h"
+#include "ui/fields.h"
+
+namespace kelvro {
+
+namespace {
+
+/// Entries of the choice of kinds.
+enum Kind { kSolenoid, kSpiral, kToroid };
+
+}  // namespace
+
+TFormCoils::TFormCoils(QWidget* parent) : ToolWindow("TFormCoils", tr("Coils"), parent) {
+    addInputs();
+    addOutputs();
+    finish();
+}
+
+void TFormCoils::addInputs() {
+    beginGroup(tr("Wanted"));
+    kind_ = addChoice("KindChoice", tr("&Coil"),
+                      {tr("Single-layer solenoid"), tr("Flat spiral"), tr("Toroid")});
+    direction_ =
+        addChoice("DirectionChoice", tr("&Find"), {tr("L from turns"), tr("Turns from L")});
+    turns_ = addInput("NEingabe", {tr("Turns &N"), {}, {}}, "10");
+    inductance_ = addInput("LEingabe", {tr("&Inductance L"), "H", {}}, "1u");
+    f_ = addInput("foEingabe", {tr("&Reactance at fo"), "Hz", {}}, "100M");
+    setFrequencyField(f_);
+
+    beginGroup(tr("Dimensions"));
+    diameter_ =
+        addInput("DEingabe", {tr("Mean &diameter"), "m", tr("Wire centre to wire centre")}, "8m");
+    wire_ =
+        addInput("WireEingabe", {tr("&Wire diameter"), "m", tr("0: ideal current sheet")}, "0.8m");
+    keeps_ =
+        addChoice("KeepsChoice", tr("&Given"), {tr("Length of winding"), tr("Pitch of turns")});
+    extent_ = addInput("ExtentEingabe", {tr("L&ength"), "m", {}}, "12m");
+    shape_ = addChoice("ShapeChoice", tr("&Shape"),
+                       {tr("Square"), tr("Hexagon"), tr("Octagon"), tr("Circle")});
+    inner_ = addInput("InnerEingabe",
+                      {tr("Inner &diameter"), "m", tr("Free width inside the first turn")}, "5m");
+    width_ = addInput("WidthEingabe", {tr("Conductor &width"), "m", {}}, "0.5m");
+    gap_ = addInput("GapEingabe", {tr("&Gap between turns"), "m", {}}, "0.5m");
+    core_ = addChoice("CoreChoice", tr("C&ore"), {tr("A_L of the data sheet"), tr("Dimensions")});
+    factor_ = addInput("ALEingabe", {tr("&A_L per turn²"), "H", {}}, "4.9n");
+    permeability_ = addInput("muEingabe", {tr("&Permeability"), {}, tr("1: air")}, "10");
+    coreOuter_ = addInput("OuterEingabe", {tr("O&utside diameter"), "m", {}}, "12.7m");
+    coreInner_ = addInput("HoleEingabe", {tr("&Hole diameter"), "m", {}}, "7.7m");
+    coreHeight_ = addInput("HeightEingabe", {tr("H&eight"), "m", {}}, "4.83m");
+    shape_->setCurrentIndex(3);
+}
+
+void TFormCoils::addOutputs() {
+    beginGroup(tr("Result"), Place::NewColumn);
+    inductanceOut_ = addOutput("LAusgabe", {tr("Inductance L"), "H", {}});
+    turnsOut_ = addOutput("NAusgabe", {tr("Turns N"), {}, {}});
+    wholeOut_ = addOutput("LWholeAusgabe", {tr("L at whole turns"), "H", {}});
+    reactanceOut_ = addOutput("XAusgabe", {tr("Reactance at fo"), tr("ohm"), {}});
+    lengthOut_ = addOutput("LengthAusgabe", {tr("Length of winding"), "m", {}});
+    pitchOut_ = addOutput("PitchAusgabe", {tr("Pitch of turns"), "m", {}});
+    factorOut_ = addOutput("ALAusgabe", {tr("A_L per turn²"), "H", {}});
+    wireOut_ = addOutput("WireAusgabe", {tr("Length of wire"), "m", tr("Without its ends")});
+}
+
+bool TFormCoils::wantsTurns() const {
+    return direction_->currentIndex() == 1;
+}
+
+void TFormCoils::showRows() {
+    const int kind = kind_->currentIndex();
+    const bool catalogue = core_->currentIndex() == 0;
+    setShown(turns_, !wantsTurns());
+    setShown(inductance_, wantsTurns());
+    setShown(wholeOut_, wantsTurns());
+    for (QWidget* field : {static_cast<QWidget*>(diameter_), static_cast<QWidget*>(wire_),
+                           static_cast<QWidget*>(keeps_), static_cast<QWidget*>(extent_),
+                           static_cast<QWidget*>(pitchOut_)})
+        setShown(field, kind == kSolenoid);
+    for (QWidget* field : {static_cast<QWidget*>(shape_), static_cast<QWidget*>(inner_),
+                           static_cast<QWidget*>(width_), static_cast<QWidget*>(gap_)})
+        setShown(field, kind == kSpiral);
+    setShown(core_, kind == kToroid);
+    setShown(factor_, kind == kToroid && catalogue);
+    for (InputEdit* field : {permeability_, coreOuter_, coreInner_, coreHeight_})
+        setShown(field, kind == kToroid && !catalogue);
+    setShown(factorOut_, kind == kToroid);
+    setShown(lengthOut_, kind != kToroid);
+    setShown(wireOut_, kind != kToroid || !catalogue);
+    setTexts(extent_, keeps_->currentIndex() == 0 ? tr("L&ength") : tr("&Pitch"));
+    setTexts(lengthOut_, kind == kSolenoid ? tr("Length of winding") : tr("Outside diameter"));
+    static const QString sources[] = {
+        tr("Lundin 1985 (within 3e-6 of the exact current sheet, any shape); round wire after Rosa "
+           "1906. Low frequencies, no screen."),
+        tr("Mohan, Hershenson, Boyd and Lee 1999: within 2 to 3 % while the gap is not wider than "
+           "the conductor. Flat conductor, no ground plane."),
+        tr("L = A_L N². From dimensions: rectangular section, wound all around, exact without "
+           "leakage."),
+    };
+    setSource(sources[kind]);
+}
+
+/// Either quantity from the other; what follows from both is the same for all coils.
+template <typename Coil>
+TFormCoils::Outcome TFormCoils::solve(Coil coil) const {
+    Outcome outcome;
+    coil.turns = wantsTurns() ? Turns(coil, number(inductance_)) : number(turns_);
+    outcome.turns = coil.turns;
+    outcome.inductance = Inductance(coil);
+    outcome.wire = coil.wireLength();
+    outcome.note = ToQString(Caution(coil));
+    coil.turns = std::round(coil.turns);
+    outcome.atWholeTurns = Inductance(coil);
+    return outcome;
+}
+
+TFormCoils::Outcome TFormCoils::solenoid() const {
+    Solenoid coil;
+    coil.diameter = number(diameter_);
+    coil.wire = number(wire_);
+    coil.keeps = keeps_->currentIndex() == 0 ? Solenoid::Keeps::Length : Solenoid::Keeps::Pitch;
+    coil.extent = number(extent_);
+    Outcome outcome = solve(coil);
+    coil.turns = outcome.turns;
+    outcome.length = coil.length();
+    outcome.pitch = coil.pitch();
+    return outcome;
+}
+
+TFormCoils::Outcome TFormCoils::spiral() const {
+    Spiral coil;
+    coil.shape = static_cast<Spiral::Shape>(shape_->currentIndex());
+    coil.inner = number(inner_);
+    coil.width = number(width_);
+    coil.gap = number(gap_);
+    Outcome outcome = solve(coil);
+    coil.turns = outcome.turns;
+    outcome.length = coil.outer();
+    return outcome;
+}
+
+TFormCoils::Outcome TFormCoils::toroid() const {
+    const Toroid core{number(permeability_), number(coreOuter_), number(coreInner_),
+                      number(coreHeight_)};
+    Outcome outcome;
+    outcome.factor = core_->currentIndex() == 0 ? number(factor_) : InductanceFactor(core);
+    outcome.turns =
+        wantsTurns() ? ToroidTurns(outcome.factor, number(inductance_)) : number(turns_);
+    const auto inductanceOf = [&](double turns) { return outcome.factor * turns * turns; };
+    const bool sound = outcome.factor > 0 && outcome.turns > 0;
+    outcome.inductance = sound ? inductanceOf(outcome.turns) : std::nan("");
+    outcome.atWholeTurns = inductanceOf(std::round(outcome.turns));
+    outcome.wire = outcome.turns * core.turnLength();
+    return outcome;
+}
+
+void TFormCoils::recalculate() {
+    showRows();
+    const int kind = kind_->currentIndex();
+    Outcome outcome = kind == kSolenoid ? solenoid() : kind == kSpiral ? spiral() : toroid();
+    if (!std::isfinite(outcome.inductance)) {
+        const double none = std::nan("");
+        const double factor = outcome.factor;
+        outcome = {none, none, none, none, none, none, factor, {}};
+        outcome.note = wantsTurns() ? tr("No coil of these dimensions has this inductance.")
+                                    : tr("These dimensions make no coil.");
+    }
+    write(inductanceOut_, outcome.inductance);
+    writeFixed(turnsOut_, 2, outcome.turns);
+    write(wholeOut_, outcome.atWholeTurns);
+    write(reactanceOut_, kTwoPi * number(f_) * outcome.inductance);
+    write(lengthOut_, outcome.length);
+    write(pitchOut_, outcome.pitch);
+    write(wireOut_, outcome.wire);
+    write(factorOut_, outcome.factor);
+    setNote(outcome.note);
+}
+
+}  // namespace kelvro
