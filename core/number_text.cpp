@@ -152,6 +152,11 @@ class NumberScan {
 
 // ---------------------------------------------------------------- writing
 
+/// Which sign a NaN carries is chance; texts show none.
+double WithoutNanSign(double value) {
+    return std::isnan(value) ? std::numeric_limits<double>::quiet_NaN() : value;
+}
+
 std::string RightAligned(std::string text, int width) {
     const auto size = static_cast<int>(text.size());
     return size < width ? text.insert(0, static_cast<std::size_t>(width - size), ' ') : text;
@@ -194,7 +199,7 @@ std::string ZeroText(int width, int decimals) {
 
 std::string ScientificText(int width, double value) {
     std::array<char, 64> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), WithoutNanSign(value),
                                    std::chars_format::scientific, 6);
     return RightAligned(std::string(text.data(), end.ptr), width);
 }
@@ -239,7 +244,7 @@ std::string FormatFixed(int width, int decimals, double value) {
             std::nextafter(value, std::copysign(std::numeric_limits<double>::infinity(), value));
     }
     std::array<char, 640> text{};  // the largest double has 309 digits before the point
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), WithoutNanSign(value),
                                    std::chars_format::fixed, std::clamp(decimals, 0, 255));
     return RightAligned(std::string(text.data(), end.ptr), width);
 }
@@ -279,14 +284,14 @@ std::string FormatEngShort(int decimals, double value) {
 
 std::string FormatExact(double value) {
     std::array<char, 64> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), WithoutNanSign(value),
                                    std::chars_format::general, 17);
     return std::string(text.data(), end.ptr);
 }
 
 std::string FormatShortest(double value) {
     std::array<char, 64> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value);
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), WithoutNanSign(value));
     return std::string(text.data(), end.ptr);
 }
 

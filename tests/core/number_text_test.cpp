@@ -179,6 +179,9 @@ TEST(FormatTest, WhatIsNotFiniteStillGivesAText) {
         EXPECT_FALSE(FormatEngShort(2, value).empty());
         EXPECT_FALSE(FormatFixed(7, 2, value).empty());
     }
+    const double negativeNan = std::copysign(std::nan(""), -1);
+    EXPECT_EQ(FormatFixed(7, 2, negativeNan), "    nan");
+    EXPECT_EQ(FormatExact(negativeNan), "nan");
 }
 
 TEST(FormatTest, ReadingAWrittenTextGivesTheValueToItsDecimals) {
