@@ -32,15 +32,18 @@ void DesignSeriesTank(DesignPass& pass) {
     pass.finish();  // this page leaves the bandwidth at 0
 }
 
-/// V(s) of R1 - L - C1 - (C2 || R2).
+/// V(s) of R1 - L - C1 - (C2 || R2). An infinite C1 (the Q at which XC1 vanishes) is a short: of
+/// the fraction only the terms with C1 remain, divided by it.
 Transfer SeriesTankTransfer(const DesignState& s) {
-    const long double C1 = s.components[Slot::C1];
+    const bool shorted = std::isinf(s.components[Slot::C1]);
+    const long double C1 = shorted ? 1 : s.components[Slot::C1];
+    const long double withoutC1 = shorted ? 0 : 1;
     const long double C2 = s.components[Slot::C2];
     const long double L = s.components[Slot::L];
     const long double R1 = s.R1;
     const long double R2 = s.R2;
     return Transfer::Polynomial(C1 / R1, 1,
-                                {1 / (R1 * R2), C2 / R1 + C1 / R2 + C1 / R1,
+                                {withoutC1 / (R1 * R2), withoutC1 * C2 / R1 + C1 / R2 + C1 / R1,
                                  L * C1 / (R1 * R2) + C2 * C1, L * C1 * C2 / R1, 0});
 }
 

@@ -103,6 +103,22 @@ TEST(ResponseTest, ZeroFrequencyOfAMirroredPageCountsAsAMillionthOfFo) {
     EXPECT_EQ(response.transfer(0), response.transfer(1e-6 * state.fo));
 }
 
+/// 10 to 20 ohm at Q = 0.5: XC1 = 2·0.5·10 - sqrt(10·10) = 0, so C1 is a short and what remains is
+/// the L section of q = sqrt(20/10 - 1) = 1 with XL = 10, XC2 = 20, which matches.
+TEST(ResponseTest, TheSeriesTankWithoutReactanceOfC1IsAnLSection) {
+    DesignState state;
+    state.R1 = 10;
+    state.R2 = 20;
+    state.Q = 0.5;
+    state.QB = state.QBC = 1e9;
+    ResponseServices services;
+    EXPECT_EQ(*Calculate(state, true, services).text("C11Ausgabe"), "infinite");
+    const auto H = Response(state).transfer(state.fo);
+    EXPECT_NEAR(std::abs(H), std::sqrt(2), 1e-8);
+    EXPECT_NEAR(std::arg(H), -std::atan(1), 1e-8);
+    EXPECT_EQ(Response(state).magnitude(0), 0);
+}
+
 TEST(ResponseTest, PagesWithoutNetworkAreIdeal) {
     for (const int page : {10, 11, 12, 19}) {
         DesignState state;
