@@ -15,8 +15,15 @@ namespace {
 constexpr double kSmallestQ = 0.001;
 constexpr std::string_view kDoesNotApply = "     -";
 
+/// Nothing passed is a loss without end, not one of so many digits.
 double Decibels(double ratio) {
+    if (ratio == 0) return -std::numeric_limits<double>::infinity();
     return static_cast<double>(20 * DecimalLog(ratio));
+}
+
+std::string DecibelText(const TextFormat& format, double decibels) {
+    if (!std::isinf(decibels)) return format.text(decibels);
+    return (decibels < 0 ? "-" : "") + std::string(kInfinite);
 }
 
 std::string BandwidthText(double B) {
@@ -28,7 +35,7 @@ void PutSharedValues(const DesignState& state, const Page& page, CycleResult& re
     result.vDb = Decibels(state.ue);
     const long double reference =
         std::sqrt(static_cast<long double>(state.R2) / (page.sourceCount * state.R1));
-    result.lossDb = -Decibels(static_cast<double>(state.ue / reference));
+    result.lossDb = 0 - Decibels(static_cast<double>(state.ue / reference));
 }
 
 void PutSharedTexts(const DesignState& state, const Page& page, CycleResult& result) {
@@ -40,8 +47,8 @@ void PutSharedTexts(const DesignState& state, const Page& page, CycleResult& res
     const std::string none(kDoesNotApply);
     put("BAusgabe", bandwidth ? BandwidthText(result.bandwidth) : none);
     put("ueAusgabe", all ? Fixed(9, 3).text(result.v) : none);
-    put("dBAusgabe", all ? Fixed(7, 2).text(result.vDb) : none);
-    put("dAusgabe", all ? Fixed(7, 3).text(result.lossDb) : none);
+    put("dBAusgabe", all ? DecibelText(Fixed(7, 2), result.vDb) : none);
+    put("dAusgabe", all ? DecibelText(Fixed(7, 3), result.lossDb) : none);
     put("QBgesAusgabe", all ? Fixed(7, 2).text(state.QBges) : none);
 }
 

@@ -86,7 +86,14 @@ TEST(CycleTest, SharedOutputsFollowFromVAndTheResistances) {
     EXPECT_EQ(state.RatioRef, 2);
     EXPECT_EQ(state.ue, 1.5);
     RecordedServices ideal(2);
-    EXPECT_EQ(*Calculate(state, true, ideal).text("dAusgabe"), "   0.000");
+    const CycleResult lossless = Calculate(state, true, ideal);
+    EXPECT_EQ(*lossless.text("dAusgabe"), "   0.000");
+    EXPECT_FALSE(std::signbit(lossless.lossDb));
+    RecordedServices nothing(0);
+    const CycleResult blocked = Calculate(state, true, nothing);
+    EXPECT_EQ(*blocked.text("ueAusgabe"), "     0.000");
+    EXPECT_EQ(*blocked.text("dBAusgabe"), "-infinite");
+    EXPECT_EQ(*blocked.text("dAusgabe"), "infinite");
 }
 
 TEST(CycleTest, TheBalunReferesItsLossToTwoSources) {
