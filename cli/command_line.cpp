@@ -29,14 +29,17 @@ std::vector<std::string> WithTextsMarked(std::vector<std::string> args) {
     return args;
 }
 
-bool IsCommand(const CLI::App& app, const std::string& name) {
+/// Can an argument stand first: a command or one of the program's own options?
+bool IsKnown(const CLI::App& app, const std::string& name) {
+    if (name.starts_with('-')) return app.get_option_no_throw(name) != nullptr;
     return std::ranges::any_of(app.get_subcommands([](const CLI::App*) { return true; }),
                                [&](const CLI::App* command) { return command->check_name(name); });
 }
 
 ExitCode Parse(CLI::App& app, Session& session, std::vector<std::string> args) {
-    if (!args.empty() && !args[0].starts_with('-') && !IsCommand(app, args[0])) {
-        return session.fail({ExitCode::Usage, "'" + args[0] + "' is no command; see --help"});
+    if (!args.empty() && !IsKnown(app, args[0])) {
+        const std::string kind = args[0].starts_with('-') ? "option" : "command";
+        return session.fail({ExitCode::Usage, "'" + args[0] + "' is no " + kind + "; see --help"});
     }
     args = WithTextsMarked(std::move(args));
     std::ranges::reverse(args);  // the parser takes its arguments from the end

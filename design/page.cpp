@@ -26,6 +26,10 @@ void InputField::write(DesignState& state, double x) const {
     }
 }
 
+bool OutputField::hasStandardValues() const {
+    return slot != Slot::None && (unit == "H" || unit == "F" || unit == "Ω");
+}
+
 double OutputField::component(const DesignState& state) const {
     return get ? get(state) : state.components[slot];
 }

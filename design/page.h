@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -93,6 +94,8 @@ struct OutputField {
     void (*set)(DesignState&, double) = nullptr;
 
     bool isShown(const DesignState& state) const { return !shown || shown(state); }
+    /// Parts are sold in preferred values; lengths, which have a slot too, are cut.
+    bool hasStandardValues() const;
     /// The component of a field with a slot, SI units.
     double component(const DesignState& state) const;
     void setComponent(DesignState& state, double value) const;
@@ -128,6 +131,8 @@ struct Page {
     SharedOutputs shared = SharedOutputs::All;
     double sourceCount = 1;  ///< loss is referred to sqrt(R2/(sourceCount·R1))
     Limits typedQ = {0.2, 500};
+    std::optional<double> entryQ = {};  ///< Q that the page starts from
+    bool unswapsLC = false;             ///< entering the page clears LCSwapped
 
     std::vector<NoteField> notes = {};
     std::vector<InputField> inputs = {};
@@ -135,6 +140,7 @@ struct Page {
     std::vector<ActionField> actions = {};
     std::vector<OutputField> outputs = {};
     std::string_view table = {};         ///< object of a table of the circuit's elements
+    std::string_view pictureHint = {};   ///< of the circuit picture
     std::string_view transferText = {};  ///< the printed transfer function
 
     /// Number of parameters of the optimizer's test function; 0 on pages whose components it moves.

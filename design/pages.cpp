@@ -34,56 +34,29 @@ const Page* FindPage(std::string_view numberOrKey) {
 std::span<const InputField> SharedInputs() {
     constexpr std::string_view qHint =
         "for transfer function, not always realizable (esp. for very high or low Q)";
+    constexpr Limits ohms{0.001, 1e6};
+    constexpr Limits hertz{1, 2e10};
+    constexpr Limits loadedQ{0.2, 500};
+    constexpr Limits elementQ{5, 10000};
+    constexpr TextFormat q = Fixed(8, 2);
     static const std::vector<InputField> inputs = {
-        {"R1Eingabe",
-         "Resistance R1",
-         "Ω",
-         "Resistance of the source",
-         "r1",
-         &DesignState::R1,
-         {0.001, 1e6}},
-        {"R2Eingabe",
-         "Resistance R2",
-         "Ω",
-         "Resistance of the load",
-         "r2",
-         &DesignState::R2,
-         {0.001, 1e6}},
-        {"foEingabe",
-         "Frequency fo",
-         "Hz",
-         "Centre frequency of the match",
-         "fo",
-         &DesignState::fo,
-         {1, 2e10}},
-        {"QEingabe", "Q-Factor", "", qHint, "q", &DesignState::Q, {0.2, 500}, Fixed(8, 2)},
-        {"QBEingabe",
-         "Element Q",
-         "L",
-         "Q of the inductors",
-         "qb",
-         &DesignState::QB,
-         {5, 10000},
-         Fixed(8, 2)},
-        {"QBCEingabe",
-         "Element Q",
-         "C",
-         "Q of the capacitors",
-         "qbc",
-         &DesignState::QBC,
-         {5, 10000},
-         Fixed(8, 2)},
-    };
+        {"R1Eingabe", "Resistance R1", "Ω", "Resistance of the source", "r1", &DesignState::R1,
+         ohms},
+        {"R2Eingabe", "Resistance R2", "Ω", "Resistance of the load", "r2", &DesignState::R2, ohms},
+        {"foEingabe", "Frequency fo", "Hz", "Centre frequency of the match", "fo", &DesignState::fo,
+         hertz},
+        {"QEingabe", "Q-Factor", "", qHint, "q", &DesignState::Q, loadedQ, q},
+        {"QBEingabe", "Element Q", "L", "Q of the inductors", "qb", &DesignState::QB, elementQ, q},
+        {"QBCEingabe", "Element Q", "C", "Q of the capacitors", "qbc", &DesignState::QBC, elementQ,
+         q}};
     return inputs;
 }
 
 void EnterPage(DesignState& state, int number) {
-    constexpr int broadband = 16;
-    constexpr double broadbandQ = 0.2;
-    constexpr int doubleL = 18;
-    state.page = PageOf(number).number;
-    if (state.page == broadband) state.Q = broadbandQ;
-    if (state.page >= doubleL) state.LCSwapped = false;
+    const Page& page = PageOf(number);
+    state.page = page.number;
+    state.Q = page.entryQ.value_or(state.Q);
+    if (page.unswapsLC) state.LCSwapped = false;
 }
 
 OutputField Component(std::string_view object, std::string_view name, std::string_view label,

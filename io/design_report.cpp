@@ -36,7 +36,7 @@ ShownComponent Shown(const OutputField& field, const DesignRun& run) {
     shown.unit = dual ? DualUnit(field.unit) : field.unit;
     const std::string* text = run.cycle.text(field.object);
     shown.text = Trimmed(text ? *text : field.format.text(shown.value));
-    shown.series = SeriesText(state.ESeries, shown.value);
+    if (field.hasStandardValues()) shown.series = SeriesText(state.ESeries, shown.value);
     return shown;
 }
 
@@ -112,6 +112,15 @@ Json JsonGoal(const DesignRun& run) {
             {"final", JsonNumber(run.goal->final)},
             {"iterations", run.goal->iterations},
             {"calls", run.goal->calls}};
+}
+
+std::string InputText(const InputField& field, const DesignState& state) {
+    const double value = field.read(state);
+    // Decibels take no prefix.
+    const bool fixed = field.format.kind == TextFormat::Kind::Fixed || field.unit == "dB";
+    if (!fixed) return WithUnit(value, field.unit);
+    std::string text = FormatFixed(0, field.format.decimals, value);
+    return field.unit.empty() ? text : text + ' ' + std::string(field.unit);
 }
 
 void AddTextRow(TextRows& rows, const CycleResult& cycle, const OutputField& field) {
@@ -195,11 +204,38 @@ std::string WithUnit(double value, std::string_view unit) {
     return WithUnit(kEngineering.text(value), unit);
 }
 
-std::string Heading(const DesignState& s) {
-    const Page& page = PageOf(s);
-    return std::to_string(page.number) + " " + std::string(page.caption) + ": R1 " +
-           WithUnit(s.R1, "Ω") + ", R2 " + WithUnit(s.R2, "Ω") + ", fo " + WithUnit(s.fo, "Hz") +
-           ", Q " + FormatFixed(0, 2, s.Q);
+std::string Heading(const DesignState& state) {
+    const Page& page = PageOf(state);
+    std::string heading = std::to_string(page.number) + " " + std::string(page.caption);
+    const char* separator = ": ";
+    for (const auto& row : InputRows(state)) {
+        heading += separator + row[0] + ' ' + row[1];
+        separator = ", ";
+    }
+    return heading;
+}
+
+TextRows InputRows(const DesignState& state) {
+    const Page& page = PageOf(state);
+    const Topology topology = page.builtCircuit(state).topology;
+    TextRows rows;
+    if (page.shared == SharedOutputs::All) {
+        rows.push_back({"R1", WithUnit(state.R1, "Ω"), "Resistance of the source"});
+        rows.push_back({"R2", WithUnit(state.R2, "Ω"), "Resistance of the load"});
+    }
+    if (topology != Topology::None && topology != Topology::Divider) {
+        rows.push_back({"fo", WithUnit(state.fo, "Hz"), "Centre frequency"});
+    }
+    if (page.qPanel) {
+        rows.push_back({"Q", FormatFixed(0, 2, state.Q), "Loaded Q"});
+        rows.push_back({"Q(L)", FormatFixed(0, 2, state.QB), "Element Q of the inductors"});
+        rows.push_back({"Q(C)", FormatFixed(0, 2, state.QBC), "Element Q of the capacitors"});
+    }
+    for (const InputField& field : page.inputs) {
+        rows.push_back({std::string(field.option.empty() ? "Q" : field.option),
+                        InputText(field, state), std::string(field.label)});
+    }
+    return rows;
 }
 
 TextRows OutputRows(const CycleResult& cycle, const Page& page) {

@@ -62,10 +62,14 @@ Json JsonDesign(const DesignRun& run);
 std::string WithUnit(std::string text, std::string_view unit);
 std::string WithUnit(double value, std::string_view unit);
 
-/// "  3 Pi Section: R1 50.00 Ω, ...": one line without its end.
-std::string Heading(const DesignState& state);
-
 using TextRows = std::vector<std::vector<std::string>>;
+
+/// Name, value and meaning of the inputs that the page works with: the shared ones where it does,
+/// then its own.
+TextRows InputRows(const DesignState& state);
+
+/// "3 Pi Section: R1 50.00 Ω, ...": page and inputs in one line without its end.
+std::string Heading(const DesignState& state);
 
 /// Name, value and label of all outputs that are no components, as the calculation wrote them.
 TextRows OutputRows(const CycleResult& cycle, const Page& page);

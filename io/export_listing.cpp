@@ -18,37 +18,6 @@ std::string Section(std::string_view title, const TextRows& rows) {
     return rows.empty() ? "" : '\n' + std::string(title) + '\n' + AlignedTable(rows);
 }
 
-std::string InputText(const InputField& field, const DesignState& state) {
-    const double value = field.read(state);
-    // Decibels take no prefix.
-    const bool fixed = field.format.kind == TextFormat::Kind::Fixed || field.unit == "dB";
-    if (!fixed) return WithUnit(value, field.unit);
-    std::string text = FormatFixed(0, field.format.decimals, value);
-    return field.unit.empty() ? text : text + ' ' + std::string(field.unit);
-}
-
-/// Inputs that the page works with: the shared ones where it does, then its own.
-TextRows InputRows(const Page& page, const DesignState& state, Topology topology) {
-    TextRows rows;
-    if (page.shared == SharedOutputs::All) {
-        rows.push_back({"R1", WithUnit(state.R1, "Ω"), "Resistance of the source"});
-        rows.push_back({"R2", WithUnit(state.R2, "Ω"), "Resistance of the load"});
-    }
-    if (topology != Topology::None && topology != Topology::Divider) {
-        rows.push_back({"fo", WithUnit(state.fo, "Hz"), "Centre frequency"});
-    }
-    if (page.qPanel) {
-        rows.push_back({"Q", FormatFixed(0, 2, state.Q), "Loaded Q"});
-        rows.push_back({"Q(L)", FormatFixed(0, 2, state.QB), "Element Q of the inductors"});
-        rows.push_back({"Q(C)", FormatFixed(0, 2, state.QBC), "Element Q of the capacitors"});
-    }
-    for (const InputField& field : page.inputs) {
-        rows.push_back({std::string(field.option.empty() ? "Q" : field.option),
-                        InputText(field, state), std::string(field.label)});
-    }
-    return rows;
-}
-
 std::string ErrorText(double standard, double value) {
     constexpr double percent = 100;
     const std::string text = FormatFixed(0, 2, percent * (standard / value - 1));
@@ -103,7 +72,7 @@ std::string ListingOf(const ExportDesign& design, const ExportRange&) {
     std::string text = "Calculated by Kelvro: page " + std::to_string(page.number) + ", " +
                        std::string(page.caption) + '\n';
     if (page.showsDuals(design.state)) text += "Inductors and capacitors interchanged\n";
-    text += Section("Inputs", InputRows(page, design.state, design.circuit.topology));
+    text += Section("Inputs", InputRows(design.state));
     text += Section(page.alternative ? "Components" : "Components, from source to load",
                     elements(design.designed));
     text += Section("Components of the other form", elements(design.alternative));

@@ -43,12 +43,6 @@ QString SeriesText(const DesignState& state, double value) {
     return "  " + QString::fromStdString(SeriesNearest(state.ESeries, value));
 }
 
-/// Lengths have units too, but no preferred numbers.
-bool HasStandardValues(const OutputField& field) {
-    return field.slot != Slot::None &&
-           (field.unit == "H" || field.unit == "F" || field.unit == "Ω");
-}
-
 }  // namespace
 
 /// The grid of a page's fields with the next free row of its two columns.
@@ -236,7 +230,7 @@ void PagePanel::addOutputs(FieldGrid& grid, int column) {
         SetHint(*line.label, ToQString(field.hint));
         outputs_.insert(edit->objectName(), edit);
         rows_.push_back(line);
-        if (HasStandardValues(field))
+        if (field.hasStandardValues())
             connect(edit, &OutputEdit::doubleClicked, this,
                     [this, line] { AusgabeDblClick(line); });
         if (field.editable)
@@ -268,6 +262,7 @@ QWidget* PagePanel::buildPicture() {
     picture_->setObjectName(QStringLiteral("Image%1").arg(page_.number));
     picture_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
     picture_->setMinimumWidth(kPictureWidth);
+    SetHint(*picture_, ToQString(page_.pictureHint));
     return picture_;
 }
 

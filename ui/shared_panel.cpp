@@ -28,6 +28,9 @@ constexpr std::string_view kQInput = "QEingabe";
 /// Spinning may pass the ceiling of typed values, and the floor of the Class-E page.
 constexpr Limits kSpunQ = {0.2, 1000};
 
+/// How spin buttons and the entry of a page write Q and the element Qs.
+constexpr TextFormat kQFormat = Fixed(7, 2);
+
 bool IsQuality(const InputField& field) {
     return field.object.starts_with("Q");
 }
@@ -226,7 +229,7 @@ void SharedPanel::SpinButtonClick(const BoundInput& input, int direction) {
     InputField target = field;
     if (field.object == kQInput) target.limits = kSpunQ;
     target.write(state, direction > 0 ? SpinStepUp(x, f) : SpinStepDown(x, f));
-    input.write(state, IsQuality(field) ? Fixed(7, 2) : field.format);
+    input.write(state, IsQuality(field) ? kQFormat : field.format);
     session_.recalculate();
 }
 
@@ -265,10 +268,8 @@ bool SharedPanel::setText(const QString& object, const QString& text) {
 void SharedPanel::enterPage() {
     const Page& page = PageOf(session_.state());
     qPanel_->setVisible(page.qPanel);
-    constexpr int broadband = 16;
     for (const BoundInput& input : inputs_) {
-        if (page.number == broadband && input.field().object == kQInput)
-            input.write(session_.state(), Fixed(7, 2));
+        if (page.entryQ && input.field().object == kQInput) input.write(session_.state(), kQFormat);
     }
     refreshInputs();
 }

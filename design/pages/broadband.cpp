@@ -153,7 +153,8 @@ Page BroadbandMatchPage() {
               .menuGroup = MenuGroup::Matching,
               .qPanel = true,
               .exportable = true,
-              .plottable = true};
+              .plottable = true,
+              .entryQ = 0.2};
     page.notes = {{"Suited for R1<R2, low-pass; the optimizer spreads the match over the band",
                    "Q up to 0.21: widest band; larger Q: the loaded Q is kept"}};
     page.switches = {{"CheckBoxExt16", "8 elements",

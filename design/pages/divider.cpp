@@ -108,7 +108,8 @@ Page RDividerPage() {
               .menuText = "",
               .menuGroup = MenuGroup::None,
               .exportable = true,
-              .shared = SharedOutputs::None};
+              .shared = SharedOutputs::None,
+              .unswapsLC = true};
     page.notes = {{"String of seven resistors from ground to Vref with six taps",
                    "Round the resistors to standard values, then Take and Optimize"}};
     page.inputs = DividerInputs();

@@ -200,7 +200,8 @@ Page DoubleLPage() {
               .qPanel = true,
               .exportable = true,
               .plottable = true,
-              .mirrored = true};
+              .mirrored = true,
+              .unswapsLC = true};
     page.notes = {{"Suited for R1>R2, blocks DC and low frequencies",
                    "Two high-pass sections through the geometric mean of R1 and R2"}};
     page.outputs = {Component("L118Ausgabe", "L1", "Inductance L1", "H", Slot::L),

@@ -101,7 +101,8 @@ Page PiSectionPage() {
               .plottable = true,
               .swapBox = "CheckBox3",
               .mirrored = true};
-    page.notes = {{"universal, good for cascades", "R measured from the center"}};
+    page.notes = {{"universal, good for cascades"}};
+    page.pictureHint = "R measured from the center";
     page.outputs = {Component("C13Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
                     Component("C23Ausgabe", "C2", "Capacitance C2", "F", Slot::C2),
                     Component("L3Ausgabe", "L", "Inductance L", "H", Slot::L)};

@@ -67,8 +67,9 @@ INSTANTIATE_TEST_SUITE_P(
     Faults, Usage,
     testing::Values(
         UsageCase{{}, 2, "subcommand"}, UsageCase{{"fly"}, 2, "fly"},
-        UsageCase{{"number"}, 2, "TEXT"}, UsageCase{{"series", "E12"}, 2, "TEXT"},
-        UsageCase{{"series", "E13", "5"}, 2, "SERIES"}, UsageCase{{"series", "E12", "x"}, 2, "'x'"},
+        UsageCase{{"--fly", "pi"}, 2, "--fly"}, UsageCase{{"number"}, 2, "TEXT"},
+        UsageCase{{"series", "E12"}, 2, "TEXT"}, UsageCase{{"series", "E13", "5"}, 2, "SERIES"},
+        UsageCase{{"series", "E12", "x"}, 2, "'x'"},
         UsageCase{{"series", "E12", "-5"}, 2, "not above 0"}, UsageCase{{"design"}, 2, "PAGE"},
         UsageCase{{"design", "20"}, 2, "'20' is no page"},
         UsageCase{{"design", "pi\nsection"}, 2, "is no page"},
@@ -192,6 +193,14 @@ TEST(DesignCommand, EveryPageGivesItsFieldsAndOutputs) {
     }
 }
 
+TEST(DesignCommand, NamesTheInputsThatThePageWorksWith) {
+    EXPECT_THAT(RunWith({"design", "rlopt", "--ub", "24"}).out,
+                StartsWith("10 RLopt: p 1.00 W, ub 24.00 V, usat 500.00 mV\n"));
+    EXPECT_THAT(RunWith({"design", "trl", "--er", "4"}).out,
+                StartsWith("6 TRL: R1 50.00 Ω, R2 200.00 Ω, fo 100.00 MHz, Q 0.50, "
+                           "Q(L) 100.00, Q(C) 1000.00, er 4.00\n"));
+}
+
 TEST(DesignCommand, ARefusedDesignStillSaysWhatItCan) {
     const Output outcome = RunWith({"design", "lc-parallel", "--fo", "1M", "--q", "5", "--json"});
     EXPECT_EQ(outcome.code, 3);
@@ -208,6 +217,17 @@ TEST(DesignCommand, WritesInfiniteNumbersAsText) {
         JsonOf({"design", "1", "--r1", "10", "--r2", "20", "--q", "0.5", "--no-optimize"});
     EXPECT_EQ(design["components"].at(1)["name"], "C1");
     EXPECT_EQ(design["components"].at(1)["value"], "infinite");
+    EXPECT_NEAR(design["outputs"]["v"], std::sqrt(2), 0.01);  // C1 is a short
+    const json blocked = JsonOf({"design", "1", "--take", "C1=0"});
+    EXPECT_EQ(blocked["outputs"]["v_db"], "-infinite");
+    EXPECT_EQ(blocked["texts"]["dAusgabe"], "infinite");
+}
+
+TEST(DesignCommand, LengthsHaveNoStandardValue) {
+    const json components = JsonOf({"design", "trl"})["components"];
+    EXPECT_EQ(components.at(0)["series"], "100.000");
+    EXPECT_EQ(components.at(1)["name"], "l");
+    EXPECT_EQ(components.at(1)["series"], "");
 }
 
 TEST(DesignCommand, ClampsItsInputsLikeTheWindow) {
