@@ -21,6 +21,10 @@ void DesignSession::recalculate(bool storeComponents) {
 
 void DesignSession::goToPage(int page) {
     EnterPage(state_, page);
+    showPage();
+}
+
+void DesignSession::showPage() {
     emit pageEntered();
     recalculate();
 }

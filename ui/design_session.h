@@ -24,6 +24,9 @@ class DesignSession : public DesignHost {
     DesignState& state() override { return state_; }
     void recalculate(bool storeComponents = true) override;
     void goToPage(int page) override;
+    /// Shows the state's page and calculates it as it stands, without what entering it would
+    /// change.
+    void showPage();
     void showMessage(const QString& text) override;
     QString fieldText(std::string_view object) const override;
 

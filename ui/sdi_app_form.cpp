@@ -65,7 +65,7 @@ void TSDIAppForm::startUp(const QStringList& arguments) {
     namePrinter();
     readArguments(arguments);
     setWindowTitle(QLatin1String(kProductTitle));
-    session_.goToPage(session_.state().page);
+    session_.showPage();
 }
 
 void TSDIAppForm::OKClick() {

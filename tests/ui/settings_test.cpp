@@ -36,6 +36,7 @@ class SettingsTest : public QObject {
     void settingsThatCannotBeWrittenAreReported();
     void savedDesignIsLoadedOnItsPage();
     void fileWithoutPageLoadsOnTheFirst();
+    void startShowsThePageOfTheSettingsAsItWasLeft();
     void fileThatIsNoSettingsFileIsReported();
 };
 
@@ -87,6 +88,20 @@ void SettingsTest::fileWithoutPageLoadsOnTheFirst() {
     f.click("SpeedButtonINILaden");
     QCOMPARE(f.state().fo, 10e6);
     QCOMPARE(f.state().page, 1);
+}
+
+void SettingsTest::startShowsThePageOfTheSettingsAsItWasLeft() {
+    FormFixture f;
+    f.goTo(16);
+    f.type("QEingabe", "1.5");
+    f.form().close();
+    TSDIAppForm next;
+    next.session().optimizer().files = {{}, {}};
+    next.startUp({"nopt"});
+    QCOMPARE(next.session().state().page, 16);
+    QCOMPARE(next.session().state().Q, 1.5);  // entering the page anew would make it 0.2
+    QCOMPARE(next.findChild<TabSet*>("TabSet1")->currentIndex(), 15);
+    QCOMPARE(next.findChild<QLineEdit*>("BAusgabe")->text(), QString("   66.67M"));  // 100 MHz/1.5
 }
 
 void SettingsTest::fileThatIsNoSettingsFileIsReported() {
