@@ -69,10 +69,10 @@ constexpr std::array kWindows = {
     WindowEntry{"TFormQuiz", StartStage::BeforeSplash, Box<TFormQuiz>},
     WindowEntry{"TFormGlobalOpt", StartStage::BeforeSplash, Dialog<TFormGlobalOpt>},
     WindowEntry{"TCircuitHintsDlg", StartStage::BeforeSplash, Dialog<TCircuitHintsDlg>},
-    WindowEntry{"TExportDlg", StartStage::BehindSplash, Dialog<TExportDlg>},
-    WindowEntry{"THilfeBox", StartStage::BehindSplash, Dialog<THilfeBox>},
     WindowEntry{"TAboutBox", StartStage::BehindSplash, Box<TAboutBox>},
+    WindowEntry{"THilfeBox", StartStage::BehindSplash, Dialog<THilfeBox>},
     WindowEntry{"TSweepDlg", StartStage::BehindSplash, Dialog<TSweepDlg>},
+    WindowEntry{"TExportDlg", StartStage::BehindSplash, Dialog<TExportDlg>},
 };
 
 // clang-format off

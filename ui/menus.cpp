@@ -127,7 +127,8 @@ void AddSeriesItems(TSDIAppForm& form, QMenu& options) {
     options.addSeparator();
 }
 
-/// One button of the tool bar: with a caption beside the icon, or with the icon alone.
+/// One button of the tool bar: with a caption beside the icon, or with the icon alone, whose text
+/// is then the hint.
 struct Button {
     const char* object;
     const char* icon;
@@ -141,7 +142,7 @@ constexpr std::array kButtons = {
     Button{"RechenButton", "calculate", "", "Make calculations", &TSDIAppForm::OKClick},
     Button{"ExecButton", "execute", "", "Call another program", &TSDIAppForm::ExecButtonClick},
     Button{"SweepButton", "sweep", "", "Modify sweep factor"},
-    Button{"ButtonCopy", "copy", "", "Copy window contents to clipboard",
+    Button{"ButtonCopy", "copy", "", "&Copy window contents to clipboard",
            &TSDIAppForm::ButtonCopyClick},
     Button{"SpeedButtonINISave", "save", "", "Save INI file",
            &TSDIAppForm::SpeedButtonINISaveClick},
@@ -190,12 +191,14 @@ void BuildSpeedPanel(TSDIAppForm& form) {
         button->setObjectName(QLatin1String(entry.object));
         button->setIcon(VectorIcon(entry.icon));
         button->setIconSize(bar->iconSize());
-        button->setText(QLatin1String(entry.caption));
+        const QString hint = QString::fromLatin1(entry.hint);
+        const QString name = QString(hint).remove('&');
+        button->setText(*entry.caption ? QString::fromLatin1(entry.caption) : hint);
         button->setToolButtonStyle(*entry.caption ? Qt::ToolButtonTextBesideIcon
                                                   : Qt::ToolButtonIconOnly);
         button->setAutoRaise(true);
-        button->setAccessibleName(QLatin1String(entry.hint));
-        SetHint(*button, QLatin1String(entry.hint));
+        button->setAccessibleName(name);
+        SetHint(*button, name);
         if (entry.handler) QObject::connect(button, &QToolButton::clicked, &form, entry.handler);
         bar->addWidget(button);
     }

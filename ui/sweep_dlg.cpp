@@ -17,10 +17,14 @@ namespace {
 constexpr double kSmallestFactor = 1.0001;
 constexpr double kLargestFactor = 10;
 
-/// "  1.05": two spaces, and as many decimals as the factor needs.
+/// "  1.05": two spaces, and two to four decimals as the factor needs.
 QString FactorText(double factor) {
-    const bool fine = factor < 1.01;
-    return "  " + QString::fromStdString(FormatFixed(fine ? 6 : 4, fine ? 4 : 2, factor)).trimmed();
+    constexpr int mostDecimals = 4;
+    int decimals = 2;
+    std::string text = FormatFixed(0, decimals, factor);
+    while (decimals < mostDecimals && ParseValue(text) != factor)
+        text = FormatFixed(0, ++decimals, factor);
+    return "  " + QString::fromStdString(text);
 }
 
 }  // namespace

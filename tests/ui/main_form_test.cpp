@@ -37,6 +37,7 @@ class MainFormTest : public QObject {
     void programThatCannotStartIsReportedByABeepOnly();
     void argumentsPresetTheOptimizerAndSaySo();
     void everyControlOfTheWindowIsThere();
+    void oddCaptionsAndHintsStandAsUsersKnowThem();
     void tabKeyFollowsTheEye();
 };
 
@@ -331,99 +332,41 @@ void MainFormTest::argumentsPresetTheOptimizerAndSaySo() {
 
 void MainFormTest::everyControlOfTheWindowIsThere() {
     FormFixture f;
-    const QStringList names = {"R1Eingabe",
-                               "R2Eingabe",
-                               "foEingabe",
-                               "QEingabe",
-                               "QBEingabe",
-                               "QBCEingabe",
-                               "SpinButtonR1",
-                               "SpinButtonR2",
-                               "SpinButtonfo",
-                               "SpinButtonQ",
-                               "SpinButtonQB",
-                               "SpinButtonQBC",
-                               "BAusgabe",
-                               "ueAusgabe",
-                               "dBAusgabe",
-                               "dAusgabe",
-                               "QBgesAusgabe",
-                               "CheckBoxQ",
-                               "CheckBoxE",
-                               "E6Button",
-                               "E12Button",
-                               "E24Button",
-                               "E48Button",
-                               "E96Button",
-                               "SpeedButtonVertauschen",
-                               "SpeedButtonHint",
-                               "SpeedButtonExport",
-                               "ButtonTake",
-                               "ButtonTakeAndOpt",
-                               "ButtonGuide",
-                               "OK",
-                               "Abbruch",
-                               "Hilfe",
-                               "StatusBar",
-                               "SpeedPanel",
-                               "ExitBtn",
-                               "RechenButton",
-                               "ExecButton",
-                               "SweepButton",
-                               "ButtonCopy",
-                               "VuButton",
-                               "SpeedButtonTol",
-                               "SpeedButtonINISave",
-                               "SpeedButtonINILaden",
-                               "SpeedButtonInfo",
-                               "SpeedButtonOptSettings",
-                               "SpeedButtonGlobalOpt",
-                               "PhiBtn",
-                               "PanelQ",
-                               "Notebook1",
-                               "TabSet1",
-                               "CheckBox1",
-                               "CheckBox2",
-                               "CheckBox3",
-                               "CheckBox4",
-                               "CheckBoxL1L2",
-                               "CheckBoxLtot",
-                               "CheckBoxC1Null",
-                               "ScrollBarW",
-                               "ScrollBarWC",
-                               "ScrollBarLtot"};
+    const QStringList names =
+        QString(
+            "R1Eingabe R2Eingabe foEingabe QEingabe QBEingabe QBCEingabe SpinButtonR1 "
+            "SpinButtonR2 SpinButtonfo SpinButtonQ SpinButtonQB SpinButtonQBC BAusgabe "
+            "ueAusgabe dBAusgabe dAusgabe QBgesAusgabe CheckBoxQ CheckBoxE E6Button "
+            "E12Button E24Button E48Button E96Button SpeedButtonVertauschen "
+            "SpeedButtonHint SpeedButtonExport ButtonTake ButtonTakeAndOpt ButtonGuide OK "
+            "Abbruch Hilfe StatusBar SpeedPanel ExitBtn RechenButton ExecButton "
+            "SweepButton ButtonCopy VuButton SpeedButtonTol SpeedButtonINISave "
+            "SpeedButtonINILaden SpeedButtonInfo SpeedButtonOptSettings "
+            "SpeedButtonGlobalOpt PhiBtn PanelQ Notebook1 TabSet1 CheckBox1 CheckBox2 "
+            "CheckBox3 CheckBox4 CheckBoxL1L2 CheckBoxLtot CheckBoxC1Null ScrollBarW "
+            "ScrollBarWC ScrollBarLtot")
+            .split(' ');
     for (const QString& name : names)
         QVERIFY2(f.form().findChild<QWidget*>(name), qPrintable(name));
-    const QStringList items = {"Drucken1",
-                               "Druckereinstellung1",
-                               "ExitItem",
-                               "Rechnen1",
-                               "Undo1",
-                               "SweepFaktor1",
-                               "Optimizationsetup1",
-                               "LCS1",
-                               "LCP1",
-                               "Pi1",
-                               "T1",
-                               "Uebertrager1",
-                               "Leitung1",
-                               "PassivesLGlied1",
-                               "PassivesPiGlied1",
-                               "LCAllpass1",
-                               "RLoptberechnen1",
-                               "LeffCeff1",
-                               "KombinierterLCKreis1",
-                               "LCGamma1",
-                               "LCCL1",
-                               "KlasseEVerstrker1",
-                               "Bandpass1",
-                               "DoubleLSection1",
-                               "E6Reihe1",
-                               "E96Reihe1",
-                               "Ausfhren1",
-                               "ImVordergrundbleiben1"};
+    const QStringList items =
+        QString(
+            "Drucken1 Druckereinstellung1 ExitItem Rechnen1 Undo1 SweepFaktor1 "
+            "Optimizationsetup1 LCS1 LCP1 Pi1 T1 Uebertrager1 Leitung1 PassivesLGlied1 "
+            "PassivesPiGlied1 LCAllpass1 RLoptberechnen1 LeffCeff1 KombinierterLCKreis1 "
+            "LCGamma1 LCCL1 KlasseEVerstrker1 Bandpass1 DoubleLSection1 E6Reihe1 E96Reihe1 "
+            "Ausfhren1 ImVordergrundbleiben1")
+            .split(' ');
     for (const QString& name : items)
         QVERIFY2(f.form().findChild<QAction*>(name), qPrintable(name));
+}
+
+void MainFormTest::oddCaptionsAndHintsStandAsUsersKnowThem() {
+    FormFixture f;
+    QCOMPARE(f.find<QAbstractButton>("ButtonCopy").text(),
+             QString("&Copy window contents to clipboard"));
+    QCOMPARE(f.find<QWidget>("ButtonCopy").toolTip(), QString("Copy window contents to clipboard"));
+    QCOMPARE(f.find<QWidget>("SpinButtonR2").toolTip(), QString("Increase or decrease R1"));
+    QCOMPARE(f.find<QWidget>("Image3").toolTip(), QString("R measured from the center"));
 }
 
 void MainFormTest::tabKeyFollowsTheEye() {

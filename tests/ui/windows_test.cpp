@@ -112,15 +112,18 @@ void WindowsTest::menuKeysOfOneMenuAreDistinct() {
 void WindowsTest::sweepFactorIsHeldToItsRangeWhileTyping_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<double>("factor");
-    QTest::addRow("usual") << "1.2" << 1.2;
-    QTest::addRow("too small") << "1" << 1.0001;
-    QTest::addRow("too large") << "11" << 10.0;
-    QTest::addRow("no number") << "x" << 1.0001;
+    QTest::addColumn<QString>("shown");
+    QTest::addRow("usual") << "1.2" << 1.2 << "  1.20";
+    QTest::addRow("fine") << "1.025" << 1.025 << "  1.025";
+    QTest::addRow("too small") << "1" << 1.0001 << "  1.0001";
+    QTest::addRow("too large") << "11" << 10.0 << "  10.00";
+    QTest::addRow("no number") << "x" << 1.0001 << "  1.0001";
 }
 
 void WindowsTest::sweepFactorIsHeldToItsRangeWhileTyping() {
     QFETCH(QString, text);
     QFETCH(double, factor);
+    QFETCH(QString, shown);
     FormFixture f;
     f.choose("SweepFaktor1");
     QWidget* dialog = f.form().windows().window("TSweepDlg");
@@ -129,6 +132,9 @@ void WindowsTest::sweepFactorIsHeldToItsRangeWhileTyping() {
     edit->selectAll();
     QTest::keyClicks(edit, text);
     QCOMPARE(f.state().SweepFactor, factor);
+    QTest::keyClick(dialog, Qt::Key_Return);
+    f.choose("SweepFaktor1");
+    QCOMPARE(edit->text(), shown);
 }
 
 void WindowsTest::cancelledSweepFactorIsRestored() {
