@@ -58,8 +58,9 @@ ExitCode Parse(CLI::App& app, Session& session, std::vector<std::string> args) {
 
 }  // namespace
 
-int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostream& err) {
-    Session session{out, err};
+int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostream& err,
+                   bool terminal) {
+    Session session{.out = out, .err = err, .terminal = terminal};
     CLI::App app("Designs matching networks, attenuators and PA output networks.", "kelvro-cli");
     app.set_version_flag("--version", "kelvro-cli " KELVRO_VERSION);
     app.require_subcommand(1);

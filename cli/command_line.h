@@ -7,7 +7,9 @@
 namespace kelvro {
 
 /// Runs the command-line program: `args` are its arguments without the program's name. Results go
-/// to `out`, problems as one line to `err`. Returns the exit code (see ExitCode). Never throws.
-int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostream& err);
+/// to `out`, problems as one line to `err`, which also shows the progress of long commands when it
+/// is a terminal. Returns the exit code (see ExitCode). Never throws.
+int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostream& err,
+                   bool terminal = false);
 
 }  // namespace kelvro

@@ -4,6 +4,11 @@
 
 namespace kelvro {
 
+void Session::progress(std::string_view text) {
+    constexpr std::string_view wipe = "\r\x1b[K";
+    if (terminal) err << wipe << text << std::flush;
+}
+
 void Session::tell(std::string line) {
     // Texts of users may hold line ends; the report stays one line.
     std::ranges::replace(line, '\n', ' ');

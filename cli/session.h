@@ -25,6 +25,11 @@ struct Session {
     std::ostream& out;
     std::ostream& err;
     ExitCode status = ExitCode::Done;
+    bool terminal = false;  ///< somebody watches the error stream
+
+    /// Says on a terminal how far a long command is, each text in place of the one before; an empty
+    /// text wipes the last one.
+    void progress(std::string_view text);
 
     /// Writes one line to the error stream.
     void tell(std::string line);

@@ -64,7 +64,12 @@ void ReportTour(TourOptions options, Session& session) {
     options.annealing.acceptance = kAcceptances.at(options.accept);
     MonteCarloSummary runs;
     if (options.monteCarlo) {
-        runs = RunMonteCarlo(options.annealing);
+        runs = RunMonteCarlo(options.annealing, [&](int finished) {
+            session.progress(std::to_string(finished) + " of " + std::to_string(kMonteCarloRuns) +
+                             " runs");
+            return true;
+        });
+        session.progress("");
         options.annealing.moveSeed = static_cast<std::uint64_t>(runs.best);
     }
     const AnnealingSummary tour = Annealing(options.annealing).finish();

@@ -58,6 +58,16 @@ double DecayingExponential(double x) {
     return std::ldexp(sum, -static_cast<int>(halvings));
 }
 
+bool DecaysAbove(double x, double r) {
+    constexpr double margin = 1e-9;  // far beyond the errors of both exponentials
+    // exp(x) is at least its first terms. Cold runs draw hardly anything else.
+    if (r * (1 + x * (1 + x / 2)) > 1 + margin) return false;
+    if (x > 700) return false;
+    const double estimate = std::exp(-x);
+    if (std::fabs(estimate - r) > margin * estimate) return estimate > r;
+    return DecayingExponential(x) > r;
+}
+
 std::vector<City> PlaceCities(int cities, std::uint64_t seed) {
     UniformStream stream(kCityStreams + seed);
     std::vector<City> places(Index(cities));
@@ -91,7 +101,7 @@ Annealing::Annealing(const AnnealingOptions& options)
 Annealing::Move Annealing::drawMove() {
     const int n = static_cast<int>(summary_.tour.size());
     const auto at = [&](int position) -> const City& {
-        return summary_.cities[Index(summary_.tour[Index(position % n)])];
+        return summary_.cities[Index(summary_.tour[Index(position < n ? position : 0)])];
     };
     for (int draw = 0; draw < kMostDraws; ++draw) {
         const int i = stream_.below(n);
@@ -115,7 +125,7 @@ bool Annealing::accepts(double delta) {
         case Acceptance::Random:
             break;
     }
-    return delta < 0 || DecayingExponential(delta / summary_.temperature) > r;
+    return delta < 0 || DecaysAbove(delta / summary_.temperature, r);
 }
 
 Annealing::Event Annealing::advance() {

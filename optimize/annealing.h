@@ -61,6 +61,10 @@ struct AnnealingSummary {
 /// is enough to send a run another way. A Taylor series about the nearest power of two.
 double DecayingExponential(double x);
 
+/// Whether DecayingExponential(x) > r, for r in [0, 1). The same answer, but the series is summed
+/// only where the library's exponential is too close to r to tell.
+bool DecaysAbove(double x, double r);
+
 /// Positions from the stream of a seed.
 std::vector<City> PlaceCities(int cities, std::uint64_t seed);
 

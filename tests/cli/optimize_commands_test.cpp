@@ -23,6 +23,18 @@ TEST(TourCommandTest, MonteCarloShowsTheTourOfItsBestRun) {
     EXPECT_EQ(nlohmann::json::parse(single.out)["tour"], document["tour"]);
 }
 
+TEST(TourCommandTest, CountsTheRunsOnTerminalsOnly) {
+    const std::vector<std::string> args = {"tour", "--cities", "5", "--mc"};
+    EXPECT_EQ(RunWith(args).err, "");
+    std::ostringstream out;
+    std::ostringstream err;
+    RunCommandLine(args, out, err, true);
+    EXPECT_EQ(out.str(), RunWith(args).out);
+    const std::string shown = err.str();
+    EXPECT_NE(shown.find("\r\x1b[K1 of 81 runs"), std::string::npos) << shown;
+    EXPECT_TRUE(shown.ends_with("81 of 81 runs\r\x1b[K")) << shown;
+}
+
 TEST(TourCommandTest, RefusesWhatNoTourCanBeMadeOf) {
     const std::vector<std::string> bad[] = {{"tour", "--cities", "4"},
                                             {"tour", "--cities", "many"},

@@ -202,5 +202,20 @@ TEST(DecayingExponentialTest, IsThatOfTheLibraryWithinRounding) {
     EXPECT_EQ(DecayingExponential(1e6), 0);
 }
 
+/// Also in the last bit around the exponential, and at its very ends.
+TEST(DecayingExponentialTest, IsComparedAsIfItHadBeenSummed) {
+    UniformStream stream(3);
+    const auto same = [](double x, double r) {
+        EXPECT_EQ(DecaysAbove(x, r), DecayingExponential(x) > r) << x << ' ' << r;
+    };
+    for (double x = 0; x < 710; x = x * 1.03 + 1e-4) {
+        const double e = DecayingExponential(x);
+        for (const double r : {0.0, e, std::nextafter(e, 0), std::nextafter(e, 1), e * (1 + 1e-9),
+                               e * (1 - 1e-9), stream.next()}) {
+            if (r < 1) same(x, r);
+        }
+    }
+}
+
 }  // namespace
 }  // namespace kelvro
