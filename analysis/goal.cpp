@@ -194,8 +194,9 @@ void WriteRelativeElements(DesignState& s, const std::vector<Slot>& slots,
 
 double TenDigits(double f) {
     if (f == 0 || !std::isfinite(f)) return f;
-    const double decade = std::pow(10.0, 9 - std::floor(std::log10(std::fabs(f))));
-    return std::nearbyint(f * decade) / decade;
+    // Extended, as the decade of the smallest numbers is above all doubles.
+    const long double decade = std::pow(10.0L, 9 - std::floor(std::log10(std::fabs(f))));
+    return static_cast<double>(std::nearbyint(f * decade) / decade);
 }
 
 }  // namespace
@@ -229,10 +230,13 @@ void Goal::restore() {
 
 double Goal::value(std::span<const double> x, CallKind kind) {
     calls_.add(kind);
-    if (PageOf(state_).testParameters > 0) return TestFunction(state_.page, x);
-    write(x);
-    const double f = state_.page == kDivider ? DividerGoal(state_) : network();
+    const double f = PageOf(state_).testParameters > 0 ? TestFunction(state_.page, x) : designed(x);
     return options_.noise ? TenDigits(f) : f;
+}
+
+double Goal::designed(std::span<const double> x) {
+    write(x);
+    return state_.page == kDivider ? DividerGoal(state_) : network();
 }
 
 double Goal::network() const {

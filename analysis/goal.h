@@ -31,6 +31,7 @@ class Goal : public Objective {
     const CallCounts& calls() const { return calls_; }
 
   private:
+    double designed(std::span<const double> x);
     double network() const;
 
     DesignState& state_;

@@ -113,6 +113,10 @@ TEST(GoalTest, NoiseRoundsToTenDigits) {
     const double rounded = noisy.value(x, CallKind::Evaluation);
     EXPECT_NE(f, rounded);
     EXPECT_NEAR(f, rounded, 1e-9 * std::fabs(f));
+    // (1 - 0.3)² + 100·(1/3 - 0.3²)² = 6.41111..., on the page of Rosenbrock's valley.
+    state.page = 10;
+    Goal valley(state, {.noise = true});
+    EXPECT_EQ(valley.value(std::vector{0.3, 1.0 / 3}, CallKind::Evaluation), 6.411111111);
 }
 
 }  // namespace
