@@ -1,0 +1,80 @@
+#include "io/atomic_file.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+
+namespace kelvro {
+namespace {
+
+namespace fs = std::filesystem;
+
+using Save = std::optional<QString> (*)(const QString& path, const QByteArray& content);
+
+std::optional<QString> ByWayOfTmp(const QString& path, const QByteArray& content) {
+    return WriteByWayOf(QStringLiteral("TMP"), path, content);
+}
+
+class KilledSave : public testing::TestWithParam<Save> {
+  protected:
+    void SetUp() override {
+        std::string name = (fs::temp_directory_path() / "kelvro-killed-XXXXXX").string();
+        folder_ = ::mkdtemp(name.data());
+    }
+    void TearDown() override { fs::remove_all(folder_); }
+
+    /// A process of its own saves; the system kills it as soon as a file grows over 4096 bytes.
+    int signalThatEnded(const fs::path& target, const QByteArray& content) const {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            const rlimit small{4096, 4096};
+            const rlimit none{0, 0};
+            ::setrlimit(RLIMIT_FSIZE, &small);
+            ::setrlimit(RLIMIT_CORE, &none);
+            std::signal(SIGXFSZ, SIG_DFL);
+            GetParam()(QString::fromStdString(target.string()), content);
+            ::_exit(0);
+        }
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    }
+
+    static std::string content(const fs::path& file) {
+        std::ifstream in(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+    fs::path folder_;
+};
+
+TEST_P(KilledSave, LeavesTheOldFileAndDoesNotDisturbTheNextSave) {
+    const fs::path target = folder_ / "plot.wmf";
+    std::ofstream(target, std::ios::binary) << "the old picture";
+    const QByteArray picture(100000, 'x');
+    ASSERT_EQ(signalThatEnded(target, picture), SIGXFSZ);
+    EXPECT_EQ(content(target), "the old picture");
+
+    EXPECT_EQ(GetParam()(QString::fromStdString(target.string()), picture), std::nullopt);
+    EXPECT_EQ(content(target), picture.toStdString());
+    // What the killed process had begun takes the name of no picture and of no temporary file.
+    int others = 0;
+    for (const auto& entry : fs::directory_iterator(folder_)) {
+        if (entry.path() == target) continue;
+        ++others;
+        EXPECT_EQ(entry.path().filename().string().find("plot."), 0U);
+        EXPECT_NE(entry.path().extension(), ".wmf");
+        EXPECT_NE(entry.path().extension(), ".TMP");
+    }
+    EXPECT_LE(others, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, KilledSave, testing::Values(WriteAtomically, ByWayOfTmp));
+
+}  // namespace
+}  // namespace kelvro
