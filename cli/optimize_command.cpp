@@ -26,11 +26,6 @@ struct OptimizedDesign {
     DesignRun after;
     PageOptimization optimization;
 
-    /// The run that reached the result.
-    const Summary& bestRun() const {
-        const auto& runs = optimization.runs;
-        return runs.size() > 1 && runs[1].f <= runs[0].f ? runs[1] : runs[0];
-    }
     int warnings() const {
         int sum = 0;
         for (const Summary& run : optimization.runs) sum += run.warnings;
@@ -66,7 +61,7 @@ Json Document(const OptimizedDesign& design) {
     Json goal = nullptr;
     if (design.optimization.status == PageOptimization::Status::Finished) {
         const CallCounts calls = design.optimization.calls();
-        const Summary& best = design.bestRun();
+        const Summary& best = design.optimization.bestRun();
         goal = {{"start", JsonNumber(design.optimization.startGoal)},
                 {"final", JsonNumber(design.optimization.achievedGoal)},
                 {"gradient", JsonNumber(best.gradientLength)},
@@ -87,7 +82,7 @@ std::string GoalText(const OptimizedDesign& design) {
         return "Optimization is disabled.\n";
     }
     const CallCounts calls = design.optimization.calls();
-    const Summary& best = design.bestRun();
+    const Summary& best = design.optimization.bestRun();
     return AlignedTable({{"Goal at start", FormatFixed(0, 6, design.optimization.startGoal)},
                          {"Goal reached", FormatFixed(0, 6, design.optimization.achievedGoal)},
                          {"|g|", FormatEngShort(4, best.gradientLength)},

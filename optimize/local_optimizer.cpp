@@ -67,8 +67,10 @@ StopReason StopOf(DescentEnd end) {
     }
 }
 
-void TakeResult(const DescentResult& result, const Evaluator& objective, Summary& summary) {
-    summary.stop = StopOf(result.end);
+void TakeResult(const SearchRun& run, const DescentResult& result, Summary& summary) {
+    const Evaluator& objective = run.objective;
+    // The search for other minima may have used up the iterations behind a descent that had ended.
+    summary.stop = run.iterationsLeft() ? StopOf(result.end) : StopReason::MaxIterations;
     summary.x = objective.bestPoint();
     summary.f = objective.bestValue();
     summary.g = objective.fullDirection(result.at.gradient.g);
@@ -95,7 +97,7 @@ void Search(SearchRun& run, const Gradient& full, Summary& summary) {
     if (run.options.seekOtherMinima && !run.options.steepestDescent && x.size() > 0) {
         result = SeekOtherMinima(run, std::move(result), x, f);
     }
-    TakeResult(result, run.objective, summary);
+    TakeResult(run, result, summary);
     TakeFinalHessian(run, summary);
 }
 

@@ -114,7 +114,7 @@ class PageRuns {
         if (!files_.log.empty()) {
             if (index == 0) log += ReportHead(settings_, files_.table);
             log += RunText(summary, settings_, origin, page_);
-            if (index + 1 == runs) log += ClosingText(summary, settings_);
+            if (index + 1 == runs) log += ClosingText(result_.bestRun(), settings_);
         }
         auto error = WriteText(files_.log, log, index > 0);
         if (!error && settings_.local.recordCalls) {

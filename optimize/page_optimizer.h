@@ -34,6 +34,8 @@ struct PageOptimization {
 
     CallCounts calls() const;  ///< of all runs
     int iterations() const;    ///< of all runs
+    /// The run that reached the lowest goal, of equal ones the last. There has to be one.
+    const Summary& bestRun() const;
 };
 
 /// Optimizes the components of the state's page in place with the settings, and writes the reports.

@@ -58,9 +58,6 @@ void WriteStartAndGradientNote(ReportText& out, const Note& note) {
         case NoteKind::CurvatureNotPositive:
             out << "Warning : fx" << note.index << " not >0 at start!";
             break;
-        case NoteKind::HessianRankDeficient:
-            out << "Warning : Rank of real H maybe smaller than dimension!";
-            break;
         case NoteKind::SwitchedToDoubleSided:
             WriteDoubleSidedReasons(out, note);
             break;
@@ -135,9 +132,12 @@ void WriteSearchAndUpdateNote(ReportText& out, const Note& note) {
     }
 }
 
-/// Remarks that belong to a line of the iteration's log.
+/// Remarks that belong to a line of the log.
 void WriteRemark(ReportText& out, const Note& note) {
     switch (note.kind) {
+        case NoteKind::HessianRankDeficient:
+            out << "Warning : Rank of real H maybe smaller than dimension!";
+            break;
         case NoteKind::AngleExtreme:
             out << "Warning : Angle already quite extreme.";
             break;
@@ -163,7 +163,7 @@ void WriteRemark(ReportText& out, const Note& note) {
 }
 
 bool IsRemark(NoteKind kind) {
-    return kind >= NoteKind::AngleExtreme;
+    return kind >= NoteKind::AngleExtreme || kind == NoteKind::HessianRankDeficient;
 }
 
 void WriteNotes(ReportText& out, const IterationRecord& record) {
@@ -183,6 +183,10 @@ void WriteRemarks(ReportText& out, const IterationRecord& record, NoteKind first
     }
 }
 
+void WriteRemarks(ReportText& out, const IterationRecord& record, NoteKind only) {
+    WriteRemarks(out, record, only, only);
+}
+
 // ---------------------------------------------------------------- a run
 
 void WriteStart(ReportText& out, const Summary& run) {
@@ -190,6 +194,7 @@ void WriteStart(ReportText& out, const Summary& run) {
     WriteNotes(out, start);
     if (run.startHessian) {
         out << "w elements of SVD of real H : " << run.startSingularValues << "\n";
+        WriteRemarks(out, start, NoteKind::HessianRankDeficient);
         out << "Used start matrix iH derived from real H\n";
         out << "Additional function calculations for Hessian : "
             << start.calls.of(CallKind::Hessian) << "\n";
@@ -209,7 +214,7 @@ void WriteSteps(ReportText& out, const IterationRecord& record) {
     const double most = steps.maxCoeff(&largest);
     const double least = steps.minCoeff(&smallest);
     out << "Current parameter steps : |dx|=" << record.step.norm() << ", max(dxi)=" << most
-        << " for number i=" << static_cast<int>(largest) + 1 << ", and min(dxi)=" << least
+        << " for number i=" << static_cast<int>(largest) + 1 << ", min(dxi)=" << least
         << " for number i=" << static_cast<int>(smallest) + 1 << "\n";
 }
 
@@ -223,10 +228,10 @@ void WriteIteration(ReportText& out, const IterationRecord& record) {
     out << "G : " << record.g << "\n";
     out << "S : " << record.direction << "\n";
     out << "Angle between -G and S is " << record.angleToDescent << "°.\n";
-    WriteRemarks(out, record, AngleExtreme, AngleExtreme);
+    WriteRemarks(out, record, AngleExtreme);
     out << "Angle between old and new gradient is " << record.angleToOldGradient << "°.\n";
     WriteSteps(out, record);
-    WriteRemarks(out, record, StepsBelowDifference, StepsBelowDifference);
+    WriteRemarks(out, record, StepsBelowDifference);
     out << "Current steps in linear search : i=" << record.lineSteps
         << ", step size is t=" << record.t << ", clampings=" << record.clampings << "\n";
     WriteRemarks(out, record, LineSearchQuiteTooMany, StepZero);
@@ -361,7 +366,8 @@ std::string SettingsText(const OptimizerSettings& settings) {
 
 std::string ReportHead(const OptimizerSettings& settings, const std::string& tableName) {
     std::string head = SettingsText(settings);
-    if (settings.writeTable) head += "Hint: More data in file " + tableName + '\n';
+    if (settings.writeTable && !tableName.empty())
+        head += "Hint: More data in file " + tableName + '\n';
     return head;
 }
 
@@ -387,18 +393,18 @@ std::string RunText(const Summary& run, const OptimizerSettings& settings, RunOr
     return std::move(out).text();
 }
 
-std::string ClosingText(const Summary& last, const OptimizerSettings& settings) {
+std::string ClosingText(const Summary& best, const OptimizerSettings& settings) {
     ReportText out;
     out << "Parameter uncertainty estimation : \n";
-    for (Eigen::Index i = 0; i < last.inverseHessian.rows(); ++i) {
-        const double dX = std::sqrt(2 * kUncertaintyGoal * std::fabs(last.inverseHessian(i, i)));
+    for (Eigen::Index i = 0; i < best.inverseHessian.rows(); ++i) {
+        const double dX = std::sqrt(2 * kUncertaintyGoal * std::fabs(best.inverseHessian(i, i)));
         out << static_cast<int>(i) + 1 << " : " << 100 * dX << "%, dX=" << dX << "\n";
     }
-    out << "f at achieved optimum : " << last.f << "\n";
-    out << "f*1e9 at achieved optimum : " << last.f * 1e9 << "\n";
-    const bool stillMoving = !last.history.empty() && last.history.back().step.size() > 0 &&
-                             last.history.back().step.cwiseAbs().maxCoeff() > kBigChange;
-    if (last.stop == StopReason::MaxIterations && stillMoving) {
+    out << "f at achieved optimum : " << best.f << "\n";
+    out << "f*1e9 at achieved optimum : " << best.f * 1e9 << "\n";
+    const bool stillMoving = !best.history.empty() && best.history.back().step.size() > 0 &&
+                             best.history.back().step.cwiseAbs().maxCoeff() > kBigChange;
+    if (best.stop == StopReason::MaxIterations && stillMoving) {
         out << "Warning : Quite big changes, maybe better increase number of iterations. Maximum "
                "number of iterations was "
             << settings.local.maxIterations << "\n";

@@ -15,16 +15,17 @@ enum class RunOrigin : std::uint8_t { FirstOfTwo, SecondOfTwo, Single };
 std::string SettingsText(const OptimizerSettings& settings);
 
 /// What the text report says once before the first run; `tableName` is named when a table is
-/// written.
+/// written; empty for none.
 std::string ReportHead(const OptimizerSettings& settings, const std::string& tableName);
 
 /// One run from its origin to the end-of-run summary.
 std::string RunText(const Summary& run, const OptimizerSettings& settings, RunOrigin origin,
                     int page);
 
-/// What stands behind the last run: uncertainty of the parameters and the goal reached. A
-/// parameter's uncertainty is the change that worsens the goal by 0.01 with all others following.
-std::string ClosingText(const Summary& last, const OptimizerSettings& settings);
+/// What stands behind the last run, from the one that reached the result: uncertainty of the
+/// parameters and the goal. A parameter's uncertainty is the change that worsens the goal by 0.01
+/// with all others following.
+std::string ClosingText(const Summary& best, const OptimizerSettings& settings);
 
 /// Head of the call table, and the rows of one run; `firstId` numbers them on from earlier runs.
 std::string TableHead(const OptimizerSettings& settings);

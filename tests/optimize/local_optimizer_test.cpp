@@ -172,6 +172,18 @@ INSTANTIATE_TEST_SUITE_P(
         StopCase{"gradient", [](auto x) { return TestFunction(10, x); },
                  With([](LocalOptions& o) { o.gradientLimit = 1e-4; }),
                  StopReason::GradientTooSmall},
+        // The first descent ends at 1e-4; the search for better minima goes on to the limit.
+        StopCase{"maxIterationsOfTheFurtherSearch",
+                 [](auto x) {
+                     return Square(x[0] - 1) + Square(x[1]) + 0.3 * std::cos(20 * x[0] * x[1]) +
+                            0.3 * std::cos(15 * (x[0] - x[1]));
+                 },
+                 With([](LocalOptions& o) {
+                     o.gradientLimit = 1e-4;
+                     o.maxIterations = 30;
+                     o.thorough = true;
+                 }),
+                 StopReason::MaxIterations},
         // The gradient does not change along a plane.
         StopCase{"ys", [](auto x) { return 4 * x[0] - 2 * x[1]; },
                  With([](LocalOptions& o) { o.gradient = GradientChoice::DoubleSided; }),

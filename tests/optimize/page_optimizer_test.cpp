@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "core/number_text.h"
 #include "design/pages.h"
 #include "optimize/keywords.h"
 
@@ -15,7 +16,9 @@ namespace kelvro {
 namespace {
 
 using nlohmann::json;
+using testing::ContainsRegex;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 constexpr const char* kNone = "";
@@ -183,6 +186,49 @@ TEST_F(LoggedRun, AppendsTheSecondRunAndListsEveryCall) {
               log.find("2nd optimization run : \nStarted 2nd time within Kelvro for Typ=13"));
     const std::string table = FileText(files_.table);
     EXPECT_EQ(std::ranges::count(table, '\n'), 3 + result.calls().total());
+}
+
+TEST_F(LoggedRun, NamesNoTableWhereNoneIsWritten) {
+    OptimizerSettings settings;
+    settings.writeTable = true;
+    files_.table.clear();
+    EXPECT_THAT(run(settings), Not(HasSubstr("Hint: More data in file")));
+}
+
+TEST_F(LoggedRun, JoinsTheStepsOfAnIterationInOneLine) {
+    EXPECT_THAT(run({}), ContainsRegex("Current parameter steps : .dx.=[^,]+, max.dxi.=[^ ]+ for "
+                                       "number i=[12], min.dxi.=[^ ]+ for number i=[12]\n"));
+}
+
+/// The parameters of this page's test function are determined in sums only.
+TEST_F(LoggedRun, WarnsOfAHessianWithoutFullRankBehindItsSingularValues) {
+    OptimizerSettings settings;
+    settings.local.enhancedStartMatrix = true;
+    DesignState state = Calculated(9, 50, 200, 1);
+    OptimizePage(state, settings, files_);
+    EXPECT_THAT(FileText(files_.log),
+                ContainsRegex("w elements of SVD of real H : [^\n]+\n"
+                              "Warning : Rank of real H maybe smaller than dimension!\n"
+                              "Used start matrix iH derived from real H\n"));
+}
+
+/// Different start values: the second run ends in a worse place than the first.
+TEST_F(LoggedRun, ClosesWithTheRunThatReachedTheResult) {
+    OptimizerSettings settings;
+    settings.singleRun = false;
+    settings.differentStartValues = true;
+    settings.local.maxIterations = 1;
+    settings.local.seekOtherMinima = false;
+    int worse = 0;
+    for (const double Q : {1.0, 2.0, 3.0, 4.0, 5.0, 6.0}) {
+        DesignState state = Calculated(3, 50, 200, Q);
+        const PageOptimization result = OptimizePage(state, settings, files_);
+        worse += result.runs[1].f > result.runs[0].f ? 1 : 0;
+        const double best = std::min(result.runs[0].f, result.runs[1].f);
+        EXPECT_THAT(FileText(files_.log),
+                    HasSubstr("f at achieved optimum : " + FormatEngShort(4, best) + "\n"));
+    }
+    EXPECT_GT(worse, 0);
 }
 
 struct KeywordCase {
