@@ -102,9 +102,11 @@ std::vector<HistoryPoint> JoinedHistory(const PageOptimization& optimization) {
             point.t = record.t;
             point.x = Values(record.x);
             point.toFinal = Values(record.x - end);
-            point.step = record.step.size() == record.x.size()
-                             ? Values(record.step)
-                             : std::vector<double>(point.x.size(), 0);
+            point.toNext.assign(point.x.size(), 0);
+            if (!history.empty()) {
+                HistoryPoint& before = history.back();
+                std::ranges::transform(before.x, point.x, before.toNext.begin(), std::minus());
+            }
             history.push_back(std::move(point));
         }
         callsBefore += run.calls.total();
@@ -139,7 +141,7 @@ Picture HistoryPicture(HistoryPlot plot, const std::vector<HistoryPoint>& histor
                                              : "Parameter changes x-xfinal vs Iteration";
             name = "dx";
             AddParameters(picture, history, [&](const HistoryPoint& p, std::size_t i) {
-                return style.successive ? p.step[i] : p.toFinal[i];
+                return style.successive ? p.toNext[i] : p.toFinal[i];
             });
             break;
         case HistoryPlot::FunctionCalls:

@@ -22,7 +22,7 @@ enum class HistoryPlot : unsigned char {
 
 struct HistoryStyle {
     bool axisNames = true;        ///< names beside the axes
-    bool successive = true;       ///< parameter changes from iteration to iteration, not to the end
+    bool successive = false;      ///< parameter changes from iteration to iteration, not to the end
     bool logarithmicStep = true;  ///< step size on a logarithmic axis
 };
 
@@ -35,7 +35,7 @@ struct HistoryPoint {
     double t = 0;
     std::vector<double> x;
     std::vector<double> toFinal;  ///< x less the final x
-    std::vector<double> step;     ///< x less the previous x
+    std::vector<double> toNext;   ///< x less the next x; 0 at the end
 };
 
 std::vector<HistoryPoint> JoinedHistory(const PageOptimization& optimization);

@@ -283,7 +283,7 @@ void TFormOpt::addMenu() {
         return made;
     };
     showLabels_ = action("Togglelabelxyvisibility1", tr("Toggle label xy visibility"), true);
-    showSteps_ = action("Toggledxoutput1", tr("Toggle dx output"), true);
+    showDx_ = action("Toggledxoutput1", tr("Toggle dx output"), true);
     logarithmic_ = action("Togglelinlog1", tr("Toggle lin/log for y in t graph"), false);
     for (PlotImage* image : images_) image->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
@@ -376,7 +376,7 @@ void TFormOpt::showEvaluation() {
 
 void TFormOpt::showHistory() {
     history_ = JoinedHistory(optimizer_.last());
-    const HistoryStyle style{showLabels_->isChecked(), showSteps_->isChecked(),
+    const HistoryStyle style{showLabels_->isChecked(), !showDx_->isChecked(),
                              logarithmic_->isChecked()};
     const auto& plots = kTabs[static_cast<std::size_t>(tabs_->currentIndex() == 1)];
     for (std::size_t i = 0; i < images_.size(); ++i) {
@@ -405,7 +405,7 @@ void TFormOpt::readOut(std::size_t image, QPointF position) {
         for (std::size_t i = 1; i < curves.size(); ++i) {
             if (distance(i) < distance(nearest)) nearest = i;
         }
-        const auto& changes = showSteps_->isChecked() ? point.step : point.toFinal;
+        const auto& changes = showDx_->isChecked() ? point.toFinal : point.toNext;
         text +=
             QStringLiteral(", dx=%1, x=%2").arg(Short(changes[nearest]), Short(point.x[nearest]));
     }

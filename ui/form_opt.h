@@ -72,7 +72,7 @@ class TFormOpt : public QDialog {
     std::array<PlotImage*, 3> images_{};
     std::array<QLabel*, 3> readOuts_{};
     QAction* showLabels_ = nullptr;
-    QAction* showSteps_ = nullptr;
+    QAction* showDx_ = nullptr;  ///< distance to the end, else to the next iteration
     QAction* logarithmic_ = nullptr;
     std::vector<HistoryPoint> history_;
 };

@@ -117,9 +117,12 @@ class FormOptTest : public QObject {
 
     void theTabsAndTheMenuChangeThePlots() {
         const auto* image = form_->findChild<PlotImage*>("ImageHistory3");
-        QCOMPARE(image->picture().title, std::string("Parameter changes xi-xi+1 vs Iteration"));
-        form_->findChild<QAction*>("Toggledxoutput1")->trigger();
         QCOMPARE(image->picture().title, std::string("Parameter changes x-xfinal vs Iteration"));
+        const auto& run = session_->optimizer().last().runs[0];
+        QCOMPARE(image->picture().curves[1].y[1], run.history[1].x[1] - run.x[1]);
+        form_->findChild<QAction*>("Toggledxoutput1")->trigger();
+        QCOMPARE(image->picture().title, std::string("Parameter changes xi-xi+1 vs Iteration"));
+        QCOMPARE(image->picture().curves[1].y[1], run.history[1].x[1] - run.history[2].x[1]);
         form_->findChild<QTabBar*>("TabControlHistory")->setCurrentIndex(1);
         QCOMPARE(image->picture().title, std::string("Normalized Parameters vs Iteration"));
         QTest::mouseMove(form_->findChild<PlotImage*>("ImageHistory1"), QPoint(60, 60));
