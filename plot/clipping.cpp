@@ -51,17 +51,35 @@ class RunCollector {
     bool open_ = false;
 };
 
+/// The line between two samples on either side of a wrap, `from` and `to` their values.
+void AddWrapped(RunCollector& runs, WorldPoint a, double from, WorldPoint b, double to,
+                const Axis& axis, double turn) {
+    const double end = std::copysign(turn / 2, from);
+    const double rise = to + 2 * end - from;
+    const double t = rise == 0 ? 0 : (end - from) / rise;
+    const double x = a.x + t * (b.x - a.x);
+    runs.add(a, {x, axis.fraction(end)});
+    runs.endRun();
+    runs.add({x, axis.fraction(-end)}, b);
+}
+
 }  // namespace
 
 std::vector<std::vector<WorldPoint>> ClippedRuns(const Frame& frame, std::span<const double> x,
-                                                 std::span<const double> y) {
+                                                 std::span<const double> y, double turn) {
     RunCollector runs(frame.plot);
     WorldPoint last;
     bool hasLast = false;
     for (std::size_t i = 0; i < std::min(x.size(), y.size()); ++i) {
         const WorldPoint next{frame.view.x.fraction(x[i]), frame.view.y.fraction(y[i])};
         const bool hasPlace = std::isfinite(next.x) && std::isfinite(next.y);
-        if (hasLast && hasPlace) runs.add(last, next);
+        if (hasLast && hasPlace) {
+            if (turn > 0 && std::fabs(y[i] - y[i - 1]) > turn / 2) {
+                AddWrapped(runs, last, y[i - 1], next, y[i], frame.view.y, turn);
+            } else {
+                runs.add(last, next);
+            }
+        }
         if (!hasPlace) runs.endRun();
         last = next;
         hasLast = hasPlace;

@@ -173,25 +173,56 @@ QFont MarkFont(QFont font, const QString& text) {
 
 /// Labels stand on their lines; one that would run into the label above, or out of the plot, hangs
 /// below its line.
-void DrawMarks(QPainter& painter, const Picture& picture, const Frame& frame) {
-    const QFont plain = painter.font();
+std::vector<FramePainter::Mark> PlaceMarks(const QFont& font, const Picture& picture,
+                                           const Frame& frame) {
+    std::vector<FramePainter::Mark> placed;
+    const Axis& axis = frame.view.y;
     double lastBaseline = frame.plot.top;
     for (const LevelMark& mark : picture.marks) {
-        const Axis& axis = frame.view.y;
         if (!(mark.y >= axis.min && mark.y <= axis.max)) continue;
         const int row = frame.yPixel(mark.y);
-        painter.setPen(ThinPen(ToColor(mark.lineColour)));
-        DrawHorizontal(painter, row, frame.plot);
-        const QString text = ToText(mark.label);
-        painter.setFont(MarkFont(plain, text));
-        const double ascent = QFontMetricsF(painter.font()).capHeight();
+        const QFont fitting = MarkFont(font, ToText(mark.label));
+        const double height = QFontMetricsF(fitting).capHeight();
         double baseline = row - 3;
-        if (baseline - ascent < lastBaseline + 1) baseline = row + ascent + 3;
-        painter.setPen(ToColor(mark.labelColour));
-        painter.drawText(QPointF(frame.plot.right - kMarkLabel, baseline), text);
+        if (baseline - height < lastBaseline + 1) {
+            baseline = std::max(row + 3.0, lastBaseline + 2) + height;
+        }
+        const QRectF box(frame.plot.right - kMarkLabel, baseline - height - 1, kMarkLabel,
+                         height + 2);
+        placed.push_back({mark, row, fitting, baseline, box});
         lastBaseline = baseline;
     }
+    return placed;
+}
+
+void DrawMarks(QPainter& painter, const FramePainter::Layout& layout) {
+    const QFont plain = painter.font();
+    for (const auto& [level, row, font, baseline, box] : layout.marks) {
+        painter.setPen(ThinPen(ToColor(level.lineColour)));
+        DrawHorizontal(painter, row, layout.frame.plot);
+        painter.setFont(font);
+        painter.setPen(ToColor(level.labelColour));
+        painter.drawText(QPointF(box.left(), baseline), ToText(level.label));
+    }
     painter.setFont(plain);
+}
+
+/// Below and to the left of the plot, by the ticks.
+void PlaceLabels(FramePainter::Layout& layout, const QFontMetricsF& metrics) {
+    const Frame& frame = layout.frame;
+    const double line = metrics.height();
+    for (const Tick& tick : layout.xTicks.major) {
+        const QString text = ToText(tick.label);
+        const double wide = metrics.horizontalAdvance(text);
+        const double left = frame.xPixel(tick.value) - wide / 2;
+        layout.xLabels.push_back({QRectF(left, frame.plot.bottom + kGap, wide, line), text});
+    }
+    for (const Tick& tick : layout.yTicks.major) {
+        const QString text = ToText(tick.label);
+        const double wide = metrics.horizontalAdvance(text);
+        const double top = frame.yPixel(tick.value) - line / 2;
+        layout.yLabels.push_back({QRectF(frame.plot.left - kGap - wide, top, wide, line), text});
+    }
 }
 
 void DrawDots(QPainter& painter, const Frame& frame, const Curve& curve) {
@@ -236,19 +267,8 @@ FramePainter::Layout FramePainter::layout(QSize size, const Picture& picture) co
     };
     layout.xTicks = TicksOf(picture.view.x, plot.right - plot.left, picture.xLabels, width);
 
-    for (const Tick& tick : layout.xTicks.major) {
-        const QString text = ToText(tick.label);
-        const double wide = metrics.horizontalAdvance(text);
-        const double left = layout.frame.xPixel(tick.value) - wide / 2;
-        layout.xLabels.push_back({QRectF(left, plot.bottom + kGap, wide, line), text});
-    }
-    for (const Tick& tick : layout.yTicks.major) {
-        const QString text = ToText(tick.label);
-        const double wide = metrics.horizontalAdvance(text);
-        const double middle = layout.frame.yPixel(tick.value);
-        layout.yLabels.push_back(
-            {QRectF(plot.left - kGap - wide, middle - line / 2, wide, line), text});
-    }
+    PlaceLabels(layout, metrics);
+    layout.marks = PlaceMarks(font_, picture, layout.frame);
     return layout;
 }
 
@@ -261,11 +281,13 @@ Frame FramePainter::draw(QPainter& painter, QSize size, const Picture& picture) 
     painter.setRenderHint(QPainter::Antialiasing, false);
     DrawGrid(painter, layout);
     for (const HairLines& lines : picture.hairLines) DrawHairLines(painter, lines, frame);
+    // The light labels of the marks would be lost among grid and hair lines.
+    for (const Mark& mark : layout.marks) painter.fillRect(mark.box, Qt::white);
     DrawAxes(painter, frame);
     DrawLabels(painter, layout);
     DrawTexts(painter, size, picture, frame.plot);
     for (const Curve& curve : picture.curves) drawCurve(painter, frame, curve);
-    DrawMarks(painter, picture, frame);
+    DrawMarks(painter, layout);
     painter.restore();
     return frame;
 }
@@ -277,7 +299,7 @@ void FramePainter::drawCurve(QPainter& painter, const Frame& frame, const Curve&
         painter.setPen(CurvePen(curve));
         // Half a pixel puts the curve's places into the middle of the pixels they name.
         painter.translate(0.5, 0.5);
-        for (const auto& run : ClippedRuns(frame, curve.x, curve.y)) {
+        for (const auto& run : ClippedRuns(frame, curve.x, curve.y, curve.turn)) {
             QPolygonF line;
             line.reserve(static_cast<qsizetype>(run.size()));
             for (const WorldPoint& point : run) line.append(QPointF(point.x, point.y));

@@ -25,6 +25,14 @@ class FramePainter {
         QRectF box;
         QString text;
     };
+    /// A level mark within the plot: the row of its line, and its label with the place it takes.
+    struct Mark {
+        LevelMark level;
+        int row;
+        QFont font;
+        double baseline;
+        QRectF box;
+    };
     /// Where everything of a picture stands in an image of a size.
     struct Layout {
         Frame frame;
@@ -32,6 +40,7 @@ class FramePainter {
         Ticks yTicks;
         std::vector<Label> xLabels;
         std::vector<Label> yLabels;
+        std::vector<Mark> marks;
     };
     Layout layout(QSize size, const Picture& picture) const;
 

@@ -29,6 +29,9 @@ struct Curve {
     double width = 1;    ///< pixels; 0 draws no line, which leaves the dots
     double dotSize = 0;  ///< pixels; 0 draws no dots
     Rgb dotColour{0, 0, 255};
+    /// Values that come round again after so much (360 for degrees): a jump of more than half of it
+    /// is drawn as leaving at one end and coming in at the other. 0: they do not.
+    double turn = 0;
 };
 
 /// Thin vertical lines through the whole plot.

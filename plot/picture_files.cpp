@@ -17,6 +17,7 @@ namespace kelvro {
 namespace {
 
 constexpr int kPixelsPerInch = 96;
+constexpr double kMetresPerInch = 0.0254;
 constexpr int kPointsPerInch = 72;
 constexpr int kPdfDotsPerInch = 1200;
 /// Sides of pictures, in pixels.
@@ -140,11 +141,15 @@ QImage ImageOf(const Drawing& drawing, QSize size, double scale) {
     QImage image(pixels, QImage::Format_RGB32);
     if (image.isNull()) return {};
     image.fill(Qt::white);
+    const int dotsPerMetre = qRound(scale * kPixelsPerInch / kMetresPerInch);
+    image.setDotsPerMeterX(dotsPerMetre);
+    image.setDotsPerMeterY(dotsPerMetre);
     return Paint(image, drawing, size, scale) ? image : QImage();
 }
 
-Encoded EncodePicture(PictureFormat format, QSize size, const Drawing& drawing) {
-    if (!IsReasonable(size)) return {{}, TooLarge()};
+Encoded EncodePicture(PictureFormat format, QSize size, const Drawing& drawing, double scale) {
+    if (!IsReasonable(size) || !IsReasonable((QSizeF(size) * scale).toSize()))
+        return {{}, TooLarge()};
     switch (format) {
         case PictureFormat::Svg:
             return EncodeSvg(size, drawing);
@@ -153,13 +158,13 @@ Encoded EncodePicture(PictureFormat format, QSize size, const Drawing& drawing) 
         case PictureFormat::Metafile:
             return EncodeMetafile(size, drawing);
         default:
-            return EncodeImage(format, ImageOf(drawing, size));
+            return EncodeImage(format, ImageOf(drawing, size, scale));
     }
 }
 
 std::optional<QString> SavePicture(const QString& path, PictureFormat format, QSize size,
-                                   const Drawing& drawing) {
-    const Encoded encoded = EncodePicture(format, size, drawing);
+                                   const Drawing& drawing, double scale) {
+    const Encoded encoded = EncodePicture(format, size, drawing, scale);
     if (!encoded.problem.isEmpty()) {
         return QStringLiteral("Cannot write \"%1\": %2.").arg(path, encoded.problem);
     }

@@ -30,11 +30,11 @@ QStringList PictureSuffixes();
 QImage ImageOf(const Drawing& drawing, QSize size, double scale = 1);
 
 /// The drawing as the content of a file. Vector formats measure 96 logical pixels per inch; the
-/// metafile's box has the size of its header.
-Encoded EncodePicture(PictureFormat format, QSize size, const Drawing& drawing);
+/// metafile's box has the size of its header. Raster formats get `scale` pixels per logical pixel.
+Encoded EncodePicture(PictureFormat format, QSize size, const Drawing& drawing, double scale = 1);
 
 /// Writes the drawing to a file: whole or, with the message for the user as result, not at all.
 std::optional<QString> SavePicture(const QString& path, PictureFormat format, QSize size,
-                                   const Drawing& drawing);
+                                   const Drawing& drawing, double scale = 1);
 
 }  // namespace kelvro

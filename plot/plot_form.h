@@ -7,6 +7,7 @@
 #include "plot/response_picture.h"
 
 class QLabel;
+class QPrinter;
 class QToolBar;
 class QToolButton;
 
@@ -23,6 +24,9 @@ class PlotForm : public QMainWindow {
   public:
     const View& view() const { return view_; }
     Quantity quantity() const { return quantity_; }
+
+    /// Fills a page with the picture as it stands.
+    void print(QPrinter& printer);
 
   public slots:
     void FormShow();

@@ -48,7 +48,9 @@ QString PlotForm::savePicture(const SaveDialog& asked, PictureFormat format) {
     const auto drawing = [this](QPainter& painter, QSize size) {
         FramePainter().draw(painter, size, image_->picture());
     };
-    if (const auto problem = SavePicture(path, format, image_->size(), drawing)) {
+    // Bitmaps as sharp as on the screen.
+    const double scale = devicePixelRatioF();
+    if (const auto problem = SavePicture(path, format, image_->size(), drawing, scale)) {
         host_.showMessage(*problem);
         return {};
     }
@@ -112,7 +114,10 @@ void PlotForm::Print1Click() {
     printer.setPageOrientation(QPageLayout::Landscape);
     printer.setDocName(windowTitle());
     QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted) return;
+    if (dialog.exec() == QDialog::Accepted) print(printer);
+}
+
+void PlotForm::print(QPrinter& printer) {
     QPainter painter;
     if (!painter.begin(&printer)) return host_.showMessage(tr("The printer cannot be opened."));
     const QSize size = image_->size();

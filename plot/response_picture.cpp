@@ -57,7 +57,8 @@ Curve MainCurve(const Samples& samples, CurveLook look) {
                 .y = {samples.validY().begin(), samples.validY().end()},
                 .colour = kCurveColour,
                 .width = 1.5,
-                .dotColour = kDotColour};
+                .dotColour = kDotColour,
+                .turn = samples.turn};
     if (look == CurveLook::LineWithDots) curve.dotSize = kDotSize;
     if (look == CurveLook::Alternative) {
         curve.colour = kAlternativeColour;
@@ -92,6 +93,7 @@ double ValueAt(const DesignState& state, Quantity quantity, double f) {
 Samples Sampled(const DesignState& state, const View& view, Quantity quantity) {
     const Response response(state);
     Samples samples{.x = SampleFrequencies(view), .y = {}};
+    if (quantity == Quantity::Phase) samples.turn = 360;
     samples.y.reserve(samples.x.size());
     for (const double f : samples.x) samples.y.push_back(ValueOf(response, quantity, f));
     const auto isValid = [&](double f) { return f > 0; };
@@ -142,7 +144,8 @@ Picture ResponsePicture(const DesignState& state, const View& view, Quantity qua
 Curve ScatterCurve(const Samples& samples) {
     return {.x = {samples.validX().begin(), samples.validX().end()},
             .y = {samples.validY().begin(), samples.validY().end()},
-            .colour = kScatterColour};
+            .colour = kScatterColour,
+            .turn = samples.turn};
 }
 
 std::string ReadOut(const DesignState& state, Quantity quantity, WorldPoint place) {

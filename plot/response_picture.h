@@ -29,6 +29,7 @@ struct Samples {
     std::vector<double> x;
     std::vector<double> y;
     std::size_t first = 0;  ///< index of the first valid sample: a response has no value at f = 0
+    double turn = 0;        ///< 360 for the phase, see Curve
 
     std::span<const double> validX() const { return std::span(x).subspan(first); }
     std::span<const double> validY() const { return std::span(y).subspan(first); }

@@ -253,6 +253,22 @@ class FrameTest : public QObject {
         QVERIFY(ClippedRuns(frame, std::vector{1.0, 2.0}, std::vector{11.0, 20.0}).empty());
     }
 
+    void aPhaseThatWrapsLeavesAtOneEndAndComesInAtTheOther() {
+        const Frame frame{{0, 0, 100, 360}, {.x = {.max = 10}, .y = {.min = -180, .max = 180}}};
+        const std::vector<double> x{0, 4, 8, 10};
+        // From 160 to -160 the turn lies half way; the step by 150 is none.
+        const auto runs = ClippedRuns(frame, x, std::vector<double>{100, 160, -160, -10}, 360);
+        QCOMPARE(runs.size(), std::size_t{2});
+        QCOMPARE(runs[0].back().x, 60.0);
+        QCOMPARE(runs[0].back().y, 0.0);
+        QCOMPARE(runs[1].front().x, 60.0);
+        QCOMPARE(runs[1].front().y, 360.0);
+        QCOMPARE(runs[1].size(), std::size_t{3});
+        // From one end to the other there is no way at all.
+        const auto ends = ClippedRuns(frame, x, std::vector<double>{-180, 180, 180, 180}, 360);
+        QVERIFY(!std::isnan(ends.front().back().x));
+    }
+
     void theEndsOfTheAxesAreEditedOutsideThePlotOnly() {
         const PlotRect plot{50, 30, 550, 430};
         QCOMPARE(ZoneAt(plot, 540, 440), Zone::XEnd);

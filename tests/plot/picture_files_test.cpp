@@ -189,29 +189,32 @@ class PictureFilesTest : public QObject {
     void picturesOpenInAnImageLibrary_data() {
         QTest::addColumn<QString>("suffix");
         QTest::addColumn<QByteArray>("format");
-        QTest::addRow("bitmap") << "bmp" << QByteArray("BMP");
-        QTest::addRow("png") << "png" << QByteArray("PNG");
-        QTest::addRow("jpeg") << "jpg" << QByteArray("JPEG");
-        QTest::addRow("gif") << "gif" << QByteArray("GIF");
+        QTest::addColumn<int>("scale");
+        QTest::addRow("bitmap") << "bmp" << QByteArray("BMP") << 1;
+        QTest::addRow("png") << "png" << QByteArray("PNG") << 1;
+        QTest::addRow("png at 200 %%") << "png" << QByteArray("PNG") << 2;
+        QTest::addRow("jpeg") << "jpg" << QByteArray("JPEG") << 1;
+        QTest::addRow("gif") << "gif" << QByteArray("GIF") << 1;
     }
     void picturesOpenInAnImageLibrary() {
         QFETCH(QString, suffix);
         QTemporaryDir folder;
         const QString path = folder.filePath("sample." + suffix);
-        QCOMPARE(SavePicture(path, *PictureFormatOf(path), QSize(752, 751), DrawSample),
+        QFETCH(int, scale);
+        QCOMPARE(SavePicture(path, *PictureFormatOf(path), QSize(752, 751), DrawSample, scale),
                  std::nullopt);
         const QByteArray seen = OutputOf(
             "/usr/bin/python3",
             {"-c",
              "import sys; from PIL import Image; im = Image.open(sys.argv[1]); "
-             "rgb = im.convert('RGB'); near = lambda p: [round(c / 8) * 8 for c in "
-             "rgb.getpixel(p)];"
-             "print(im.format, *im.size, near((10, 10)), near((375, 375)), near((150, 640)), "
-             "near((375, 150)))",
-             path});
+             "s = int(sys.argv[2]); rgb = im.convert('RGB');"
+             "near = lambda x, y: [round(c / 8) * 8 for c in rgb.getpixel((s * x, s * y))];"
+             "print(im.format, *(n / s for n in im.size), near(10, 10), near(375, 375), "
+             "near(150, 640), near(375, 150))",
+             path, QString::number(scale)});
         QFETCH(QByteArray, format);
         QCOMPARE(seen.trimmed(),
-                 format + " 752 751 [256, 256, 256] [0, 128, 0] [0, 0, 256] [256, 0, 0]");
+                 format + " 752.0 751.0 [256, 256, 256] [0, 128, 0] [0, 0, 256] [256, 0, 0]");
     }
 
     void svgKeepsTextAndSizeInMillimetres() {

@@ -1,12 +1,9 @@
 #include <QAction>
 #include <QApplication>
-#include <QClipboard>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
 #include <QWheelEvent>
@@ -64,12 +61,6 @@ class PlotWindowsTest : public QObject {
         QWheelEvent event(at, image().mapToGlobal(at), {}, {0, 120 * notches}, Qt::NoButton, keys,
                           Qt::NoScrollPhase, false);
         QApplication::sendEvent(&image(), &event);
-    }
-
-    static void typeFileName(QWidget& dialog, const QString& path) {
-        auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
-        name->setText(path);
-        QTest::keyClick(name, Qt::Key_Return);
     }
 
   private slots:
@@ -409,6 +400,20 @@ class PlotWindowsTest : public QObject {
         QCOMPARE(picture.marks[1].label, std::string("-3dB"));
     }
 
+    void theLabelsOfTheLevelsNeverOverlap() {
+        Picture picture = image().picture();
+        const double peak = picture.marks[0].y + 1;
+        // Far apart; close together, in the middle and at the top.
+        for (const auto& [min, max] : {std::pair(-40.0, 20.0), {-900.0, 900.0}, {-900.0, peak}}) {
+            picture.view.y.min = min;
+            picture.view.y.max = max;
+            const auto marks = FramePainter().layout(image().size(), picture).marks;
+            QCOMPARE(marks.size(), std::size_t{2});
+            QVERIFY(marks[0].box.bottom() <= marks[1].box.top() + 1);
+            QVERIFY(marks[0].box.top() >= image().frame().plot.top);
+        }
+    }
+
     void thePhaseWindowKeepsAViewOfItsOwn() {
         TFormPhi phi(*host_);
         phi.show();
@@ -439,59 +444,6 @@ class PlotWindowsTest : public QObject {
             green = green || (colour.green() > colour.red() + 60 && colour.blue() < 110);
         }
         QVERIFY(green);
-    }
-
-    void picturesAreSavedInTheFormatOfTheirMenuEntry_data() {
-        QTest::addColumn<QByteArray>("entry");
-        QTest::addColumn<QString>("suffix");
-        QTest::addColumn<QByteArray>("start");
-        QTest::addRow("bitmap") << QByteArray("Save1") << "bmp" << QByteArray("BM");
-        QTest::addRow("metafile") << QByteArray("SaveWMF1") << "wmf"
-                                  << QByteArray::fromHex("d7cdc69a");
-        QTest::addRow("JPEG") << QByteArray("SaveasJPEG1") << "jpg" << QByteArray::fromHex("ffd8");
-        QTest::addRow("GIF") << QByteArray("SaveasGIF1") << "gif" << QByteArray("GIF8");
-        QTest::addRow("PNG") << QByteArray("SaveasPNG1") << "png" << QByteArray("\x89PNG");
-        QTest::addRow("SVG") << QByteArray("SaveasSVG1") << "svg" << QByteArray("<?xml");
-        QTest::addRow("PDF") << QByteArray("SaveasPDF1") << "pdf" << QByteArray("%PDF");
-    }
-    void picturesAreSavedInTheFormatOfTheirMenuEntry() {
-        QFETCH(QByteArray, entry);
-        QFETCH(QString, suffix);
-        const QTemporaryDir folder;
-        InDialog dialog([&](QWidget& d) { typeFileName(d, folder.filePath("plot")); });
-        choose(entry);
-        QVERIFY(dialog.seen());
-        QFile file(folder.filePath("plot." + suffix));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QFETCH(QByteArray, start);
-        QCOMPARE(file.read(start.size()), start);
-        QVERIFY(host_->messages.isEmpty());
-    }
-
-    void theTableCoversTheRangeOfTheWindow() {
-        const QTemporaryDir folder;
-        press("xlogButton");
-        InDialog dialog([&](QWidget& d) { typeFileName(d, folder.filePath("response")); });
-        choose("SaveasTable1");
-        QVERIFY(dialog.seen());
-        QFile file(folder.filePath("response.TAB"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const auto lines = file.readAll().split('\n');
-        QCOMPARE(lines.size(), 515);  // the last one is empty
-        // 0 to 50 MHz in 512 equal steps, from one step above 0 on.
-        QVERIFY2(lines[1].trimmed().startsWith("97.656k "), lines[1].constData());
-    }
-
-    void aPictureThatCannotBeSavedGivesOneMessage() {
-        InDialog dialog([&](QWidget& d) { typeFileName(d, "/proc/plot.png"); });
-        choose("SaveasPNG1");
-        QVERIFY(dialog.seen());
-        QCOMPARE(host_->messages.size(), 1);
-    }
-
-    void copyingPutsThePictureOnTheClipboard() {
-        choose("Copy1");
-        QCOMPARE(QApplication::clipboard()->image().size(), image().size());
     }
 };
 
