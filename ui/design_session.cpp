@@ -11,7 +11,14 @@ namespace kelvro {
 DesignSession::DesignSession(QObject* parent) : DesignHost(parent), messageSink_(ShowMessageBox) {}
 
 void DesignSession::recalculate(bool storeComponents) {
-    const CycleResult result = Calculate(state_, storeComponents, optimizer_);
+    announce(Calculate(state_, storeComponents, optimizer_));
+}
+
+void DesignSession::showComponents() {
+    announce(ShowComponents(state_, optimizer_));
+}
+
+void DesignSession::announce(const CycleResult& result) {
     if (!result.calculated) return;
     emit calculated(result);
     emit designChanged();

@@ -27,6 +27,8 @@ class DesignSession : public DesignHost {
     /// Shows the state's page and calculates it as it stands, without what entering it would
     /// change.
     void showPage();
+    /// Shows what the components as they stand do: nothing is designed or optimized.
+    void showComponents();
     void showMessage(const QString& text) override;
     QString fieldText(std::string_view object) const override;
 
@@ -52,6 +54,8 @@ class DesignSession : public DesignHost {
     void inputsWritten();
 
   private:
+    void announce(const CycleResult& result);
+
     DesignState state_;
     OptimizerServices optimizer_;
     MessageSink messageSink_;

@@ -298,7 +298,7 @@ void PagePanel::SpinButtonClick(const BoundInput& input, int direction) {
 void PagePanel::AusgabeChange(const FieldRow& row) {
     TakeText(session_.state(), *row.field, row.edit->text().toStdString());
     edited_ = row.edit;
-    session_.recalculate(false);
+    session_.showComponents();  // optimizing now would move the value that is being typed
     edited_ = nullptr;
 }
 
