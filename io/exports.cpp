@@ -44,6 +44,19 @@ void UseStandardValues(DesignState& state, const Page& page, const Circuit& circ
     }
 }
 
+/// The circuit without series parts that are mere wires: the series tank needs no C1 at the Q where
+/// its reactance vanishes.
+Circuit WithoutWires(Circuit circuit) {
+    if (circuit.topology != Topology::Ladder) return circuit;
+    std::erase_if(circuit.elements, [](const Element& element) {
+        const bool wire = element.kind == ElementKind::Capacitor  ? std::isinf(element.value)
+                          : element.kind == ElementKind::Inductor ? element.value == 0
+                                                                  : false;
+        return wire && element.place == Place::Series;
+    });
+    return circuit;
+}
+
 /// Resistors may vanish (0 in series, infinite across); nothing else may.
 bool CanBeBuilt(const Circuit& circuit) {
     return std::ranges::all_of(circuit.elements, [](const Element& element) {
@@ -85,7 +98,7 @@ std::variant<ExportDesign, std::string> PrepareExport(DesignState state, ExportC
     design.standardValues = choice.standardValues;
     design.cycle = OutputsOf(design.state, !choice.componentsGiven);
     if (design.cycle.message) return *design.cycle.message;
-    design.designed = page.builtCircuit(state);
+    design.designed = WithoutWires(page.builtCircuit(state));
     if (page.alternative) design.alternative = page.alternative(state);
     if (!CanBeBuilt(design.designed)) return std::string(kNothingYet);
     if (choice.standardValues) {
@@ -93,7 +106,7 @@ std::variant<ExportDesign, std::string> PrepareExport(DesignState state, ExportC
         UseStandardValues(design.state, page, design.alternative);
         design.cycle = OutputsOf(design.state, false);
     }
-    design.circuit = page.builtCircuit(design.state);
+    design.circuit = WithoutWires(page.builtCircuit(design.state));
     return design;
 }
 

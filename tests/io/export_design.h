@@ -49,6 +49,8 @@ inline ExportDesign Exported(const DesignState& state, ExportChoice choice = {})
 inline const DesignCase kTwoPorts[] = {
     {"series tank", 1},
     {"series tank, interchanged", 1, 50, 200, 5, true},
+    {"series tank without C1", 1, 10, 50, 1},
+    {"series tank without C1, interchanged", 1, 10, 50, 1, true},
     {"parallel tank", 2, 200, 50},
     {"parallel tank, interchanged", 2, 200, 50, 5, true},
     {"Pi section", 3},
