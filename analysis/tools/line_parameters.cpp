@@ -213,7 +213,7 @@ double WidthFor(LineShape shape, double impedance) {
 /// ratio of diameters). Strips: transverse resonance below the strip (G. D. Vendelin, "Limitations
 /// on Stripline Q", Microwave Journal 13 (1970), pp. 63-69).
 double ModeLimit(const LineShape& shape) {
-    if (!Sound(shape)) return kNone;
+    if (!std::isfinite(Analyse(shape).impedance)) return kNone;
     const double c = kSpeedOfLight / std::sqrt(shape.permittivity);
     switch (shape.type) {
         case LineType::Coax:

@@ -53,6 +53,7 @@ void CalculatorTest::expressionsHaveTheirValue_data() {
     row("1/(2*pi*sqrt(100n*22p))", 107.30224074290e6);  // by hand: 1/(2pi·1.4832397e-9)
     row("100nF", std::nan(""));
     row("3M/3m", 1e9);
+    row("10mil*2", 508e-6);
     row("2a*1A", 2e-36);
     row("22µ + 3\u03bc", 25e-6);
     row("(1+2)k", 3000);

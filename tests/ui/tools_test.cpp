@@ -198,6 +198,51 @@ class ToolsTest : public QObject {
         QCOMPARE(tool.text("ZoAusgabe"), "-");
     }
 
+    /// What was typed for one type of line waits for it; a first look at a type shows a line.
+    void everyTypeOfLineKeepsItsDimensions() {
+        Tool tool("TFormLines");
+        tool.type("WidthEingabe", "2.5m");
+        tool.type("tanEingabe", "0.01");
+        for (int type = 0; type < 5; ++type) {
+            tool.choose("TypeChoice", type);
+            QVERIFY2(std::abs(tool.number("ZoAusgabe") - 50) < 6,
+                     qPrintable(tool.text("ZoAusgabe")));
+            QVERIFY2(tool.note().isEmpty(), qPrintable(tool.note()));
+        }
+        tool.choose("TypeChoice", 1);
+        QCOMPARE(tool.text("WidthEingabe"), "2.5m");
+        QCOMPARE(tool.text("tanEingabe"), "0.01");
+    }
+
+    /// By hand (see the losses' own test): 0.327 dB/m of copper, 0.0525 dB/m of PTFE at 1 GHz.
+    void linesAndCoilsTellTheirLosses() {
+        Tool line("TFormLines");
+        line.choose("TypeChoice", 0);
+        line.type("WidthEingabe", "0.91m");
+        line.type("HeightEingabe", "3.02m");
+        line.type("erEingabe", "2.08");
+        line.type("foEingabe", "1G");
+        line.type("LengthEingabe", "10");
+        QVERIFY(std::abs(line.number("ConductorLossAusgabe") - 0.327) < 1e-3);
+        QVERIFY(std::abs(line.number("LossAusgabe") - 3.7955) < 1e-3);
+        line.type("SigmaEingabe", "0");
+        QCOMPARE(line.text("LossAusgabe"), "-");
+        QVERIFY(line.note().contains("conductivity"));
+
+        Tool coil("TFormCoils");  // 5.395 µH and 1.102 ohm by hand
+        coil.type("NEingabe", "20");
+        coil.type("DEingabe", "20m");
+        coil.type("WireEingabe", "0.5m");
+        coil.type("ExtentEingabe", "20m");
+        coil.type("foEingabe", "10M");
+        QVERIFY(std::abs(coil.number("QAusgabe") - 307.5) < 0.5);
+        QVERIFY(coil.note().isEmpty());
+        coil.type("foEingabe", "50M");
+        QVERIFY(coil.note().contains("self-resonance"));
+        coil.choose("KindChoice", 1);
+        QVERIFY(!coil.find("QAusgabe").isVisible());
+    }
+
     /// By hand: third-order Butterworth has g = 1, 2, 1; at 100 MHz in 50 ohm that is 31.831 pF,
     /// 159.155 nH, 31.831 pF, with 10·log(1 + 2^6) = 18.129 dB at twice the cutoff.
     void filtersShowTheirElementsAndResponse() {

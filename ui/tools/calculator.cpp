@@ -41,11 +41,11 @@ TFormCalculator::TFormCalculator(QWidget* parent)
     lines_ = new QListWidget;
     lines_->setObjectName(QStringLiteral("LinesList"));
     addWide(lines_);
-    setSource(
-        tr("Prefixes a f p n u m c d k M G T behind numbers. Operators + - * / ^, functions "
-           "sqrt, exp, ln, log (base 10), sin, cos, tan, asin, acos, atan (radian), abs, min, "
-           "max, par(a; b) in parallel, dB(v) = 20 log v and its inverse lin(dB). Constants pi, "
-           "e, c0, mu0, eps0; ans is the value kept last."));
+    setSource(tr(
+        "Prefixes a f p n u m c d k M G T and mil behind numbers. Operators + - * / ^, functions "
+        "sqrt, exp, ln, log (base 10), sin, cos, tan, asin, acos, atan (radian), abs, min, "
+        "max, par(a; b) in parallel, dB(v) = 20 log v and its inverse lin(dB). Constants pi, "
+        "e, c0, mu0, eps0; ans is the value kept last."));
     connect(expression_, &QLineEdit::returnPressed, this, &TFormCalculator::keepLine);
     connect(expression_, &InputEdit::stepped, this, &TFormCalculator::recall);
     connect(lines_, &QListWidget::itemDoubleClicked, this,

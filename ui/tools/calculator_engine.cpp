@@ -29,6 +29,10 @@ double Prefix(double x) {
     return exponent < 0 ? x / power : x * power;
 }
 
+double Mil(double x) {
+    return x * 25.4 / 1e6;
+}
+
 double Parallel(const double* x, int count) {
     double reciprocals = 0;
     for (int i = 0; i < count; ++i) reciprocals += 1 / x[i];
@@ -62,6 +66,7 @@ void DefineLanguage(mu::Parser& parser) {
         for (const char* name = names; *name; ++name)
             parser.DefinePostfixOprt(std::string(1, *name), factor);
     }
+    parser.DefinePostfixOprt("mil", Mil);
     parser.DefineConst("pi", std::numbers::pi);
     parser.DefineConst("e", std::numbers::e);
     parser.DefineConst("c0", kSpeedOfLight);

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "analysis/tools/coils.h"
+#include <limits>
+
+#include "analysis/tools/coil_quality.h"
 #include "ui/tools/tool_window.h"
 
 namespace kelvro {
@@ -26,11 +28,14 @@ class TFormCoils : public ToolWindow {
         double wire = 0;
         double factor = 0;  ///< A_L of a toroid
         QString note;
+        double resistance = std::numeric_limits<double>::quiet_NaN();   ///< at fo
+        double capacitance = std::numeric_limits<double>::quiet_NaN();  ///< of its own
     };
 
     void addInputs();
     void addOutputs();
     void showRows();
+    void showQuality(const Outcome& outcome);
     Outcome solenoid() const;
     Outcome spiral() const;
     Outcome toroid() const;
@@ -65,6 +70,9 @@ class TFormCoils : public ToolWindow {
     OutputEdit* pitchOut_;
     OutputEdit* wireOut_;
     OutputEdit* factorOut_;
+    OutputEdit* qualityOut_;
+    OutputEdit* capacitanceOut_;
+    OutputEdit* resonanceOut_;
 };
 
 }  // namespace kelvro

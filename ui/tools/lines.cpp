@@ -1,6 +1,7 @@
 #include "ui/tools/lines.h"
 
 #include <QComboBox>
+#include <QSignalBlocker>
 #include <cmath>
 
 #include "analysis/tools/physics.h"
@@ -8,8 +9,30 @@
 
 namespace kelvro {
 
+namespace {
+
+constexpr int kFirstType = 1;
+const double kDecibelsPerNeper = 20 / std::log(10.0);
+
+/// Texts of usual lines of about 50 ohm to start from, by type: width, height, gap, thickness,
+/// permittivity and loss tangent. A semi-rigid cable, else epoxy boards.
+const std::vector<QStringList>& UsualLines() {
+    static const std::vector<QStringList> lines{
+        {"0.92m", "2.98m", "0.3m", "35u", "2.03", "0.0004"},
+        {"3m", "1.6m", "0.3m", "35u", "4.4", "0.02"},
+        {"0.62m", "1.6m", "0.3m", "35u", "4.4", "0.02"},
+        {"3m", "1.6m", "0.3m", "35u", "4.4", "0.02"},
+        {"1.65m", "1.6m", "0.3m", "35u", "4.4", "0.02"},
+    };
+    return lines;
+}
+
+}  // namespace
+
 TFormLines::TFormLines(QWidget* parent)
-    : ToolWindow("TFormLines", tr("Transmission Line Parameters"), parent) {
+    : ToolWindow("TFormLines", tr("Transmission Line Parameters"), parent),
+      ownTexts_(UsualLines()),
+      shownType_(kFirstType) {
     addInputs();
     addOutputs();
     finish();
@@ -28,13 +51,41 @@ void TFormLines::addInputs() {
     setFrequencyField(f_);
 
     beginGroup(tr("Dimensions"));
-    permittivity_ = addInput("erEingabe", {tr("Permittivity e&r"), {}, {}}, "4.4");
-    width_ = addInput("WidthEingabe", {{}, "m", tr("A length may end in mil")}, "3m");
-    height_ = addInput("HeightEingabe", {{}, "m", tr("A length may end in mil")}, "1.6m");
-    gap_ = addInput("GapEingabe", {{}, "m", tr("A length may end in mil")}, "0.3m");
-    thickness_ = addInput("ThicknessEingabe", {{}, "m", tr("0: thin metal")}, "35u");
+    const QString mil = tr("A length may end in mil");
+    const QStringList& start = ownTexts_[kFirstType];
+    width_ = addInput("WidthEingabe", {{}, "m", mil}, start[0]);
+    height_ = addInput("HeightEingabe", {{}, "m", mil}, start[1]);
+    gap_ = addInput("GapEingabe", {{}, "m", mil}, start[2]);
+    thickness_ =
+        addInput("ThicknessEingabe", {{}, "m", tr("0: thin metal of unknown loss")}, start[3]);
     length_ = addInput("LengthEingabe", {tr("Lengt&h"), "m", {}}, "100m");
-    type_->setCurrentIndex(1);
+
+    beginGroup(tr("Material"));
+    permittivity_ = addInput("erEingabe", {tr("Permittivity e&r"), {}, {}}, start[4]);
+    lossTangent_ = addInput("tanEingabe", {tr("Loss &tangent"), {}, {}}, start[5]);
+    conductivity_ = addInput(
+        "SigmaEingabe",
+        {tr("&Conductivity"), "S/m", tr("Copper 58M, silver 61M, gold 41M, aluminium 37M")}, "58M");
+    roughness_ =
+        addInput("RoughEingabe",
+                 {tr("Ro&ughness"), "m", tr("Of the metal towards the dielectric, rms")}, "0");
+    type_->setCurrentIndex(kFirstType);
+}
+
+std::vector<InputEdit*> TFormLines::ownFields() const {
+    return {width_, height_, gap_, thickness_, permittivity_, lossTangent_};
+}
+
+void TFormLines::exchangeDimensions() {
+    const int type = type_->currentIndex();
+    if (type == shownType_) return;
+    const auto fields = ownFields();
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const QSignalBlocker blocker(fields[i]);
+        ownTexts_[static_cast<std::size_t>(shownType_)][static_cast<int>(i)] = fields[i]->text();
+        fields[i]->setText(ownTexts_[static_cast<std::size_t>(type)][static_cast<int>(i)]);
+    }
+    shownType_ = type;
 }
 
 void TFormLines::addOutputs() {
@@ -52,6 +103,13 @@ void TFormLines::addOutputs() {
     capacitance_ = addOutput("CAusgabe", {tr("Capacitance"), "F/m", {}});
     limit_ = addOutput("LimitAusgabe",
                        {tr("Next mode from"), "Hz", tr("Where another mode begins to propagate")});
+    beginGroup(tr("Losses at fo"));
+    conductorLoss_ = addOutput(
+        "ConductorLossAusgabe",
+        {tr("Conductor"), "dB/m", tr("Not known for coplanar lines and metal without thickness")});
+    dielectricLoss_ = addOutput("DielectricLossAusgabe", {tr("Dielectric"), "dB/m", {}});
+    lengthLoss_ = addOutput("LossAusgabe", {tr("Over the length"), "dB", tr("Matched line")});
+    quality_ = addOutput("QAusgabe", {tr("Q of a resonator"), {}, tr("Without radiation")});
 }
 
 const LineDescription& TFormLines::description() const {
@@ -81,7 +139,11 @@ void TFormLines::showRows() {
     setShown(angleOut_, !width);
     setShown(dispersed_, type.type == LineType::Microstrip);
     setShown(limit_, type.gapLabel.empty());
-    setSource(ToQString(type.source));
+    const bool coplanar = !type.gapLabel.empty();
+    setSource(ToQString(type.source) +
+              (coplanar ? tr(" The loss of their conductors is not computed.")
+                        : tr(" Conductor loss after Wheeler 1942, roughness after Hammerstad and "
+                             "Jensen 1980; strips within 15 %.")));
 }
 
 LineShape TFormLines::shape() const {
@@ -91,7 +153,12 @@ LineShape TFormLines::shape() const {
     return shape;
 }
 
+LineMaterials TFormLines::materials() const {
+    return {number(conductivity_), number(roughness_), number(lossTangent_)};
+}
+
 void TFormLines::recalculate() {
+    exchangeDimensions();
     showRows();
     const LineShape line = shape();
     const LineParameters parameters = Analyse(line);
@@ -106,17 +173,30 @@ void TFormLines::recalculate() {
     write(inductance_, constants.inductance);
     write(capacitance_, constants.capacitance);
     write(limit_, ModeLimit(line));
-    showLength(permittivity, f);
-    if (std::isfinite(parameters.impedance)) {
-        setNote(f > 0 ? ToQString(Caution(line, f)) : tr("fo must be positive."));
-    } else if (wantsWidth()) {
-        setNote(tr("No width gives this impedance with the other dimensions."));
-    } else {
-        setNote(tr("These dimensions make no line."));
-    }
+    showLosses(line, f, showLength(permittivity, f));
+    setNote(noteOn(line, parameters.impedance, f));
 }
 
-void TFormLines::showLength(double permittivity, double f) {
+QString TFormLines::noteOn(const LineShape& line, double impedance, double f) const {
+    if (!std::isfinite(impedance)) {
+        return wantsWidth() ? tr("No width gives this impedance with the other dimensions.")
+                            : tr("These dimensions make no line.");
+    }
+    if (!(f > 0)) return tr("fo must be positive.");
+    if (!(number(conductivity_) > 0)) return tr("The conductivity must be positive.");
+    const std::string_view caution = Caution(line, f);
+    return ToQString(caution.empty() ? LossCaution(line, materials(), f) : caution);
+}
+
+void TFormLines::showLosses(const LineShape& line, double f, double length) {
+    const LineLosses losses = LossesOf(line, materials(), f);
+    write(conductorLoss_, kDecibelsPerNeper * losses.conductor);
+    write(dielectricLoss_, kDecibelsPerNeper * losses.dielectric);
+    write(lengthLoss_, kDecibelsPerNeper * losses.total() * length);
+    write(quality_, LineQuality(line, losses, f));
+}
+
+double TFormLines::showLength(double permittivity, double f) {
     const double velocity = kSpeedOfLight / std::sqrt(permittivity);
     const double wavelength = f > 0 ? velocity / f : std::nan("");
     const double length = wantsWidth() ? number(angle_) / 360 * wavelength : number(length_);
@@ -124,6 +204,7 @@ void TFormLines::showLength(double permittivity, double f) {
     write(lengthOut_, length);
     writeFixed(angleOut_, 2, length / wavelength * 360);
     write(delay_, length / velocity);
+    return length;
 }
 
 }  // namespace kelvro

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/tools/line_parameters.h"
+#include "analysis/tools/line_losses.h"
 #include "ui/tools/tool_window.h"
 
 namespace kelvro {
@@ -22,8 +22,18 @@ class TFormLines : public ToolWindow {
     bool wantsWidth() const;
     void showRows();
     LineShape shape() const;
-    void showLength(double permittivity, double f);
+    void exchangeDimensions();
+    /// Answers with the length.
+    double showLength(double permittivity, double f);
+    void showLosses(const LineShape& line, double f, double length);
+    QString noteOn(const LineShape& line, double impedance, double f) const;
 
+    /// The dimensions and the dielectric, which every type of line keeps for itself.
+    std::vector<InputEdit*> ownFields() const;
+    LineMaterials materials() const;
+
+    std::vector<QStringList> ownTexts_;  ///< by type
+    int shownType_;
     QComboBox* type_;
     QComboBox* direction_;
     InputEdit* impedance_;
@@ -35,6 +45,9 @@ class TFormLines : public ToolWindow {
     InputEdit* gap_;
     InputEdit* thickness_;
     InputEdit* length_;
+    InputEdit* lossTangent_;
+    InputEdit* conductivity_;
+    InputEdit* roughness_;
     OutputEdit* impedanceOut_;
     OutputEdit* widthOut_;
     OutputEdit* lengthOut_;
@@ -47,6 +60,10 @@ class TFormLines : public ToolWindow {
     OutputEdit* inductance_;
     OutputEdit* capacitance_;
     OutputEdit* limit_;
+    OutputEdit* conductorLoss_;
+    OutputEdit* dielectricLoss_;
+    OutputEdit* lengthLoss_;
+    OutputEdit* quality_;
 };
 
 }  // namespace kelvro
