@@ -216,9 +216,11 @@ std::string WrongRole(const Trait& trait, const DesignState& state, const Wishes
         case Role::Other:
             return "it is no matching network";
         case Role::Amplifier:
+            if (wishes.resistive) return "it is no resistive network";
             return wishes.amplifierStage ? "" : "no amplifier stage is wanted";
         case Role::Pad:
-            return wishes.resistive || attenuate ? "" : "its resistors would waste power";
+            if (!wishes.resistive && !attenuate) return "its resistors would waste power";
+            return wishes.balancedOutput ? "its output is not balanced" : "";
         case Role::Balun:
             if (wishes.resistive) return "it is no resistive network";
             return wishes.balancedOutput ? "" : "no balanced output is wanted";

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTreeWidget>
+#include <algorithm>
 #include <cmath>
 
 #include "core/number_text.h"
@@ -70,6 +71,10 @@ TFormProposal::TFormProposal(DesignSession& session, QWidget* parent)
     rows->addWidget(buildWishes());
     buildTable();
     rows->addWidget(table_, 1);
+    none_ =
+        new QLabel(tr("No circuit suits these wishes. \"Show unsuited circuits too\" tells why."));
+    none_->setObjectName(QStringLiteral("LabelNone"));
+    rows->addWidget(none_);
     rows->addWidget(buildButtons());
     due_.setSingleShot(true);
     connect(&due_, &QTimer::timeout, this, &TFormProposal::refresh);
@@ -206,6 +211,7 @@ void TFormProposal::refresh() {
             addRow(proposals_[i], static_cast<int>(i));
         }
     }
+    none_->setVisible(std::ranges::none_of(proposals_, &Proposal::suited));
     if (QTreeWidgetItem* first = table_->topLevelItem(0)) table_->setCurrentItem(first);
     go_->setEnabled(current() && current()->suited);
 }

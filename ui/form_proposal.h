@@ -60,6 +60,7 @@ class TFormProposal : public QDialog {
     QCheckBox* amplifier_;
     QCheckBox* unsuited_;
     QTreeWidget* table_;
+    QLabel* none_;  ///< in place of the rows that are not there
     QPushButton* go_;
     QTimer due_;  ///< one refresh for a burst of changes
     std::vector<Proposal> proposals_;

@@ -101,6 +101,15 @@ class FormProposalTest : public QObject {
         QCOMPARE(session_->state().page, page);
     }
 
+    void anEmptyTableSaysSo() {
+        const auto* none = form_->findChild<QLabel*>("LabelNone");
+        QVERIFY(!none->isVisible());
+        form_->findChild<QCheckBox*>("CheckBoxResistive")->click();
+        form_->findChild<QCheckBox*>("CheckBoxBalanced")->click();
+        QTRY_COMPARE(table().topLevelItemCount(), 0);
+        QVERIFY(none->isVisible());
+    }
+
     void copiesTheTable() {
         QTest::mouseClick(form_->findChild<QPushButton*>("ButtonCopyProposals"), Qt::LeftButton);
         const QStringList lines = QApplication::clipboard()->text().split('\n');
