@@ -94,6 +94,11 @@ constexpr std::array kViewEntries{
     MenuEntry{"Ursprungfestlegen1", "Set O&rigin...", "", &PlotForm::Ursprungfestlegen1Click},
 };
 
+/// Opens a window that the plots do not know; whoever shows them connects it.
+constexpr std::array kHelpEntries{
+    MenuEntry{"GRHilfe1", "&Help on plots", "F1", nullptr},
+};
+
 constexpr const char* kZoneHints[] = {"", "Click to set xmin", "Click to set xmax",
                                       "Click to set ymin", "Click to set ymax"};
 
@@ -165,7 +170,7 @@ void PlotForm::buildMenus() {
             action->setObjectName(entry.name);
             action->setShortcut(QKeySequence(entry.shortcut));
             action->setCheckable(entry.handler == &PlotForm::xlog1Click);
-            connect(action, &QAction::triggered, this, entry.handler);
+            if (entry.handler) connect(action, &QAction::triggered, this, entry.handler);
         }
     };
     QMenu* file = menuBar()->addMenu(tr("&File"));
@@ -174,6 +179,7 @@ void PlotForm::buildMenus() {
     file->addAction(tr("&Close"), QKeySequence("Ctrl+W"), this, &QWidget::close);
     fill(menuBar()->addMenu(tr("&Edit")), kEditEntries);
     fill(menuBar()->addMenu(tr("&View")), kViewEntries);
+    fill(menuBar()->addMenu(tr("&Help")), kHelpEntries);
 }
 
 void PlotForm::showEvent(QShowEvent* event) {

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QShortcut>
 #include <QWidget>
 #include <algorithm>
 #include <array>
@@ -33,7 +34,10 @@ struct WindowEntry {
     const char* window;
     StartStage stage;
     QWidget* (*make)(DesignSession& session, QWidget& parent);
+    const char* helpTopic = nullptr;  ///< chapter that F1 opens; the plots have help of their own
 };
+
+constexpr char kToolsTopic[] = "tools";
 
 /// A dialog in front of the main window, made from the design host and its parent.
 template <typename Window>
@@ -61,18 +65,18 @@ constexpr std::array kWindows = {
     WindowEntry{"TFormVu", StartStage::BeforeSplash, FreeWindow<TFormVu>},
     WindowEntry{"TFormPhi", StartStage::BeforeSplash, FreeWindow<TFormPhi>},
     WindowEntry{"TGRHilfeBox", StartStage::BeforeSplash, Box<TGRHilfeBox>},
-    WindowEntry{"TToldlg", StartStage::BeforeSplash, Dialog<TToldlg>},
+    WindowEntry{"TToldlg", StartStage::BeforeSplash, Dialog<TToldlg>, "tolerances"},
     WindowEntry{"TInfoDlg", StartStage::BeforeSplash, Box<TInfoDlg>},
-    WindowEntry{"TFormProposal", StartStage::BeforeSplash, Dialog<TFormProposal>},
-    WindowEntry{"TFormOpt", StartStage::BeforeSplash, OptimizerWindow},
-    WindowEntry{"TFormGuideGXL", StartStage::BeforeSplash, Box<TFormGuideGXL>},
-    WindowEntry{"TFormQuiz", StartStage::BeforeSplash, Box<TFormQuiz>},
-    WindowEntry{"TFormGlobalOpt", StartStage::BeforeSplash, Dialog<TFormGlobalOpt>},
+    WindowEntry{"TFormProposal", StartStage::BeforeSplash, Dialog<TFormProposal>, "suggestions"},
+    WindowEntry{"TFormOpt", StartStage::BeforeSplash, OptimizerWindow, "optimizer"},
+    WindowEntry{"TFormGuideGXL", StartStage::BeforeSplash, Box<TFormGuideGXL>, "optimizer"},
+    WindowEntry{"TFormQuiz", StartStage::BeforeSplash, Box<TFormQuiz>, "suggestions"},
+    WindowEntry{"TFormGlobalOpt", StartStage::BeforeSplash, Dialog<TFormGlobalOpt>, "optimizer"},
     WindowEntry{"TCircuitHintsDlg", StartStage::BeforeSplash, Dialog<TCircuitHintsDlg>},
     WindowEntry{"TAboutBox", StartStage::BehindSplash, Box<TAboutBox>},
     WindowEntry{"THilfeBox", StartStage::BehindSplash, Dialog<THilfeBox>},
     WindowEntry{"TSweepDlg", StartStage::BehindSplash, Dialog<TSweepDlg>},
-    WindowEntry{"TExportDlg", StartStage::BehindSplash, Dialog<TExportDlg>},
+    WindowEntry{"TExportDlg", StartStage::BehindSplash, Dialog<TExportDlg>, "files"},
 };
 
 // clang-format off
@@ -86,6 +90,7 @@ constexpr std::array kLinks = {
     WindowLink{"SpeedButtonHint", "TCircuitHintsDlg"},
     WindowLink{"Hilfe", "THilfeBox"},
     WindowLink{"Hilfe1", "THilfeBox"},
+    WindowLink{"GRHilfe1", "TGRHilfeBox"},
     WindowLink{"SpeedButtonInfo", "TFormProposal"},
     WindowLink{"ButtonQuiz", "TFormQuiz"},
     WindowLink{"SpeedButtonOptSettings", "TFormOpt"},
@@ -111,12 +116,16 @@ void AppWindows::create(StartStage stage) {
 
 QWidget* AppWindows::make(const QString& name) {
     const auto named = [&](const auto& entry) { return name == QLatin1String(entry.window); };
-    if (const auto entry = std::ranges::find_if(kWindows, named); entry != kWindows.end())
-        return entry->make(session_, parent_);
+    if (const auto entry = std::ranges::find_if(kWindows, named); entry != kWindows.end()) {
+        QWidget* made = entry->make(session_, parent_);
+        if (entry->helpTopic) connectHelp(*made, entry->helpTopic);
+        return made;
+    }
     const auto tool = std::ranges::find_if(ToolWindows(), named);
     if (tool == ToolWindows().end()) return nullptr;
     ToolWindow* window = tool->create(&parent_);
     window->followDesign(session_);
+    connectHelp(*window, kToolsTopic);
     return window;
 }
 
@@ -137,6 +146,15 @@ void AppWindows::open(const QString& name) {
     opened->show();
     opened->raise();
     opened->activateWindow();
+}
+
+void AppWindows::connectHelp(QWidget& made, const char* topic) {
+    auto* key = new QShortcut(QKeySequence(Qt::Key_F1), &made);
+    QObject::connect(key, &QShortcut::activated, &parent_, [this, topic] {
+        open(QStringLiteral("THilfeBox"));
+        auto* help = dynamic_cast<THilfeBox*>(window(QStringLiteral("THilfeBox")));
+        if (help) help->showTopic(QLatin1String(topic));
+    });
 }
 
 void AppWindows::closeAll() {

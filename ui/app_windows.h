@@ -44,6 +44,8 @@ class AppWindows {
 
   private:
     QWidget* make(const QString& name);
+    /// Lets F1 in a window open the chapter of the manual that tells of it.
+    void connectHelp(QWidget& made, const char* topic);
 
     DesignSession& session_;
     QWidget& parent_;

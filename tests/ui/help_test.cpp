@@ -1,3 +1,4 @@
+#include <QLineEdit>
 #include <QListWidget>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -8,6 +9,7 @@
 #include "ui/help/circuit_hints_dlg.h"
 #include "ui/help/help_box.h"
 #include "ui/help/manual_text.h"
+#include "ui/help/manual_view.h"
 
 using namespace kelvro;
 
@@ -47,6 +49,44 @@ class HelpTest : public QObject {
             auto match = link.globalMatch(html);
             while (match.hasNext()) QVERIFY(ids.contains(match.next().captured(1)));
         }
+    }
+
+    void everyPictureOfTheManualIsThere() {
+        const QRegularExpression picture(QStringLiteral("src=[\"'](picture:[^\"']+)"));
+        int pictures = 0;
+        ManualView view;
+        for (const ManualTopic& topic : ManualTopics()) {
+            auto match = picture.globalMatch(ManualHtml(topic.id));
+            while (match.hasNext()) {
+                const QString name = match.next().captured(1);
+                const QVariant image = view.loadResource(QTextDocument::ImageResource, QUrl(name));
+                QVERIFY2(image.value<QImage>().width() > 100, qPrintable(name));
+                ++pictures;
+            }
+        }
+        QVERIFY(pictures > 19);
+    }
+
+    void searchListsTheChaptersWithAllItsWords() {
+        PageOnlyHost host;
+        THilfeBox box(host, nullptr);
+        box.show();
+        const auto* index = box.findChild<QListWidget*>("HilfeIndex");
+        auto* search = box.findChild<QLineEdit*>("HilfeSuche");
+        const auto listed = [&] {
+            QStringList titles;
+            for (int row = 0; row < index->count(); ++row)
+                if (!index->item(row)->isHidden()) titles << index->item(row)->text();
+            return titles;
+        };
+        QTest::keyClicks(search, "salesman");  // in no chapter
+        QCOMPARE(listed(), QStringList());
+        search->clear();
+        QTest::keyClicks(search, "ANNEALING cities");
+        QCOMPARE(listed(), QStringList("Optimization"));
+        QCOMPARE(box.topic(), QStringLiteral("optimizer"));
+        search->clear();
+        QCOMPARE(listed().size(), index->count());
     }
 
     void helpOpensAtTheChapterOfThePage() {

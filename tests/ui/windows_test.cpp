@@ -10,6 +10,7 @@
 #include <QToolButton>
 
 #include "tests/ui/form_fixture.h"
+#include "ui/help/help_box.h"
 
 using namespace kelvro;
 
@@ -43,7 +44,27 @@ class WindowsTest : public QObject {
     void cancelledSweepFactorIsRestored();
     void windowIsPrintedIntoAFile();
     void closingTheFormClosesItsWindows();
+    void helpKeyOfAWindowOpensItsChapter();
 };
+
+void WindowsTest::helpKeyOfAWindowOpensItsChapter() {
+    FormFixture f;
+    struct Row {
+        const char* window;
+        const char* chapter;
+    };
+    for (const auto& [window, chapter] : {Row{"TFormLines", "tools"}, Row{"TFormOpt", "optimizer"},
+                                          Row{"TFormQuiz", "suggestions"}}) {
+        f.form().windows().open(window);
+        QWidget* opened = f.form().windows().window(window);
+        QApplication::setActiveWindow(opened);
+        QTest::keyClick(opened, Qt::Key_F1);
+        auto* help = dynamic_cast<THilfeBox*>(f.form().windows().window("THilfeBox"));
+        QVERIFY2(help->isVisible(), window);
+        QCOMPARE(help->topic(), QLatin1String(chapter));
+        help->close();
+    }
+}
 
 void WindowsTest::everyLinkedControlOpensItsWindowWhichEscapeCloses() {
     FormFixture f;
@@ -51,6 +72,10 @@ void WindowsTest::everyLinkedControlOpensItsWindowWhichEscapeCloses() {
     for (const WindowLink& link : AppWindows::links()) {
         if (auto* button = f.form().findChild<QAbstractButton*>(link.control)) button->click();
         if (auto* item = f.form().findChild<QAction*>(link.control)) item->trigger();
+        if (QLatin1String(link.control) == QLatin1String("GRHilfe1")) {
+            QWidget* plot = f.form().windows().window("TFormPhi");
+            plot->findChild<QAction*>(link.control)->trigger();
+        }
         QWidget* window = f.form().windows().window(link.window);
         QVERIFY2(window && window->isVisible(), link.control);
         QTest::keyClick(window, Qt::Key_Escape);

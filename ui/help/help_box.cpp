@@ -3,68 +3,20 @@
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QFileInfo>
-#include <QImage>
+#include <QLineEdit>
 #include <QListWidget>
-#include <QPainter>
+#include <QShortcut>
+#include <QShowEvent>
 #include <QSplitter>
-#include <QTextBrowser>
+#include <QTextDocumentFragment>
 #include <QVBoxLayout>
+#include <algorithm>
 
-#include "analysis/response.h"
-#include "design/pages.h"
-#include "plot/circuit_painter.h"
+#include "ui/fields.h"
 #include "ui/help/manual_text.h"
+#include "ui/help/manual_view.h"
 
 namespace kelvro {
-
-namespace {
-
-/// The design that a chapter's picture shows: the defaults, with R1 and R2 in the order that the
-/// page asks for.
-DesignState ExampleOf(int page) {
-    DesignState state;
-    EnterPage(state, page);
-    ResponseServices services;
-    if (Calculate(state, true, services).message) {
-        std::swap(state.R1, state.R2);
-        Calculate(state, true, services);
-    }
-    return state;
-}
-
-QImage CircuitPicture(int page, double ratio) {
-    const QSizeF size(560, 230);
-    QImage image((size * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::white);
-    const DesignState state = ExampleOf(page);
-    QPainter painter(&image);
-    painter.scale(ratio, ratio);
-    PaintCircuit(painter, QRectF(QPointF(0, 0), size).adjusted(8, 8, -8, -8),
-                 PageOf(page).builtCircuit(state), {state.R1, state.R2});
-    return image;
-}
-
-/// Text view of the manual; draws the pictures that the chapters name.
-class ManualView : public QTextBrowser {
-  public:
-    using QTextBrowser::QTextBrowser;
-
-  protected:
-    QVariant loadResource(int type, const QUrl& name) override {
-        const QString path = name.toString();
-        const QString circuit = QStringLiteral("picture:circuit-");
-        if (path.startsWith(circuit)) {
-            return CircuitPicture(path.mid(circuit.size()).toInt(), 2);
-        }
-        const QString picture = QStringLiteral("picture:");
-        if (path.startsWith(picture)) {
-            return QImage(QStringLiteral(":/manual/%1.png").arg(path.mid(picture.size())));
-        }
-        return QTextBrowser::loadResource(type, name);
-    }
-};
-
-}  // namespace
 
 QString HelpFile() {
     const QString folder = QCoreApplication::applicationDirPath();
@@ -86,8 +38,18 @@ THilfeBox::THilfeBox(DesignHost& host, QWidget* parent)
         auto* item = new QListWidgetItem(topic.title, index_);
         item->setData(Qt::UserRole, topic.id);
     }
+    auto* search = new QLineEdit;
+    search->setObjectName(QStringLiteral("HilfeSuche"));
+    search->setPlaceholderText(tr("Search"));
+    search->setClearButtonEnabled(true);
+    SetHint(*search, tr("Lists the chapters in which all these words stand"));
+    contents_ = new QWidget;
+    auto* left = new QVBoxLayout(contents_);
+    left->setContentsMargins(0, 0, 0, 0);
+    left->addWidget(search);
+    left->addWidget(index_);
     auto* splitter = new QSplitter;
-    splitter->addWidget(index_);
+    splitter->addWidget(contents_);
     splitter->addWidget(text_);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({190, 640});
@@ -97,11 +59,30 @@ THilfeBox::THilfeBox(DesignHost& host, QWidget* parent)
     layout->addWidget(buttons);
     resize(900, 640);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(search, &QLineEdit::textChanged, this, &THilfeBox::search);
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, search,
+            qOverload<>(&QWidget::setFocus));
     connect(index_, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
         if (item) text_->setHtml(ManualHtml(item->data(Qt::UserRole).toString()));
     });
     connect(text_, &QTextBrowser::anchorClicked, this,
             [this](const QUrl& link) { showTopic(link.toString()); });
+}
+
+void THilfeBox::search(const QString& text) {
+    const QStringList words = text.split(' ', Qt::SkipEmptyParts);
+    for (int row = 0; row < index_->count(); ++row) {
+        QListWidgetItem& item = *index_->item(row);
+        const QString html = ManualHtml(item.data(Qt::UserRole).toString());
+        const QString chapter = QTextDocumentFragment::fromHtml(html).toPlainText();
+        item.setHidden(!std::ranges::all_of(words, [&](const QString& word) {
+            return chapter.contains(word, Qt::CaseInsensitive);
+        }));
+    }
+    if (const auto* present = index_->currentItem(); present && !present->isHidden()) return;
+    for (int row = 0; row < index_->count(); ++row) {
+        if (!index_->item(row)->isHidden()) return index_->setCurrentRow(row);
+    }
 }
 
 void THilfeBox::showTopic(const QString& id) {
@@ -117,8 +98,10 @@ QString THilfeBox::topic() const {
 
 void THilfeBox::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
+    if (event->spontaneous()) return;
     const QString file = HelpFile();
-    index_->setVisible(file.isEmpty());
+    contents_->setVisible(file.isEmpty());
+    index_->setFocus();
     if (file.isEmpty()) {
         showTopic(TopicOfPage(host_.state().page));
     } else {

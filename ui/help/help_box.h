@@ -10,8 +10,9 @@ class QTextBrowser;
 
 namespace kelvro {
 
-/// The built-in manual: index on the left, chapter on the right. Opens at the chapter of the page
-/// that the main window shows. When a help file of the installation exists, it is shown instead.
+/// The built-in manual: search and index on the left, chapter on the right. Opens at the chapter of
+/// the page that the main window shows. When a help file of the installation exists, it is shown
+/// instead.
 class THilfeBox : public QDialog {
     Q_OBJECT
 
@@ -25,7 +26,10 @@ class THilfeBox : public QDialog {
     void showEvent(QShowEvent* event) override;
 
   private:
+    void search(const QString& text);
+
     DesignHost& host_;
+    QWidget* contents_;  ///< search and index
     QListWidget* index_;
     QTextBrowser* text_;
 };
