@@ -2,6 +2,7 @@
 
 #include <Eigen/Dense>
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "core/scalar.h"
@@ -28,7 +29,6 @@ double AngleBetween(const Eigen::VectorXd& a, const Eigen::VectorXd& b) {
 // ---------------------------------------------------------------- notes
 
 void WriteDoubleSidedReasons(ReportText& out, const Note& note) {
-    out << "Hint : Switched to double-sided gradient because : ";
     if (note.flags & kCloseToEnd) out << "Close to end. ";
     if (note.flags & kGradientSmall) out << "|g| is smaller than " << note.value[0] << ". ";
     if (note.flags & kStepsSmall) {
@@ -40,146 +40,120 @@ void WriteDoubleSidedReasons(ReportText& out, const Note& note) {
 }
 
 void WriteLineSearchReasons(ReportText& out, const Note& note) {
-    out << "Warning : Probably rounding errors, large stepsize or large high-order derivatives "
-           "caused problems in linear search. ";
     if (note.flags & kOscillation) out << "Quite some oscillation!";
     if (note.flags & kLargeIncrease) out << "Quite large df/(t*psg)!";
     if (note.flags & kLargeDecrease) out << "Quite large -df/(t*psg)!";
 }
 
-void WriteStartAndGradientNote(ReportText& out, const Note& note) {
+struct Sentence {
+    NoteKind kind;
+    std::string_view words;
+};
+
+/// What notes say; those that name values go on in WriteNote.
+constexpr std::array kSentences = {
+    Sentence{NoteKind::StartMatrixFromFxx,
+             "Hint : Start matrix using fxx values from finite differences."},
+    Sentence{NoteKind::StartMatrixFromFxy,
+             "Hint : Start matrix using fxy values from finite differences."},
+    Sentence{NoteKind::CurvatureNotPositive, "Warning : fx"},
+    Sentence{NoteKind::HessianRankDeficient,
+             "Warning : Rank of real H maybe smaller than dimension!"},
+    Sentence{NoteKind::SwitchedToDoubleSided,
+             "Hint : Switched to double-sided gradient because : "},
+    Sentence{NoteKind::SwitchedToSingleSided,
+             "Warning : Switching to single-side gradient although double-sided used in previous "
+             "interations."},
+    Sentence{NoteKind::DoubleSidedUsed, "Hint : Double-sided gradient formula used"},
+    Sentence{NoteKind::DoubleSidedInaccurate,
+             "Warning : Used double-sided gradient calculation is maybe inaccurate for parameter"},
+    Sentence{NoteKind::SingleSidedOffBy3Percent,
+             "Warning : Single-sided gradient calculation would be inaccurate by more than 3%."},
+    Sentence{NoteKind::SingleSidedOffBy1Percent,
+             "Warning : Single-sided gradient calculation would be inaccurate by more than 1%."},
+    Sentence{NoteKind::SingleSidedUsed, "Hint : Single-sided gradient formula used"},
+    Sentence{NoteKind::SingleSidedInaccurate,
+             "Warning : Used single-sided gradient calculation is maybe inaccurate for parameter"},
+    Sentence{NoteKind::StepReduced, "Hint : step size t reduced to "},
+    Sentence{NoteKind::StartStepBad,
+             "Warning : Parabel interpolation shows that start stepsize before GST is quite bad."},
+    Sentence{NoteKind::StartStepGood, "Hint : Start stepsize t good already before linear search."},
+    Sentence{NoteKind::LineSearchTrouble,
+             "Warning : Probably rounding errors, large stepsize or large high-order derivatives "
+             "caused problems in linear search. "},
+    Sentence{NoteKind::LineSearchSingleSided,
+             "Warning : Single-sided gradient used. This might be the reason for problems in "
+             "linear search."},
+    Sentence{NoteKind::MatrixReset,
+             "Warning : Reset of BFGS matrix with diagonal matrix. Smallest eigenvalue after "
+             "update is negative ("},
+    Sentence{NoteKind::MatrixStillPositive,
+             "However, smallest eigenvalue after update is still positive ("},
+    Sentence{NoteKind::Restarted, "Hint : Another descent started from f="},
+    Sentence{NoteKind::AngleExtreme, "Warning : Angle already quite extreme."},
+    Sentence{NoteKind::StepsBelowDifference,
+             "Hint : Steps xi-xi-1 already smaller than dx for gradient calculation."},
+    Sentence{NoteKind::LineSearchQuiteTooMany,
+             "Warning : Quite too many iterations in linear search!"},
+    Sentence{NoteKind::LineSearchQuiteMany, "Warning : Quite many iterations in linear search!"},
+    Sentence{NoteKind::StepUnusuallyLarge, "Warning : Current stepsize unusually large."},
+    Sentence{NoteKind::StepZero, "Warning : Current stepsize is zero."},
+};
+
+static_assert(kSentences.size() == static_cast<std::size_t>(NoteKind::StepZero) + 1);
+
+void WriteNote(ReportText& out, const Note& note) {
+    out << std::ranges::find(kSentences, note.kind, &Sentence::kind)->words;
     switch (note.kind) {
-        case NoteKind::StartMatrixFromFxx:
-            out << "Hint : Start matrix using fxx values from finite differences.";
-            break;
-        case NoteKind::StartMatrixFromFxy:
-            out << "Hint : Start matrix using fxy values from finite differences.";
-            break;
         case NoteKind::CurvatureNotPositive:
-            out << "Warning : fx" << note.index << " not >0 at start!";
+            out << note.index << " not >0 at start!";
             break;
         case NoteKind::SwitchedToDoubleSided:
             WriteDoubleSidedReasons(out, note);
             break;
-        case NoteKind::SwitchedToSingleSided:
-            out << "Warning : Switching to single-side gradient although double-sided used in "
-                   "previous interations.";
-            break;
-        case NoteKind::DoubleSidedUsed:
-            out << "Hint : Double-sided gradient formula used";
-            break;
         case NoteKind::DoubleSidedInaccurate:
-            out << "Warning : Used double-sided gradient calculation is maybe inaccurate for "
-                   "parameter"
-                << note.index << " angle difference=" << note.value[0]
+            out << note.index << " angle difference=" << note.value[0]
                 << "° is larger then expected.";
             break;
-        case NoteKind::SingleSidedOffBy3Percent:
-            out << "Warning : Single-sided gradient calculation would be inaccurate by more than "
-                   "3%.";
-            break;
-        case NoteKind::SingleSidedOffBy1Percent:
-            out << "Warning : Single-sided gradient calculation would be inaccurate by more than "
-                   "1%.";
-            break;
-        case NoteKind::SingleSidedUsed:
-            out << "Hint : Single-sided gradient formula used";
-            break;
         case NoteKind::SingleSidedInaccurate:
-            out << "Warning : Used single-sided gradient calculation is maybe inaccurate for "
-                   "parameter"
-                << note.index << ", delta(f) is already small.";
+            out << note.index << ", delta(f) is already small.";
             break;
-        default:
-            break;
-    }
-}
-
-void WriteSearchAndUpdateNote(ReportText& out, const Note& note) {
-    switch (note.kind) {
         case NoteKind::StepReduced:
-            out << "Hint : step size t reduced to " << note.value[0]
-                << " before linear search due to large parameter steps.";
-            break;
-        case NoteKind::StartStepBad:
-            out << "Warning : Parabel interpolation shows that start stepsize before GST is quite "
-                   "bad.";
-            break;
-        case NoteKind::StartStepGood:
-            out << "Hint : Start stepsize t good already before linear search.";
+            out << note.value[0] << " before linear search due to large parameter steps.";
             break;
         case NoteKind::LineSearchTrouble:
             WriteLineSearchReasons(out, note);
             break;
-        case NoteKind::LineSearchSingleSided:
-            out << "Warning : Single-sided gradient used. This might be the reason for problems in "
-                   "linear search.";
-            break;
         case NoteKind::MatrixReset:
-            out << "Warning : Reset of BFGS matrix with diagonal matrix. Smallest eigenvalue after "
-                   "update is negative ("
-                << note.value[0] << ")";
-            break;
         case NoteKind::MatrixStillPositive:
-            out << "However, smallest eigenvalue after update is still positive (" << note.value[0]
-                << ")";
+            out << note.value[0] << ")";
             break;
         case NoteKind::Restarted:
-            out << "Hint : Another descent started from f=" << note.value[0];
-            break;
-        default:
-            break;
-    }
-}
-
-/// Remarks that belong to a line of the log.
-void WriteRemark(ReportText& out, const Note& note) {
-    switch (note.kind) {
-        case NoteKind::HessianRankDeficient:
-            out << "Warning : Rank of real H maybe smaller than dimension!";
-            break;
-        case NoteKind::AngleExtreme:
-            out << "Warning : Angle already quite extreme.";
+            out << note.value[0];
             break;
         case NoteKind::StepsBelowDifference:
-            out << "Hint : Steps xi-xi-1 already smaller than dx for gradient calculation.";
             if (note.flags & 1U) out << " Double-sided formula would be better.";
-            break;
-        case NoteKind::LineSearchQuiteTooMany:
-            out << "Warning : Quite too many iterations in linear search!";
-            break;
-        case NoteKind::LineSearchQuiteMany:
-            out << "Warning : Quite many iterations in linear search!";
-            break;
-        case NoteKind::StepUnusuallyLarge:
-            out << "Warning : Current stepsize unusually large.";
-            break;
-        case NoteKind::StepZero:
-            out << "Warning : Current stepsize is zero.";
             break;
         default:
             break;
     }
+    out << "\n";
 }
 
+/// Remarks belong to a line of the log, the other notes stand before the lines.
 bool IsRemark(NoteKind kind) {
     return kind >= NoteKind::AngleExtreme || kind == NoteKind::HessianRankDeficient;
 }
 
 void WriteNotes(ReportText& out, const IterationRecord& record) {
     for (const Note& note : record.notes) {
-        if (IsRemark(note.kind)) continue;
-        WriteStartAndGradientNote(out, note);
-        WriteSearchAndUpdateNote(out, note);
-        out << "\n";
+        if (!IsRemark(note.kind)) WriteNote(out, note);
     }
 }
 
 void WriteRemarks(ReportText& out, const IterationRecord& record, NoteKind first, NoteKind last) {
     for (const Note& note : record.notes) {
-        if (note.kind < first || note.kind > last) continue;
-        WriteRemark(out, note);
-        out << "\n";
+        if (note.kind >= first && note.kind <= last) WriteNote(out, note);
     }
 }
 

@@ -85,6 +85,57 @@ Axis ValueAxis(const std::vector<Curve>& curves, AxisMode mode) {
     return axis;
 }
 
+struct Texts {
+    const char* title;
+    const char* yName;
+    bool logarithmic = false;
+};
+
+Texts TextsOf(HistoryPlot plot, const HistoryStyle& style) {
+    switch (plot) {
+        case HistoryPlot::Gradient:
+            return {"Gradient vs Iteration", "|g|", true};
+        case HistoryPlot::Function:
+            return {"Function f-fmin vs Iteration", "f-fmin", true};
+        case HistoryPlot::ParameterChanges:
+            return {style.successive ? "Parameter changes xi-xi+1 vs Iteration"
+                                     : "Parameter changes x-xfinal vs Iteration",
+                    "dx"};
+        case HistoryPlot::FunctionCalls:
+            return {"Function Calls vs Iteration", "calls"};
+        case HistoryPlot::StepSize:
+            return {"Stepsize t vs Iteration", "t", style.logarithmicStep};
+        case HistoryPlot::Parameters:
+            break;
+    }
+    return {"Normalized Parameters vs Iteration", "value/start"};
+}
+
+void AddCurves(Picture& picture, HistoryPlot plot, const std::vector<HistoryPoint>& history,
+               bool successive) {
+    const auto single = [&](const Value& value) {
+        picture.curves.push_back(CurveOf(history, value, kColours[0]));
+    };
+    using Point = const HistoryPoint&;
+    switch (plot) {
+        case HistoryPlot::Gradient:
+            return single([](Point p) { return p.gradient; });
+        case HistoryPlot::Function:
+            return single([](Point p) { return p.excess; });
+        case HistoryPlot::FunctionCalls:
+            return single([](Point p) { return p.calls; });
+        case HistoryPlot::StepSize:
+            return single([](Point p) { return p.t; });
+        case HistoryPlot::ParameterChanges:
+            return AddParameters(picture, history, [successive](Point p, std::size_t i) {
+                return successive ? p.toNext[i] : p.toFinal[i];
+            });
+        case HistoryPlot::Parameters:
+            return AddParameters(picture, history,
+                                 [](Point p, std::size_t i) { return std::exp(p.x[i]); });
+    }
+}
+
 }  // namespace
 
 std::vector<HistoryPoint> JoinedHistory(const PageOptimization& optimization) {
@@ -116,60 +167,19 @@ std::vector<HistoryPoint> JoinedHistory(const PageOptimization& optimization) {
 
 Picture HistoryPicture(HistoryPlot plot, const std::vector<HistoryPoint>& history,
                        const HistoryStyle& style) {
+    const Texts texts = TextsOf(plot, style);
     Picture picture;
-    AxisMode mode = AxisMode::Linear;
-    std::string name;
-    const Rgb colour = kColours[0];
-    const auto single = [&](const Value& value) {
-        picture.curves.push_back(CurveOf(history, value, colour));
-    };
-    switch (plot) {
-        case HistoryPlot::Gradient:
-            picture.title = "Gradient vs Iteration";
-            name = "|g|";
-            mode = AxisMode::Logarithmic;
-            single([](const HistoryPoint& p) { return p.gradient; });
-            break;
-        case HistoryPlot::Function:
-            picture.title = "Function f-fmin vs Iteration";
-            name = "f-fmin";
-            mode = AxisMode::Logarithmic;
-            single([](const HistoryPoint& p) { return p.excess; });
-            break;
-        case HistoryPlot::ParameterChanges:
-            picture.title = style.successive ? "Parameter changes xi-xi+1 vs Iteration"
-                                             : "Parameter changes x-xfinal vs Iteration";
-            name = "dx";
-            AddParameters(picture, history, [&](const HistoryPoint& p, std::size_t i) {
-                return style.successive ? p.toNext[i] : p.toFinal[i];
-            });
-            break;
-        case HistoryPlot::FunctionCalls:
-            picture.title = "Function Calls vs Iteration";
-            name = "calls";
-            single([](const HistoryPoint& p) { return p.calls; });
-            break;
-        case HistoryPlot::StepSize:
-            picture.title = "Stepsize t vs Iteration";
-            name = "t";
-            if (style.logarithmicStep) mode = AxisMode::Logarithmic;
-            single([](const HistoryPoint& p) { return p.t; });
-            break;
-        case HistoryPlot::Parameters:
-            picture.title = "Normalized Parameters vs Iteration";
-            name = "value/start";
-            AddParameters(picture, history,
-                          [](const HistoryPoint& p, std::size_t i) { return std::exp(p.x[i]); });
-            break;
-    }
+    picture.title = texts.title;
+    AddCurves(picture, plot, history, style.successive);
     if (style.axisNames) {
         picture.xName = "Iteration";
-        picture.yName = name;
+        picture.yName = texts.yName;
     }
     picture.xLabels = LabelStyle::Plain;
-    picture.yLabels = mode == AxisMode::Logarithmic ? LabelStyle::Engineering : LabelStyle::Plain;
+    picture.yLabels = texts.logarithmic ? LabelStyle::Engineering : LabelStyle::Plain;
     picture.view.x = IterationAxis(history.size());
-    picture.view.y = ValueAxis(picture.curves, mode);
+    picture.view.y =
+        ValueAxis(picture.curves, texts.logarithmic ? AxisMode::Logarithmic : AxisMode::Linear);
     return picture;
 }
 

@@ -25,7 +25,7 @@ QString ValueText(double value) {
 
 TXmaxDlg1::TXmaxDlg1(const ValueEdit& edit, const QString& unit, Spin spin, QWidget* parent)
     : QDialog(parent), edit_(edit), spin_(spin), value_(edit.start) {
-    setObjectName("XmaxDlg1");
+    setObjectName("TXmaxDlg1");
     setWindowTitle(tr("Axis"));
     auto* caption = new QLabel(QString::fromStdString(edit.caption), this);
     caption->setObjectName("LabelXmax");
