@@ -24,6 +24,7 @@ namespace {
 constexpr int kDecimals = 3;
 constexpr double kUsualSweepFactor = 1.05;
 constexpr QColor kNoteColour(192, 48, 16);
+constexpr QColor kNoteColourOnDark(255, 140, 110);
 
 /// The texts for what is no finite number, as on the pages.
 QString TextOf(double value, const std::string& finite) {
@@ -64,9 +65,7 @@ ToolWindow::ToolWindow(const char* className, const QString& title, QWidget* par
         text->setWordWrap(true);
         text->setTextFormat(Qt::PlainText);
     }
-    QPalette palette = note_->palette();
-    palette.setColor(QPalette::WindowText, kNoteColour);
-    note_->setPalette(palette);
+    colourNote();
     note_->setMinimumHeight(note_->fontMetrics().lineSpacing());
     QFont small = source_->font();
     small.setPointSizeF(0.9 * small.pointSizeF());
@@ -300,6 +299,18 @@ QString ToolWindow::resultText() const {
 
 void ToolWindow::copyResult() {
     QApplication::clipboard()->setText(resultText());
+}
+
+void ToolWindow::colourNote() {
+    QPalette colours = note_->palette();
+    const bool dark = palette().color(QPalette::Window).lightnessF() < 0.5;
+    colours.setColor(QPalette::WindowText, dark ? kNoteColourOnDark : kNoteColour);
+    note_->setPalette(colours);
+}
+
+void ToolWindow::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && note_) colourNote();
 }
 
 void ToolWindow::showEvent(QShowEvent* event) {

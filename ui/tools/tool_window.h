@@ -95,6 +95,7 @@ class ToolWindow : public QDialog {
 
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
     /// The field takes the design's fo until it is edited.
     void setFrequencyField(InputEdit* edit) { frequency_ = edit; }
@@ -115,6 +116,7 @@ class ToolWindow : public QDialog {
     const Row* rowOf(const QWidget* field) const;
     void step(InputEdit* edit, int direction);
     void takeFrequency();
+    void colourNote();
     void copyResult();
 
     std::vector<Row> rows_;
@@ -122,7 +124,7 @@ class ToolWindow : public QDialog {
     QVBoxLayout* column_ = nullptr;
     QGridLayout* grid_ = nullptr;
     QHBoxLayout* buttons_;
-    QLabel* note_;
+    QLabel* note_ = nullptr;
     QLabel* source_;
     DesignHost* host_ = nullptr;
     InputEdit* frequency_ = nullptr;
