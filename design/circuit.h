@@ -45,8 +45,9 @@ enum class Topology : std::uint8_t {
 struct Circuit {
     Topology topology = Topology::None;
     std::vector<Element> elements;
-    double coupling = 0;     ///< k of coupled coils
-    double lineAngleFo = 0;  ///< electrical length of the line at fo, rad
+    double coupling = 0;            ///< k of coupled coils
+    double lineAngleFo = 0;         ///< electrical length of the line at fo, rad
+    std::string_view caption = {};  ///< "Pi", where a page has two networks
 };
 
 /// The circuit with inductors and capacitors interchanged: each value becomes 1/(ω²·value), each

@@ -47,6 +47,12 @@ Circuit Page::builtCircuit(const DesignState& state) const {
     return showsDuals(state) ? Dual(circuit(state), state.fo) : circuit(state);
 }
 
+std::vector<Circuit> Page::builtCircuits(const DesignState& state) const {
+    std::vector<Circuit> circuits{builtCircuit(state)};
+    if (alternative) circuits.push_back(alternative(state));
+    return circuits;
+}
+
 const OutputField* Page::output(std::string_view object) const {
     const auto at = std::ranges::find(outputs, object, &OutputField::object);
     return at == outputs.end() ? nullptr : &*at;

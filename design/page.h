@@ -158,6 +158,8 @@ struct Page {
     bool showsDuals(const DesignState& state) const { return mirrored && state.LCSwapped; }
     /// The circuit as it is to be built: interchanged where the page shows duals.
     Circuit builtCircuit(const DesignState& state) const;
+    /// The same with the second network behind it, where the page has one.
+    std::vector<Circuit> builtCircuits(const DesignState& state) const;
     const OutputField* output(std::string_view object) const;
 };
 

@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QLineF>
+#include <QPainterPathStroker>
 #include <QTransform>
 #include <algorithm>
 
@@ -18,12 +19,22 @@ constexpr double kSideGap = 17;  // clears the plates of a capacitor
 constexpr double kLineHeight = 15;
 constexpr double kFontPixels = 12.5;
 constexpr double kLargestScale = 1.6;
+constexpr double kMargin = 4;
 
 QFont LabelFont(bool bold) {
     QFont font("DejaVu Sans");
     font.setPixelSize(static_cast<int>(kFontPixels));
     font.setBold(bold);
     return font;
+}
+
+/// What a pen covers, in one piece: where strokes overlap, their soft edges would add up to ticks.
+QPainterPath Outline(const QPainterPath& strokes) {
+    QPainterPathStroker stroker;
+    stroker.setWidth(kStroke);
+    stroker.setCapStyle(Qt::SquareCap);
+    stroker.setJoinStyle(Qt::RoundJoin);
+    return stroker.createStroke(strokes).simplified();
 }
 
 QPointF Middle(QPointF from, QPointF to) {
@@ -207,20 +218,32 @@ QRectF CircuitDrawing::bounds() const {
     return box;
 }
 
+void CircuitDrawing::add(const CircuitDrawing& other, QPointF offset) {
+    strokes_.addPath(other.strokes_.translated(offset));
+    fills_.addPath(other.fills_.translated(offset));
+    for (Label label : other.labels_) {
+        label.at += offset;
+        labels_.push_back(std::move(label));
+    }
+}
+
+double CircuitDrawing::scaleIn(const QSizeF& area) const {
+    const QRectF box = bounds();
+    return std::min({area.width() / (box.width() + 2 * kMargin),
+                     area.height() / (box.height() + 2 * kMargin), kLargestScale});
+}
+
 void CircuitDrawing::paint(QPainter& painter, const QRectF& area, const QColor& wire,
                            const QColor& name, const QColor& value) const {
-    const QRectF box = bounds().adjusted(-4, -4, 4, 4);
+    const QRectF box = bounds();
     if (box.isEmpty() || area.isEmpty()) return;
-    const double scale =
-        std::min({area.width() / box.width(), area.height() / box.height(), kLargestScale});
+    const double scale = scaleIn(area.size());
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(area.center());
     painter.scale(scale, scale);
     painter.translate(-box.center());
-    painter.setPen(QPen(wire, kStroke, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPath(strokes_);
+    painter.fillPath(Outline(strokes_), wire);
     painter.fillPath(fills_, wire);
     for (const Label& label : labels_) {
         const QRectF text = labelBox(label);

@@ -35,7 +35,15 @@ class CircuitDrawing {
     /// Two lines of text beside a point: the name, and below it the value.
     void label(QPointF at, Side side, const QString& name, const QString& value = {});
 
-    /// Everything scaled into the area, centred; at most a little larger than natural size.
+    /// Another drawing beside what is here.
+    void add(const CircuitDrawing& other, QPointF offset);
+
+    /// Room that symbols and labels take.
+    QRectF bounds() const;
+    /// How large the drawing comes out in an area; at most a little above natural size.
+    double scaleIn(const QSizeF& area) const;
+
+    /// Everything scaled into the area, centred.
     void paint(QPainter& painter, const QRectF& area, const QColor& wire, const QColor& name,
                const QColor& value) const;
 
@@ -50,7 +58,6 @@ class CircuitDrawing {
     QPainterPath placed(const QPainterPath& symbol, QPointF from, QPointF to);
     void symbolLeads(QPointF from, QPointF to);
     static QRectF labelBox(const Label& label);
-    QRectF bounds() const;
 
     QPainterPath strokes_;
     QPainterPath fills_;

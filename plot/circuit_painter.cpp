@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
+#include <utility>
 
 #include "core/number_text.h"
 #include "plot/circuit_drawing.h"
@@ -12,11 +14,18 @@ namespace {
 
 using Side = CircuitDrawing::Side;
 
-constexpr double kHeight = 116;       // between the rails
-constexpr double kSeriesWidth = 104;  // one series element with its label above
-constexpr double kShuntWidth = 112;   // one element across with its label beside it
+constexpr double kHeight = 116;         // between the rails
+constexpr double kCompactHeight = 84;   // the same where networks or rows lie one below the other
+constexpr double kSeriesWidth = 104;    // one series element with its label above
+constexpr double kShuntWidth = 112;     // one element across with its label beside it
+constexpr double kShuntToSeries = 28;   // its label fits below a series element
+constexpr double kResonatorWidth = 36;  // from capacitor to inductor
+constexpr double kBetweenResonators = 160;  // room for a label of each
 constexpr double kLineWidth = 170;
 constexpr double kSourceWidth = 84;  // from the source to the first node, R1 between
+constexpr double kRowEnd = 26;       // from the last node of a row to its break
+constexpr double kBetweenDrawings = 34;
+constexpr int kMostRows = 3;
 
 QString NameOf(const Element& element) {
     return QString::fromStdString(element.name);
@@ -27,10 +36,23 @@ QString ValueOf(const Element& element) {
                                                : ReadableValue(element.value, element.unit());
 }
 
-/// Lays one topology out, from left to right.
+/// Drawings beside or, with the left ends in line, below each other.
+CircuitDrawing Arranged(std::span<const CircuitDrawing> drawings, bool below) {
+    CircuitDrawing whole;
+    double edge = 0;
+    for (const CircuitDrawing& drawing : drawings) {
+        const QRectF box = drawing.bounds();
+        whole.add(drawing, below ? QPointF(0, edge - box.top()) : QPointF(edge - box.left(), 0));
+        edge += kBetweenDrawings + (below ? box.height() : box.width());
+    }
+    return whole;
+}
+
+/// Lays one topology out, from left to right; a ladder in so many rows.
 class Layout {
   public:
-    Layout(const Circuit& circuit, const CircuitEnds& ends) : circuit_(circuit), ends_(ends) {}
+    Layout(const Circuit& circuit, const CircuitEnds& ends, int rows, double height)
+        : circuit_(circuit), ends_(ends), rows_(rows), height_(height) {}
 
     CircuitDrawing drawing() {
         switch (circuit_.topology) {
@@ -56,12 +78,17 @@ class Layout {
             case Topology::None:
                 break;
         }
+        if (!circuit_.caption.empty()) {
+            const QRectF box = drawing_.bounds();
+            drawing_.label({box.center().x(), box.top()}, Side::Above,
+                           QString::fromStdString(std::string(circuit_.caption)));
+        }
         return std::move(drawing_);
     }
 
   private:
     QPointF top(double x) const { return {x, 0}; }
-    QPointF bottom(double x) const { return {x, kHeight}; }
+    QPointF bottom(double x) const { return {x, height_}; }
 
     void symbol(ElementKind kind, QPointF from, QPointF to) {
         switch (kind) {
@@ -97,15 +124,20 @@ class Layout {
     }
 
     void load() {
-        drawing_.wire(top(x_), top(x_ + 26));
-        drawing_.wire(bottom(x_), bottom(x_ + 26));
-        x_ += 26;
+        wires(kRowEnd);
         drawing_.resistor(top(x_), bottom(x_));
         drawing_.label((top(x_) + bottom(x_)) / 2, Side::Right, "R2", ReadableValue(ends_.R2, "Ω"));
     }
 
-    void series(const Element& part) {
-        const double width = part.kind == ElementKind::Line ? kLineWidth : kSeriesWidth;
+    /// Both rails to the right.
+    void wires(double width) {
+        drawing_.wire(top(x_), top(x_ + width));
+        drawing_.wire(bottom(x_), bottom(x_ + width));
+        x_ += width;
+    }
+
+    void series(const Element& part, double width = kSeriesWidth) {
+        if (part.kind == ElementKind::Line) width = kLineWidth;
         element(part, top(x_), top(x_ + width), Side::Above);
         drawing_.wire(bottom(x_), bottom(x_ + width));
         if (part.kind == ElementKind::Line) {
@@ -114,23 +146,91 @@ class Layout {
         x_ += width;
     }
 
-    void shunt(const Element& part) {
+    /// An element across; its label is beside it.
+    void across(const Element& part, Side side) {
         drawing_.node(top(x_));
         drawing_.node(bottom(x_));
-        element(part, top(x_), bottom(x_), Side::Right);
-        drawing_.wire(top(x_), top(x_ + kShuntWidth));
-        drawing_.wire(bottom(x_), bottom(x_ + kShuntWidth));
-        x_ += kShuntWidth;
+        element(part, top(x_), bottom(x_), side);
     }
 
-    void ladderPart(const Element& part) {
-        part.place == Place::Series ? series(part) : shunt(part);
+    void shunt(const Element& part, double width = kShuntWidth) {
+        across(part, Side::Right);
+        wires(width);
+    }
+
+    /// One element, or the two of a resonator.
+    using Group = std::span<const Element>;
+
+    static bool isResonator(const Group& group) { return group.size() == 2; }
+
+    std::vector<Group> groups() const {
+        std::vector<Group> groups;
+        const Group all(circuit_.elements);
+        for (std::size_t i = 0; i < all.size(); i += groups.back().size()) {
+            const bool two = i + 1 < all.size() && all[i].place == Place::Shunt &&
+                             all[i + 1].place == Place::Shunt;
+            groups.push_back(all.subspan(i, two ? 2 : 1));
+        }
+        return groups;
+    }
+
+    /// `before` and `behind`: the neighbours in the same row, empty at its ends.
+    void ladderGroup(const Group& before, const Group& group, const Group& behind) {
+        const bool label = behind.empty() || behind[0].place == Place::Shunt;
+        const double width = label ? kShuntWidth : kShuntToSeries;
+        if (isResonator(group)) {
+            across(group[0], Side::Left);
+            wires(kResonatorWidth);
+            across(group[1], Side::Right);
+            if (label) wires(kShuntWidth);
+        } else if (group[0].place == Place::Series) {
+            const bool wide = isResonator(before) && isResonator(behind);
+            series(group[0], wide ? kBetweenResonators : kSeriesWidth);
+        } else {
+            shunt(group[0], width);
+        }
+    }
+
+    /// Where a row breaks off and where the next one goes on: the same letter.
+    void rowEnd(int row) {
+        wires(kRowEnd);
+        breakMark(row, 1);
+    }
+
+    void rowStart(int row) {
+        x_ = 0;
+        breakMark(row - 1, -1);
+        drawing_.ground(bottom(kSourceWidth / 2));
+        wires(kSourceWidth);
+    }
+
+    void breakMark(int row, int direction) {
+        const QPointF outside(3.5 * direction, 0);
+        drawing_.terminal(top(x_) + outside);
+        drawing_.terminal(bottom(x_) + outside);
+        drawing_.label(top(x_), direction > 0 ? Side::Right : Side::Left, QChar('a' + row));
     }
 
     void ladder() {
+        const std::vector<Group> all = groups();
+        const auto rows = static_cast<std::size_t>(rows_);
+        const std::size_t perRow = (all.size() + rows - 1) / rows;
+        std::vector<CircuitDrawing> drawn;
         source();
-        for (const Element& part : circuit_.elements) ladderPart(part);
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            const bool first = i % perRow == 0;
+            const bool last = i % perRow == perRow - 1;
+            const int row = static_cast<int>(i / perRow);
+            if (first && i > 0) rowStart(row);
+            ladderGroup(first ? Group() : all[i - 1], all[i],
+                        last || i + 1 == all.size() ? Group() : all[i + 1]);
+            if (!last || i + 1 == all.size()) continue;
+            rowEnd(row);
+            drawn.push_back(std::exchange(drawing_, {}));
+        }
         load();
+        drawn.push_back(std::move(drawing_));
+        drawing_ = Arranged(drawn, true);
     }
 
     /// C1 and L1 on the source side, L2 and C2 on the load side; the windings face each other.
@@ -151,7 +251,7 @@ class Layout {
         drawing_.label((top(right) + bottom(right)) / 2, Side::Right, NameOf(parts[2]),
                        ValueOf(parts[2]));
         drawing_.wire(bottom(left), bottom(right));
-        for (const double x : {left + 9, right - 9}) drawing_.node({x, kHeight / 2 - 28});
+        for (const double x : {left + 9, right - 9}) drawing_.node({x, height_ / 2 - 28});
         drawing_.label(QPointF((left + right) / 2, 4), Side::Above,
                        "k=" + QString::fromStdString(FormatFixed(0, 3, circuit_.coupling)));
         x_ = right;
@@ -164,14 +264,13 @@ class Layout {
 
     /// One branch of the balun, from the common input to its output; direction -1 draws upwards.
     void balunBranch(int branch, double input, double direction) {
-        const double y = direction * kHeight;
+        const double y = direction * height_;
         double x = input;
         drawing_.wire({x, 0}, {x, y});
         for (const Element& part : circuit_.elements) {
             if (part.branch != branch) continue;
             if (part.place == Place::Series) {
-                element(part, {x, y}, {x + kSeriesWidth, y},
-                        direction < 0 ? Side::Above : Side::Below);
+                element(part, {x, y}, {x + kSeriesWidth, y}, Side::Above);
                 x += kSeriesWidth;
                 continue;
             }
@@ -190,8 +289,8 @@ class Layout {
 
     void balun() {
         constexpr double input = kSourceWidth + 20;
-        drawing_.source({0, 0}, {0, kHeight});
-        drawing_.ground({0, kHeight});
+        drawing_.source({0, 0}, {0, height_});
+        drawing_.ground({0, height_});
         drawing_.resistor({0, 0}, {kSourceWidth, 0});
         drawing_.label({kSourceWidth / 2, 0}, Side::Above, "R1", ReadableValue(ends_.R1, "Ω"));
         drawing_.wire({kSourceWidth, 0}, {input, 0});
@@ -208,7 +307,7 @@ class Layout {
         drawing_.ground(bottom(0));
         for (const Element& part : circuit_.elements) {
             if (part.kind == ElementKind::Choke) {
-                const QPointF supply(x_, -kHeight);
+                const QPointF supply(x_, -height_);
                 drawing_.terminal(supply - QPointF(0, 3.5));
                 drawing_.label(supply, Side::Right, "Ub");
                 element(part, supply, top(x_), Side::Right);
@@ -220,15 +319,17 @@ class Layout {
                 x_ += 74;
             } else if (&part == &circuit_.elements.back()) {
                 element(part, top(x_), bottom(x_), Side::Right);
+            } else if (part.place == Place::Shunt) {
+                shunt(part, kShuntToSeries);
             } else {
-                ladderPart(part);
+                series(part);
             }
         }
     }
 
     /// The string lies: Vref on the left, ground on the right, taps below.
     void divider() {
-        constexpr double width = 92;
+        constexpr double width = 78;
         constexpr const char* taps[] = {"Vhi2", "Vhi1", "Vmid2", "Vmid1", "Vlow2", "Vlow1"};
         double x = 0;
         std::size_t tap = 0;
@@ -261,38 +362,64 @@ class Layout {
     /// Two terminals on the left; every branch from rail to rail.
     void onePort() {
         double x = 96;
+        const double y2 = 2 * height_;
         drawing_.terminal({-3.5, 0});
-        drawing_.terminal({-3.5, 2 * kHeight});
+        drawing_.terminal({-3.5, y2});
         const int branches = 1 + std::ranges::max(circuit_.elements, {}, &Element::branch).branch;
         for (int branch = 0; branch < branches; ++branch) {
             std::vector<Element> parts;
             std::ranges::copy_if(circuit_.elements, std::back_inserter(parts),
                                  [&](const Element& part) { return part.branch == branch; });
-            const double step = 2 * kHeight / static_cast<double>(parts.size());
+            const double step = y2 / static_cast<double>(parts.size());
             for (std::size_t i = 0; i < parts.size(); ++i) {
                 const double y = step * static_cast<double>(i);
                 element(parts[i], {x, y}, {x, y + step}, Side::Right);
             }
             const double before = branch == 0 ? 0 : x - 130;
-            drawing_.wire({before, 0}, {x, 0});
-            drawing_.wire({before, 2 * kHeight}, {x, 2 * kHeight});
+            for (const double y : {0.0, y2}) {
+                drawing_.wire({before, y}, {x, y});
+                if (branch > 0) drawing_.node({before, y});
+            }
             x += 130;
         }
     }
 
     const Circuit& circuit_;
     const CircuitEnds ends_;
+    const int rows_;
+    const double height_;
     CircuitDrawing drawing_;
     double x_ = 0;
     double grounded_ = 0;
 };
 
+/// The networks beside or below each other, in one row or several: whatever comes out largest.
+CircuitDrawing LargestDrawing(std::span<const Circuit> circuits, const CircuitEnds& ends,
+                              const QSizeF& area) {
+    CircuitDrawing largest;
+    double scale = 0;
+    for (int rows = 1; rows <= kMostRows; ++rows) {
+        for (const bool below : {false, true}) {
+            const double height = below || rows > 1 ? kCompactHeight : kHeight;
+            std::vector<CircuitDrawing> drawings;
+            for (const Circuit& circuit : circuits)
+                if (!circuit.elements.empty())
+                    drawings.push_back(Layout(circuit, ends, rows, height).drawing());
+            CircuitDrawing arranged = Arranged(drawings, below);
+            if (arranged.bounds().isEmpty() || arranged.scaleIn(area) <= scale) continue;
+            scale = arranged.scaleIn(area);
+            largest = std::move(arranged);
+        }
+    }
+    return largest;
+}
+
 }  // namespace
 
-void PaintCircuit(QPainter& painter, const QRectF& area, const Circuit& circuit,
-                  const CircuitEnds& ends, const CircuitColours& colours) {
-    if (circuit.elements.empty()) return;
-    Layout(circuit, ends).drawing().paint(painter, area, colours.wire, colours.name, colours.value);
+void PaintCircuits(QPainter& painter, const QRectF& area, std::span<const Circuit> circuits,
+                   const CircuitEnds& ends, const CircuitColours& colours) {
+    LargestDrawing(circuits, ends, area.size())
+        .paint(painter, area, colours.wire, colours.name, colours.value);
 }
 
 QString ReadableValue(double value, std::string_view unit) {

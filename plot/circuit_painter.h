@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QRectF>
 #include <QString>
+#include <span>
 
 #include "design/circuit.h"
 
@@ -22,10 +23,11 @@ struct CircuitEnds {
     double R2 = 0;
 };
 
-/// Draws the circuit as vector graphics, as large as fits into the area, centred: source with R1,
-/// the elements with name and present value, load R2, ground.
-void PaintCircuit(QPainter& painter, const QRectF& area, const Circuit& circuit,
-                  const CircuitEnds& ends, const CircuitColours& colours = {});
+/// Draws the networks of a page as vector graphics, as large as fits into the area, centred: source
+/// with R1, the elements with name and present value, load R2, ground. A long ladder goes on in
+/// further rows.
+void PaintCircuits(QPainter& painter, const QRectF& area, std::span<const Circuit> circuits,
+                   const CircuitEnds& ends, const CircuitColours& colours = {});
 
 /// A value with prefix and unit as people write it: "15.92 µH", "4.70 kΩ".
 QString ReadableValue(double value, std::string_view unit);

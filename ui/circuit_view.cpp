@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPalette>
+#include <utility>
 
 namespace kelvro {
 
@@ -11,8 +12,8 @@ CircuitView::CircuitView(QWidget* parent) : QWidget(parent) {
     setAutoFillBackground(true);
 }
 
-void CircuitView::show(const Circuit& circuit, const CircuitEnds& ends) {
-    circuit_ = circuit;
+void CircuitView::show(std::vector<Circuit> circuits, const CircuitEnds& ends) {
+    circuits_ = std::move(circuits);
     ends_ = ends;
     update();
 }
@@ -23,7 +24,7 @@ void CircuitView::paintEvent(QPaintEvent*) {
     const bool dark = palette().color(QPalette::Base).lightness() < 128;
     const CircuitColours colours{ink, ink,
                                  dark ? QColor(0x8A, 0xC4, 0xFF) : QColor(0x00, 0x50, 0xA0)};
-    PaintCircuit(painter, QRectF(rect()).adjusted(6, 6, -6, -6), circuit_, ends_, colours);
+    PaintCircuits(painter, QRectF(rect()).adjusted(6, 6, -6, -6), circuits_, ends_, colours);
 }
 
 }  // namespace kelvro

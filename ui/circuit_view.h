@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <vector>
 
 #include "design/circuit.h"
 #include "plot/circuit_painter.h"
@@ -12,7 +13,7 @@ class CircuitView : public QWidget {
   public:
     explicit CircuitView(QWidget* parent = nullptr);
 
-    void show(const Circuit& circuit, const CircuitEnds& ends);
+    void show(std::vector<Circuit> circuits, const CircuitEnds& ends);
     using QWidget::show;
 
     QSize sizeHint() const override { return {560, 220}; }
@@ -22,7 +23,7 @@ class CircuitView : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    Circuit circuit_;
+    std::vector<Circuit> circuits_;
     CircuitEnds ends_;
 };
 

@@ -34,6 +34,8 @@ constexpr int kPictureWidth = 520;
 /// columns of a page stay in step.
 constexpr int kLineHeight = 26;
 
+constexpr int kTableLine = 21;
+
 /// "k5Eingabe" has the spin button "SpinButtonk5".
 QString SpinName(QString edit) {
     return QStringLiteral("SpinButton") + edit.remove(QStringLiteral("Eingabe"));
@@ -83,17 +85,15 @@ PagePanel::PagePanel(const Page& page, DesignSession& session, QWidget* parent)
     grid->setContentsMargins(12, 8, 12, 8);
     grid->setHorizontalSpacing(16);
     grid->setVerticalSpacing(6);
-    enum Row { kNotes, kFields, kBelow, kFormula };
+    enum Row { kNotes, kFields, kTable, kFormula };
     grid->addLayout(buildNotes(), kNotes, 0, 1, 2);
     grid->addWidget(buildFields(), kFields, 0);
-    // A page with an element table has a long circuit: the picture lies below the fields then.
     QWidget* table = buildTable();
-    if (table) grid->addWidget(table, kFields, 1, 2, 1);
-    const int row = table ? kBelow : kFields;
-    if (QWidget* picture = buildPicture()) grid->addWidget(picture, row, table ? 0 : 1);
+    if (table) grid->addWidget(table, kTable, 0);
+    if (QWidget* picture = buildPicture()) grid->addWidget(picture, kFields, 1, table ? 2 : 1, 1);
     if (QLabel* formula = buildTransferText()) grid->addWidget(formula, kFormula, 0, 1, 2);
-    grid->setColumnStretch(table ? 0 : 1, 1);
-    grid->setRowStretch(row, 1);
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(table ? kTable : kFields, 1);
     refresh();
 }
 
@@ -248,10 +248,10 @@ QWidget* PagePanel::buildTable() {
     table_->setObjectName(ToQString(page_.table));
     table_->setHorizontalHeaderLabels({tr("Element"), tr("Value")});
     table_->verticalHeader()->hide();
-    table_->verticalHeader()->setDefaultSectionSize(kLineHeight - 2);
+    table_->verticalHeader()->setDefaultSectionSize(kTableLine);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     connect(table_, &QTableWidget::cellDoubleClicked, this, &PagePanel::roundRowToSeries);
-    table_->setFixedWidth(2 * FieldWidth(*table_));
+    table_->setMinimumHeight(6 * kTableLine);
     table_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     return table_;
 }
@@ -364,12 +364,13 @@ void PagePanel::refresh() {
 
 void PagePanel::showPicture() {
     const DesignState& state = session_.state();
-    Circuit circuit = page_.builtCircuit(state);
+    std::vector<Circuit> circuits = page_.builtCircuits(state);
     // The slots of a refused design hold another page's values.
-    for (Element& element : circuit.elements)
-        if (refused_ && element.slot != Slot::None)
-            element.value = std::numeric_limits<double>::quiet_NaN();
-    picture_->show(circuit, {state.R1, state.R2});
+    for (Circuit& circuit : circuits)
+        for (Element& element : circuit.elements)
+            if (refused_ && element.slot != Slot::None)
+                element.value = std::numeric_limits<double>::quiet_NaN();
+    picture_->show(std::move(circuits), {state.R1, state.R2});
 }
 
 void PagePanel::showCaptions() {

@@ -130,18 +130,20 @@ Transfer PadTransfer(const DesignState& s) {
 
 Circuit PadT(const DesignState& s) {
     using enum ElementKind;
-    return {Topology::Ladder,
-            {Part(Resistor, Place::Series, "Ra", s, kSourceT, "RaT8Ausgabe"),
-             Part(Resistor, Place::Shunt, "Rp", s, kShuntT, "RpT8Ausgabe"),
-             Part(Resistor, Place::Series, "Rb", s, kLoadT, "RbT8Ausgabe")}};
+    return {.topology = Topology::Ladder,
+            .elements = {Part(Resistor, Place::Series, "Ra", s, kSourceT, "RaT8Ausgabe"),
+                         Part(Resistor, Place::Shunt, "Rp", s, kShuntT, "RpT8Ausgabe"),
+                         Part(Resistor, Place::Series, "Rb", s, kLoadT, "RbT8Ausgabe")},
+            .caption = "T"};
 }
 
 Circuit PadPi(const DesignState& s) {
     using enum ElementKind;
-    return {Topology::Ladder,
-            {Part(Resistor, Place::Shunt, "Ra", s, kSourcePi, "RaPi8Ausgabe"),
-             Part(Resistor, Place::Series, "Rs", s, kSeriesPi, "RsPi8Ausgabe"),
-             Part(Resistor, Place::Shunt, "Rb", s, kLoadPi, "RbPi8Ausgabe")}};
+    return {.topology = Topology::Ladder,
+            .elements = {Part(Resistor, Place::Shunt, "Ra", s, kSourcePi, "RaPi8Ausgabe"),
+                         Part(Resistor, Place::Series, "Rs", s, kSeriesPi, "RsPi8Ausgabe"),
+                         Part(Resistor, Place::Shunt, "Rb", s, kLoadPi, "RbPi8Ausgabe")},
+            .caption = "Pi"};
 }
 
 std::vector<OutputField> PadOutputs() {

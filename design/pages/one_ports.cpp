@@ -44,19 +44,21 @@ void DesignEffective(DesignPass& pass) {
 /// The coil: L and R in series, its own capacitance across them.
 Circuit CoilCircuit(const DesignState& s) {
     using enum ElementKind;
-    return {Topology::OnePort,
-            {Given(Resistor, Place::Series, "R", s.R, "R11Eingabe", 0),
-             Given(Inductor, Place::Series, "L", s.L, "L11Eingabe", 0),
-             Given(Capacitor, Place::Shunt, "C", s.C, "C11Eingabe", 1)}};
+    return {.topology = Topology::OnePort,
+            .elements = {Given(Resistor, Place::Series, "R", s.R, "R11Eingabe", 0),
+                         Given(Inductor, Place::Series, "L", s.L, "L11Eingabe", 0),
+                         Given(Capacitor, Place::Shunt, "C", s.C, "C11Eingabe", 1)},
+            .caption = "Coil"};
 }
 
 /// The capacitor: its leads' inductance and its loss in series.
 Circuit CapacitorCircuit(const DesignState& s) {
     using enum ElementKind;
-    return {Topology::OnePort,
-            {Given(Resistor, Place::Series, "R", s.R, "R11Eingabe", 0),
-             Given(Inductor, Place::Series, "L", s.L, "L11Eingabe", 0),
-             Given(Capacitor, Place::Series, "C", s.C, "C11Eingabe", 0)}};
+    return {.topology = Topology::OnePort,
+            .elements = {Given(Resistor, Place::Series, "R", s.R, "R11Eingabe", 0),
+                         Given(Inductor, Place::Series, "L", s.L, "L11Eingabe", 0),
+                         Given(Capacitor, Place::Series, "C", s.C, "C11Eingabe", 0)},
+            .caption = "Capacitor"};
 }
 
 // ---------------------------------------------------------------- combined tank

@@ -31,8 +31,8 @@ QImage CircuitPicture(int page, double ratio) {
     const DesignState state = ExampleOf(page);
     QPainter painter(&image);
     painter.scale(ratio, ratio);
-    PaintCircuit(painter, QRectF(QPointF(0, 0), size).adjusted(8, 8, -8, -8),
-                 PageOf(page).builtCircuit(state), {state.R1, state.R2});
+    PaintCircuits(painter, QRectF(QPointF(0, 0), size).adjusted(8, 8, -8, -8),
+                  PageOf(page).builtCircuits(state), {state.R1, state.R2});
     return image;
 }
 

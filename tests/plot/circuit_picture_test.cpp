@@ -1,0 +1,170 @@
+#include <QBuffer>
+#include <QFontMetricsF>
+#include <QSvgGenerator>
+#include <QTest>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "analysis/response.h"
+#include "design/pages.h"
+#include "plot/circuit_painter.h"
+
+using namespace kelvro;
+
+namespace {
+
+constexpr QSize kArea(790, 280);  // of the picture on a page
+
+struct Label {
+    QString text;
+    QRectF box;  ///< before the scaling that all labels share
+};
+
+/// What a page's pictures have written, and where.
+struct Picture {
+    std::vector<Label> labels;
+    double scale = 0;
+
+    int count(const QString& text) const {
+        return static_cast<int>(std::ranges::count(labels, text, &Label::text));
+    }
+};
+
+Label LabelAt(const QXmlStreamAttributes& attributes, const QString& text) {
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(attributes.value(QLatin1String("font-size")).toInt());
+    font.setBold(attributes.value(QLatin1String("font-weight")).toInt() > 400);
+    const QFontMetricsF metrics(font);
+    const QPointF base(attributes.value(QLatin1String("x")).toDouble(),
+                       attributes.value(QLatin1String("y")).toDouble());
+    return {text,
+            {base - QPointF(0, metrics.capHeight()),
+             QSizeF(metrics.horizontalAdvance(text), metrics.capHeight())}};
+}
+
+/// A text whose letters are of two alphabets comes in two pieces.
+void Add(std::vector<Label>& labels, Label label) {
+    if (!labels.empty()) {
+        Label& last = labels.back();
+        const double gap = label.box.left() - last.box.right();
+        if (label.box.top() == last.box.top() && gap > -1 && gap < 2) {
+            last.text += label.text;
+            last.box |= label.box;
+            return;
+        }
+    }
+    labels.push_back(std::move(label));
+}
+
+Picture Painted(std::span<const Circuit> circuits, const DesignState& state) {
+    QBuffer svg;
+    QSvgGenerator generator;
+    generator.setOutputDevice(&svg);
+    generator.setSize(kArea);
+    generator.setViewBox(QRect(QPoint(0, 0), kArea));
+    QPainter painter(&generator);
+    PaintCircuits(painter, QRectF(QPointF(0, 0), kArea), circuits, {state.R1, state.R2});
+    painter.end();
+    Picture picture;
+    QXmlStreamReader reader(svg.data());
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (!reader.isStartElement()) continue;
+        const QXmlStreamAttributes attributes = reader.attributes();
+        const QString transform = attributes.value(QLatin1String("transform")).toString();
+        if (transform.startsWith(QLatin1String("matrix(")))
+            picture.scale = transform.mid(7).section(',', 0, 0).toDouble();
+        if (reader.name() == QLatin1String("text"))
+            Add(picture.labels, LabelAt(attributes, reader.readElementText().trimmed()));
+    }
+    return picture;
+}
+
+/// The page designed from resistances in the order that it asks for.
+DesignState Designed(int page, bool swapped) {
+    DesignState state;
+    EnterPage(state, page);
+    state.Q = 10;
+    state.LCSwapped = swapped;
+    ResponseServices services;
+    if (Calculate(state, true, services).message) {
+        std::swap(state.R1, state.R2);
+        Calculate(state, true, services);
+    }
+    return state;
+}
+
+}  // namespace
+
+class CircuitPictureTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void everyElementStandsInThePictureReadableAndApart_data() {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<bool>("swapped");
+        QTest::addColumn<int>("resonators");
+        QTest::addColumn<bool>("eight");
+        for (const Page& page : Pages()) {
+            if (!page.circuit) continue;
+            const std::string name(page.caption);
+            QTest::addRow("%s", name.c_str()) << page.number << false << 3 << false;
+            if (page.mirrored)
+                QTest::addRow("%s swapped", name.c_str()) << page.number << true << 3 << false;
+        }
+        QTest::addRow("eight elements") << 16 << false << 3 << true;
+        for (const int resonators : {1, 2, 5, 8})
+            QTest::addRow("%d resonators", resonators) << 17 << false << resonators << false;
+    }
+
+    void everyElementStandsInThePictureReadableAndApart() {
+        QFETCH(int, page);
+        QFETCH(bool, swapped);
+        QFETCH(int, resonators);
+        QFETCH(bool, eight);
+        DesignState state = Designed(page, swapped);
+        state.NBP = resonators;
+        state.eightElements = eight;
+        ResponseServices services;
+        QVERIFY(!Calculate(state, true, services).message);
+        const auto circuits = PageOf(page).builtCircuits(state);
+        const Picture picture = Painted(circuits, state);
+        for (const Circuit& circuit : circuits) {
+            for (const Element& element : circuit.elements) {
+                const QString name = QString::fromStdString(element.name);
+                QVERIFY2(picture.count(name) > 0, qPrintable(name));
+                const QString value = ReadableValue(element.value, element.unit());
+                QVERIFY2(value.isEmpty() || picture.count(value) > 0, qPrintable(value));
+            }
+        }
+        for (const Label& one : picture.labels)
+            for (const Label& other : picture.labels)
+                QVERIFY2(&one == &other || !one.box.intersects(other.box),
+                         qPrintable(one.text + " over " + other.text));
+        QVERIFY2(picture.scale > 0.69, qPrintable(QString::number(picture.scale)));
+    }
+
+    void bothNetworksOfAPageAreDrawn() {
+        const DesignState state = Designed(8, false);
+        const Picture picture = Painted(PageOf(8).builtCircuits(state), state);
+        QCOMPARE(picture.count("T"), 1);
+        QCOMPARE(picture.count("Pi"), 1);
+        QCOMPARE(picture.count("Ra"), 2);  // the same names, other values
+        QCOMPARE(picture.count("R2"), 2);
+    }
+
+    void aRefusedDesignHasNamesAndNoValues() {
+        DesignState state = Designed(3, false);
+        auto circuits = PageOf(3).builtCircuits(state);
+        for (Element& element : circuits[0].elements) element.value = std::nan("");
+        const Picture picture = Painted(circuits, state);
+        QCOMPARE(picture.count("C1"), 1);
+        QCOMPARE(static_cast<int>(picture.labels.size()), 3 + 2 + 2);  // R1 and R2 keep theirs
+    }
+};
+
+QTEST_MAIN(CircuitPictureTest)
+#include "circuit_picture_test.moc"
