@@ -1,5 +1,6 @@
 #include "io/circuit_two_port.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -30,7 +31,11 @@ Matrix2 Across(Cx Y) {
 
 ElementLosses ElementLosses::Of(const DesignState& state) {
     const Page& page = PageOf(state);
-    if (!page.qPanel) return {};
+    const Circuit circuit = page.builtCircuit(state);
+    const bool lossy = std::ranges::any_of(circuit.elements, [](const Element& element) {
+        return element.kind != ElementKind::Resistor && element.kind != ElementKind::Switch;
+    });
+    if (!lossy || circuit.topology == Topology::OnePort) return {};
     return {(1 / state.QBC + 1 / state.QB) / 2, page.showsDuals(state)};
 }
 

@@ -13,7 +13,9 @@ struct ElementLosses {
     double tangent = 0;     ///< 1/Q of every part; 0: lossless
     bool mirrored = false;  ///< the network is built interchanged, and so are its losses
 
-    /// The losses of the design's page: the combined element Q where the page asks for element Qs.
+    /// The losses of the design's parts: the combined element Q, also where the page itself
+    /// computes with ideal parts. None in networks of resistors and in models that bring their own
+    /// loss.
     static ElementLosses Of(const DesignState& state);
 
     /// Impedance of an inductor or a capacitor at f, ohm. Series loss in inductors and parallel

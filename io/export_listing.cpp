@@ -73,9 +73,12 @@ std::string ListingOf(const ExportDesign& design, const ExportRange&) {
                        std::string(page.caption) + '\n';
     if (page.showsDuals(design.state)) text += "Inductors and capacitors interchanged\n";
     text += Section("Inputs", InputRows(design.state));
-    text += Section(page.alternative ? "Components" : "Components, from source to load",
-                    elements(design.designed));
-    text += Section("Components of the other form", elements(design.alternative));
+    const auto components = [](const Circuit& circuit) {
+        return "Components, " +
+               std::string(circuit.caption.empty() ? "from source to load" : circuit.caption);
+    };
+    text += Section(components(design.designed), elements(design.designed));
+    text += Section(components(design.alternative), elements(design.alternative));
     const auto title = design.standardValues ? "Outputs with standard values" : "Outputs";
     return text + Section(title, OutputRows(design.cycle, page));
 }

@@ -214,14 +214,16 @@ void WriteSweep(SpiceDeck& deck, const ExportDesign& design, const ExportRange& 
     deck.line(".meas ac gt_db PARAM='v_db-(" + FormatShortest(20 * std::log10(match)) + ")'");
 }
 
+void WriteLossComment(SpiceDeck& deck, const ElementLosses& losses) {
+    if (losses.tangent == 0) return;
+    deck.comment("Q of inductors and capacitors at fo: " + FormatFixed(0, 1, 1 / losses.tangent));
+}
+
 std::string SweptNetlist(const ExportDesign& design, const ExportRange& range) {
     const DesignState& s = design.state;
     SpiceDeck deck(design);
     const ElementLosses losses = ElementLosses::Of(s);
-    if (losses.tangent > 0) {
-        deck.comment("Q of inductors and capacitors at fo: " +
-                     FormatFixed(0, 1, 1 / losses.tangent));
-    }
+    WriteLossComment(deck, losses);
     deck.comment("Source of 2 V, so that the voltage at the load is v=V2/V1");
     deck.line("VS source 0 DC 0 AC 2");
     deck.part("RS", "source", "in", s.R1);
@@ -233,20 +235,35 @@ std::string SweptNetlist(const ExportDesign& design, const ExportRange& range) {
     return deck.text();
 }
 
-/// Switching transient of a class-E stage, measured when it has settled.
+const Element& PartOf(const ExportDesign& design, std::string_view name) {
+    return *std::ranges::find(design.circuit.elements, name, &Element::name);
+}
+
+/// A part with its loss at fo in series, which passes no direct current where the part passes none.
+void WriteLossy(SpiceDeck& deck, const ExportDesign& design, const std::string& name,
+                const std::string& from, const std::string& to) {
+    const ElementLosses losses = ElementLosses::Of(design.state);
+    const Element& element = PartOf(design, name);
+    if (losses.tangent == 0) return deck.part(name, from, to, element.value);
+    const std::string inner = "loss" + name;
+    deck.part(name, from, inner, element.value);
+    const double X = std::abs(losses.impedance(element, design.state.fo));
+    deck.part("R" + name, inner, to, X * losses.tangent);
+}
+
+/// Switching transient of a class-E stage, measured when it has settled. The choke has no
+/// loss: what it has at fo is nothing to the direct current that it carries.
 std::string ClassENetlist(const ExportDesign& design) {
     constexpr int settling = 200;  // periods; the choke with the load takes about 25
     constexpr int measured = 20;
     const DesignState& s = design.state;
     const double T = 1 / s.fo;
     SpiceDeck deck(design);
-    const auto value = [&](std::string_view name) {
-        return std::ranges::find(design.circuit.elements, name, &Element::name)->value;
-    };
-    const double R = value("R");
+    const double R = PartOf(design, "R").value;
+    WriteLossComment(deck, ElementLosses::Of(s));
     deck.comment("The switch is driven for half of each period");
     deck.line("VDD supply 0 DC " + FormatShortest(s.Ub));
-    deck.line("Lc supply drain " + FormatShortest(value("Lc")) +
+    deck.line("Lc supply drain " + FormatShortest(PartOf(design, "Lc").value) +
               " IC=" + FormatShortest(s.P / (s.Ub - s.Usat)));
     deck.line("VGATE gate 0 PULSE(0 1 0 " + FormatShortest(T / 1000) + ' ' +
               FormatShortest(T / 1000) + ' ' + FormatShortest(T / 2 - T / 1000) + ' ' +
@@ -255,9 +272,9 @@ std::string ClassENetlist(const ExportDesign& design) {
     deck.line(".model SWITCH SW(RON=" + FormatShortest(R / 1000) +
               " ROFF=" + FormatShortest(R * 1e6) + " VT=0.5 VH=0)");
     deck.line("VSAT sat 0 DC " + FormatShortest(s.Usat));
-    deck.part("C1", "drain", "0", value("C1"));
-    deck.part("C2", "drain", "n1", value("C2"));
-    deck.part("L2", "n1", "out", value("L2"));
+    WriteLossy(deck, design, "C1", "drain", "0");
+    WriteLossy(deck, design, "C2", "drain", "n1");
+    WriteLossy(deck, design, "L2", "n1", "out");
     deck.part("RLOAD", "out", "0", R);
     const std::string window = " FROM=" + FormatShortest((settling - measured) * T) +
                                " TO=" + FormatShortest(settling * T);

@@ -69,7 +69,7 @@ TEST(BalunNetlist, HasOppositeOutputs) {
 
 /// The tank across the line between the resistances, X from its page.
 TEST(CombinedTankNetlist, ShowsTheTanksReactanceAcrossTheLine) {
-    DesignState state = DesignedState({"tank", 12, 50, 50}, 100);
+    DesignState state = DesignedState({"tank", 12, 50, 50}, 1e9);
     state.fo = 12e6;
     const ExportDesign design = Exported(state);
     const double X = -237.52;
@@ -78,6 +78,19 @@ TEST(CombinedTankNetlist, ShowsTheTanksReactanceAcrossTheLine) {
     const auto output = Ngspice(SpiceNetlist(design, ExportRange::Around(state.fo))).output();
     ASSERT_TRUE(output);
     EXPECT_NEAR(Ngspice::number(*output, "v_db").value_or(NAN), Decibels(expected), 1e-3);
+}
+
+/// At its short the tank's branch is what its losses leave: 100 ohm of Ls and of Cs over their Q.
+TEST(CombinedTankNetlist, IsAsDeepATrapAsItsLossesAllow) {
+    DesignState state = DesignedState({"tank", 12, 50, 50}, 100);
+    state.fo = 1 / (kTwoPi * std::sqrt(1e-6 * 100e-12));
+    const std::complex<double> Lp(1, 100);
+    const std::complex<double> Y = 1.0 / 2.0 + 1.0 / Lp;
+    const double expected = 2 * std::abs(1.0 / 50 / (2.0 / 50 + Y));
+    const auto output =
+        Ngspice(SpiceNetlist(Exported(state), ExportRange::Around(state.fo))).output();
+    ASSERT_TRUE(output);
+    EXPECT_NEAR(Ngspice::number(*output, "v_db").value_or(NAN), Decibels(expected), 1e-2);
 }
 
 /// Lc of 20 nH and 2 ohm with 1 pF across, as seen by the line.
@@ -113,6 +126,7 @@ TEST_P(ClassENetlists, DeliverThePowerTheyWereDesignedFor) {
     state.Usat = Usat;
     state.fo = fo;
     state.Q = Q;
+    state.QB = state.QBC = 1e4;
     ResponseServices services;
     ASSERT_FALSE(Calculate(state, true, services).message);
     const auto output = Ngspice(SpiceNetlist(Exported(state), ExportRange::Around(fo))).output();
@@ -130,6 +144,23 @@ INSTANTIATE_TEST_SUITE_P(Stages, ClassENetlists,
                          testing::Values(ClassEStage{1, 12, 0.5, 100e6, 5},
                                          ClassEStage{10, 12, 0, 10e6, 5},
                                          ClassEStage{50, 28, 2, 1e6, 3}));
+
+/// The sine's current goes through L2 and C2, whose losses stand in series with R. For a Q of 5
+/// they have 5 and 3.74 times R as reactance (C2 = 6.2412 pF at 100 MHz is 255 ohm, R 68.26 ohm);
+/// C1 carries less.
+TEST(ClassENetlist, LosesInItsPartsWhatTheirQTells) {
+    DesignState state;
+    state.page = 15;
+    state.Q = 5;
+    state.QB = state.QBC = 100;
+    ResponseServices services;
+    ASSERT_FALSE(Calculate(state, true, services).message);
+    const auto output = Ngspice(SpiceNetlist(Exported(state), ExportRange::Around(1e8))).output();
+    ASSERT_TRUE(output);
+    const double ideal = 100 * (1 - 0.5 / 12);
+    EXPECT_NEAR(Ngspice::number(*output, "efficiency").value_or(NAN),
+                ideal / (1 + (5 + 3.74) / 100), 1.5);
+}
 
 TEST(DividerNetlist, HasTheWantedTapVoltages) {
     const ExportDesign design = Exported(DesignedState({"divider", 19}, 100));

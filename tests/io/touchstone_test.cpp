@@ -96,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(Pages, TouchstoneFiles, testing::ValuesIn(kTwoPorts));
 
 /// Shunt admittance Y: S11 = -Y·Z0/(2 + Y·Z0).
 TEST(TouchstoneFile, ShowsTheCombinedTankAcrossTheLine) {
-    DesignState state = DesignedState({"tank", 12}, 100);
+    DesignState state = DesignedState({"tank", 12}, 1e9);
     ExportRange range;
     range.from = 12e6;
     range.to = 20e6;
