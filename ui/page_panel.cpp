@@ -1,6 +1,7 @@
 #include "ui/page_panel.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -269,13 +270,23 @@ QWidget* PagePanel::buildPicture() {
 QLabel* PagePanel::buildTransferText() {
     if (page_.transferText.empty()) return nullptr;
     const QString formula = ToQString(page_.transferText);
-    auto* label = new QLabel(FormulaMarkup(formula));
+    auto* label = new QLabel(FormulaMarkup(formula, palette().color(QPalette::WindowText)));
     label->setObjectName(QStringLiteral("TransferText%1").arg(page_.number));
     label->setAccessibleName(formula);
     label->setTextFormat(Qt::RichText);
     label->setAlignment(Qt::AlignCenter);
     SetHint(*label, tr("Transfer function, G[1] = 1/R1, G[2] = 1/R2"));
+    formula_ = label;
     return label;
+}
+
+/// The fraction bar does not follow the text's colour by itself.
+void PagePanel::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange && formula_) {
+        formula_->setText(
+            FormulaMarkup(ToQString(page_.transferText), palette().color(QPalette::WindowText)));
+    }
+    QWidget::changeEvent(event);
 }
 
 void PagePanel::EingabeChange(const BoundInput& input) {
@@ -422,7 +433,7 @@ QTableWidgetItem* PagePanel::tableCell(const QString& object) const {
     return nullptr;
 }
 
-QString FormulaMarkup(const QString& formula) {
+QString FormulaMarkup(const QString& formula, const QColor& bar) {
     QString text = formula.toHtmlEscaped();
     text.replace('[', "<sub>").replace(']', "</sub>");
     const qsizetype equals = text.indexOf(" = ");
@@ -433,9 +444,9 @@ QString FormulaMarkup(const QString& formula) {
     return QStringLiteral(
                "<table cellspacing='0' cellpadding='2'><tr>"
                "<td rowspan='2' style='vertical-align:middle'>%1 =&nbsp;</td>"
-               "<td align='center' style='border-bottom:1px solid'>%2</td></tr>"
+               "<td align='center' style='border-bottom:1px solid %4'>%2</td></tr>"
                "<tr><td align='center'>%3</td></tr></table>")
-        .arg(text.left(equals), numerator, denominator);
+        .arg(text.left(equals), numerator, denominator, bar.name());
 }
 
 }  // namespace kelvro

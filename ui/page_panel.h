@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QHash>
 #include <QWidget>
 #include <vector>
@@ -44,6 +45,9 @@ class PagePanel : public QWidget {
     /// Follows the state where the page shows something else: inputs, switches, swap box, captions,
     /// visible fields, picture.
     void refresh();
+
+  protected:
+    void changeEvent(QEvent* event) override;
 
   private:
     struct FieldRow {
@@ -97,9 +101,11 @@ class PagePanel : public QWidget {
     QTableWidget* table_ = nullptr;
     std::vector<TableRow> tableRows_;  ///< as last calculated
     CircuitView* picture_ = nullptr;
+    QLabel* formula_ = nullptr;
 };
 
-/// A printed formula "V(s) = a / (b)" as markup with subscripts and a fraction bar.
-QString FormulaMarkup(const QString& formula);
+/// A printed formula "V(s) = a / (b)" as markup with subscripts and a fraction bar
+/// in the given colour.
+QString FormulaMarkup(const QString& formula, const QColor& bar = Qt::black);
 
 }  // namespace kelvro

@@ -113,6 +113,10 @@ void TSDIAppForm::take() {
     // slots of the circuit as designed: users compare both with it.
     Take(session_.state(), PageOf(session_.state()),
          [this](std::string_view object) { return fieldText(object).toStdString(); });
+    const Page& page = PageOf(session_.state());
+    // On interchanged pages the picture stays with the fields, which show what is to be built.
+    if (!page.showsDuals(session_.state()))
+        panels_[static_cast<std::size_t>(page.number - 1)]->refresh();
 }
 
 void TSDIAppForm::Undo1Click() {
