@@ -433,7 +433,7 @@ QTableWidgetItem* PagePanel::tableCell(const QString& object) const {
     return nullptr;
 }
 
-QString FormulaMarkup(const QString& formula, const QColor& bar) {
+QString FormulaMarkup(const QString& formula, const QColor& barColour) {
     QString text = formula.toHtmlEscaped();
     text.replace('[', "<sub>").replace(']', "</sub>");
     const qsizetype equals = text.indexOf(" = ");
@@ -446,7 +446,7 @@ QString FormulaMarkup(const QString& formula, const QColor& bar) {
                "<td rowspan='2' style='vertical-align:middle'>%1 =&nbsp;</td>"
                "<td align='center' style='border-bottom:1px solid %4'>%2</td></tr>"
                "<tr><td align='center'>%3</td></tr></table>")
-        .arg(text.left(equals), numerator, denominator, bar.name());
+        .arg(text.left(equals), numerator, denominator, barColour.name());
 }
 
 }  // namespace kelvro

@@ -106,6 +106,6 @@ class PagePanel : public QWidget {
 
 /// A printed formula "V(s) = a / (b)" as markup with subscripts and a fraction bar
 /// in the given colour.
-QString FormulaMarkup(const QString& formula, const QColor& bar = Qt::black);
+QString FormulaMarkup(const QString& formula, const QColor& barColour = Qt::black);
 
 }  // namespace kelvro
