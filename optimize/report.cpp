@@ -376,9 +376,11 @@ std::string ClosingText(const Summary& best, const OptimizerSettings& settings) 
     }
     out << "f at achieved optimum : " << best.f << "\n";
     out << "f*1e9 at achieved optimum : " << best.f * 1e9 << "\n";
+    // The last iterations may be those of a search elsewhere; a result at rest needs no more.
+    const bool atRest = best.gradientLength < settings.local.gradientLimit;
     const bool stillMoving = !best.history.empty() && best.history.back().step.size() > 0 &&
                              best.history.back().step.cwiseAbs().maxCoeff() > kBigChange;
-    if (best.stop == StopReason::MaxIterations && stillMoving) {
+    if (best.stop == StopReason::MaxIterations && !atRest && stillMoving) {
         out << "Warning : Quite big changes, maybe better increase number of iterations. Maximum "
                "number of iterations was "
             << settings.local.maxIterations << "\n";
