@@ -143,7 +143,7 @@ void TFormLines::showRows() {
     setSource(ToQString(type.source) +
               (coplanar ? tr(" The loss of their conductors is not computed.")
                         : tr(" Conductor loss after Wheeler 1942, roughness after Hammerstad and "
-                             "Jensen 1980; strips within 15 %.")));
+                             "Jensen 1980; strips within 15 % of other formulas.")));
 }
 
 LineShape TFormLines::shape() const {
