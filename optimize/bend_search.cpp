@@ -9,8 +9,8 @@ namespace kelvro {
 namespace {
 
 // A valley: its walls this steep, and this much steeper than its floor.
-constexpr double kValleyCurvature = 100;
-constexpr double kValleyRatio = 10;
+constexpr double kValleyCurvature = 300;
+constexpr double kValleyRatio = 30;
 // Shorter steps have no bend worth its calls.
 constexpr double kShortestStep = 0.03;
 constexpr double kLongestStep = 1.5;

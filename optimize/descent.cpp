@@ -17,29 +17,33 @@ namespace {
 // Limit to the change of a parameter in one iteration: a factor of e at first, doubled while steps
 // that reach it pay off.
 constexpr double kFirstStepLimit = 1;
-constexpr double kLargestStepLimit = 4;
+constexpr double kLargestStepLimit = 3;
 constexpr double kLimitGrowth = 2;
 // Curvatures above tell of valleys too narrow for the limits on f to be trusted.
-constexpr double kStiffCurvature = 100;
-// The matrix has to have seen some steps before y·(iH·y) means anything.
+constexpr double kStiffCurvature = 300;
+// The matrix has to have seen some steps before y·(iH·y) and what it promises mean anything.
 constexpr int kFewestUpdates = 3;
 constexpr int kMostStalls = 4;
 // y·s and y·(iH·y) below this cannot be divided by.
 constexpr double kSmallestDivisor = 1e-18;
-// A descent loses when three times its last reductions do not take it below the rival.
-constexpr std::size_t kLookBack = 3;
+// A descent loses when three times its last reductions do not take it below the rival, ...
+constexpr std::size_t kLookBack = 4;
 constexpr double kLookAhead = 3;
 constexpr double kHessianLookAhead = 2;
+// ... by something worth having, or when it has not got there in this many iterations.
+constexpr double kWorthwhileWin = 1e-3;
+constexpr int kLongDescent = 25;
 // This near to the rival, in place and value, the minimum is the same.
 constexpr double kSamePlace = 0.1;
 constexpr double kSameValue = 0.05;
-constexpr double kSmallestGain = 1e-4;
 
 }  // namespace
 
 DescentLimits::DescentLimits(double gradientLimit) {
     const double square = gradientLimit * gradientLimit;
     reduction = 10 * square;
+    promise = 2 * square;
+    modest = 50 * square;
     ys = 3 * square;
     vy = 10 * square;
     stall = 0.1 * square;
@@ -89,6 +93,7 @@ Vector Descent::direction() {
 bool Descent::iterate() {
     if (!run_.iterationsLeft()) return end(DescentEnd::MaxIterations);
     const Vector S = direction();
+    if (promisesLittle(S)) return end(DescentEnd::StepTooSmall);
     if (!run_.options.steepestDescent) {
         LineOutcome outcome = SearchLine(run_, result_.at, S, stepLimit_, closeToEnd());
         adaptStepLimit(outcome);
@@ -104,6 +109,7 @@ bool Descent::iterate() {
 
 void Descent::adaptStepLimit(const LineOutcome& outcome) {
     if (run_.options.noClampings) return;
+    limitRaised_ = outcome.atStepLimit && stepLimit_ < kLargestStepLimit;
     if (outcome.atStepLimit) {
         stepLimit_ = std::min(stepLimit_ * kLimitGrowth, kLargestStepLimit);
     } else if (outcome.shortened && outcome.moved &&
@@ -117,13 +123,14 @@ bool Descent::take(LineOutcome outcome) {
     const Vector s = outcome.end.x - result_.at.x;
     const Vector y = outcome.end.gradient.g - result_.at.gradient.g;
     const double reduction = result_.at.f - outcome.end.f;
+    lastReduction_ = reduction;
     const Position before = std::exchange(result_.at, std::move(outcome.end));
     if (result_.at.gradient.doubleSided) curvature_ = result_.at.gradient.curvature;
     const bool confirmed = confirmGradient();
     bool tooSmall = false;
     if (!confirmed && !run_.options.steepestDescent) {
         tooSmall = changeTooSmall(s, y, reduction);
-        if (!tooSmall) update(s, y);
+        if (!tooSmall && std::fabs(y.dot(s)) >= kSmallestDivisor) update(s, y);
     }
     ++result_.iterations;
     run_.record(before, result_.at, outcome.step);
@@ -147,10 +154,20 @@ bool Descent::confirmGradient() {
     return at.gradient.length < run_.options.gradientLimit;
 }
 
+/// Is the step S not worth its calls? The matrix expects half the slope from it.
+bool Descent::promisesLittle(const Vector& S) const {
+    if (run_.options.steepestDescent || result_.iterations < kFewestUpdates) return false;
+    const double scale = SearchRun::scale(result_.at.f);
+    return lastReduction_ < limits_.modest * scale &&
+           -0.5 * S.dot(result_.at.gradient.g) < limits_.promise * scale && !isStiff();
+}
+
 bool Descent::changeTooSmall(const Vector& s, const Vector& y, double reduction) {
     const double ys = y.dot(s);
     const double vy = y.dot(result_.inverse * y);
     if (std::fabs(ys) < kSmallestDivisor) {
+        // A straight slope as far as the limit let it see: a longer step may see its end.
+        if (limitRaised_) return false;
         end(DescentEnd::YsTooSmall);
         return true;
     }
@@ -194,7 +211,8 @@ bool Descent::stalled(double reduction) {
 bool Descent::meetsRival() {
     if (!rival_) return false;
     const Position& at = result_.at;
-    if (at.f > rival_->f - kSmallestGain && at.f < rival_->f + kSameValue &&
+    const double win = rival_->f - kWorthwhileWin * SearchRun::scale(rival_->f);
+    if (at.f > win && at.f < rival_->f + kSameValue &&
         LargestEntry(at.x - rival_->x) < kSamePlace) {
         end(DescentEnd::Known);
         return true;
@@ -203,10 +221,11 @@ bool Descent::meetsRival() {
     if (history_.size() <= kLookBack) return false;
     const double recent = history_[history_.size() - 1 - kLookBack] - at.f;
     const double expected = 0.5 * at.gradient.g.dot(result_.inverse * at.gradient.g);
-    const bool slow = at.f - kLookAhead * recent > rival_->f;
-    const bool low = at.f - kLookAhead * expected - kHessianLookAhead * recent > rival_->f;
-    if (slow || low) end(DescentEnd::Beaten);
-    return slow || low;
+    const bool slow = at.f - kLookAhead * recent > win;
+    const bool low = at.f - kLookAhead * expected - kHessianLookAhead * recent > win;
+    const bool late = result_.iterations >= kLongDescent && at.f > win;
+    if (slow || low || late) end(DescentEnd::Beaten);
+    return slow || low || late;
 }
 
 /// At a stall: along a crease where there is one, then on with a fresh matrix.

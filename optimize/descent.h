@@ -33,11 +33,13 @@ struct DescentResult {
 };
 
 /// Limits on f that go with the limit on |g|: where curvature is of order one, a gradient of the
-/// limit leaves limit²/2 to be gained. All are relative to |f| where f is above 1.
+/// limit leaves limit²/2 to be gained. All grow with the scale of f.
 struct DescentLimits {
     explicit DescentLimits(double gradientLimit);
 
     double reduction;  ///< an iteration below brings nothing new
+    double promise;    ///< a step that promises less, after a small reduction, is too small
+    double modest;     ///< the reduction before such a step
     double ys;         ///< y·s below this, with a small reduction, ends a descent
     double vy;         ///< likewise for y·(iH·y)
     double stall;      ///< iterations below this, several in a row, are a stall
@@ -57,6 +59,7 @@ class Descent {
     bool take(LineOutcome outcome);
     bool closeToEnd() const { return stalls_ > 0; }
     bool confirmGradient();
+    bool promisesLittle(const Vector& S) const;
     bool changeTooSmall(const Vector& s, const Vector& y, double reduction);
     bool stalled(double reduction);
     bool meetsRival();
@@ -72,7 +75,9 @@ class Descent {
     DescentResult result_;
     Vector curvature_;  ///< fxx of the last double-sided gradient
     double stepLimit_;
+    bool limitRaised_ = false;  ///< by the last step
     int stalls_ = 0;
+    double lastReduction_ = 0;
     double lastT_ = 0;  ///< of steepest descent
     std::vector<double> history_;
 };

@@ -85,7 +85,7 @@ void TakeFinalHessian(SearchRun& run, Summary& summary) {
         run.objective.fullMatrix(HessianAt(run.objective, x, summary.f, run.options).hessian);
 }
 
-void Search(SearchRun& run, const Gradient& full, Summary& summary) {
+void Search(SearchRun& run, const Gradient& full, const Vector& origin, Summary& summary) {
     const double f = summary.f;
     run.objective.setActive(summary.active);
     Position start{run.objective.start(), f, ActivePart(run.objective, full)};
@@ -95,7 +95,7 @@ void Search(SearchRun& run, const Gradient& full, Summary& summary) {
     run.recordStart(start);
     DescentResult result = Descent(run, std::move(start), std::move(inverse)).finish();
     if (run.options.seekOtherMinima && !run.options.steepestDescent && x.size() > 0) {
-        result = SeekOtherMinima(run, std::move(result), x, f);
+        result = SeekOtherMinima(run, std::move(result), run.objective.activeDirection(origin), f);
     }
     TakeResult(run, result, summary);
     TakeFinalHessian(run, summary);
@@ -127,7 +127,7 @@ int CountWarnings(const Summary& summary) {
 }  // namespace
 
 Summary MinimizeLocally(Objective& function, const Eigen::VectorXd& start,
-                        const LocalOptions& options) {
+                        const LocalOptions& options, const std::optional<Eigen::VectorXd>& origin) {
     Summary summary;
     Evaluator objective(function, start, options.recordCalls);
     SearchRun run(objective, options, summary);
@@ -139,7 +139,7 @@ Summary MinimizeLocally(Objective& function, const Eigen::VectorXd& start,
         summary.f = f;
         summary.active = FindActive(gradient, f);
         summary.startDiagonal = gradient.curvature;
-        Search(run, gradient, summary);
+        Search(run, gradient, origin.value_or(start), summary);
     }
     summary.calls = objective.calls();
     summary.singleSidedGradients = run.gradients.singleSided();

@@ -46,8 +46,8 @@ struct LocalOptions {
     bool seekOtherMinima = true;
     /// Look for them in any case.
     bool thorough = false;
-    /// A minimum below needs no further search on account of its value. 1 dB is a fair match.
-    double goodValue = 1;
+    /// A minimum below needs no further search on account of its value. 0.5 dB is a good match.
+    double goodValue = 0.5;
     /// Real Hessian at the end of the run, for reports; costs 2n² calls or fewer.
     bool finalHessian = false;
     /// Keep every call for a table.
@@ -122,7 +122,9 @@ struct Summary {
 
 /// Minimizes from `start`. Never returns a point worse than the start; never lets a value that is
 /// not finite into its matrix. A start without a finite value ends at once with its own point.
+/// Other minima are sought around `origin` too, which is the start unless given.
 Summary MinimizeLocally(Objective& objective, const Eigen::VectorXd& start,
-                        const LocalOptions& options);
+                        const LocalOptions& options,
+                        const std::optional<Eigen::VectorXd>& origin = std::nullopt);
 
 }  // namespace kelvro

@@ -5,7 +5,9 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 #include "analysis/goal.h"
@@ -21,18 +23,38 @@ constexpr double kSecondRunPart = 0.1;
 // Rounded to ten digits the goal changes in steps; differences have to be wide against them.
 constexpr double kNoisyDifferenceStep = 1e-3;
 
+/// A file to write from its beginning, or to append to. An old one is written over and not emptied
+/// first: file systems flush files that are replaced in that way when they are closed, which takes
+/// longer than the run.
+std::FILE* OpenReport(const std::string& path, bool append) {
+    if (append) return std::fopen(path.c_str(), "ab");
+    std::FILE* file = std::fopen(path.c_str(), "r+b");
+    return file ? file : std::fopen(path.c_str(), "wb");
+}
+
+/// Cuts off what an old, longer report has left behind.
+std::error_code CutTo(const std::string& path, std::size_t size) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) return {};
+    const auto old = std::filesystem::file_size(path, error);
+    if (!error && old > size) std::filesystem::resize_file(path, size, error);
+    return error;
+}
+
 /// Writes the text in one piece; the system's reason when that fails. An empty path writes nothing.
 std::optional<std::string> WriteText(const std::string& path, const std::string& text,
                                      bool append) {
     if (path.empty()) return std::nullopt;
     errno = 0;
-    std::FILE* file = std::fopen(path.c_str(), append ? "ab" : "wb");
+    std::FILE* file = OpenReport(path, append);
     const auto problem = [&](int reason) { return path + ": " + std::strerror(reason); };
     if (!file) return problem(errno);
     const bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size();
     const int reason = errno;
     if (std::fclose(file) != 0) return problem(errno);
     if (!written) return problem(reason);
+    const std::error_code error = append ? std::error_code() : CutTo(path, text.size());
+    if (error) return path + ": " + error.message();
     return std::nullopt;
 }
 
@@ -96,7 +118,8 @@ class PageRuns {
             options.gradientLimit *= kSecondRunPart;
             options.thorough = true;
         }
-        result_.runs.push_back(MinimizeLocally(goal_, start, options));
+        const Eigen::VectorXd calculated = Eigen::VectorXd::Zero(start.size());
+        result_.runs.push_back(MinimizeLocally(goal_, start, options, calculated));
         const Summary& summary = result_.runs.back();
         const bool firstValue = std::isfinite(summary.f) && !std::isfinite(result_.achievedGoal);
         if (summary.f < result_.achievedGoal || firstValue) {

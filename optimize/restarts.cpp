@@ -3,10 +3,13 @@
 #include <Eigen/Eigenvalues>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <optional>
+#include <vector>
 
 #include "core/random.h"
+#include "optimize/line_scan.h"
 #include "optimize/start_matrix.h"
 
 namespace kelvro {
@@ -14,12 +17,13 @@ namespace kelvro {
 namespace {
 
 // What makes a function look treacherous: narrow valleys after more than a few iterations, ...
-constexpr double kNarrowCurvature = 50;
-constexpr int kQuickDescent = 6;
-// ... an end far away from the start ...
-constexpr double kFar = 3;
-// ... or, as it may be a plateau, one that has not brought f below a fifth.
+constexpr double kNarrowCurvature = 100;
+constexpr int kQuickDescent = 7;
+// ... or, as it may be a plateau, some iterations that have not brought f below a fifth.
+constexpr int kSomeIterations = 4;
 constexpr double kPoorReduction = 0.2;
+// Walls as steep as this may have ridges beside them.
+constexpr double kRidgeCurvature = 50;
 
 // Negative curvature worth a look, and the steps along it.
 constexpr double kNegativeCurvature = -0.01;
@@ -35,23 +39,21 @@ constexpr double kOnParabola = 0.8;
 constexpr double kHighWall = 3;
 constexpr int kFewestProbes = 3;
 
-// Restarts: spread of the points, of which the best of a few is taken; every third one is beside
-// the best minimum instead of the start.
-constexpr double kSpread = 0.5;
-constexpr int kSpreads = 3;
-constexpr double kHopSpread = 0.3;
-constexpr int kHopEvery = 3;
-constexpr int kSamples = 5;
+// Points at random: their spread, and the number of which the best is taken.
+constexpr double kSpread = 1.5;
+constexpr int kSamples = 20;
 // Descents that end at the known minimum again before the search is over.
-constexpr int kConfirmations = 4;
+constexpr int kConfirmations = 5;
 constexpr double kSameValue = 1e-3;
-constexpr double kSmallestGain = 1e-4;
+constexpr double kSmallestGain = 1e-3;
 constexpr std::uint64_t kSeed = 11;
+
+/// Where candidates for restarts come from, one after the other; points at random follow.
+enum class Source : std::uint8_t { LinesThroughBest, LinesThroughOrigin };
 
 class RestartSearch {
   public:
-    RestartSearch(SearchRun& run, DescentResult best, const Vector& start)
-        : run_(run), best_(std::move(best)), start_(start), random_(kSeed) {}
+    RestartSearch(SearchRun& run, DescentResult best, const Vector& origin);
 
     DescentResult seek(bool deep);
 
@@ -61,6 +63,8 @@ class RestartSearch {
     bool acrossRidges(const Vector& direction, double curvature);
     std::optional<Vector> probe(const Vector& direction, double curvature) const;
     bool restart();
+    Vector candidate();
+    std::vector<Dip> dips(Source source);
     Vector sample();
     double gaussian();
     DescentEnd descend(const Vector& x);
@@ -68,12 +72,21 @@ class RestartSearch {
 
     SearchRun& run_;
     DescentResult best_;
-    const Vector& start_;
+    const Vector& origin_;
     UniformStream random_;
-    int restarts_ = 0;
+    std::vector<Source> sources_;  ///< the next one last
+    std::vector<Dip> candidates_;  ///< the next one last
     int confirmations_ = 0;
     bool improved_ = false;
 };
+
+RestartSearch::RestartSearch(SearchRun& run, DescentResult best, const Vector& origin)
+    : run_(run), best_(std::move(best)), origin_(origin), random_(kSeed) {
+    // A thorough search tends to begin at a minimum around which another one has ended.
+    sources_ = run.options.thorough
+                   ? std::vector{Source::LinesThroughBest, Source::LinesThroughOrigin}
+                   : std::vector{Source::LinesThroughOrigin, Source::LinesThroughBest};
+}
 
 double RestartSearch::gaussian() {
     const double radius = std::sqrt(-2 * std::log(1 - random_.next()));
@@ -90,7 +103,7 @@ DescentEnd RestartSearch::descend(const Vector& x) {
     const Rival rival{best_.at.x, best_.at.f};
     DescentResult result =
         Descent(run_, std::move(start.at), std::move(start.inverse), &rival).finish();
-    improved_ = result.at.f < best_.at.f - kSmallestGain;
+    improved_ = result.at.f < best_.at.f - kSmallestGain * SearchRun::scale(best_.at.f);
     const bool same = result.at.f < best_.at.f + kSameValue * SearchRun::scale(best_.at.f);
     const DescentEnd end = same && !improved_ ? DescentEnd::Known : result.end;
     if (improved_) best_ = std::move(result);
@@ -161,19 +174,25 @@ bool RestartSearch::aroundBest() {
         return true;
     }
     const double steepest = solver.eigenvalues()[last];
-    return run_.iterationsLeft() && steepest > kNarrowCurvature &&
+    return run_.iterationsLeft() && steepest > kRidgeCurvature &&
            acrossRidges(solver.eigenvectors().col(last), steepest);
 }
 
+std::vector<Dip> RestartSearch::dips(Source source) {
+    const std::vector<Vector> lines = Diagonals(origin_.size());
+    if (source == Source::LinesThroughBest) {
+        return DipsAlongLines(run_, best_.at.x, best_.at.f, lines);
+    }
+    return DipsAlongLines(run_, origin_, value(origin_), lines);
+}
+
+/// The best of a few points at random.
 Vector RestartSearch::sample() {
-    const bool hop = restarts_ % kHopEvery == 0;
-    const Vector& centre = hop ? best_.at.x : start_;
-    const double spread = hop ? kHopSpread : kSpread * (1 + restarts_ % kSpreads);
-    Vector lowest = centre;
+    Vector lowest = origin_;
     double lowestValue = std::numeric_limits<double>::infinity();
     for (int i = 0; i < kSamples; ++i) {
-        Vector x = centre;
-        for (double& xi : x) xi += spread * gaussian();
+        Vector x = origin_;
+        for (double& xi : x) xi += kSpread * gaussian();
         const double f = value(x);
         if (!(f < lowestValue)) continue;
         lowestValue = f;
@@ -182,11 +201,22 @@ Vector RestartSearch::sample() {
     return lowest;
 }
 
-/// Descents from points drawn at random, until one wins.
+Vector RestartSearch::candidate() {
+    while (candidates_.empty() && !sources_.empty()) {
+        candidates_ = dips(sources_.back());
+        std::reverse(candidates_.begin(), candidates_.end());
+        sources_.pop_back();
+    }
+    if (candidates_.empty()) return sample();
+    Vector x = std::move(candidates_.back().x);
+    candidates_.pop_back();
+    return x;
+}
+
+/// Descents from one candidate after the other, until one wins.
 bool RestartSearch::restart() {
     while (run_.iterationsLeft() && confirmations_ < kConfirmations) {
-        ++restarts_;
-        const DescentEnd end = descend(sample());
+        const DescentEnd end = descend(candidate());
         if (improved_) return true;
         if (end == DescentEnd::Known) ++confirmations_;
     }
@@ -204,18 +234,16 @@ DescentResult RestartSearch::seek(bool deep) {
 
 }  // namespace
 
-DescentResult SeekOtherMinima(SearchRun& run, DescentResult best, const Vector& start,
+DescentResult SeekOtherMinima(SearchRun& run, DescentResult best, const Vector& origin,
                               double startValue) {
     const bool narrow = SmallestEigenvalue(best.inverse) < 1 / kNarrowCurvature;
-    const bool far = LargestEntry(best.at.x - start) > kFar;
-    const double good = run.options.goodValue;
-    const bool poor = best.at.f > good && best.at.f > kPoorReduction * startValue;
-    const bool deep = run.options.thorough || best.creased || poor ||
-                      (narrow && best.iterations > kQuickDescent) ||
-                      (far && (narrow || best.at.f > good));
+    const bool poor = best.iterations > kSomeIterations && best.at.f > run.options.goodValue &&
+                      best.at.f > kPoorReduction * startValue;
+    const bool deep =
+        run.options.thorough || best.creased || poor || (narrow && best.iterations > kQuickDescent);
     const bool hardlyMoved = best.iterations <= 1;
     if (!deep && !hardlyMoved) return best;
-    return RestartSearch(run, std::move(best), start).seek(deep);
+    return RestartSearch(run, std::move(best), origin).seek(deep);
 }
 
 }  // namespace kelvro

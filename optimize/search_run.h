@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include "optimize/evaluator.h"
@@ -41,8 +43,9 @@ class SearchRun {
     void record(const Position& before, const Position& after, const StepData& step);
     /// Notes on what happens, in order.
     std::vector<Note>& notes() { return notes_; }
-    /// Scale of differences of f: 1, or |f| where f is large.
-    static double scale(double f) { return f < -1 ? -f : f > 1 ? f : 1; }
+    /// Scale of differences of f: 1, or the root of |f| where f is large. In proportion to |f| the
+    /// limits would stop descents of large sums too early.
+    static double scale(double f) { return std::sqrt(std::max(1.0, std::fabs(f))); }
 
   private:
     Summary& summary_;

@@ -174,6 +174,14 @@ TEST_F(LoggedRun, WritesWhatTheRulesSay) {
     }
 }
 
+TEST_F(LoggedRun, LeavesNothingOfALongerReportBefore) {
+    std::ofstream(files_.log) << std::string(100000, 'x');
+    const std::string log = run({});
+    EXPECT_THAT(log, StartsWith("Settings : "));
+    EXPECT_EQ(log.find(std::string(10, 'x')), std::string::npos);
+    EXPECT_EQ(log.back(), '\n');
+}
+
 TEST_F(LoggedRun, AppendsTheSecondRunAndListsEveryCall) {
     OptimizerSettings settings;
     settings.singleRun = false;
@@ -220,8 +228,8 @@ TEST_F(LoggedRun, ClosesWithTheRunThatReachedTheResult) {
     settings.local.maxIterations = 1;
     settings.local.seekOtherMinima = false;
     int worse = 0;
-    for (const double Q : {1.0, 2.0, 3.0, 4.0, 5.0, 6.0}) {
-        DesignState state = Calculated(3, 50, 200, Q);
+    for (const int page : {1, 2, 3, 4, 13, 14}) {
+        DesignState state = Calculated(page, 50, 200, 4);
         const PageOptimization result = OptimizePage(state, settings, files_);
         worse += result.runs[1].f > result.runs[0].f ? 1 : 0;
         const double best = std::min(result.runs[0].f, result.runs[1].f);
