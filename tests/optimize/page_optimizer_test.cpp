@@ -228,13 +228,15 @@ TEST_F(LoggedRun, ClosesWithTheRunThatReachedTheResult) {
     settings.local.maxIterations = 1;
     settings.local.seekOtherMinima = false;
     int worse = 0;
-    for (const int page : {1, 2, 3, 4, 13, 14}) {
-        DesignState state = Calculated(page, 50, 200, 4);
-        const PageOptimization result = OptimizePage(state, settings, files_);
-        worse += result.runs[1].f > result.runs[0].f ? 1 : 0;
-        const double best = std::min(result.runs[0].f, result.runs[1].f);
-        EXPECT_THAT(FileText(files_.log),
-                    HasSubstr("f at achieved optimum : " + FormatEngShort(4, best) + "\n"));
+    for (const int page : {1, 3, 4, 5, 14}) {
+        for (const double Q : {1.0, 2.0, 3.0, 4.0, 5.0, 6.0}) {
+            DesignState state = Calculated(page, 50, 200, Q);
+            const PageOptimization result = OptimizePage(state, settings, files_);
+            worse += result.runs[1].f > result.runs[0].f ? 1 : 0;
+            const double best = std::min(result.runs[0].f, result.runs[1].f);
+            EXPECT_THAT(FileText(files_.log),
+                        HasSubstr("f at achieved optimum : " + FormatEngShort(4, best) + "\n"));
+        }
     }
     EXPECT_GT(worse, 0);
 }

@@ -28,9 +28,9 @@ class FormProposalTest : public QObject {
 
     void everyWishChangesTheTable_data() {
         QTest::addColumn<QString>("control");
-        QTest::addColumn<QString>("first");
+        QTest::addColumn<QString>("first");  // one of those
         QTest::addRow("harmonics") << "CheckBoxHarmonics"
-                                   << "Pi Section";
+                                   << "Pi Section|T Section";
         QTest::addRow("balanced") << "CheckBoxBalanced"
                                   << "LC Balun";
         QTest::addRow("resistive") << "CheckBoxResistive"
@@ -42,9 +42,10 @@ class FormProposalTest : public QObject {
     void everyWishChangesTheTable() {
         QFETCH(QString, control);
         QFETCH(QString, first);
-        QVERIFY(titleAt(0) != first);
+        const QStringList titles = first.split('|');
+        QVERIFY(!titles.contains(titleAt(0)));
         QTest::mouseClick(form_->findChild<QWidget*>(control), Qt::LeftButton, {}, {8, 8});
-        QTRY_COMPARE(titleAt(0), first);
+        QTRY_VERIFY2(titles.contains(titleAt(0)), qPrintable(titleAt(0)));
     }
 
     void followsTheDesign() {
