@@ -211,7 +211,7 @@ std::string FormatScientific(int width, int decimals, double value, bool padded)
     const long double decade = GuardedDecimalLog(value);
     if (std::fabs(value) <= kZeroText) return ZeroText(width, decimals);
     if (!(decade >= -27 && decade <= 31)) return ScientificText(6, value);
-    const int n = static_cast<int>(std::nearbyint(decade - 0.4999999999L));
+    const int n = static_cast<int>(std::lrint(decade - 0.4999999999L));
     const int exponent = std::max(EngineeringExponent(n), -27);
     std::string text = FormatFixed(width, decimals, Scaled(value, exponent)) + 'E' +
                        (exponent < 0 ? "-" : "+") + std::to_string(std::abs(exponent));
@@ -252,7 +252,7 @@ std::string FormatFixed(int width, int decimals, double value) {
 std::string FormatEng(int width, int decimals, double value) {
     const long double decade = DecimalLog(value);
     if (decade >= -18 && decade <= 13) {
-        const int n = static_cast<int>(std::nearbyint(decade - 0.4999999999L));
+        const int n = static_cast<int>(std::lrint(decade - 0.4999999999L));
         const int exponent = EngineeringExponent(n);
         return FormatFixed(width, decimals, Scaled(value, exponent)) + PrefixLetter(exponent);
     }
@@ -274,7 +274,7 @@ std::string FormatEngShort(int decimals, double value) {
     if (std::fabs(value) <= kZeroText) return "0.0";
     const long double decade = GuardedDecimalLog(value);
     if (!(decade >= -19 && decade <= 13)) return FormatScientific(width, decimals, value, false);
-    const int n = static_cast<int>(std::nearbyint(decade - 0.49999999L));
+    const int n = static_cast<int>(std::lrint(decade - 0.49999999L));
     // The unprefixed range reaches down to 0.1, so every decade below 1 counts one higher here.
     const int exponent = n >= 1 ? 3 * (n / 3) : 3 * ((n - 1) / 3);
     std::string text = FormatFixed(width, decimals, Scaled(value, exponent));
