@@ -10,6 +10,7 @@
 #include "cli_output.h"
 #include "core/number_text.h"
 #include "design/pages.h"
+#include "tests/temporary_folder.h"
 
 namespace kelvro {
 namespace {
@@ -263,7 +264,8 @@ TEST(DesignCommand, TakenComponentsReplaceDesignedOnes) {
 }
 
 TEST(DesignCommand, StartsFromASettingsFile) {
-    const std::string file = testing::TempDir() + "kelvro-cli-test.ini";
+    const TemporaryFolder folder;
+    const std::string file = folder / "settings.ini";
     std::ofstream(file) << "[Variablen]\nR1=75\nR2=300\nfo=5M\nTyp=1\n";
     const json inputs = JsonOf({"design", "pi", "--ini", file, "--r2", "600"})["inputs"];
     EXPECT_EQ(inputs["R1"], 75);

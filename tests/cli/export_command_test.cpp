@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli_output.h"
+#include "tests/temporary_folder.h"
 
 namespace kelvro {
 namespace {
@@ -54,7 +55,8 @@ INSTANTIATE_TEST_SUITE_P(
         FaultyExport{{"pi", "-o", "/no such folder/pi.txt"}, 1, "Cannot write"}));
 
 TEST(ExportCommand, WritesTheSameToAFileAsToItsOutput) {
-    const auto path = std::filesystem::path(testing::TempDir()) / "kelvro export ü.s2p";
+    const TemporaryFolder folder;
+    const auto path = folder / "kelvro export ü.s2p";
     const std::vector<std::string> args = {"export",   "broadband",  "--ext",  "--r2", "1k",
                                            "--format", "touchstone", "--from", "50M",  "--to",
                                            "200M",     "--points",   "11",     "--z0", "75"};
@@ -67,7 +69,6 @@ TEST(ExportCommand, WritesTheSameToAFileAsToItsOutput) {
     EXPECT_EQ(saved.code, 0) << saved.err;
     EXPECT_EQ(saved.out, "");
     EXPECT_EQ(Contents(path), shown.out);
-    std::filesystem::remove(path);
 }
 
 TEST(ExportCommand, TakesTheSeriesAndGivenComponents) {

@@ -7,18 +7,13 @@
 #include <nlohmann/json.hpp>
 
 #include "cli_output.h"
+#include "tests/temporary_folder.h"
 
 namespace kelvro {
 namespace {
 
 class PlotCommands : public testing::Test {
   protected:
-    PlotCommands() {
-        char name[] = "/tmp/kelvro-XXXXXX";
-        folder_ = mkdtemp(name);
-    }
-    ~PlotCommands() override { std::filesystem::remove_all(folder_); }
-
     std::string path(const std::string& name) const { return folder_ / name; }
     std::string content(const std::string& name) const {
         std::ifstream file(path(name), std::ios::binary);
@@ -34,7 +29,7 @@ class PlotCommands : public testing::Test {
     }
 
   private:
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
 };
 
 TEST_F(PlotCommands, PlotWritesEveryFormatByItsEnding) {

@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "tests/temporary_folder.h"
+
 namespace kelvro {
 namespace {
 
@@ -22,12 +24,6 @@ std::optional<QString> ByWayOfTmp(const QString& path, const QByteArray& content
 
 class KilledSave : public testing::TestWithParam<Save> {
   protected:
-    void SetUp() override {
-        std::string name = (fs::temp_directory_path() / "kelvro-killed-XXXXXX").string();
-        folder_ = ::mkdtemp(name.data());
-    }
-    void TearDown() override { fs::remove_all(folder_); }
-
     /// A process of its own saves; the system kills it as soon as a file grows over 4096 bytes.
     int signalThatEnded(const fs::path& target, const QByteArray& content) const {
         const pid_t child = ::fork();
@@ -50,7 +46,7 @@ class KilledSave : public testing::TestWithParam<Save> {
         return {std::istreambuf_iterator<char>(in), {}};
     }
 
-    fs::path folder_;
+    TemporaryFolder folder_;
 };
 
 TEST_P(KilledSave, LeavesTheOldFileAndDoesNotDisturbTheNextSave) {
@@ -64,7 +60,7 @@ TEST_P(KilledSave, LeavesTheOldFileAndDoesNotDisturbTheNextSave) {
     EXPECT_EQ(content(target), picture.toStdString());
     // What the killed process had begun takes the name of no picture and of no temporary file.
     int others = 0;
-    for (const auto& entry : fs::directory_iterator(folder_)) {
+    for (const auto& entry : fs::directory_iterator(folder_.path())) {
         if (entry.path() == target) continue;
         ++others;
         EXPECT_EQ(entry.path().filename().string().find("plot."), 0U);

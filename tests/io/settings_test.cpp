@@ -10,6 +10,7 @@
 #include <random>
 
 #include "design/pages.h"
+#include "tests/temporary_folder.h"
 
 namespace kelvro {
 namespace {
@@ -20,12 +21,6 @@ using SaveStatus = SettingsSave::Status;
 
 class SettingsTest : public testing::Test {
   protected:
-    void SetUp() override {
-        std::string name = (fs::temp_directory_path() / "kelvro-settings-XXXXXX").string();
-        folder_ = ::mkdtemp(name.data());
-    }
-    void TearDown() override { fs::remove_all(folder_); }
-
     fs::path file(const char* name = "kelvro.ini") const { return folder_ / name; }
     static QString path(const fs::path& file) { return QString::fromStdString(file.string()); }
 
@@ -42,14 +37,14 @@ class SettingsTest : public testing::Test {
     }
     std::vector<std::string> names() const {
         std::vector<std::string> found;
-        for (const auto& entry : fs::directory_iterator(folder_)) {
+        for (const auto& entry : fs::directory_iterator(folder_.path())) {
             found.push_back(entry.path().filename().string());
         }
         std::ranges::sort(found);
         return found;
     }
 
-    fs::path folder_;
+    TemporaryFolder folder_;
 };
 
 /// Each text derived by hand from the two formats; the u umlaut is the byte FC.
@@ -208,8 +203,8 @@ TEST_F(SettingsTest, FilesThatAreNoSettingsReadAsDefaultsAndAreKeptAside) {
     const std::string random = RandomBytes(5000);
     for (const std::string& bytes : {random, std::string("\0\0\0", 3), std::string(3000000, 'x'),
                                      std::string("my thesis"), "[Variablen]\nR1=75\n" + random}) {
-        fs::remove_all(folder_);
-        fs::create_directory(folder_);
+        fs::remove_all(folder_.path());
+        fs::create_directory(folder_.path());
         holding(bytes);
         const SettingsSave save = WriteSettings(path(file()), {});
         EXPECT_EQ(save.status, SaveStatus::Saved);
@@ -277,7 +272,7 @@ TEST_F(SettingsTest, AFullDiskLeavesTheOldFileAndNothingElse) {
 TEST_F(SettingsTest, TheDefaultFileLiesInTheConfigurationFolder) {
     const char* before = std::getenv("XDG_CONFIG_HOME");
     const std::string old = before ? before : "";
-    ::setenv("XDG_CONFIG_HOME", folder_.c_str(), 1);
+    ::setenv("XDG_CONFIG_HOME", folder_.path().c_str(), 1);
     EXPECT_EQ(DefaultSettingsFile().toStdString(), (folder_ / "kelvro" / "kelvro.ini").string());
     ::unsetenv("XDG_CONFIG_HOME");
     EXPECT_TRUE(DefaultSettingsFile().endsWith("/.config/kelvro/kelvro.ini"));

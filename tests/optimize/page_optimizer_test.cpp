@@ -11,6 +11,7 @@
 #include "core/number_text.h"
 #include "design/pages.h"
 #include "optimize/keywords.h"
+#include "tests/temporary_folder.h"
 
 namespace kelvro {
 namespace {
@@ -109,8 +110,8 @@ class LoggedRun : public testing::Test {
         return FileText(files_.log);
     }
 
-    OptimizerFiles files_{testing::TempDir() + "kelvro-opt.txt",
-                          testing::TempDir() + "kelvro-opt2.csv"};
+    TemporaryFolder folder_;
+    OptimizerFiles files_{(folder_ / "opt.txt").string(), (folder_ / "opt2.csv").string()};
 };
 
 /// Every line of a short log, in order; numbers are the algorithm's own affair.
@@ -266,9 +267,8 @@ TEST_P(Keyword, TakesEffect) {
         OptimizerSettings defaults;
         defaults.singleRun = std::string(GetParam().word) != "single";
         const auto with = ReadKeywords(arguments, defaults).settings;
-        OptimizerFiles files{testing::TempDir() + "kelvro-key.txt",
-                             testing::TempDir() + "kelvro-key.csv"};
-        std::remove(files.table.c_str());
+        const TemporaryFolder folder;
+        const OptimizerFiles files{(folder / "opt.txt").string(), (folder / "opt2.csv").string()};
         const auto a = OptimizePage(plain, defaults, {kNone, kNone});
         const auto b = OptimizePage(preset_, with, files);
         changed = changed || a.calls().of(CallKind::Gradient) != b.calls().of(CallKind::Gradient) ||
