@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <optional>
 
@@ -166,8 +167,25 @@ std::string RightAligned(std::string text, int width) {
 /// exactly 2^(d + 1), so x·2^(d + 1) is an odd integer, and only then.
 bool IsTie(double value, int decimals) {
     const double scaled = std::ldexp(value, decimals + 1);
-    return std::fabs(scaled) < 9007199254740992.0 && std::fmod(scaled, 2) != 0 &&
-           std::trunc(scaled) == scaled;
+    if (!(std::fabs(scaled) < 9007199254740992.0)) return false;
+    const auto whole = static_cast<std::int64_t>(scaled);
+    return whole % 2 != 0 && static_cast<double>(whole) == scaled;
+}
+
+template <std::size_t capacity>
+std::string FixedText(double value, int decimals) {
+    std::array<char, capacity> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), WithoutNanSign(value),
+                                   std::chars_format::fixed, decimals);
+    return {text.data(), end.ptr};
+}
+
+/// GuardedDecimalLog to double precision where that leaves no doubt about the decade, as it does
+/// but for values next to powers of ten.
+long double DecadeLog(double value) {
+    const double quick = std::log10(std::fabs(value));
+    const double fromDecade = std::fabs(quick - std::nearbyint(quick));
+    return fromDecade > 1e-5 ? quick : GuardedDecimalLog(value);
 }
 
 /// The largest multiple of 3 not above n.
@@ -243,10 +261,11 @@ std::string FormatFixed(int width, int decimals, double value) {
         value =
             std::nextafter(value, std::copysign(std::numeric_limits<double>::infinity(), value));
     }
-    std::array<char, 640> text{};  // the largest double has 309 digits before the point
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), WithoutNanSign(value),
-                                   std::chars_format::fixed, std::clamp(decimals, 0, 255));
-    return RightAligned(std::string(text.data(), end.ptr), width);
+    decimals = std::clamp(decimals, 0, 255);
+    const bool few = std::fabs(value) < 1e9 && decimals < 20;
+    // The largest double has 309 digits before the point.
+    return RightAligned(few ? FixedText<32>(value, decimals) : FixedText<640>(value, decimals),
+                        width);
 }
 
 std::string FormatEng(int width, int decimals, double value) {
@@ -272,7 +291,7 @@ std::string FormatQuantity(int decimals, double value, std::string_view unit) {
 std::string FormatEngShort(int decimals, double value) {
     constexpr int width = 3;
     if (std::fabs(value) <= kZeroText) return "0.0";
-    const long double decade = GuardedDecimalLog(value);
+    const long double decade = DecadeLog(value);
     if (!(decade >= -19 && decade <= 13)) return FormatScientific(width, decimals, value, false);
     const int n = static_cast<int>(std::lrint(decade - 0.49999999L));
     // The unprefixed range reaches down to 0.1, so every decade below 1 counts one higher here.
