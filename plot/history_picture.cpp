@@ -58,7 +58,8 @@ void AddParameters(Picture& picture, const std::vector<HistoryPoint>& history,
     }
 }
 
-/// A readable range with some room for curves that may be constant.
+/// A readable range with some room for curves that may be constant; none below zero where all is
+/// above, as calls and steps are never negative.
 Axis ValueAxis(const std::vector<Curve>& curves, AxisMode mode) {
     std::vector<double> all;
     for (const Curve& curve : curves) {
@@ -79,7 +80,8 @@ Axis ValueAxis(const std::vector<Curve>& curves, AxisMode mode) {
     const double room = std::max((range->max - range->min) / 20, 1e-6);
     axis.step = StepUp125((range->max - range->min + 2 * room) / 8);
     axis.labelEvery = 1;
-    axis.min = std::floor((range->min - room) / axis.step) * axis.step;
+    const double lowest = range->min < 0 ? range->min - room : std::max(range->min - room, 0.0);
+    axis.min = std::floor(lowest / axis.step) * axis.step;
     axis.max = std::ceil((range->max + room) / axis.step) * axis.step;
     axis.origin = std::clamp(0.0, axis.min, axis.max);
     return axis;
