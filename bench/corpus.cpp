@@ -313,13 +313,13 @@ void Judge(const Design& design, Row& row, bool verbose) {
     ++row.designs;
     row.singleWithin2 += ok1;
     row.twoWithin3 += ok2;
-    row.singleCalls.push_back(one.calls().total());
-    row.twoCalls.push_back(two.calls().total());
+    row.singleCalls.push_back(one.calls.total());
+    row.twoCalls.push_back(two.calls.total());
     if (verbose && !(ok1 && ok2)) {
         const DesignState& s = design.state;
         std::printf("  page %d R %g %g Q %g: start %.5f best %.5f single %.5f (%d) two %.5f (%d)\n",
                     s.page, s.R1, s.R2, s.Q, design.start, best, one.achievedGoal,
-                    one.calls().total(), two.achievedGoal, two.calls().total());
+                    one.calls.total(), two.achievedGoal, two.calls.total());
     }
 }
 

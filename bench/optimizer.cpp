@@ -36,7 +36,7 @@ void Recalculate(benchmark::State& bench, bool singleRun, const OptimizerFiles& 
         benchmark::DoNotOptimize(Calculate(state, true, services));
     }
     bench.SetLabel(std::string(PageOf(inputs).key));
-    bench.counters["calls"] = services.last().calls().total();
+    bench.counters["calls"] = services.last().calls.total();
     bench.counters["iterations"] = services.last().iterations();
 }
 

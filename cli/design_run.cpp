@@ -97,7 +97,7 @@ std::variant<DesignRun, Problem> RunDesign(const DesignOptions& options, Session
     const PageOptimization& optimization = services.last();
     if (optimization.status == PageOptimization::Status::Finished) {
         run.goal = GoalReport{optimization.startGoal, optimization.achievedGoal,
-                              optimization.iterations(), optimization.calls().total()};
+                              optimization.iterations(), optimization.calls.total()};
     }
     return run;
 }

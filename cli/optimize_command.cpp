@@ -60,7 +60,7 @@ Json JsonComponentValues(const DesignRun& run) {
 Json Document(const OptimizedDesign& design) {
     Json goal = nullptr;
     if (design.optimization.status == PageOptimization::Status::Finished) {
-        const CallCounts calls = design.optimization.calls();
+        const CallCounts calls = design.optimization.calls;
         const Summary& best = design.optimization.bestRun();
         goal = {{"start", JsonNumber(design.optimization.startGoal)},
                 {"final", JsonNumber(design.optimization.achievedGoal)},
@@ -81,7 +81,7 @@ std::string GoalText(const OptimizedDesign& design) {
     if (design.optimization.status != PageOptimization::Status::Finished) {
         return "Optimization is disabled.\n";
     }
-    const CallCounts calls = design.optimization.calls();
+    const CallCounts calls = design.optimization.calls;
     const Summary& best = design.optimization.bestRun();
     return AlignedTable({{"Goal at start", FormatFixed(0, 6, design.optimization.startGoal)},
                          {"Goal reached", FormatFixed(0, 6, design.optimization.achievedGoal)},

@@ -9,13 +9,15 @@
 #include "optimize/crease_search.h"
 #include "optimize/start_matrix.h"
 #include "optimize/update.h"
+#include "optimize/valley.h"
 
 namespace kelvro {
 
 namespace {
 
 // Limit to the change of a parameter in one iteration: a factor of e at first, doubled while steps
-// that reach it pay off.
+// that reach it pay off. Descents against a rival start from far and with a full Hessian; they may
+// take the largest steps at once.
 constexpr double kFirstStepLimit = 1;
 constexpr double kLargestStepLimit = 3;
 constexpr double kLimitGrowth = 2;
@@ -23,7 +25,7 @@ constexpr double kLimitGrowth = 2;
 constexpr double kStiffCurvature = 300;
 // The matrix has to have seen some steps before y·(iH·y) and what it promises mean anything.
 constexpr int kFewestUpdates = 3;
-constexpr int kMostStalls = 4;
+constexpr int kMostStalls = 3;
 // y·s and y·(iH·y) below this cannot be divided by.
 constexpr double kSmallestDivisor = 1e-18;
 // A descent loses when three times its last reductions do not take it below the rival, ...
@@ -55,10 +57,13 @@ DescentStart StartFromHessian(SearchRun& run, const Vector& x, double f) {
 }
 
 Descent::Descent(SearchRun& run, Position start, Matrix inverse, const Rival* rival)
-    : run_(run), rival_(rival), limits_(run.options.gradientLimit), stepLimit_(kFirstStepLimit) {
+    : run_(run),
+      rival_(rival),
+      limits_(run.options.gradientLimit),
+      stepLimit_(rival ? kLargestStepLimit : kFirstStepLimit) {
     curvature_ = start.gradient.curvature;
     result_.at = std::move(start);
-    result_.inverse = std::move(inverse);
+    setInverse(std::move(inverse));
     if (run.options.noClampings) stepLimit_ = std::numeric_limits<double>::infinity();
 }
 
@@ -77,8 +82,18 @@ bool Descent::end(DescentEnd reason) {
     return false;
 }
 
+void Descent::setInverse(Matrix inverse) {
+    const double smallest = SmallestEigenvalue(inverse);
+    setInverse(std::move(inverse), smallest);
+}
+
+void Descent::setInverse(Matrix inverse, double smallestEigenvalue) {
+    result_.inverse = std::move(inverse);
+    steepestCurvature_ = 1 / smallestEigenvalue;
+}
+
 bool Descent::isStiff() const {
-    return SmallestEigenvalue(result_.inverse) < 1 / kStiffCurvature;
+    return steepestCurvature_ > kStiffCurvature;
 }
 
 Vector Descent::direction() {
@@ -86,7 +101,7 @@ Vector Descent::direction() {
     if (run_.options.steepestDescent) return -g;
     Vector S = -(result_.inverse * g);
     if (S.dot(g) < 0 && S.allFinite()) return S;
-    result_.inverse = InverseOfDiagonal(curvature_);
+    setInverse(InverseOfDiagonal(curvature_));
     return -(result_.inverse * g);
 }
 
@@ -97,8 +112,11 @@ bool Descent::iterate() {
     if (!run_.options.steepestDescent) {
         LineOutcome outcome = SearchLine(run_, result_.at, S, stepLimit_, closeToEnd());
         adaptStepLimit(outcome);
-        return take(
-            FollowBend(run_, result_.inverse, result_.at, std::move(outcome), closeToEnd()));
+        if (steepestCurvature_ > kWallCurvature) {
+            outcome =
+                FollowBend(run_, result_.inverse, result_.at, std::move(outcome), closeToEnd());
+        }
+        return take(std::move(outcome));
     }
     // Steepest descent has no scale of its own: the curvature at first, then the last step.
     const double first = lastT_ > 0 ? lastT_ : 1 / std::max(LargestEntry(curvature_), 1e-6);
@@ -193,11 +211,11 @@ void Descent::update(const Vector& s, const Vector& y) {
         if (y.dot(s) < 0) {
             run_.notes().push_back({.kind = NoteKind::MatrixStillPositive, .value = {smallest, 0}});
         }
-        result_.inverse = std::move(updated);
+        setInverse(std::move(updated), smallest);
         return;
     }
     run_.notes().push_back({.kind = NoteKind::MatrixReset, .value = {smallest, 0}});
-    result_.inverse = InverseOfDiagonal(curvature_);
+    setInverse(InverseOfDiagonal(curvature_));
 }
 
 bool Descent::stalled(double reduction) {
@@ -241,7 +259,7 @@ bool Descent::followCrease() {
     result_.at.f = outcome.f;
     result_.at.gradient = run_.gradients.computeDoubleSided(outcome.x, outcome.f, run_.notes());
     curvature_ = result_.at.gradient.curvature;
-    result_.inverse = InverseOfDiagonal(curvature_);
+    setInverse(InverseOfDiagonal(curvature_));
     stalls_ = 0;
     if (outcome.pending) run_.record(outcome.pending->before, result_.at, outcome.pending->step);
     return outcome.progressed;

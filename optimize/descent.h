@@ -66,6 +66,8 @@ class Descent {
     bool followCrease();
     void update(const Vector& s, const Vector& y);
     void adaptStepLimit(const LineOutcome& outcome);
+    void setInverse(Matrix inverse);
+    void setInverse(Matrix inverse, double smallestEigenvalue);
     bool isStiff() const;
     bool end(DescentEnd reason);
 
@@ -74,6 +76,7 @@ class Descent {
     DescentLimits limits_;
     DescentResult result_;
     Vector curvature_;  ///< fxx of the last double-sided gradient
+    double steepestCurvature_ = 0;
     double stepLimit_;
     bool limitRaised_ = false;  ///< by the last step
     int stalls_ = 0;

@@ -17,7 +17,6 @@ constexpr int kRefinements = 2;
 // Trial points this near to the middle of a bracket, relative to it, would not narrow it.
 constexpr double kTooNear = 0.02;
 constexpr double kAside = 0.1;
-constexpr std::size_t kMostDips = 5;
 constexpr double kSameValue = 0.02;
 constexpr Eigen::Index kFewParameters = 4;
 
@@ -66,13 +65,13 @@ class Line {
           direction_(direction),
           step_(run.options.thorough ? kFineStep : kCoarseStep) {}
 
-    void collectDips(double f, std::vector<Dip>& dips) const;
-
-  private:
     Vector at(double t) const { return origin_ + t * direction_; }
     Sample sample(double t) const { return {t, run_.objective(at(t), CallKind::LineSearch)}; }
+    /// The bracket's minimum, nearly.
     Sample lowest(Bracket bracket) const;
+    void collectDips(double f, std::vector<ValuedPoint>& dips) const;
 
+  private:
     SearchRun& run_;
     const Vector& origin_;
     Vector direction_;
@@ -88,7 +87,7 @@ Sample Line::lowest(Bracket bracket) const {
     return bracket.middle;
 }
 
-void Line::collectDips(double f, std::vector<Dip>& dips) const {
+void Line::collectDips(double f, std::vector<ValuedPoint>& dips) const {
     // The centre's own dip does not count: f there is taken as the lowest possible.
     Bracket window{{0, -std::numeric_limits<double>::infinity()}, {0, f}, {0, f}};
     for (int i = 1; i * step_ < kReach; ++i) {
@@ -105,21 +104,35 @@ void Line::collectDips(double f, std::vector<Dip>& dips) const {
 
 }  // namespace
 
-std::vector<Dip> DipsAlongLines(SearchRun& run, const Vector& centre, double f,
-                                const std::vector<Vector>& directions) {
-    std::vector<Dip> dips;
+std::vector<ValuedPoint> DipsAlongLines(SearchRun& run, const Vector& centre, double f,
+                                        const std::vector<Vector>& directions, std::size_t most) {
+    std::vector<ValuedPoint> dips;
     for (const Vector& direction : directions) {
         Line(run, centre, direction).collectDips(f, dips);
         Line(run, centre, -direction).collectDips(f, dips);
     }
     std::stable_sort(dips.begin(), dips.end(),
-                     [](const Dip& a, const Dip& b) { return a.f < b.f; });
-    const auto alike = [](const Dip& a, const Dip& b) {
+                     [](const ValuedPoint& a, const ValuedPoint& b) { return a.f < b.f; });
+    const auto alike = [](const ValuedPoint& a, const ValuedPoint& b) {
         return b.f < a.f + kSameValue * SearchRun::scale(a.f);
     };
     dips.erase(std::unique(dips.begin(), dips.end(), alike), dips.end());
-    if (dips.size() > kMostDips) dips.resize(kMostDips);
+    if (dips.size() > most) dips.resize(most);
     return dips;
+}
+
+ValuedPoint LowestOnLine(SearchRun& run, const ValuedPoint& from, const Vector& direction,
+                         double reach, double step) {
+    const Line line(run, from.x, direction);
+    const int count = static_cast<int>(std::round(reach / step));
+    std::vector<Sample> samples;
+    for (int i = -count; i <= count; ++i) {
+        samples.push_back(i == 0 ? Sample{0, from.f} : line.sample(i * step));
+    }
+    const auto lowest = std::ranges::min_element(samples, {}, &Sample::f);
+    const bool atEnd = lowest == samples.begin() || lowest + 1 == samples.end();
+    const Sample found = atEnd ? *lowest : line.lowest({*(lowest - 1), *lowest, *(lowest + 1)});
+    return {line.at(found.t), found.f};
 }
 
 std::vector<Vector> Diagonals(Eigen::Index parameters) {

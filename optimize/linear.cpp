@@ -20,6 +20,7 @@ double LargestEntry(const Vector& a) {
 }
 
 double SmallestEigenvalue(const Matrix& matrix) {
+    if (matrix.size() == 0) return std::numeric_limits<double>::infinity();
     if (!matrix.allFinite()) return std::numeric_limits<double>::quiet_NaN();
     const Eigen::SelfAdjointEigenSolver<Matrix> solver(matrix, Eigen::EigenvaluesOnly);
     return solver.eigenvalues()[0];

@@ -13,7 +13,8 @@ double AngleDegrees(const Vector& a, const Vector& b);
 /// Largest |a_i|; 0 for an empty vector.
 double LargestEntry(const Vector& a);
 
-/// Smallest eigenvalue of a symmetric matrix; not finite where the matrix is not.
+/// Smallest eigenvalue of a symmetric matrix; infinite for an empty one, NaN for one that is not
+/// finite.
 double SmallestEigenvalue(const Matrix& matrix);
 
 }  // namespace kelvro

@@ -12,6 +12,11 @@ namespace kelvro {
 
 namespace {
 
+// While a thorough search explores, its gradient limit is this much wider, and this part of its
+// iterations is kept back to finish the best minimum that it finds.
+constexpr double kExploringLimit = 5;
+constexpr double kFinishingPart = 0.15;
+
 /// A parameter is without influence where steps to both sides leave f exactly as it is.
 std::vector<bool> FindActive(const Gradient& gradient, double f) {
     std::vector<bool> active;
@@ -85,18 +90,41 @@ void TakeFinalHessian(SearchRun& run, Summary& summary) {
         run.objective.fullMatrix(HessianAt(run.objective, x, summary.f, run.options).hessian);
 }
 
+LocalOptions Exploring(LocalOptions options) {
+    options.gradientLimit *= kExploringLimit;
+    options.maxIterations -= static_cast<int>(kFinishingPart * options.maxIterations);
+    return options;
+}
+
+/// The best minimum to the full gradient limit.
+DescentResult Finished(SearchRun& run, DescentResult best) {
+    if (!run.iterationsLeft() || best.at.gradient.length < run.options.gradientLimit) return best;
+    run.notes().push_back({.kind = NoteKind::Restarted, .value = {best.at.f, 0}});
+    DescentStart start = StartFromHessian(run, best.at.x, best.at.f);
+    return Descent(run, std::move(start.at), std::move(start.inverse)).finish();
+}
+
+/// A descent from the start and, where the function calls for it, a search for better minima.
+DescentResult Minimum(SearchRun& run, Position start, Matrix inverse, const Vector& origin) {
+    const LocalOptions wanted = run.options;
+    const bool seek = wanted.seekOtherMinima && !wanted.steepestDescent && start.x.size() > 0;
+    const bool explore = seek && wanted.thorough;
+    const double f = start.f;
+    if (explore) run.options = Exploring(wanted);
+    DescentResult result = Descent(run, std::move(start), std::move(inverse)).finish();
+    if (seek) result = SeekOtherMinima(run, std::move(result), origin, f);
+    run.options = wanted;
+    return explore ? Finished(run, std::move(result)) : result;
+}
+
 void Search(SearchRun& run, const Gradient& full, const Vector& origin, Summary& summary) {
-    const double f = summary.f;
     run.objective.setActive(summary.active);
-    Position start{run.objective.start(), f, ActivePart(run.objective, full)};
-    const Vector x = start.x;
+    Position start{run.objective.start(), summary.f, ActivePart(run.objective, full)};
     NoteStartMatrix(run, full);
     Matrix inverse = FirstInverse(run, start, summary);
     run.recordStart(start);
-    DescentResult result = Descent(run, std::move(start), std::move(inverse)).finish();
-    if (run.options.seekOtherMinima && !run.options.steepestDescent && x.size() > 0) {
-        result = SeekOtherMinima(run, std::move(result), run.objective.activeDirection(origin), f);
-    }
+    const DescentResult result =
+        Minimum(run, std::move(start), std::move(inverse), run.objective.activeDirection(origin));
     TakeResult(run, result, summary);
     TakeFinalHessian(run, summary);
 }
@@ -119,9 +147,9 @@ void EndAtOnce(const Vector& start, double f, Summary& summary) {
 int CountWarnings(const Summary& summary) {
     int warnings = 0;
     for (const IterationRecord& record : summary.history) {
-        for (const Note& note : record.notes) warnings += IsWarning(note) ? 1 : 0;
+        warnings += static_cast<int>(std::ranges::count_if(record.notes, IsWarning));
     }
-    return warnings;
+    return warnings + static_cast<int>(std::ranges::count_if(summary.closingNotes, IsWarning));
 }
 
 }  // namespace
@@ -140,6 +168,7 @@ Summary MinimizeLocally(Objective& function, const Eigen::VectorXd& start,
         summary.active = FindActive(gradient, f);
         summary.startDiagonal = gradient.curvature;
         Search(run, gradient, origin.value_or(start), summary);
+        summary.closingNotes = std::move(run.notes());
     }
     summary.calls = objective.calls();
     summary.singleSidedGradients = run.gradients.singleSided();

@@ -106,6 +106,7 @@ struct Summary {
 
     double initialStep = 0;                ///< first t
     std::vector<IterationRecord> history;  ///< history[0] is the start, history.back() the end
+    std::vector<Note> closingNotes;        ///< of a search after the last iteration, in vain
     std::vector<bool> active;              ///< false: the parameter has no influence
 
     Eigen::VectorXd startDiagonal;                ///< fxx at the start, empty where not taken

@@ -2,12 +2,6 @@
 
 namespace kelvro {
 
-CallCounts PageOptimization::calls() const {
-    CallCounts sum;
-    for (const Summary& run : runs) sum += run.calls;
-    return sum;
-}
-
 const Summary& PageOptimization::bestRun() const {
     return runs.size() > 1 && runs[1].f <= runs[0].f ? runs[1] : runs[0];
 }

@@ -85,14 +85,13 @@ class PageRuns {
         const auto begin = std::chrono::steady_clock::now();
         result_.page = page_;
         best_ = Eigen::VectorXd::Zero(static_cast<Eigen::Index>(goal_.size()));
-        result_.startGoal = goal_.value(AsSpan(best_), CallKind::Evaluation);
-        result_.achievedGoal = result_.startGoal;
         result_.status = PageOptimization::Status::Finished;
         const int runs = settings_.singleRun ? 1 : 2;
         for (int i = 0; i < runs && result_.status == PageOptimization::Status::Finished; ++i) {
             runOnce(i, runs);
         }
         leaveBest();
+        result_.calls = goal_.calls();
         const std::chrono::duration<double, std::milli> time =
             std::chrono::steady_clock::now() - begin;
         result_.milliseconds = time.count();
@@ -121,12 +120,19 @@ class PageRuns {
         const Eigen::VectorXd calculated = Eigen::VectorXd::Zero(start.size());
         result_.runs.push_back(MinimizeLocally(goal_, start, options, calculated));
         const Summary& summary = result_.runs.back();
+        if (index == 0) result_.startGoal = result_.achievedGoal = calculatedGoal(summary);
         const bool firstValue = std::isfinite(summary.f) && !std::isfinite(result_.achievedGoal);
         if (summary.f < result_.achievedGoal || firstValue) {
             result_.achievedGoal = summary.f;
             best_ = summary.x;
         }
         report(summary, index, runs);
+    }
+
+    /// Runs from the calculated design have evaluated it.
+    double calculatedGoal(const Summary& first) {
+        if (!settings_.differentStartValues) return first.start().f;
+        return goal_.value(AsSpan(best_), CallKind::Evaluation);
     }
 
     void report(const Summary& summary, int index, int runs) {

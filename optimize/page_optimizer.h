@@ -32,8 +32,8 @@ struct PageOptimization {
     double startGoal = 0;       ///< goal of the calculated design
     double achievedGoal = 0;    ///< goal of the design as it was left
 
-    CallCounts calls() const;  ///< of all runs
-    int iterations() const;    ///< of all runs
+    CallCounts calls;        ///< all calls of the goal
+    int iterations() const;  ///< of all runs
     /// The run that reached the lowest goal, of equal ones the last. There has to be one.
     const Summary& bestRun() const;
 };

@@ -145,8 +145,8 @@ bool IsRemark(NoteKind kind) {
     return kind >= NoteKind::AngleExtreme || kind == NoteKind::HessianRankDeficient;
 }
 
-void WriteNotes(ReportText& out, const IterationRecord& record) {
-    for (const Note& note : record.notes) {
+void WriteNotes(ReportText& out, const std::vector<Note>& notes) {
+    for (const Note& note : notes) {
         if (!IsRemark(note.kind)) WriteNote(out, note);
     }
 }
@@ -165,7 +165,7 @@ void WriteRemarks(ReportText& out, const IterationRecord& record, NoteKind only)
 
 void WriteStart(ReportText& out, const Summary& run) {
     const IterationRecord& start = run.start();
-    WriteNotes(out, start);
+    WriteNotes(out, start.notes);
     if (run.startHessian) {
         out << "w elements of SVD of real H : " << run.startSingularValues << "\n";
         WriteRemarks(out, start, NoteKind::HessianRankDeficient);
@@ -195,7 +195,7 @@ void WriteSteps(ReportText& out, const IterationRecord& record) {
 void WriteIteration(ReportText& out, const IterationRecord& record) {
     using enum NoteKind;
     out << "Iteration " << record.iteration << " (" << record.calls.total() << " calls) :\n";
-    WriteNotes(out, record);
+    WriteNotes(out, record.notes);
     out << "Current goal function and gradient : f=" << record.f
         << ", reduction df=" << record.reduction << ", |g|=" << record.gradientLength << "\n";
     out << "X : " << record.x << "\n";
@@ -363,6 +363,7 @@ std::string RunText(const Summary& run, const OptimizerSettings& settings, RunOr
     if (run.history.empty()) return std::move(out).text();
     WriteStart(out, run);
     for (std::size_t i = 1; i < run.history.size(); ++i) WriteIteration(out, run.history[i]);
+    WriteNotes(out, run.closingNotes);
     WriteEnd(out, run, settings.local.steepestDescent);
     return std::move(out).text();
 }

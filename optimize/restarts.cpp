@@ -19,16 +19,16 @@ namespace {
 // What makes a function look treacherous: narrow valleys after more than a few iterations, ...
 constexpr double kNarrowCurvature = 100;
 constexpr int kQuickDescent = 7;
-// ... or, as it may be a plateau, some iterations that have not brought f below a fifth.
+// ... or, as it may be a plateau, some iterations that have not brought f below a fifth, ...
 constexpr int kSomeIterations = 4;
 constexpr double kPoorReduction = 0.2;
-// Walls as steep as this may have ridges beside them.
-constexpr double kRidgeCurvature = 50;
+// ... or any that end as far as this many times the good value.
+constexpr double kBadValue = 10;
 
-// Negative curvature worth a look, and the steps along it.
+// Negative curvature worth a look, the first step along it and its worth.
 constexpr double kNegativeCurvature = -0.01;
-constexpr double kFirstDownStep = 0.05;
-constexpr int kMostDownSteps = 6;
+constexpr double kFirstDownStep = 0.025;
+constexpr double kDownGain = 1e-5;
 
 // Probes over a ridge start where the valley's parabola has risen by this and widen by this factor.
 constexpr double kFirstRise = 0.1;
@@ -39,9 +39,19 @@ constexpr double kOnParabola = 0.8;
 constexpr double kHighWall = 3;
 constexpr int kFewestProbes = 3;
 
+// Dips on lines: those worth a descent, where descents are quick and where they are not.
+constexpr std::size_t kMostDips = 5;
+constexpr std::size_t kMostDipsOfValleys = 3;
+
 // Points at random: their spread, and the number of which the best is taken.
 constexpr double kSpread = 1.5;
 constexpr int kSamples = 20;
+// The same for points that are moved down along the axes before, in sweeps of these scans.
+constexpr double kWideSpread = 2;
+constexpr int kRelaxedSamples = 3;
+constexpr int kSweeps = 2;
+constexpr double kScanReach = 3;
+constexpr double kScanStep = 1;
 // Descents that end at the known minimum again before the search is over.
 constexpr int kConfirmations = 5;
 constexpr double kSameValue = 1e-3;
@@ -53,19 +63,22 @@ enum class Source : std::uint8_t { LinesThroughBest, LinesThroughOrigin };
 
 class RestartSearch {
   public:
-    RestartSearch(SearchRun& run, DescentResult best, const Vector& origin);
+    RestartSearch(SearchRun& run, DescentResult best, const Vector& origin, bool narrow);
 
     DescentResult seek(bool deep);
 
   private:
     bool aroundBest();
-    bool downNegativeCurvature(const Vector& direction);
+    bool downNegativeCurvature(const Vector& direction, const Valley& valley);
     bool acrossRidges(const Vector& direction, double curvature);
     std::optional<Vector> probe(const Vector& direction, double curvature) const;
     bool restart();
     Vector candidate();
-    std::vector<Dip> dips(Source source);
+    std::vector<ValuedPoint> dips(Source source);
     Vector sample();
+    Vector relaxedSample();
+    ValuedPoint relaxed(ValuedPoint point) const;
+    Vector scattered(double spread);
     double gaussian();
     DescentEnd descend(const Vector& x);
     double value(const Vector& x) const { return run_.objective(x, CallKind::LineSearch); }
@@ -73,15 +86,17 @@ class RestartSearch {
     SearchRun& run_;
     DescentResult best_;
     const Vector& origin_;
+    /// Among narrow valleys descents are long: calls that spare one are worth it.
+    const bool narrow_;
     UniformStream random_;
-    std::vector<Source> sources_;  ///< the next one last
-    std::vector<Dip> candidates_;  ///< the next one last
+    std::vector<Source> sources_;          ///< the next one last
+    std::vector<ValuedPoint> candidates_;  ///< the next one last
     int confirmations_ = 0;
     bool improved_ = false;
 };
 
-RestartSearch::RestartSearch(SearchRun& run, DescentResult best, const Vector& origin)
-    : run_(run), best_(std::move(best)), origin_(origin), random_(kSeed) {
+RestartSearch::RestartSearch(SearchRun& run, DescentResult best, const Vector& origin, bool narrow)
+    : run_(run), best_(std::move(best)), origin_(origin), narrow_(narrow), random_(kSeed) {
     // A thorough search tends to begin at a minimum around which another one has ended.
     sources_ = run.options.thorough
                    ? std::vector{Source::LinesThroughBest, Source::LinesThroughOrigin}
@@ -110,20 +125,14 @@ DescentEnd RestartSearch::descend(const Vector& x) {
     return end;
 }
 
-bool RestartSearch::downNegativeCurvature(const Vector& direction) {
+/// Along the floor, as such a direction tends to lie in a bent valley.
+bool RestartSearch::downNegativeCurvature(const Vector& direction, const Valley& valley) {
     for (const double sign : {1.0, -1.0}) {
-        double lowest = best_.at.f;
-        std::optional<Vector> point;
-        double t = kFirstDownStep;
-        for (int i = 0; i < kMostDownSteps; ++i, t *= 2) {
-            const Vector x = best_.at.x + sign * t * direction;
-            const double f = value(x);
-            if (!(f < lowest)) break;
-            lowest = f;
-            point = x;
-        }
-        if (!point) continue;
-        descend(*point);
+        const Vector along = sign * kFirstDownStep * direction;
+        const Vector x = best_.at.x + along;
+        const ValuedPoint first = valley.onFloor({x, value(x)});
+        if (!(first.f < best_.at.f)) continue;
+        descend(valley.farther(best_.at.x, first, along).x);
         if (improved_ || !run_.iterationsLeft()) return improved_;
     }
     return false;
@@ -165,40 +174,70 @@ bool RestartSearch::acrossRidges(const Vector& direction, double curvature) {
 
 /// What the curvatures at the best point suggest.
 bool RestartSearch::aroundBest() {
-    const HessianResult result = HessianAt(run_.objective, best_.at.x, best_.at.f, run_.options);
-    if (!result.hessian.allFinite()) return false;
-    const Eigen::SelfAdjointEigenSolver<Matrix> solver(result.hessian);
-    const Eigen::Index last = solver.eigenvalues().size() - 1;
-    if (solver.eigenvalues()[0] < kNegativeCurvature &&
-        downNegativeCurvature(solver.eigenvectors().col(0))) {
-        return true;
+    const Matrix hessian =
+        BothSidedHessianAt(run_.objective, best_.at.x, best_.at.f, run_.options).hessian;
+    if (!hessian.allFinite()) return false;
+    const Eigen::SelfAdjointEigenSolver<Matrix> solver(hessian);
+    const Vector& curvatures = solver.eigenvalues();
+    const Matrix& directions = solver.eigenvectors();
+    const Eigen::Index last = curvatures.size() - 1;
+    if (curvatures[0] < kNegativeCurvature) {
+        const Eigen::Index walls = (curvatures.array() > kWallCurvature).count();
+        const Valley valley(run_, directions.rightCols(walls), curvatures.tail(walls), kDownGain);
+        if (downNegativeCurvature(directions.col(0), valley)) return true;
     }
-    const double steepest = solver.eigenvalues()[last];
-    return run_.iterationsLeft() && steepest > kRidgeCurvature &&
-           acrossRidges(solver.eigenvectors().col(last), steepest);
+    return run_.iterationsLeft() && curvatures[last] > kWallCurvature &&
+           acrossRidges(directions.col(last), curvatures[last]);
 }
 
-std::vector<Dip> RestartSearch::dips(Source source) {
+std::vector<ValuedPoint> RestartSearch::dips(Source source) {
     const std::vector<Vector> lines = Diagonals(origin_.size());
+    const std::size_t most = narrow_ && run_.options.thorough ? kMostDipsOfValleys : kMostDips;
     if (source == Source::LinesThroughBest) {
-        return DipsAlongLines(run_, best_.at.x, best_.at.f, lines);
+        return DipsAlongLines(run_, best_.at.x, best_.at.f, lines, most);
     }
-    return DipsAlongLines(run_, origin_, value(origin_), lines);
+    return DipsAlongLines(run_, origin_, value(origin_), lines, most);
+}
+
+/// A point at random around the origin.
+Vector RestartSearch::scattered(double spread) {
+    Vector x = origin_;
+    for (double& xi : x) xi += spread * gaussian();
+    return x;
 }
 
 /// The best of a few points at random.
 Vector RestartSearch::sample() {
-    Vector lowest = origin_;
-    double lowestValue = std::numeric_limits<double>::infinity();
+    ValuedPoint lowest{origin_, std::numeric_limits<double>::infinity()};
     for (int i = 0; i < kSamples; ++i) {
-        Vector x = origin_;
-        for (double& xi : x) xi += kSpread * gaussian();
+        const Vector x = scattered(kSpread);
         const double f = value(x);
-        if (!(f < lowestValue)) continue;
-        lowestValue = f;
-        lowest = x;
+        if (f < lowest.f) lowest = {x, f};
     }
-    return lowest;
+    return lowest.x;
+}
+
+/// The best of a few points that have been moved down first.
+Vector RestartSearch::relaxedSample() {
+    ValuedPoint lowest{origin_, std::numeric_limits<double>::infinity()};
+    for (int i = 0; i < kRelaxedSamples; ++i) {
+        const Vector x = scattered(kWideSpread);
+        const ValuedPoint point = relaxed({x, value(x)});
+        if (point.f < lowest.f) lowest = point;
+    }
+    return lowest.x;
+}
+
+/// The point moved to where f is lowest along one axis after the other.
+ValuedPoint RestartSearch::relaxed(ValuedPoint point) const {
+    double scale = 1;
+    for (int sweep = 0; sweep < kSweeps; ++sweep, scale /= 2) {
+        for (Eigen::Index i = 0; i < point.x.size(); ++i) {
+            const Vector axis = Vector::Unit(point.x.size(), i);
+            point = LowestOnLine(run_, point, axis, scale * kScanReach, scale * kScanStep);
+        }
+    }
+    return point;
 }
 
 Vector RestartSearch::candidate() {
@@ -207,7 +246,7 @@ Vector RestartSearch::candidate() {
         std::reverse(candidates_.begin(), candidates_.end());
         sources_.pop_back();
     }
-    if (candidates_.empty()) return sample();
+    if (candidates_.empty()) return narrow_ ? relaxedSample() : sample();
     Vector x = std::move(candidates_.back().x);
     candidates_.pop_back();
     return x;
@@ -239,11 +278,12 @@ DescentResult SeekOtherMinima(SearchRun& run, DescentResult best, const Vector& 
     const bool narrow = SmallestEigenvalue(best.inverse) < 1 / kNarrowCurvature;
     const bool poor = best.iterations > kSomeIterations && best.at.f > run.options.goodValue &&
                       best.at.f > kPoorReduction * startValue;
-    const bool deep =
-        run.options.thorough || best.creased || poor || (narrow && best.iterations > kQuickDescent);
+    const bool bad = best.iterations > 1 && best.at.f > kBadValue * run.options.goodValue;
+    const bool deep = run.options.thorough || best.creased || poor || bad ||
+                      (narrow && best.iterations > kQuickDescent);
     const bool hardlyMoved = best.iterations <= 1;
     if (!deep && !hardlyMoved) return best;
-    return RestartSearch(run, std::move(best), origin).seek(deep);
+    return RestartSearch(run, std::move(best), origin, narrow).seek(deep);
 }
 
 }  // namespace kelvro

@@ -31,10 +31,7 @@ void AddRemarks(IterationRecord& record, const LocalOptions& options) {
 }  // namespace
 
 SearchRun::SearchRun(Evaluator& function, const LocalOptions& runOptions, Summary& summary)
-    : objective(function),
-      options(runOptions),
-      gradients(function, runOptions),
-      summary_(summary) {}
+    : objective(function), options(runOptions), gradients(function, options), summary_(summary) {}
 
 void SearchRun::recordStart(const Position& start) {
     IterationRecord record;

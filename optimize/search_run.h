@@ -33,7 +33,7 @@ class SearchRun {
     SearchRun(Evaluator& objective, const LocalOptions& options, Summary& summary);
 
     Evaluator& objective;
-    const LocalOptions& options;
+    LocalOptions options;  ///< in force; a search may narrow or widen its limits on the way
     GradientSource gradients;
 
     bool iterationsLeft() const { return summary_.iterations < options.maxIterations; }

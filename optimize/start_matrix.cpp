@@ -4,6 +4,7 @@
 #include <Eigen/SVD>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace kelvro {
 
@@ -52,6 +53,16 @@ HessianResult HessianAt(Evaluator& objective, const Vector& x, double f,
     Gradient gradient = DoubleSidedGradient(objective, x, f, h, CallKind::Hessian);
     Matrix hessian = MixedDerivatives(objective, x, f, gradient, h);
     return {std::move(hessian), std::move(gradient)};
+}
+
+HessianResult BothSidedHessianAt(Evaluator& objective, const Vector& x, double f,
+                                 const LocalOptions& options) {
+    HessianResult result = HessianAt(objective, x, f, options);
+    Gradient mirrored = result.gradient;
+    std::swap(mirrored.plus, mirrored.minus);
+    result.hessian += MixedDerivatives(objective, x, f, mirrored, -HessianStep(options));
+    result.hessian /= 2;
+    return result;
 }
 
 Matrix PositiveInverse(const Matrix& hessian) {

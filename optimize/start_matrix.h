@@ -14,7 +14,7 @@ namespace kelvro {
 Matrix InverseOfDiagonal(const Vector& curvature);
 
 /// Full Hessian by differences of step h around x: the double-sided gradient's curvatures and
-/// n(n-1)/2 further calls for the mixed derivatives.
+/// n(n-1)/2 further calls for the mixed derivatives, from one side.
 Matrix MixedDerivatives(Evaluator& objective, const Vector& x, double f, const Gradient& gradient,
                         double h);
 
@@ -30,6 +30,11 @@ struct HessianResult {
 /// Gradient and Hessian at x with the step of second derivatives.
 HessianResult HessianAt(Evaluator& objective, const Vector& x, double f,
                         const LocalOptions& options);
+
+/// The same with mixed derivatives from both sides: the flat directions beside steep ones come out
+/// right, which decides on their sign.
+HessianResult BothSidedHessianAt(Evaluator& objective, const Vector& x, double f,
+                                 const LocalOptions& options);
 
 /// Inverse of a symmetric matrix with its eigenvalues taken positive: directions of negative
 /// curvature are searched as far as their curvature is strong.

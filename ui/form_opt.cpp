@@ -357,7 +357,7 @@ void TFormOpt::showSettings() {
 
 void TFormOpt::showEvaluation() {
     const PageOptimization& last = optimizer_.last();
-    const CallCounts calls = last.calls();
+    const CallCounts calls = last.calls;
     const int line = calls.of(CallKind::LineSearch);
     const int gradient = calls.of(CallKind::Gradient);
     evaluation_[0]->setText(tr("Actually used iterations : %1").arg(last.iterations()));

@@ -61,6 +61,20 @@ TEST(Gradient, AgreesWithTheDerivativesOfACubic) {
     EXPECT_EQ(H(0, 1), H(1, 0));
 }
 
+TEST(StartMatrix, SeesSmallCurvaturesBesideStrongThirdDerivatives) {
+    class Twisted : public Objective {
+      public:
+        double value(std::span<const double> x, CallKind) override {
+            return 1e5 * x[0] * x[1] * (x[0] + x[1]) - 0.5 * x[0] * x[1];
+        }
+    } twisted;
+    const Vector x = Vector::Zero(2);
+    Evaluator objective(twisted, x, false);
+    const HessianResult result = BothSidedHessianAt(objective, x, 0, {});
+    EXPECT_NEAR(result.hessian(0, 1), -0.5, 1e-3);  // 20 off from one side
+    EXPECT_NEAR(result.hessian(0, 0), 0, 1e-3);
+}
+
 TEST(StartMatrix, IsPositiveWhateverTheCurvatures) {
     Vector curvature(3);
     curvature << 4, -2, 0;

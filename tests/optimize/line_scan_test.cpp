@@ -23,7 +23,7 @@ TEST(LineScan, FindsTheDipsBesideTheCentreLowestFirst) {
     const LocalOptions options;
     Summary summary;
     SearchRun run(objective, options, summary);
-    const auto dips = DipsAlongLines(run, Vector::Zero(2), 0, {Vector::Unit(2, 0)});
+    const auto dips = DipsAlongLines(run, Vector::Zero(2), 0, {Vector::Unit(2, 0)}, 5);
     ASSERT_EQ(dips.size(), 5U);
     // Five valleys to the right within reach: 1.3 to 6.5.
     for (std::size_t i = 0; i < dips.size(); ++i) {
@@ -32,6 +32,21 @@ TEST(LineScan, FindsTheDipsBesideTheCentreLowestFirst) {
         EXPECT_EQ(dips[i].f, waves.value(std::span(dips[i].x.data(), 2), CallKind::Evaluation));
     }
     EXPECT_EQ(objective.calls().of(CallKind::LineSearch), waves.calls - 5);
+}
+
+TEST(LineScan, TakesTheLowestPointOnBothSides) {
+    Waves waves;
+    Evaluator objective(waves, Vector::Zero(2), false);
+    Summary summary;
+    SearchRun run(objective, {}, summary);
+    const ValuedPoint origin{Vector::Zero(2), 0};
+    // The deepest valley within reach is the one at 5.2.
+    const ValuedPoint deep = LowestOnLine(run, origin, Vector::Unit(2, 0), 6, 0.4);
+    EXPECT_NEAR(deep.x[0], 5.2, 0.1);
+    EXPECT_EQ(deep.f, waves.value(std::span(deep.x.data(), 2), CallKind::Evaluation));
+    EXPECT_EQ(LowestOnLine(run, origin, -Vector::Unit(2, 0), 6, 0.4).x, deep.x);
+    // Across there is nothing lower.
+    EXPECT_EQ(LowestOnLine(run, origin, Vector::Unit(2, 1), 3, 1).x, origin.x);
 }
 
 TEST(LineScan, HasNoTwoDiagonalsOnOneLine) {

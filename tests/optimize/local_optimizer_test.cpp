@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "analysis/goal.h"
+#include "optimize/report.h"
 #include "optimize/update.h"
 
 namespace kelvro {
@@ -87,6 +88,54 @@ INSTANTIATE_TEST_SUITE_P(Functions, LocalOptimizerFinds,
                                                       {Point({3, -1}), Point({-2, 0.5})},
                                                       0}),
                          [](const auto& test) { return "case" + std::to_string(test.index); });
+
+struct ValleyCase {
+    const char* name;
+    Function function;
+    Eigen::VectorXd start;
+    double f;
+    int iterations;
+};
+
+class LocalOptimizerInAValley : public testing::TestWithParam<ValleyCase> {};
+
+TEST_P(LocalOptimizerInAValley, FollowsTheFloor) {
+    Counted objective(GetParam().function);
+    const Summary run = MinimizeLocally(objective, GetParam().start, {});
+    EXPECT_NEAR(run.f, GetParam().f, 1e-3);
+    int used = 0;
+    while (run.history[static_cast<std::size_t>(used)].f > GetParam().f + 1e-3) ++used;
+    EXPECT_LE(used, GetParam().iterations);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Shapes, LocalOptimizerInAValley,
+    testing::Values(
+        // Bent between walls in two directions: 50 iterations with an eye on one only.
+        ValleyCase{"twoWalls",
+                   [](auto x) {
+                       return Square(x[0] - 2) + 100 * Square(x[1] - Square(x[0])) +
+                              100 * Square(x[2] - std::sin(2 * x[0]));
+                   },
+                   Point({-1.5, 2, 0.5}), 0, 40},
+        // Begins where the gradient is 0 and the floor falls to both sides.
+        ValleyCase{"saddle",
+                   [](auto x) {
+                       return 0.5 * Square(Square(x[0])) - 0.1 * Square(x[0]) +
+                              1e4 * Square(x[1] - Square(x[0]));
+                   },
+                   Point({0, 0}), -0.005, 10}),
+    [](const auto& test) { return test.param.name; });
+
+TEST(LocalOptimizer, FinishesAThoroughSearchToItsGradientLimit) {
+    Counted objective([](auto x) { return TestFunction(10, x); });
+    LocalOptions options;
+    options.gradientLimit = 1e-3;
+    options.thorough = true;
+    const Summary run = MinimizeLocally(objective, Point({-1.2, 1}), options);
+    EXPECT_LT(run.gradientLength, 1e-3);
+    EXPECT_LE(run.iterations, options.maxIterations);
+}
 
 TEST(LocalOptimizer, StaysAwayFromWhereTheFunctionDoesNotExist) {
     // Curvature far out is small: the first steps overshoot into the half plane without values.
@@ -170,7 +219,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         StopCase{"maxIterations", [](auto x) { return TestFunction(10, x); },
                  With([](LocalOptions& o) { o.maxIterations = 3; }), StopReason::MaxIterations},
-        StopCase{"gradient", [](auto x) { return TestFunction(10, x); },
+        StopCase{"gradient", [](auto x) { return TestFunction(7, x); },
                  With([](LocalOptions& o) { o.gradientLimit = 1e-4; }),
                  StopReason::GradientTooSmall},
         // The first descent ends at 1e-4; the search for better minima goes on to the limit.
@@ -182,7 +231,6 @@ INSTANTIATE_TEST_SUITE_P(
                  With([](LocalOptions& o) {
                      o.gradientLimit = 1e-4;
                      o.maxIterations = 30;
-                     o.thorough = true;
                  }),
                  StopReason::MaxIterations},
         // The gradient does not change along a plane.
@@ -197,6 +245,20 @@ INSTANTIATE_TEST_SUITE_P(
                  With([](LocalOptions& o) { o.seekOtherMinima = false; }),
                  StopReason::StepTooSmall}),
     [](const auto& test) { return test.param.name; });
+
+TEST(LocalOptimizer, ReportsWhatALastLineSearchInVainHasSeen) {
+    // Falls within the reach of the differences only.
+    Counted objective(
+        [](auto x) { return std::fabs(x[0]) < 2e-12 ? -1e6 * x[0] : 1 + std::fabs(x[0]); });
+    LocalOptions options;
+    options.differenceStep = 1e-12;
+    const Summary run = MinimizeLocally(objective, Point({0}), options);
+    ASSERT_EQ(run.stop, StopReason::StepTooSmall);
+    const std::string report = RunText(run, {}, RunOrigin::Single, 1);
+    EXPECT_NE(report.find(" before linear search due to large parameter steps.\nBFGS iterations"),
+              std::string::npos)
+        << report;
+}
 
 TEST(LocalOptimizer, FollowsTheForcedFormula) {
     const auto run = [](GradientChoice choice) {

@@ -194,7 +194,7 @@ TEST_F(LoggedRun, AppendsTheSecondRunAndListsEveryCall) {
     EXPECT_LT(log.find("Started within Kelvro for Typ=13"),
               log.find("2nd optimization run : \nStarted 2nd time within Kelvro for Typ=13"));
     const std::string table = FileText(files_.table);
-    EXPECT_EQ(std::ranges::count(table, '\n'), 3 + result.calls().total());
+    EXPECT_EQ(std::ranges::count(table, '\n'), 3 + result.calls.total());
 }
 
 TEST_F(LoggedRun, NamesNoTableWhereNoneIsWritten) {
@@ -271,7 +271,7 @@ TEST_P(Keyword, TakesEffect) {
         const OptimizerFiles files{(folder / "opt.txt").string(), (folder / "opt2.csv").string()};
         const auto a = OptimizePage(plain, defaults, {kNone, kNone});
         const auto b = OptimizePage(preset_, with, files);
-        changed = changed || a.calls().of(CallKind::Gradient) != b.calls().of(CallKind::Gradient) ||
+        changed = changed || a.calls.of(CallKind::Gradient) != b.calls.of(CallKind::Gradient) ||
                   a.achievedGoal != b.achievedGoal || std::ifstream(files.table).good();
     }
     EXPECT_TRUE(changed);

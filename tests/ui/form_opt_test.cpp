@@ -62,7 +62,7 @@ class FormOptTest : public QObject {
         type("itEingabe", "1");
         click("ButtonTrigger");
         QCOMPARE(label("LabelIterations"), QString("Actually used iterations : 1"));
-        const CallCounts calls = session_->optimizer().last().calls();
+        const CallCounts calls = session_->optimizer().last().calls;
         QCOMPARE(label("LabelCallsSplit"), QString("(%1 in line search and %2 in gradient)")
                                                .arg(calls.of(CallKind::LineSearch))
                                                .arg(calls.of(CallKind::Gradient)));
