@@ -112,7 +112,8 @@ bool Descent::iterate() {
     if (!run_.options.steepestDescent) {
         LineOutcome outcome = SearchLine(run_, result_.at, S, stepLimit_, closeToEnd());
         adaptStepLimit(outcome);
-        if (steepestCurvature_ > kWallCurvature) {
+        // The first descent of a run tends to be short: only stiff valleys repay a look at bends.
+        if (steepestCurvature_ > (rival_ ? kWallCurvature : kStiffCurvature)) {
             outcome =
                 FollowBend(run_, result_.inverse, result_.at, std::move(outcome), closeToEnd());
         }
