@@ -164,22 +164,26 @@ std::optional<std::string> RangeProblem(const ExportRange& range) {
 
 std::span<const ExportFormat> ExportFormats() {
     static constexpr auto always = [](const Page&) { return true; };
+    static constexpr auto never = [](const Page&) { return false; };
     static constexpr auto topology = [](const Page& page) {
         return page.circuit ? page.circuit(DesignState{}).topology : Topology::None;
     };
     static constexpr auto hasCircuit = [](const Page& page) {
         return topology(page) != Topology::None;
     };
+    static constexpr auto isSwept = [](const Page& page) {
+        return topology(page) != Topology::ClassE && topology(page) != Topology::Divider;
+    };
     static constexpr auto hasPorts = [](const Page& page) {
         return CircuitTwoPort::Exists(topology(page));
     };
     static constexpr auto hasResponse = [](const Page& page) { return page.transfer != nullptr; };
     static constexpr std::array<ExportFormat, 5> formats = {
-        {{"listing", "Listing", "txt", false, false, always, ListingOf},
-         {"spice", "SPICE netlist", "cir", true, false, hasCircuit, SpiceNetlist},
-         {"touchstone", "Touchstone two-port", "s2p", true, true, hasPorts, TouchstoneFile},
-         {"csv", "Response table (CSV)", "csv", true, false, hasResponse, ResponseCsv},
-         {"json", "Design (JSON)", "json", false, false, always, DesignJson}}};
+        {{"listing", "Listing", "txt", false, always, never, ListingOf},
+         {"spice", "SPICE netlist", "cir", false, hasCircuit, isSwept, SpiceNetlist},
+         {"touchstone", "Touchstone two-port", "s2p", true, hasPorts, always, TouchstoneFile},
+         {"csv", "Response table (CSV)", "csv", false, hasResponse, always, ResponseCsv},
+         {"json", "Design (JSON)", "json", false, always, never, DesignJson}}};
     return formats;
 }
 

@@ -68,9 +68,9 @@ struct ExportFormat {
     std::string_view key;      ///< on the command line: "spice"
     std::string_view caption;  ///< "SPICE netlist"
     std::string_view suffix;   ///< of file names: "cir"
-    bool range;                ///< are frequencies chosen?
     bool reference;            ///< is a reference resistance chosen?
     bool (*available)(const Page&);
+    bool (*range)(const Page&);  ///< are frequencies chosen?
     std::string (*content)(const ExportDesign&, const ExportRange&);
 };
 

@@ -196,11 +196,16 @@ const ExportFormat& TExportDlg::format() const {
     return found ? *found : ExportFormats().front();
 }
 
+bool TExportDlg::takesRange() const {
+    return format().range(PageOf(host_.state()));
+}
+
 void TExportDlg::refresh() {
     for (const RangeRow& row : rows_) {
         const bool reference = row.value == &ExportRange::z0;
-        for (QWidget* widget : row.widgets)
-            widget->setVisible(reference ? format().reference : format().range);
+        for (QWidget* widget : row.widgets) {
+            widget->setVisible(reference ? format().reference : takesRange());
+        }
     }
     bool problem = false;
     std::string content = contentOrProblem(problem);
@@ -215,7 +220,7 @@ void TExportDlg::refresh() {
 /// What is to be exported, or why nothing can be.
 std::string TExportDlg::contentOrProblem(bool& problem) const {
     problem = true;
-    if (const auto wrong = RangeProblem(range_); wrong && format().range) return *wrong;
+    if (const auto wrong = RangeProblem(range_); wrong && takesRange()) return *wrong;
     DesignState state = host_.state();
     TakeShownValues(
         state, [this](std::string_view object) { return host_.fieldText(object).toStdString(); });

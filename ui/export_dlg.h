@@ -56,6 +56,7 @@ class TExportDlg : public QDialog {
     void showContent();
     QString askFileName();
     const ExportFormat& format() const;
+    bool takesRange() const;
 
     DesignHost& host_;
     ExportRange range_;
