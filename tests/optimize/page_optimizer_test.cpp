@@ -45,7 +45,8 @@ std::string FileText(const std::string& path) {
 /// The best known values come from long searches of another kind.
 TEST(PageOptimizer, ComesNearTheBestKnownDesigns) {
     const json designs = json::parse(std::ifstream(TEST_DATA "/optimizer.json"));
-    int good = 0;
+    int near = 0;
+    int nearer = 0;
     for (const json& design : designs) {
         DesignState state = Calculated(design["page"], design["r1"], design["r2"], design["q"]);
         state.fo = design["fo"];
@@ -54,12 +55,20 @@ TEST(PageOptimizer, ComesNearTheBestKnownDesigns) {
         ResponseServices services;
         Calculate(state, true, services);
         state.Q = design["q"];
-        const PageOptimization result = OptimizePage(state, {}, {kNone, kNone});
-        EXPECT_LE(result.achievedGoal, result.startGoal);
         const double best = design["best_known"];
-        good += result.achievedGoal - best <= 1e-2 * std::max(1.0, std::fabs(best)) ? 1 : 0;
+        const auto excess = [&](bool singleRun) {
+            DesignState optimized = state;
+            OptimizerSettings settings;
+            settings.singleRun = singleRun;
+            const PageOptimization result = OptimizePage(optimized, settings, {kNone, kNone});
+            EXPECT_LE(result.achievedGoal, result.startGoal);
+            return (result.achievedGoal - best) / std::max(1.0, std::fabs(best));
+        };
+        near += excess(true) <= 1e-2 ? 1 : 0;
+        nearer += excess(false) <= 1e-3 ? 1 : 0;
     }
-    EXPECT_GE(good, static_cast<int>(designs.size()) - 2);
+    EXPECT_GE(near, static_cast<int>(designs.size()) - 2);
+    EXPECT_GE(nearer, static_cast<int>(designs.size()) - 1);
 }
 
 TEST(PageOptimizer, MovesComponentsOnlyAndNeverToAWorseGoal) {
