@@ -18,7 +18,7 @@ namespace {
 
 // What makes a function look treacherous: narrow valleys after more than a few iterations, ...
 constexpr double kNarrowCurvature = 100;
-constexpr int kQuickDescent = 7;
+constexpr int kQuickDescent = 8;
 // ... or, as it may be a plateau, some iterations that have not brought f below a fifth, ...
 constexpr int kSomeIterations = 4;
 constexpr double kPoorReduction = 0.2;
