@@ -53,7 +53,7 @@ constexpr int kSweeps = 2;
 constexpr double kScanReach = 3;
 constexpr double kScanStep = 1;
 // Descents that end at the known minimum again before the search is over.
-constexpr int kConfirmations = 5;
+constexpr int kConfirmations = 4;
 constexpr double kSameValue = 1e-3;
 constexpr double kSmallestGain = 1e-3;
 constexpr std::uint64_t kSeed = 11;
