@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "core/scalar.h"
+#include "optimize/linear.h"
 #include "optimize/report_text.h"
 
 namespace kelvro {
@@ -297,6 +298,15 @@ void WriteInverse(ReportText& out, const Summary& run) {
         << "\n";
 }
 
+/// The inverse Hessian to judge parameters by: the real one at a minimum, as the updates may have
+/// been reset shortly before the end.
+Eigen::MatrixXd TrustedInverse(const Summary& run) {
+    if (!run.finalHessian || !run.finalHessian->allFinite()) return run.inverseHessian;
+    const bool minimum = SmallestEigenvalue(*run.finalHessian) >= 0;
+    if (!minimum) return run.inverseHessian;
+    return run.finalHessian->completeOrthogonalDecomposition().pseudoInverse();
+}
+
 void WriteEigenvalues(ReportText& out, const Summary& run) {
     const Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> solver(run.inverseHessian);
     const Eigen::VectorXd& values = solver.eigenvalues();
@@ -371,8 +381,9 @@ std::string RunText(const Summary& run, const OptimizerSettings& settings, RunOr
 std::string ClosingText(const Summary& best, const OptimizerSettings& settings) {
     ReportText out;
     out << "Parameter uncertainty estimation : \n";
-    for (Eigen::Index i = 0; i < best.inverseHessian.rows(); ++i) {
-        const double dX = std::sqrt(2 * kUncertaintyGoal * std::fabs(best.inverseHessian(i, i)));
+    const Eigen::MatrixXd inverse = TrustedInverse(best);
+    for (Eigen::Index i = 0; i < inverse.rows(); ++i) {
+        const double dX = std::sqrt(2 * kUncertaintyGoal * std::fabs(inverse(i, i)));
         out << static_cast<int>(i) + 1 << " : " << 100 * dX << "%, dX=" << dX << "\n";
     }
     out << "f at achieved optimum : " << best.f << "\n";

@@ -11,6 +11,7 @@
 #include "core/number_text.h"
 #include "design/pages.h"
 #include "optimize/keywords.h"
+#include "optimize/report.h"
 #include "tests/temporary_folder.h"
 
 namespace kelvro {
@@ -228,6 +229,18 @@ TEST_F(LoggedRun, WarnsOfAHessianWithoutFullRankBehindItsSingularValues) {
                 ContainsRegex("w elements of SVD of real H : [^\n]+\n"
                               "Warning : Rank of real H maybe smaller than dimension!\n"
                               "Used start matrix iH derived from real H\n"));
+}
+
+TEST(Report, EstimatesUncertaintiesByTheRealHessianOfAMinimum) {
+    Summary run;
+    run.inverseHessian = Eigen::MatrixXd::Identity(2, 2);
+    run.g = Eigen::VectorXd::Zero(2);
+    run.finalHessian = Eigen::Vector2d(2, 8).asDiagonal();
+    // 0.01 dB are lost where H·dX²/2 is 0.01.
+    EXPECT_THAT(ClosingText(run, {}), HasSubstr("1 : 10.0000%, dX=0.1000\n"
+                                                "2 : 5.0000%, dX=50.0000m\n"));
+    run.finalHessian = Eigen::Vector2d(-2, 8).asDiagonal();  // a saddle
+    EXPECT_THAT(ClosingText(run, {}), HasSubstr("1 : 14.1421%"));
 }
 
 /// Different start values: the second run ends in a worse place than the first.
