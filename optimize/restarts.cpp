@@ -16,14 +16,18 @@ namespace kelvro {
 
 namespace {
 
-// What makes a function look treacherous: narrow valleys after more than a few iterations, ...
-constexpr double kNarrowCurvature = 100;
+// What makes a function look treacherous: a valley after more than a few iterations, ...
+constexpr double kValleyCurvature = 20;
 constexpr int kQuickDescent = 8;
 // ... or, as it may be a plateau, some iterations that have not brought f below a fifth, ...
 constexpr int kSomeIterations = 4;
 constexpr double kPoorReduction = 0.2;
 // ... or any that end as far as this many times the good value.
 constexpr double kBadValue = 10;
+// Values this far below the good one leave nothing to look for.
+constexpr double kExcellentValue = 0.2;
+// Valleys as narrow as this make descents long.
+constexpr double kNarrowCurvature = 100;
 
 // Negative curvature worth a look, the first step along it and its worth.
 constexpr double kNegativeCurvature = -0.01;
@@ -271,18 +275,30 @@ DescentResult RestartSearch::seek(bool deep) {
     return std::move(best_);
 }
 
+/// Does the function seem to have better minima than the one that a descent has found?
+bool IsTreacherous(const DescentResult& result, double curvature, double startValue,
+                   double goodValue) {
+    const double f = result.at.f;
+    const bool reduced = f < kPoorReduction * startValue;
+    const bool bad = f > kBadValue * goodValue;
+    const bool poor = !reduced && ((f > goodValue && result.iterations > kSomeIterations) ||
+                                   (bad && result.iterations > 1));
+    // Much reduced and yet as high as a bad one, the value is of another scale.
+    const bool satisfying = f < kExcellentValue * goodValue || (reduced && bad);
+    const bool valley = curvature > kValleyCurvature && result.iterations > kQuickDescent;
+    return result.creased || poor || (valley && !satisfying);
+}
+
 }  // namespace
 
 DescentResult SeekOtherMinima(SearchRun& run, DescentResult best, const Vector& origin,
                               double startValue) {
-    const bool narrow = SmallestEigenvalue(best.inverse) < 1 / kNarrowCurvature;
-    const bool poor = best.iterations > kSomeIterations && best.at.f > run.options.goodValue &&
-                      best.at.f > kPoorReduction * startValue;
-    const bool bad = best.iterations > 1 && best.at.f > kBadValue * run.options.goodValue;
-    const bool deep = run.options.thorough || best.creased || poor || bad ||
-                      (narrow && best.iterations > kQuickDescent);
+    const double curvature = 1 / SmallestEigenvalue(best.inverse);
+    const bool deep =
+        run.options.thorough || IsTreacherous(best, curvature, startValue, run.options.goodValue);
     const bool hardlyMoved = best.iterations <= 1;
     if (!deep && !hardlyMoved) return best;
+    const bool narrow = curvature > kNarrowCurvature;
     return RestartSearch(run, std::move(best), origin, narrow).seek(deep);
 }
 

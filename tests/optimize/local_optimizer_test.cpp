@@ -225,7 +225,7 @@ INSTANTIATE_TEST_SUITE_P(
         // The first descent ends at 1e-4; the search for better minima goes on to the limit.
         StopCase{"maxIterationsOfTheFurtherSearch",
                  [](auto x) {
-                     return Square(x[0] - 1) + Square(x[1]) + 0.3 * std::cos(20 * x[0] * x[1]) +
+                     return 1 + Square(x[0] - 1) + Square(x[1]) + 0.3 * std::cos(20 * x[0] * x[1]) +
                             0.3 * std::cos(15 * (x[0] - x[1]));
                  },
                  With([](LocalOptions& o) {
