@@ -80,7 +80,6 @@ class RestartSearch {
     Vector candidate();
     std::vector<ValuedPoint> dips(Source source);
     Vector sample();
-    Vector relaxedSample();
     ValuedPoint relaxed(ValuedPoint point) const;
     Vector scattered(double spread);
     double gaussian();
@@ -210,24 +209,15 @@ Vector RestartSearch::scattered(double spread) {
     return x;
 }
 
-/// The best of a few points at random.
+/// The best of a few points at random, which among narrow valleys have been moved down first.
 Vector RestartSearch::sample() {
     ValuedPoint lowest{origin_, std::numeric_limits<double>::infinity()};
-    for (int i = 0; i < kSamples; ++i) {
-        const Vector x = scattered(kSpread);
-        const double f = value(x);
-        if (f < lowest.f) lowest = {x, f};
-    }
-    return lowest.x;
-}
-
-/// The best of a few points that have been moved down first.
-Vector RestartSearch::relaxedSample() {
-    ValuedPoint lowest{origin_, std::numeric_limits<double>::infinity()};
-    for (int i = 0; i < kRelaxedSamples; ++i) {
-        const Vector x = scattered(kWideSpread);
-        const ValuedPoint point = relaxed({x, value(x)});
-        if (point.f < lowest.f) lowest = point;
+    const int count = narrow_ ? kRelaxedSamples : kSamples;
+    for (int i = 0; i < count; ++i) {
+        const Vector x = scattered(narrow_ ? kWideSpread : kSpread);
+        ValuedPoint point{x, value(x)};
+        if (narrow_) point = relaxed(std::move(point));
+        if (point.f < lowest.f) lowest = std::move(point);
     }
     return lowest.x;
 }
@@ -250,7 +240,7 @@ Vector RestartSearch::candidate() {
         std::reverse(candidates_.begin(), candidates_.end());
         sources_.pop_back();
     }
-    if (candidates_.empty()) return narrow_ ? relaxedSample() : sample();
+    if (candidates_.empty()) return sample();
     Vector x = std::move(candidates_.back().x);
     candidates_.pop_back();
     return x;

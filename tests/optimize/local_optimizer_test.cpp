@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -103,9 +104,10 @@ TEST_P(LocalOptimizerInAValley, FollowsTheFloor) {
     Counted objective(GetParam().function);
     const Summary run = MinimizeLocally(objective, GetParam().start, {});
     EXPECT_NEAR(run.f, GetParam().f, 1e-3);
-    int used = 0;
-    while (run.history[static_cast<std::size_t>(used)].f > GetParam().f + 1e-3) ++used;
-    EXPECT_LE(used, GetParam().iterations);
+    const auto arrived = std::ranges::find_if(
+        run.history, [](const IterationRecord& r) { return r.f <= GetParam().f + 1e-3; });
+    ASSERT_NE(arrived, run.history.end());
+    EXPECT_LE(arrived->iteration, GetParam().iterations);
 }
 
 INSTANTIATE_TEST_SUITE_P(
