@@ -1,10 +1,10 @@
 #include <CLI/Option.hpp>
 #include <memory>
 
+#include "advise/guide.h"
 #include "cli/commands.h"
 #include "cli/design_options.h"
 #include "core/number_text.h"
-#include "optimize/guide.h"
 
 namespace kelvro {
 

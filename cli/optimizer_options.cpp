@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
+#include "advise/keywords.h"
 #include "analysis/goal.h"
 #include "core/number_text.h"
-#include "optimize/keywords.h"
 
 namespace kelvro {
 

@@ -2,6 +2,7 @@
 #include <CLI/Validators.hpp>
 #include <map>
 
+#include "advise/proposal.h"
 #include "cli/commands.h"
 #include "cli/design_options.h"
 #include "core/number_text.h"
@@ -9,7 +10,6 @@
 #include "io/json_output.h"
 #include "io/text_table.h"
 #include "optimize/page_optimizer.h"
-#include "optimize/proposal.h"
 
 namespace kelvro {
 

@@ -3,9 +3,9 @@
 #include <map>
 #include <memory>
 
+#include "advise/annealing.h"
 #include "cli/commands.h"
 #include "io/json_output.h"
-#include "optimize/annealing.h"
 
 namespace kelvro {
 

@@ -66,7 +66,7 @@ OutputField Component(std::string_view object, std::string_view name, std::strin
     return field;
 }
 
-Element Part(ElementKind kind, Place place, std::string_view name, const DesignState& state,
+Element PagePart(ElementKind kind, Place place, std::string_view name, const DesignState& state,
              Slot slot, std::string_view field) {
     return {kind, place, std::string(name), state.components[slot], slot, field};
 }

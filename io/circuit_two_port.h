@@ -2,7 +2,7 @@
 
 #include <complex>
 
-#include "analysis/tools/two_port.h"
+#include "network/two_port.h"
 #include "design/circuit.h"
 #include "design/state.h"
 

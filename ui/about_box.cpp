@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "plot/icons.h"
+#include "ui/plot/icons.h"
 
 namespace kelvro {
 

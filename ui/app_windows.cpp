@@ -7,8 +7,6 @@
 #include <algorithm>
 #include <array>
 
-#include "plot/form_phi.h"
-#include "plot/form_vu.h"
 #include "ui/about_box.h"
 #include "ui/design_session.h"
 #include "ui/export_dlg.h"
@@ -21,6 +19,8 @@
 #include "ui/help/gr_hilfe_box.h"
 #include "ui/help/help_box.h"
 #include "ui/info_dlg.h"
+#include "ui/plot/form_phi.h"
+#include "ui/plot/form_vu.h"
 #include "ui/sweep_dlg.h"
 #include "ui/tol_dlg.h"
 #include "ui/tools/tool_window.h"

@@ -6,7 +6,7 @@
 #include "design/cycle.h"
 #include "design/state.h"
 #include "optimize/page_optimizer.h"
-#include "plot/design_host.h"
+#include "ui/plot/design_host.h"
 
 namespace kelvro {
 

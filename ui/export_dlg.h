@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "io/exports.h"
-#include "plot/design_host.h"
+#include "ui/plot/design_host.h"
 
 class QCheckBox;
 class QComboBox;

@@ -12,9 +12,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "plot/design_host.h"
 #include "ui/fields.h"
 #include "ui/form_parts.h"
+#include "ui/plot/design_host.h"
 #include "ui/tour_image.h"
 
 namespace kelvro {

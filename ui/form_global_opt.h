@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "optimize/annealing.h"
+#include "advise/annealing.h"
 
 class QCheckBox;
 class QGridLayout;

@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-#include "optimize/guide.h"
+#include "advise/guide.h"
 
 class QBoxLayout;
 class QCheckBox;

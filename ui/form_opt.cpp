@@ -19,7 +19,7 @@
 
 #include "core/number_text.h"
 #include "core/scalar.h"
-#include "plot/plot_image.h"
+#include "ui/plot/plot_image.h"
 
 namespace kelvro {
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "optimize/page_optimizer.h"
-#include "plot/design_host.h"
 #include "plot/history_picture.h"
+#include "ui/plot/design_host.h"
 
 class QAction;
 class QCheckBox;

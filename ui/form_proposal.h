@@ -4,7 +4,7 @@
 #include <QTimer>
 #include <vector>
 
-#include "optimize/proposal.h"
+#include "advise/proposal.h"
 
 class QCheckBox;
 class QComboBox;

@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <memory>
 
-#include "optimize/quiz/quiz.h"
+#include "advise/quiz/quiz.h"
 
 class QButtonGroup;
 class QLabel;

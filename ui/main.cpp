@@ -2,8 +2,8 @@
 #include <QElapsedTimer>
 #include <QThread>
 
-#include "plot/icons.h"
 #include "ui/hint_handler.h"
+#include "ui/plot/icons.h"
 #include "ui/sdi_app_form.h"
 #include "ui/splash_screen.h"
 

@@ -9,8 +9,8 @@
 #include <span>
 
 #include "design/pages.h"
-#include "plot/icons.h"
 #include "ui/fields.h"
+#include "ui/plot/icons.h"
 #include "ui/sdi_app_form.h"
 
 namespace kelvro {

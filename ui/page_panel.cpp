@@ -16,8 +16,8 @@
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "core/series.h"
-#include "plot/value_spin.h"
 #include "ui/circuit_view.h"
+#include "ui/plot/value_spin.h"
 
 namespace kelvro {
 

@@ -8,7 +8,7 @@
 #include <QPrinterInfo>
 #include <QStandardPaths>
 
-#include "optimize/keywords.h"
+#include "advise/keywords.h"
 #include "ui/sdi_app_form.h"
 
 namespace kelvro {

@@ -12,8 +12,8 @@
 #include "core/rounding.h"
 #include "core/scalar.h"
 #include "design/pages.h"
-#include "plot/icons.h"
-#include "plot/value_spin.h"
+#include "ui/plot/icons.h"
+#include "ui/plot/value_spin.h"
 
 namespace kelvro {
 

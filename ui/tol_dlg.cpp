@@ -6,8 +6,8 @@
 #include <QPushButton>
 
 #include "core/number_text.h"
-#include "plot/design_host.h"
 #include "ui/fields.h"
+#include "ui/plot/design_host.h"
 
 namespace kelvro {
 

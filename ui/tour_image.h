@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "optimize/annealing.h"
+#include "advise/annealing.h"
 
 namespace kelvro {
 

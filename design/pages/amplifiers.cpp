@@ -105,12 +105,12 @@ void DesignClassE(DesignPass& pass) {
 Circuit ClassECircuit(const DesignState& s) {
     using enum ElementKind;
     return {Topology::ClassE,
-            {Part(Choke, Place::Series, "Lc", s, Slot::L, "Lc15Ausgabe"),
+            {PagePart(Choke, Place::Series, "Lc", s, Slot::L, "Lc15Ausgabe"),
              {Switch, Place::Shunt, "S", 0, Slot::None, {}},
-             Part(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C115Ausgabe"),
-             Part(Capacitor, Place::Series, "C2", s, Slot::C2, "C215Ausgabe"),
-             Part(Inductor, Place::Series, "L2", s, Slot::L2, "L215Ausgabe"),
-             Part(Resistor, Place::Shunt, "R", s, Slot::X5, "R15Ausgabe")}};
+             PagePart(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C115Ausgabe"),
+             PagePart(Capacitor, Place::Series, "C2", s, Slot::C2, "C215Ausgabe"),
+             PagePart(Inductor, Place::Series, "L2", s, Slot::L2, "L215Ausgabe"),
+             PagePart(Resistor, Place::Shunt, "R", s, Slot::X5, "R15Ausgabe")}};
 }
 
 std::vector<OutputField> ClassEOutputs() {

@@ -46,8 +46,8 @@ Transfer PassiveLTransfer(const DesignState& s) {
 Circuit PassiveLCircuit(const DesignState& s) {
     using enum ElementKind;
     return {Topology::Ladder,
-            {Part(Resistor, Place::Series, "R1´", s, Slot::C1, "R17Ausgabe"),
-             Part(Resistor, Place::Shunt, "R2´", s, Slot::C2, "R27Ausgabe")}};
+            {PagePart(Resistor, Place::Series, "R1´", s, Slot::C1, "R17Ausgabe"),
+             PagePart(Resistor, Place::Shunt, "R2´", s, Slot::C2, "R27Ausgabe")}};
 }
 
 // ---------------------------------------------------------------- Pi and T
@@ -131,18 +131,18 @@ Transfer PadTransfer(const DesignState& s) {
 Circuit PadT(const DesignState& s) {
     using enum ElementKind;
     return {.topology = Topology::Ladder,
-            .elements = {Part(Resistor, Place::Series, "Ra", s, kSourceT, "RaT8Ausgabe"),
-                         Part(Resistor, Place::Shunt, "Rp", s, kShuntT, "RpT8Ausgabe"),
-                         Part(Resistor, Place::Series, "Rb", s, kLoadT, "RbT8Ausgabe")},
+            .elements = {PagePart(Resistor, Place::Series, "Ra", s, kSourceT, "RaT8Ausgabe"),
+                         PagePart(Resistor, Place::Shunt, "Rp", s, kShuntT, "RpT8Ausgabe"),
+                         PagePart(Resistor, Place::Series, "Rb", s, kLoadT, "RbT8Ausgabe")},
             .caption = "T"};
 }
 
 Circuit PadPi(const DesignState& s) {
     using enum ElementKind;
     return {.topology = Topology::Ladder,
-            .elements = {Part(Resistor, Place::Shunt, "Ra", s, kSourcePi, "RaPi8Ausgabe"),
-                         Part(Resistor, Place::Series, "Rs", s, kSeriesPi, "RsPi8Ausgabe"),
-                         Part(Resistor, Place::Shunt, "Rb", s, kLoadPi, "RbPi8Ausgabe")},
+            .elements = {PagePart(Resistor, Place::Shunt, "Ra", s, kSourcePi, "RaPi8Ausgabe"),
+                         PagePart(Resistor, Place::Series, "Rs", s, kSeriesPi, "RsPi8Ausgabe"),
+                         PagePart(Resistor, Place::Shunt, "Rb", s, kLoadPi, "RbPi8Ausgabe")},
             .caption = "Pi"};
 }
 

@@ -32,10 +32,10 @@ Transfer BalunTransfer(const DesignState& s) {
 Circuit BalunCircuit(const DesignState& s) {
     using enum ElementKind;
     Circuit circuit{Topology::Balun,
-                    {Part(Inductor, Place::Series, "L", s, Slot::L, "L9Ausgabe"),
-                     Part(Capacitor, Place::Shunt, "C", s, Slot::C1, "C9Ausgabe"),
-                     Part(Capacitor, Place::Series, "C", s, Slot::C1, "C9Ausgabe"),
-                     Part(Inductor, Place::Shunt, "L", s, Slot::L, "L9Ausgabe")}};
+                    {PagePart(Inductor, Place::Series, "L", s, Slot::L, "L9Ausgabe"),
+                     PagePart(Capacitor, Place::Shunt, "C", s, Slot::C1, "C9Ausgabe"),
+                     PagePart(Capacitor, Place::Series, "C", s, Slot::C1, "C9Ausgabe"),
+                     PagePart(Inductor, Place::Shunt, "L", s, Slot::L, "L9Ausgabe")}};
     circuit.elements[2].branch = circuit.elements[3].branch = 1;
     return circuit;
 }

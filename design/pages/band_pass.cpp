@@ -117,7 +117,7 @@ Circuit BandPassCircuit(const DesignState& s) {
                                                            "L5", "L6", "L7", "L8"};
     Circuit circuit{Topology::Ladder, {}};
     const auto add = [&](Place place, std::string_view name, Slot slot) {
-        circuit.elements.push_back(Part(Capacitor, place, name, s, slot, {}));
+        circuit.elements.push_back(PagePart(Capacitor, place, name, s, slot, {}));
     };
     add(Place::Series, couplings[0], CouplingSlot(0));
     for (std::size_t i = 0; i < static_cast<std::size_t>(s.NBP); ++i) {

@@ -44,7 +44,7 @@ Circuit DividerCircuit(const DesignState& s) {
     Circuit circuit{Topology::Divider, {}};
     const auto add = [&](std::size_t i, Place place) {
         circuit.elements.push_back(
-            Part(ElementKind::Resistor, place, names[i], s, kStringSlots[i], fields[i]));
+            PagePart(ElementKind::Resistor, place, names[i], s, kStringSlots[i], fields[i]));
     };
     for (std::size_t i = kBandGap; i-- > 0;) add(i, Place::Series);  // from Vref down to ground
     add(kBandGap, Place::Shunt);

@@ -43,8 +43,8 @@ Transfer GammaTransfer(const DesignState& s) {
 Circuit GammaCircuit(const DesignState& s) {
     using enum ElementKind;
     Circuit circuit{Topology::Ladder,
-                    {Part(Inductor, Place::Series, "L", s, Slot::L, "L13Ausgabe"),
-                     Part(Capacitor, Place::Shunt, "C", s, Slot::C1, "C13GAusgabe")}};
+                    {PagePart(Inductor, Place::Series, "L", s, Slot::L, "L13Ausgabe"),
+                     PagePart(Capacitor, Place::Shunt, "C", s, Slot::C1, "C13GAusgabe")}};
     if (s.R1 > s.R2) std::swap(circuit.elements[0], circuit.elements[1]);
     return circuit;
 }
@@ -87,10 +87,10 @@ Transfer LcclTransfer(const DesignState& s) {
 Circuit LcclCircuit(const DesignState& s) {
     using enum ElementKind;
     return {Topology::Ladder,
-            {Part(Inductor, Place::Series, "L1", s, Slot::L, "L114Ausgabe"),
-             Part(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C114Ausgabe"),
-             Part(Capacitor, Place::Series, "C2", s, Slot::C2, "C214Ausgabe"),
-             Part(Inductor, Place::Shunt, "L2", s, Slot::L2, "L214Ausgabe")}};
+            {PagePart(Inductor, Place::Series, "L1", s, Slot::L, "L114Ausgabe"),
+             PagePart(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C114Ausgabe"),
+             PagePart(Capacitor, Place::Series, "C2", s, Slot::C2, "C214Ausgabe"),
+             PagePart(Inductor, Place::Shunt, "L2", s, Slot::L2, "L214Ausgabe")}};
 }
 
 // ---------------------------------------------------------------- double L
@@ -129,10 +129,10 @@ Transfer DoubleLTransfer(const DesignState& s) {
 Circuit DoubleLCircuit(const DesignState& s) {
     using enum ElementKind;
     return {Topology::Ladder,
-            {Part(Inductor, Place::Shunt, "L1", s, Slot::L, "L118Ausgabe"),
-             Part(Capacitor, Place::Series, "C1", s, Slot::C1, "C118Ausgabe"),
-             Part(Inductor, Place::Shunt, "L2", s, Slot::L2, "L218Ausgabe"),
-             Part(Capacitor, Place::Series, "C2", s, Slot::C2, "C218Ausgabe")}};
+            {PagePart(Inductor, Place::Shunt, "L1", s, Slot::L, "L118Ausgabe"),
+             PagePart(Capacitor, Place::Series, "C1", s, Slot::C1, "C118Ausgabe"),
+             PagePart(Inductor, Place::Shunt, "L2", s, Slot::L2, "L218Ausgabe"),
+             PagePart(Capacitor, Place::Series, "C2", s, Slot::C2, "C218Ausgabe")}};
 }
 
 std::vector<Slot> FourSlots(const DesignState&) {

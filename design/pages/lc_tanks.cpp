@@ -50,9 +50,9 @@ Transfer SeriesTankTransfer(const DesignState& s) {
 Circuit SeriesTankCircuit(const DesignState& s) {
     using enum ElementKind;
     return {Topology::Ladder,
-            {Part(Inductor, Place::Series, "L", s, Slot::L, "L1Ausgabe"),
-             Part(Capacitor, Place::Series, "C1", s, Slot::C1, "C11Ausgabe"),
-             Part(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C21Ausgabe")}};
+            {PagePart(Inductor, Place::Series, "L", s, Slot::L, "L1Ausgabe"),
+             PagePart(Capacitor, Place::Series, "C1", s, Slot::C1, "C11Ausgabe"),
+             PagePart(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C21Ausgabe")}};
 }
 
 // ---------------------------------------------------------------- parallel tank
@@ -91,9 +91,9 @@ Transfer ParallelTankTransfer(const DesignState& s) {
 Circuit ParallelTankCircuit(const DesignState& s) {
     using enum ElementKind;
     return {Topology::Ladder,
-            {Part(Inductor, Place::Shunt, "L", s, Slot::L, "L2Ausgabe"),
-             Part(Capacitor, Place::Series, "C1", s, Slot::C1, "C12Ausgabe"),
-             Part(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C22Ausgabe")}};
+            {PagePart(Inductor, Place::Shunt, "L", s, Slot::L, "L2Ausgabe"),
+             PagePart(Capacitor, Place::Series, "C1", s, Slot::C1, "C12Ausgabe"),
+             PagePart(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C22Ausgabe")}};
 }
 
 }  // namespace

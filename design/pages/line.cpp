@@ -34,7 +34,7 @@ void DesignLine(DesignPass& pass) {
 
 Circuit LineCircuit(const DesignState& s) {
     Circuit circuit{Topology::Ladder,
-                    {Part(ElementKind::Line, Place::Series, "ZL", s, Slot::ZL, "ZL6Ausgabe")}};
+                    {PagePart(ElementKind::Line, Place::Series, "ZL", s, Slot::ZL, "ZL6Ausgabe")}};
     circuit.lineAngleFo = std::numbers::pi / 2;
     return circuit;
 }

@@ -42,9 +42,9 @@ Transfer PiTransfer(const DesignState& s) {
 Circuit PiCircuit(const DesignState& s) {
     using enum ElementKind;
     return {Topology::Ladder,
-            {Part(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C13Ausgabe"),
-             Part(Inductor, Place::Series, "L", s, Slot::L, "L3Ausgabe"),
-             Part(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C23Ausgabe")}};
+            {PagePart(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C13Ausgabe"),
+             PagePart(Inductor, Place::Series, "L", s, Slot::L, "L3Ausgabe"),
+             PagePart(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C23Ausgabe")}};
 }
 
 // ---------------------------------------------------------------- T
@@ -82,9 +82,9 @@ Transfer TTransfer(const DesignState& s) {
 Circuit TCircuit(const DesignState& s) {
     using enum ElementKind;
     return {Topology::Ladder,
-            {Part(Inductor, Place::Series, "L1", s, Slot::L, "L14Ausgabe"),
-             Part(Capacitor, Place::Shunt, "C", s, Slot::C1, "C4Ausgabe"),
-             Part(Inductor, Place::Series, "L2", s, Slot::L2, "L24Ausgabe")}};
+            {PagePart(Inductor, Place::Series, "L1", s, Slot::L, "L14Ausgabe"),
+             PagePart(Capacitor, Place::Shunt, "C", s, Slot::C1, "C4Ausgabe"),
+             PagePart(Inductor, Place::Series, "L2", s, Slot::L2, "L24Ausgabe")}};
 }
 
 }  // namespace

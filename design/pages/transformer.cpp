@@ -49,10 +49,10 @@ Transfer TransformerTransfer(const DesignState& s) {
 Circuit TransformerCircuit(const DesignState& s) {
     using enum ElementKind;
     Circuit circuit{Topology::CoupledCoils,
-                    {Part(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C15Ausgabe"),
-                     Part(Inductor, Place::Shunt, "L1", s, Slot::L, "L15Ausgabe"),
-                     Part(Inductor, Place::Shunt, "L2", s, Slot::L2, "L25Ausgabe"),
-                     Part(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C25Ausgabe")}};
+                    {PagePart(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C15Ausgabe"),
+                     PagePart(Inductor, Place::Shunt, "L1", s, Slot::L, "L15Ausgabe"),
+                     PagePart(Inductor, Place::Shunt, "L2", s, Slot::L2, "L25Ausgabe"),
+                     PagePart(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C25Ausgabe")}};
     circuit.coupling = s.k;
     return circuit;
 }

@@ -8,9 +8,9 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "advise/keywords.h"
 #include "core/number_text.h"
 #include "design/pages.h"
-#include "optimize/keywords.h"
 #include "optimize/report.h"
 #include "tests/temporary_folder.h"
 

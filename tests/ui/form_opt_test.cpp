@@ -9,8 +9,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "plot/plot_image.h"
 #include "ui/design_session.h"
+#include "ui/plot/plot_image.h"
 
 using namespace kelvro;
 

@@ -9,8 +9,8 @@
 #include <QTableWidget>
 
 #include "core/number_text.h"
-#include "plot/plot_image.h"
 #include "tests/ui/form_fixture.h"
+#include "ui/plot/plot_image.h"
 #include "ui/tools/tool_window.h"
 #include "ui/tools/tool_windows.h"
 

@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-#include "plot/design_host.h"
+#include "ui/plot/design_host.h"
 
 class QTextBrowser;
 

@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <QString>
 
-#include "plot/design_host.h"
+#include "ui/plot/design_host.h"
 
 class QListWidget;
 class QTextBrowser;

@@ -10,8 +10,8 @@
 #include <limits>
 
 #include "core/rounding.h"
-#include "plot/plot_image.h"
 #include "ui/fields.h"
+#include "ui/plot/plot_image.h"
 
 namespace kelvro {
 

@@ -13,8 +13,8 @@
 
 #include "core/number_text.h"
 #include "core/rounding.h"
-#include "plot/design_host.h"
 #include "ui/fields.h"
+#include "ui/plot/design_host.h"
 #include "ui/window_place.h"
 
 namespace kelvro {

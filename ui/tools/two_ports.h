@@ -3,7 +3,7 @@
 #include <array>
 #include <optional>
 
-#include "analysis/tools/two_port.h"
+#include "network/two_port.h"
 #include "ui/tools/tool_window.h"
 
 namespace kelvro {

@@ -1,0 +1,420 @@
+#include "advise/proposal.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
+#include <utility>
+
+#include "core/number_text.h"
+#include "core/scalar.h"
+#include "design/pages.h"
+
+namespace kelvro {
+
+namespace {
+
+enum class Role : std::uint8_t { Match, Pad, Balun, Amplifier, Other };
+
+struct Trait {
+    int page;
+    Role role;
+    bool adjustableQ;  ///< the design follows the wanted Q
+    bool floats;       ///< the load need not share the ground of the source
+    std::string_view character;
+};
+
+constexpr std::array<Trait, kPageCount> kTraits = {{
+    {1, Role::Match, true, false, "Tapped series tank whose Q can be chosen"},
+    {2, Role::Match, true, false, "Tapped parallel tank whose Q can be chosen"},
+    {3, Role::Match, true, false,
+     "Pi section whose Q can be chosen, absorbs shunt parasitics of both ends"},
+    {4, Role::Match, true, false,
+     "T section whose Q can be chosen, absorbs series parasitics of both ends"},
+    {5, Role::Match, true, true, "Two coupled tanks that isolate source and load from each other"},
+    {6, Role::Match, false, false, "Quarter-wave line without any lumped part"},
+    {7, Role::Pad, false, false,
+     "Resistive L pad, flat from DC up, with the least loss of all pads"},
+    {8, Role::Pad, false, false, "Resistive pad, flat from DC up, matched at both ends"},
+    {9, Role::Balun, false, false, "Lattice balun with two outputs of opposite phase"},
+    {10, Role::Amplifier, false, false,
+     "Load resistance that the amplifier wants, to be matched to the real load afterwards"},
+    {11, Role::Other, false, false, "Looks at the parasitics of one coil or capacitor"},
+    {12, Role::Other, false, false, "Designs a trap for one frequency"},
+    {13, Role::Match, false, false, "Two parts only, the fewest possible"},
+    {14, Role::Match, false, false, "Low-pass and high-pass L-section whose phase shifts cancel"},
+    {15, Role::Amplifier, true, false, "Complete output network of a class-E stage"},
+    {16, Role::Match, false, false, "Ladder of L-sections for a wide band"},
+    {17, Role::Match, true, false, "Coupled resonators with steep skirts"},
+    {18, Role::Match, false, false, "Two high-pass L-sections, wider than a single one"},
+    {19, Role::Other, false, false, "Divides a reference voltage"},
+}};
+
+const Trait& TraitOf(int page) {
+    return kTraits[static_cast<std::size_t>(page - 1)];
+}
+
+// Ranking, in points; a lossless two-part match that meets every wish has about 100.
+constexpr double kFullScore = 100;
+constexpr double kPerDbOfLoss = 5;
+constexpr double kPerPart = 2;
+constexpr double kPerOctaveOfBandwidth = 12;
+constexpr double kPerOctaveOfRatio = 20;
+constexpr double kMostForOneWish = 48;
+constexpr double kMostHarmonicDb = 40;  // more suppression than that is not worth more
+constexpr double kImpractical = 30;
+constexpr double kTurned = 6;
+constexpr double kRoleWished = 25;
+
+/// Less than this is no suppression worth its name.
+constexpr double kLeastHarmonicDb = 6;
+/// A match to within this is a match; more is what a pad does.
+constexpr double kRatioTolerance = 0.01;
+
+// What can be bought or wound, and what still behaves as drawn: smaller values drown in the
+// parasitics of pads and leads, larger ones resonate with their own.
+struct Range {
+    double low;
+    double high;
+};
+constexpr Range kInductance = {0.5e-9, 0.1};
+constexpr Range kCapacitance = {0.3e-12, 1e-3};
+constexpr Range kResistance = {0.1, 10e6};
+constexpr Range kLineImpedance = {15, 150};
+constexpr Range kReactance = {0.5, 5000};
+constexpr Range kLineLength = {1e-3, 10};
+
+constexpr double kHighestLoss = 6;  // dB that a match may lose and still be called one
+
+// ---------------------------------------------------------------- facts of a network
+
+double ImpedanceAt(const Element& element, double omega) {
+    switch (element.kind) {
+        case ElementKind::Inductor:
+        case ElementKind::Choke:
+            return omega * element.value;
+        case ElementKind::Capacitor:
+            return 1 / (omega * element.value);
+        default:
+            return element.value;
+    }
+}
+
+bool IsReactance(const Element& element) {
+    return element.kind == ElementKind::Inductor || element.kind == ElementKind::Capacitor;
+}
+
+Range BuildableRange(const Element& element) {
+    switch (element.kind) {
+        case ElementKind::Inductor:
+        case ElementKind::Choke:
+            return kInductance;
+        case ElementKind::Capacitor:
+            return kCapacitance;
+        case ElementKind::Line:
+            return kLineImpedance;
+        default:
+            return kResistance;
+    }
+}
+
+/// Why an element cannot be built; empty when it can.
+std::string WhyImpractical(const Element& element, double omega) {
+    const std::string part = element.name + " " + FormatQuantity(2, element.value, element.unit());
+    if (!(element.value > 0) || !std::isfinite(element.value)) return part + " does not exist";
+    const Range range = BuildableRange(element);
+    if (element.value < range.low) return part + " is too small to be built";
+    if (element.value > range.high) return part + " is too large to be built";
+    const double X = ImpedanceAt(element, omega);
+    if (!IsReactance(element) || (X >= kReactance.low && X <= kReactance.high)) return "";
+    return part + " has a reactance of " + FormatQuantity(2, X, "Ω") + ", where parasitics decide";
+}
+
+void MeasureParts(Proposal& proposal, const Circuit& circuit) {
+    const double omega = Omega(proposal.state);
+    for (const Element& element : circuit.elements) {
+        // A capacitance of exactly 0 is one that the design leaves out.
+        if (element.kind == ElementKind::Switch || element.value == 0) continue;
+        ++proposal.parts;
+        const SizedPart part{element.name, element.value, std::string(element.unit()),
+                             ImpedanceAt(element, omega)};
+        if (!proposal.smallest || part.impedance < proposal.smallest->impedance) {
+            proposal.smallest = part;
+        }
+        if (!proposal.largest || part.impedance > proposal.largest->impedance) {
+            proposal.largest = part;
+        }
+        if (proposal.impractical.empty()) proposal.impractical = WhyImpractical(element, omega);
+    }
+    const bool line = std::ranges::any_of(
+        circuit.elements, [](const Element& e) { return e.kind == ElementKind::Line; });
+    const double length = proposal.state.components[Slot::Length];
+    if (line && !(length >= kLineLength.low && length <= kLineLength.high)) {
+        proposal.impractical = "the line would be " + FormatQuantity(1, length, "m") + " long";
+    }
+    proposal.practical = proposal.impractical.empty();
+}
+
+void MeasureResponse(Proposal& proposal) {
+    const Page& page = PageOf(proposal.state);
+    if (!page.transfer || page.shared != SharedOutputs::All) return;
+    const Response response(proposal.state);
+    const double fo = proposal.state.fo;
+    proposal.gtDb = -proposal.cycle.lossDb;
+    proposal.passband = PassbandAround(response, fo);
+    proposal.secondHarmonicDb = response.relativeDb(fo) - response.relativeDb(2 * fo);
+}
+
+// ---------------------------------------------------------------- candidates
+
+/// The state with the wishes that a page can take as inputs.
+DesignState WishedInputs(const DesignState& state, const Wishes& wishes, const Page& page) {
+    DesignState wished = state;
+    const std::optional<double> bandwidth = wishes.wantedBandwidth(state.fo);
+    if (bandwidth) wished.Q = Clamp(state.fo / *bandwidth, page.typedQ.low, page.typedQ.high);
+    if (wishes.voltageRatio) wished.v8 = *wishes.voltageRatio;
+    wished.Busy = false;
+    return wished;
+}
+
+Proposal DesignedAs(DesignState inputs, const Page& page, bool swapped, CycleServices& services) {
+    Proposal proposal;
+    proposal.page = page.number;
+    inputs.LCSwapped = swapped;
+    EnterPage(inputs, page.number);
+    proposal.LCSwapped = inputs.LCSwapped;
+    proposal.state = inputs;
+    proposal.cycle = Calculate(proposal.state, true, services);
+    return proposal;
+}
+
+/// The page's design; where it refuses because of the order of R1 and R2, the other way round.
+Proposal Designed(const DesignState& inputs, const Page& page, bool swapped,
+                  CycleServices& services) {
+    Proposal proposal = DesignedAs(inputs, page, swapped, services);
+    if (!proposal.cycle.message || inputs.R1 == inputs.R2) return proposal;
+    DesignState exchanged = inputs;
+    std::swap(exchanged.R1, exchanged.R2);
+    Proposal turned = DesignedAs(exchanged, page, swapped, services);
+    if (turned.cycle.message) return proposal;
+    turned.turned = true;
+    return turned;
+}
+
+// ---------------------------------------------------------------- judgement
+
+std::string Decibels(double value) {
+    return FormatFixed(0, 1, value) + " dB";
+}
+
+/// Why the kind of page does not suit; empty when it does.
+std::string WrongRole(const Trait& trait, const DesignState& state, const Wishes& wishes) {
+    const double matched = std::sqrt(state.R2 / state.R1);
+    const bool attenuate =
+        wishes.voltageRatio && *wishes.voltageRatio < matched * (1 - kRatioTolerance);
+    switch (trait.role) {
+        case Role::Other:
+            return "it is no matching network";
+        case Role::Amplifier:
+            if (wishes.resistive) return "it is no resistive network";
+            return wishes.amplifierStage ? "" : "no amplifier stage is wanted";
+        case Role::Pad:
+            if (!wishes.resistive && !attenuate) return "its resistors would waste power";
+            return wishes.balancedOutput ? "its output is not balanced" : "";
+        case Role::Balun:
+            if (wishes.resistive) return "it is no resistive network";
+            return wishes.balancedOutput ? "" : "no balanced output is wanted";
+        case Role::Match:
+            break;
+    }
+    if (wishes.resistive) return "it is no resistive network";
+    return wishes.balancedOutput && !trait.floats ? "its output is not balanced" : "";
+}
+
+/// Why a designed network misses a wish that leaves no choice; empty when it does not.
+std::string MissedWish(const Proposal& proposal, const Wishes& wishes) {
+    const Circuit circuit = PageOf(proposal.state).builtCircuit(proposal.state);
+    if (circuit.topology == Topology::None) return "";
+    const Wishes::Dc path = DcPathOf(circuit);
+    if (wishes.dc == Wishes::Dc::Pass && path != Wishes::Dc::Pass) return "it does not pass DC";
+    if (wishes.dc == Wishes::Dc::Block && path != Wishes::Dc::Block) return "it does not block DC";
+    if (wishes.suppressHarmonics && proposal.secondHarmonicDb &&
+        *proposal.secondHarmonicDb < kLeastHarmonicDb) {
+        return "at 2·fo it is only " + Decibels(*proposal.secondHarmonicDb) + " down";
+    }
+    const Role role = TraitOf(proposal.page).role;
+    if (role != Role::Pad && proposal.gtDb && !(*proposal.gtDb >= -kHighestLoss)) {
+        return "it loses " + Decibels(-*proposal.gtDb) + " with these inputs";
+    }
+    return "";
+}
+
+double OctavesBetween(double a, double b) {
+    return std::isfinite(a) && std::isfinite(b) && a > 0 && b > 0 ? std::fabs(std::log2(a / b))
+                                                                  : kMostForOneWish;
+}
+
+double ScoreOf(const Proposal& proposal, const Wishes& wishes) {
+    const Role role = TraitOf(proposal.page).role;
+    double score = kFullScore - kPerPart * proposal.parts;
+    if (proposal.gtDb && role != Role::Pad) score += kPerDbOfLoss * *proposal.gtDb;
+    const auto wanted = wishes.wantedBandwidth(proposal.state.fo);
+    if (wanted && proposal.passband) {
+        const double octaves = OctavesBetween(proposal.passband->width(), *wanted);
+        score -= std::min(kMostForOneWish, kPerOctaveOfBandwidth * octaves);
+    }
+    if (wishes.voltageRatio && proposal.gtDb) {
+        const double octaves = OctavesBetween(proposal.cycle.v, *wishes.voltageRatio);
+        score -= std::min(kMostForOneWish, kPerOctaveOfRatio * octaves);
+    }
+    if (wishes.suppressHarmonics && proposal.secondHarmonicDb) {
+        score += std::min(kMostHarmonicDb, *proposal.secondHarmonicDb);
+    }
+    if (!proposal.practical) score -= kImpractical;
+    if (proposal.turned) score -= kTurned;
+    if (role == Role::Amplifier || role == Role::Balun) score += kRoleWished;
+    return score;
+}
+
+// ---------------------------------------------------------------- words
+
+std::string BandwidthClause(const Proposal& proposal, const Wishes& wishes) {
+    if (!proposal.passband) return "";
+    const Passband& band = *proposal.passband;
+    const bool toDc = band.low == 0;
+    const bool open = std::isinf(band.high);
+    if (toDc && open) return "";
+    std::string clause = TraitOf(proposal.page).role == Role::Balun ? "; its + output is " : "; ";
+    clause += toDc   ? "low-pass up to " + FormatQuantity(1, band.high, "Hz")
+              : open ? "high-pass from " + FormatQuantity(1, band.low, "Hz")
+                     : FormatQuantity(1, band.width(), "Hz") + " wide";
+    if (const auto wanted = wishes.wantedBandwidth(proposal.state.fo)) {
+        clause += " where " + FormatQuantity(1, *wanted, "Hz") + " is wanted";
+        if (!TraitOf(proposal.page).adjustableQ) clause += " and cannot be chosen";
+    }
+    return clause;
+}
+
+/// What an amplifier page finds out first: its load resistance.
+std::string LoadClause(const Proposal& proposal) {
+    const OutputField& field = PageOf(proposal.state).outputs.front();
+    const std::string* text = proposal.cycle.text(field.object);
+    if (!text) return "";
+    return "; " + std::string(field.name) + " is " +
+           FormatQuantity(2, ParseValue(*text), field.unit);
+}
+
+std::string ReasonOf(const Proposal& proposal, const Wishes& wishes) {
+    const Trait& trait = TraitOf(proposal.page);
+    std::string reason(trait.character);
+    if (trait.role == Role::Amplifier) reason += LoadClause(proposal);
+    if (trait.floats && wishes.balancedOutput) reason += "; its secondary may float";
+    if (proposal.parts > 0 && wishes.dc == Wishes::Dc::Pass) reason += "; passes DC";
+    if (proposal.parts > 0 && wishes.dc == Wishes::Dc::Block) reason += "; blocks DC";
+    if (wishes.suppressHarmonics && proposal.secondHarmonicDb) {
+        reason += "; 2·fo is " + Decibels(*proposal.secondHarmonicDb) + " down";
+    }
+    reason += BandwidthClause(proposal, wishes);
+    if (wishes.voltageRatio && proposal.gtDb) {
+        reason += "; v is " + FormatFixed(0, 3, proposal.cycle.v);
+    }
+    if (!proposal.practical) reason += "; but " + proposal.impractical;
+    return reason + ".";
+}
+
+std::string Unsuited(const Proposal& proposal, const std::string& why) {
+    return std::string(TraitOf(proposal.page).character) + "; not suited: " + why + ".";
+}
+
+void Judge(Proposal& proposal, const Wishes& wishes) {
+    if (proposal.cycle.message) {
+        // The page's own words, which end in a sign of their own.
+        proposal.reason =
+            std::string(TraitOf(proposal.page).character) + "; refused: " + *proposal.cycle.message;
+        return;
+    }
+    MeasureParts(proposal, PageOf(proposal.state).builtCircuit(proposal.state));
+    MeasureResponse(proposal);
+    if (std::string why = MissedWish(proposal, wishes); !why.empty()) {
+        proposal.reason = Unsuited(proposal, why);
+        return;
+    }
+    proposal.suited = true;
+    proposal.score = ScoreOf(proposal, wishes);
+    proposal.reason = ReasonOf(proposal, wishes);
+}
+
+/// The proposals of one page; pages whose kind is not wanted are not designed.
+void AddProposals(std::vector<Proposal>& proposals, const DesignState& state, const Page& page,
+                  const Wishes& wishes, CycleServices& services) {
+    const DesignState inputs = WishedInputs(state, wishes, page);
+    if (std::string why = WrongRole(TraitOf(page.number), inputs, wishes); !why.empty()) {
+        Proposal& proposal = proposals.emplace_back();
+        proposal.page = page.number;
+        proposal.state = inputs;
+        proposal.reason = Unsuited(proposal, why);
+        return;
+    }
+    for (const bool swapped : {false, true}) {
+        if (swapped && !page.mirrored) continue;
+        Proposal proposal = Designed(inputs, page, swapped, services);
+        // Some pages do not keep the interchange when they are entered.
+        if (proposal.LCSwapped != swapped) continue;
+        Judge(proposal, wishes);
+        proposals.push_back(std::move(proposal));
+    }
+}
+
+}  // namespace
+
+Wishes::Dc DcPathOf(const Circuit& circuit) {
+    if (circuit.topology == Topology::CoupledCoils) return Wishes::Dc::Block;
+    const auto is = [](Place place, ElementKind kind) {
+        return
+            [=](const Element& e) { return e.branch == 0 && e.place == place && e.kind == kind; };
+    };
+    const auto& elements = circuit.elements;
+    if (std::ranges::any_of(elements, is(Place::Series, ElementKind::Capacitor)))
+        return Wishes::Dc::Block;
+    // A coil across the path shorts it for DC: neither passed nor kept away from the load's side.
+    if (std::ranges::any_of(elements, is(Place::Shunt, ElementKind::Inductor)))
+        return Wishes::Dc::Any;
+    return circuit.topology == Topology::Ladder ? Wishes::Dc::Pass : Wishes::Dc::Any;
+}
+
+std::optional<double> Wishes::wantedBandwidth(double fo) const {
+    if (Q && *Q > 0) return fo / *Q;
+    if (bandwidth && *bandwidth > 0) return bandwidth;
+    return std::nullopt;
+}
+
+std::string SizedPart::text() const {
+    return name + " " + FormatQuantity(2, value, unit);
+}
+
+std::vector<Proposal> Propose(const DesignState& state, const Wishes& wishes,
+                              CycleServices& services) {
+    std::vector<Proposal> proposals;
+    for (const Page& page : Pages()) AddProposals(proposals, state, page, wishes, services);
+    std::ranges::stable_sort(proposals, [](const Proposal& a, const Proposal& b) {
+        return a.suited != b.suited ? a.suited : a.score > b.score;
+    });
+    return proposals;
+}
+
+std::string Title(const Proposal& proposal) {
+    std::string title(PageOf(proposal.page).caption);
+    if (proposal.LCSwapped) title += ", L and C interchanged";
+    if (proposal.turned) title += ", R1 and R2 switched";
+    return title;
+}
+
+void Apply(const Proposal& proposal, DesignState& state) {
+    const DesignState& designed = proposal.state;
+    if (proposal.turned) std::swap(state.R1, state.R2);
+    state.Q = designed.Q;
+    state.v8 = designed.v8;
+    state.LCSwapped = proposal.LCSwapped;
+}
+
+}  // namespace kelvro

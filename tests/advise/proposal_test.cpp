@@ -1,0 +1,186 @@
+#include "advise/proposal.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <stdexcept>
+
+#include "design/pages.h"
+
+namespace kelvro {
+namespace {
+
+DesignState Inputs(double R1, double R2, double fo = 100e6) {
+    DesignState state;
+    state.R1 = R1;
+    state.R2 = R2;
+    state.fo = fo;
+    return state;
+}
+
+std::vector<Proposal> ProposalsFor(const DesignState& state, const Wishes& wishes) {
+    ResponseServices services;
+    return Propose(state, wishes, services);
+}
+
+const Proposal& Of(const std::vector<Proposal>& proposals, int page, bool swapped = false) {
+    const auto at = std::ranges::find_if(proposals, [&](const Proposal& p) {
+        return p.page == page && (p.LCSwapped == swapped || !p.suited);
+    });
+    if (at == proposals.end()) throw std::runtime_error("no proposal of the page");
+    return *at;
+}
+
+struct Case {
+    const char* name;
+    DesignState inputs;
+    Wishes wishes;
+    std::vector<int> suited;    ///< pages that must be among the suited ones, in ranked order
+    std::vector<int> unsuited;  ///< pages that must not
+};
+
+Wishes With(const std::function<void(Wishes&)>& wish) {
+    Wishes wishes;
+    wish(wishes);
+    return wishes;
+}
+
+const Case kCases[] = {
+    {"AnyMatch", Inputs(50, 200), {}, {13, 3, 17}, {7, 8, 9, 10, 11, 12, 15, 19}},
+    {"EqualResistances", Inputs(50, 50), {}, {6, 3}, {1, 2, 4, 13, 14, 16, 18}},
+    {"NarrowBand", Inputs(50, 200), With([](Wishes& w) { w.bandwidth = 20e6; }), {1, 13}, {8}},
+    {"DcPass",
+     Inputs(50, 200),
+     With([](Wishes& w) { w.dc = Wishes::Dc::Pass; }),
+     {6, 13, 3},
+     {1, 2, 5, 14, 17, 18}},
+    {"DcBlock",
+     Inputs(50, 200),
+     With([](Wishes& w) { w.dc = Wishes::Dc::Block; }),
+     {13, 1, 17},
+     {6, 16}},
+    {"Harmonics",
+     Inputs(50, 200),
+     With([](Wishes& w) { w.suppressHarmonics = true; }),
+     {3, 13},
+     {6, 16, 18}},
+    {"Balanced",
+     Inputs(50, 200),
+     With([](Wishes& w) { w.balancedOutput = true; }),
+     {9},
+     {1, 3, 13, 17}},
+    {"Resistive", Inputs(200, 50), With([](Wishes& w) { w.resistive = true; }), {7}, {1, 9, 13}},
+    {"ResistiveAmplifier",
+     Inputs(200, 50),
+     With([](Wishes& w) { w.resistive = w.amplifierStage = true; }),
+     {7},
+     {10, 15}},
+    {"ResistiveBalanced",
+     Inputs(200, 50),
+     With([](Wishes& w) { w.resistive = w.balancedOutput = true; }),
+     {},
+     {7, 8, 9}},
+    {"Attenuation", Inputs(50, 50), With([](Wishes& w) { w.voltageRatio = 0.5; }), {8, 6}, {10}},
+    {"AmplifierStage",
+     Inputs(50, 200),
+     With([](Wishes& w) { w.amplifierStage = true; }),
+     {10, 15, 13},
+     {7, 9}},
+};
+
+class ProposalTest : public testing::TestWithParam<Case> {};
+
+TEST_P(ProposalTest, RanksWhatTheWishesAskFor) {
+    const Case& row = GetParam();
+    const auto proposals = ProposalsFor(row.inputs, row.wishes);
+    auto from = proposals.begin();
+    for (const int page : row.suited) {
+        from = std::find_if(from, proposals.end(),
+                            [&](const Proposal& p) { return p.page == page && p.suited; });
+        ASSERT_NE(from, proposals.end()) << "page " << page << " missing or ranked too high";
+    }
+    for (const int page : row.unsuited) {
+        for (const Proposal& p : proposals) EXPECT_FALSE(p.page == page && p.suited) << p.reason;
+    }
+    double last = INFINITY;
+    bool unsuited = false;
+    for (const Proposal& p : proposals) {
+        EXPECT_TRUE(p.reason.ends_with('.') || p.reason.ends_with('!')) << p.reason;
+        EXPECT_FALSE(unsuited && p.suited) << "suited pages come first";
+        unsuited = !p.suited;
+        if (!p.suited) continue;
+        EXPECT_LE(p.score, last) << Title(p);
+        last = p.score;
+    }
+}
+
+/// Following a proposal shows exactly the design that it promised.
+TEST_P(ProposalTest, PromisesWhatItsPageCalculates) {
+    const Case& row = GetParam();
+    for (const Proposal& p : ProposalsFor(row.inputs, row.wishes)) {
+        if (!p.suited) continue;
+        DesignState state = row.inputs;
+        state.LCSwapped = true;  // as some other page left it
+        Apply(p, state);
+        EnterPage(state, p.page);
+        ResponseServices services;
+        const CycleResult cycle = Calculate(state, true, services);
+        EXPECT_FALSE(cycle.message) << Title(p) << ": " << *cycle.message;
+        EXPECT_EQ(state.components, p.state.components) << Title(p);
+        EXPECT_EQ(cycle.v, p.cycle.v) << Title(p);
+        if (p.gtDb && p.page != 9) {
+            EXPECT_NEAR(*p.gtDb, 20 * std::log10(cycle.v / std::sqrt(state.R2 / state.R1)), 1e-7);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Wishes, ProposalTest, testing::ValuesIn(kCases),
+                         [](const auto& row) { return row.param.name; });
+
+/// L-section 50 to 200 ohm at 100 MHz: X(L) = √3·50 = 86.6 ohm, X(C) = 200/√3 = 115.5 ohm. With x =
+/// (f/fo)² its |D|² = (1/40 - 3x/200)² + 3e-4·x is 4e-4 at fo and 2.425e-3 at 2·fo: 7.83 dB less.
+TEST(ProposalNumbersTest, OfAnLSectionAreThoseOfItsFormulas) {
+    DesignState inputs = Inputs(50, 200);
+    inputs.QB = inputs.QBC = 1e4;
+    const auto proposals = ProposalsFor(inputs, {});
+    const Proposal& gamma = Of(proposals, 13);
+    EXPECT_NEAR(*gamma.gtDb, 0, 2e-3);
+    EXPECT_NEAR(*gamma.secondHarmonicDb, 7.83, 0.01);
+    EXPECT_EQ(gamma.parts, 2);
+    EXPECT_EQ(gamma.smallest->text(), "L 137.83 nH");
+    EXPECT_EQ(gamma.largest->text(), "C 13.78 pF");
+    EXPECT_NEAR(gamma.smallest->impedance, 86.60, 0.01);
+    EXPECT_NEAR(gamma.largest->impedance, 115.47, 0.01);
+    EXPECT_TRUE(gamma.practical);
+    EXPECT_EQ(Title(Of(proposals, 18)), "Double-L Section, R1 and R2 switched");
+}
+
+TEST(ProposalNumbersTest, ValuesThatCannotBeBuiltAreNamed) {
+    const auto high = ProposalsFor(Inputs(50, 200, 20e9), {});
+    EXPECT_FALSE(Of(high, 13).practical);
+    EXPECT_NE(Of(high, 13).reason.find("C 68.92 fF is too small to be built"), std::string::npos)
+        << Of(high, 13).reason;
+    const auto low = ProposalsFor(Inputs(50, 200, 50), {});
+    EXPECT_NE(Of(low, 6).reason.find("the line would be "), std::string::npos) << Of(low, 6).reason;
+}
+
+TEST(ProposalNumbersTest, ExtremeInputsGiveFiniteScores) {
+    for (const double R1 : {0.001, 50.0, 1e6}) {
+        for (const double fo : {1.0, 2e10}) {
+            for (const double Q : {0.2, 500.0}) {
+                Wishes wishes;
+                wishes.Q = Q;
+                wishes.voltageRatio = 1e-4;
+                for (const Proposal& p : ProposalsFor(Inputs(R1, 1e3, fo), wishes)) {
+                    EXPECT_TRUE(std::isfinite(p.score)) << Title(p) << ' ' << p.reason;
+                    EXPECT_EQ(p.reason.find("nan"), std::string::npos) << p.reason;
+                }
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kelvro

@@ -1,0 +1,11 @@
+#include "ui/plot/form_phi.h"
+
+namespace kelvro {
+
+TFormPhi::TFormPhi(DesignHost& host, QWidget* parent)
+    : PlotForm(host,
+               {"TFormPhi", tr("Phase Response"), "Bitmap Dateien (*.bmp)|*.bmp",
+                "Meta Dateien (*.wmf)|*.wmf"},
+               Quantity::Phase, parent) {}
+
+}  // namespace kelvro

@@ -1,0 +1,141 @@
+#pragma once
+
+#include <QMainWindow>
+#include <optional>
+
+#include "plot/response_picture.h"
+#include "ui/plot/design_host.h"
+
+class QLabel;
+class QPrinter;
+class QToolBar;
+class QToolButton;
+
+namespace kelvro {
+
+class PlotImage;
+enum class PictureFormat;
+
+/// What the gain and the phase window share: the picture of one response, the commands that change
+/// its view, reading and editing with the mouse and the keys, saving, copying and printing.
+class PlotForm : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    const View& view() const { return view_; }
+    Quantity quantity() const { return quantity_; }
+
+    /// Fills a page with the picture as it stands.
+    void print(QPrinter& printer);
+
+  public slots:
+    void FormShow();
+    void FormResize() { redraw(); }
+
+    void Vergroessern1Click();
+    void VergroessernButtonClick() { Vergroessern1Click(); }
+    void Verkleinern1Click();
+    void VerkleinernButtonClick() { Verkleinern1Click(); }
+    void Standardgroesse1Click();
+    void StandardgrButtonClick() { Standardgroesse1Click(); }
+
+    void Autoskalierung1Click();
+    void AutoskButtonClick() { Autoskalierung1Click(); }
+    void xAutoskalierung1Click();
+    void yAutoskalierung1Click();
+    void xlog1Click();
+    void xlogButtonClick() { xlog1Click(); }
+    void Ursprungfestlegen1Click();
+    void ZoomInButtonClick();
+    void ZoomOutButtonClick();
+    void DotButtonClick();
+
+    void ImageMouseMove(QMouseEvent* event);
+    void ImageMouseDown(QMouseEvent* event);
+    void ImageMouseUp(QMouseEvent* event);
+    /// Zooms at the mouse: Ctrl or over the x labels only x, Shift or over the y labels only y.
+    void ImageMouseWheel(QWheelEvent* event);
+    /// Left, Right (with Shift by ten samples), Home and End move the reading along the curve from
+    /// fo on, Up moves it to the peak; Escape ends a drag or the reading.
+    void ImageKeyDown(QKeyEvent* event);
+
+    void Save1Click();
+    void SaveWMF1Click();
+    void SaveasJPEG1Click();
+    void SaveasGIF1Click();
+    void SaveasPNG1Click();
+    void SaveasSVG1Click();
+    void SaveasPDF1Click();
+    void SaveasTable1Click();
+    void Copy1Click();
+    void Print1Click();
+
+  protected:
+    struct Texts {
+        QString objectName;
+        QString caption;
+        QString bitmapFilter;
+        QString metafileFilter;
+    };
+    PlotForm(DesignHost& host, const Texts& texts, Quantity quantity, QWidget* parent);
+
+    DesignHost& host() { return host_; }
+    PlotImage& image() { return *image_; }
+    const Samples& samples() const { return samples_; }
+    QToolBar& toolBar() { return *toolBar_; }
+    void setQuantity(Quantity quantity) { quantity_ = quantity; }
+
+    /// Takes the view, publishes it and draws.
+    void setView(const View& view);
+    /// Samples the response and draws; everything drawn over the picture is gone.
+    virtual void redraw();
+
+    QToolButton* addToolButton(const QString& name, const char* icon, const QString& hint);
+
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void buildToolBar();
+    void buildMenus();
+    void designChanged();
+    void showLogState();
+    void resizeTo(PixelSize size);
+    std::optional<double> askValue(const ValueEdit& edit, bool frequency, QPoint at);
+    void editEnd(Zone zone, QPoint at);
+    void zoomAll(double factor);
+    void showReadOut(WorldPoint place);
+    void moveCursor(Zone zone, bool inside);
+    void moveReading(int index);
+    int sampleNearest(double frequency) const;
+    WorldPoint zoomCentre() const;
+    void stopReading();
+    void cancelDrag();
+
+    struct SaveDialog {
+        QString name;
+        QString filter;  ///< "caption|pattern"
+        QString suffix;
+        QString startName;
+    };
+    QString askFileName(const SaveDialog& asked);
+    /// Asks for a name and writes the picture; the name when it was written, else empty.
+    QString savePicture(const SaveDialog& asked, PictureFormat format);
+
+    DesignHost& host_;
+    const Texts texts_;
+    Quantity quantity_;
+    CurveLook look_ = CurveLook::Line;
+    View view_;
+    Samples samples_;
+
+    PlotImage* image_;
+    QToolBar* toolBar_;
+    QLabel* status_;
+
+    std::optional<QPoint> dragStart_;
+    QString lastBitmap_ = "GRAPH.BMP";
+    QString lastMetafile_ = "GRAPH.WMF";
+    std::optional<double> reading_;  ///< frequency that the keys have reached
+};
+
+}  // namespace kelvro
