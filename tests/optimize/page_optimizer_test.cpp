@@ -8,7 +8,6 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "advise/keywords.h"
 #include "core/number_text.h"
 #include "design/pages.h"
 #include "optimize/report.h"
@@ -262,64 +261,6 @@ TEST_F(LoggedRun, ClosesWithTheRunThatReachedTheResult) {
         }
     }
     EXPECT_GT(worse, 0);
-}
-
-struct KeywordCase {
-    const char* word;
-    const char* message;  ///< its beginning, empty for none
-};
-
-class Keyword : public testing::TestWithParam<KeywordCase> {};
-
-/// Each keyword changes what an optimization does.
-TEST_P(Keyword, TakesEffect) {
-    const std::vector<std::string> arguments = {GetParam().word};
-    const KeywordPreset preset = ReadKeywords(arguments);
-    if (*GetParam().message == 0) {
-        EXPECT_TRUE(preset.messages.empty());
-    } else {
-        ASSERT_EQ(preset.messages.size(), 1U);
-        EXPECT_THAT(preset.messages[0], StartsWith(GetParam().message));
-    }
-    bool changed = preset.optimizationDisabled;
-    for (const auto& [page, Q] : {std::pair{5, 5.0}, {2, 0.2}, {1, 8.0}}) {
-        DesignState plain = Calculated(page, page == 2 ? 300 : 40, page == 2 ? 70 : 170, Q);
-        DesignState preset_ = plain;
-        // Two runs by default, so that "single" shows; "mruns" is the other way round.
-        OptimizerSettings defaults;
-        defaults.singleRun = std::string(GetParam().word) != "single";
-        const auto with = ReadKeywords(arguments, defaults).settings;
-        const TemporaryFolder folder;
-        const OptimizerFiles files{(folder / "opt.txt").string(), (folder / "opt2.csv").string()};
-        const auto a = OptimizePage(plain, defaults, {kNone, kNone});
-        const auto b = OptimizePage(preset_, with, files);
-        changed = changed || a.calls.of(CallKind::Gradient) != b.calls.of(CallKind::Gradient) ||
-                  a.achievedGoal != b.achievedGoal || std::ifstream(files.table).good();
-    }
-    EXPECT_TRUE(changed);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    All, Keyword,
-    testing::Values(KeywordCase{"dfp", "Hint: DFP"}, KeywordCase{"hessian", "Hint: True H"},
-                    KeywordCase{"noclamp", "Hint: No parameter clamping."},
-                    KeywordCase{"max", "Hint: Max-norm used"}, KeywordCase{"xls", "Hint: Tables"},
-                    KeywordCase{"noise", "Hint: Optimization is less accurate"},
-                    KeywordCase{"nopt", ""}, KeywordCase{"steep", "Hint: Optimization using"},
-                    KeywordCase{"single", ""}, KeywordCase{"ssg", ""}, KeywordCase{"dsg", ""},
-                    KeywordCase{"trans", ""}, KeywordCase{"mruns", ""}),
-    [](const auto& test) { return test.param.word; });
-
-TEST(Keywords, JoinAndTheNumbersBehindThem) {
-    const std::vector<std::string> arguments = {"dfp,steep", "0,75", "7"};
-    const KeywordPreset preset = ReadKeywords(arguments);
-    EXPECT_TRUE(preset.settings.local.dfp);
-    EXPECT_TRUE(preset.settings.local.steepestDescent);
-    EXPECT_EQ(preset.settings.local.lineAccuracy, 0.75);
-    EXPECT_EQ(preset.settings.local.lineCentre, 1);
-    ASSERT_EQ(preset.messages.size(), 4U);
-    EXPECT_EQ(preset.messages[2],
-              "Hint: Line accuracy modified (0=fast,1=accurate)! Parameter set to 0.75");
 }
 
 }  // namespace
