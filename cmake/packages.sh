@@ -1,13 +1,18 @@
-# Sourced by ./run, ./test and .ci/run: installs the Debian packages of packages.txt that are missing.
-# Usage: install_packages SECTION... (build, test, check: the marked parts of the list)
+# Sourced by ./run, ./test and .ci/: the Debian packages of packages.txt.
+# Sections are the marked parts of the list: build, test, check.
 
-install_packages() {
-    local wanted missing=() package
-    wanted=$(awk -v sections=" $* " '
+# listed_packages SECTION...: the names, one a line.
+listed_packages() {
+    awk -v sections=" $* " '
         /^# ---/ { take = index(sections, " " $NF " ") > 0; next }
         /^#/ || NF == 0 { next }
-        take { print $1 }' "$root/packages.txt")
-    for package in $wanted; do
+        take { print $1 }' "$root/packages.txt"
+}
+
+# install_packages SECTION...: installs those that are missing.
+install_packages() {
+    local missing=() package
+    for package in $(listed_packages "$@"); do
         dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
             missing+=("$package")
     done
