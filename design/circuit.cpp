@@ -47,12 +47,6 @@ Circuit Dual(const Circuit& circuit, double fo) {
     return dual;
 }
 
-std::string DualName(std::string_view name) {
-    std::string dual(name);
-    if (!dual.empty() && (dual[0] == 'L' || dual[0] == 'C')) dual[0] = dual[0] == 'L' ? 'C' : 'L';
-    return dual;
-}
-
 std::string DualLabel(std::string_view label) {
     constexpr std::string_view inductance = "Inductance ";
     constexpr std::string_view capacitance = "Capacitance ";
@@ -63,10 +57,6 @@ std::string DualLabel(std::string_view label) {
         return std::string(inductance) + DualName(label.substr(capacitance.size()));
     }
     return std::string(label);
-}
-
-std::string_view DualUnit(std::string_view unit) {
-    return unit == "H" ? "F" : unit == "F" ? "H" : unit;
 }
 
 }  // namespace kelvro

@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "design/state.h"
+#include "network/part.h"
 
 namespace kelvro {
 
 enum class ElementKind : std::uint8_t { Resistor, Inductor, Capacitor, Line, Choke, Switch };
-enum class Place : std::uint8_t { Series, Shunt };
 
 /// Which tolerance varies an element.
 enum class ToleranceGroup : std::uint8_t { None, Capacitance, Inductance, LineImpedance };
@@ -54,9 +54,7 @@ struct Circuit {
 /// name changes its letter. The response is that of the circuit at the mirrored frequency.
 Circuit Dual(const Circuit& circuit, double fo);
 
-/// "L1" <-> "C1", "Inductance L" <-> "Capacitance C", "H" <-> "F"; other texts stay.
-std::string DualName(std::string_view name);
+/// "Inductance L" <-> "Capacitance C"; other texts stay.
 std::string DualLabel(std::string_view label);
-std::string_view DualUnit(std::string_view unit);
 
 }  // namespace kelvro

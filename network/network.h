@@ -55,13 +55,13 @@ struct Impedance {
     bool operator==(const Impedance&) const = default;
 };
 
-/// Ohms at f > 0; NaN where measured data end.
+/// At f > 0; NaN where measured data end. An empty group in series is a short, in parallel an open.
+Immittance immittance(const Impedance& of, double f);
+/// The same in ohm.
 std::complex<double> impedance(const Impedance& of, double f);
 
 /// What ends a network at either side.
 using Termination = Impedance;
-
-enum class Place : std::uint8_t { Series, Shunt };
 
 /// Length of a line: an angle at a frequency, or metres and εr.
 struct LineLength {
@@ -162,16 +162,17 @@ struct Network {
 };
 
 /// Ladder elements in one word.
-LadderElement Series(Impedance arm, std::string node = {});
-LadderElement Shunt(Impedance arm);
+LadderElement SeriesArm(Impedance arm, std::string node = {});
+LadderElement ShuntArm(Impedance arm);
 
-/// All parts of a ladder from source to load, branches and groups included, as pointers into it.
+/// All parts of a ladder from source to load, branches and groups included but not the loads, as
+/// pointers into it.
 std::vector<const Part*> PartsOf(const std::vector<LadderElement>& ladder);
 std::vector<Part*> PartsOf(std::vector<LadderElement>& ladder);
 
 /// The ladder with inductors and capacitors interchanged: each value becomes 1/(ω²·value), each
-/// name changes its letter, page losses turn to their mirrored form. Its response is that of the
-/// ladder at the mirrored frequency f0²/f.
+/// name changes its letter, page losses turn to their mirrored form. Where all losses are the
+/// page's, its response is that of the ladder at the mirrored frequency -f0²/f.
 std::vector<LadderElement> Dual(std::vector<LadderElement> ladder, double f0);
 
 }  // namespace kelvro

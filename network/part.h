@@ -5,22 +5,28 @@
 #include <string>
 #include <string_view>
 
+#include "network/immittance.h"
+
 // One part of a network and its loss model. SI units throughout: ohm, henry, farad, hertz.
 
 namespace kelvro {
 
+/// How an element stands to the main path: in it, or from it to ground.
+enum class Place : std::uint8_t { Series, Shunt };
+
 enum class PartKind : std::uint8_t { Resistor, Inductor, Capacitor };
 
-/// Loss of an inductor or a capacitor; none by default. Self-resonance and series resistance add to
-/// whatever law the Q follows.
+/// Loss of an inductor or a capacitor; none by default. The laws of constant, proportional and root
+/// Q put |X|/Q in series with the part; self-resonance and series resistance add to whatever law
+/// the Q follows. A Q that is not above 0 counts as infinite.
 struct PartLoss {
     enum class Law : std::uint8_t {
         Lossless,
         ConstantQ,      ///< Q at every frequency
-        ProportionalQ,  ///< Q at `f`, proportional to frequency (constant series resistance)
+        ProportionalQ,  ///< Q at `f`, proportional to frequency (a coil of constant resistance)
         RootQ,          ///< Q at `f`, proportional to its root (skin effect)
-        Page,           ///< as the pages reckon: s = ω(1/Q + j) in place of jω
-        PageMirrored,   ///< the same at the mirrored frequency, where L and C are interchanged
+        Page,          ///< as the pages reckon: s = ω(1/Q + j) in place of jω; parallel loss in C
+        PageMirrored,  ///< the same at the mirrored frequency, where L and C are interchanged
     };
 
     Law law = Law::Lossless;
@@ -53,13 +59,20 @@ struct Part {
     }
 };
 
-/// Impedance of a part at f > 0, its losses included, ohm. The one place in the program that knows
-/// what a part is. An infinite capacitance is a short; a vanishing one has an infinite impedance.
+/// A part at f > 0, its losses included; never 0/0. The one place in the program that knows what a
+/// part is.
+Immittance immittance(const Part& part, double f);
+/// The same as an impedance, ohm. An infinite capacitance is a short; a vanishing one has an
+/// infinite impedance.
 std::complex<double> impedance(const Part& part, double f);
 
 /// "H", "F", "Ω".
 std::string_view UnitOf(PartKind kind);
 /// 'R', 'L', 'C'.
 char LetterOf(PartKind kind);
+
+/// "L1" <-> "C1", "H" <-> "F"; other texts stay.
+std::string DualName(std::string_view name);
+std::string_view DualUnit(std::string_view unit);
 
 }  // namespace kelvro

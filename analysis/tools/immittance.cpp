@@ -31,14 +31,6 @@ double ElementOf(double reactance, double omega) {
 
 }  // namespace
 
-Immittance InSeries(const Immittance& a, const Immittance& b) {
-    return {a.voltage * b.current + b.voltage * a.current, a.current * b.current};
-}
-
-Immittance InParallel(const Immittance& a, const Immittance& b) {
-    return {a.voltage * b.voltage, a.voltage * b.current + b.voltage * a.current};
-}
-
 const std::vector<ConnectionName>& Connections() {
     static const std::vector<ConnectionName> names{
         {Connection::Series, "R, L, C in series"},

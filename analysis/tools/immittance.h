@@ -6,22 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "network/immittance.h"
+
 // Impedances of small circuits, and their equivalent series and parallel forms at one frequency.
 
 namespace kelvro {
-
-/// A one-port as the ratio voltage/current. Opens, shorts and resonances are ordinary values here;
-/// neither combination divides.
-struct Immittance {
-    std::complex<double> voltage;
-    std::complex<double> current{1};
-
-    std::complex<double> impedance() const { return voltage / current; }
-    std::complex<double> admittance() const { return current / voltage; }
-};
-
-Immittance InSeries(const Immittance& a, const Immittance& b);
-Immittance InParallel(const Immittance& a, const Immittance& b);
 
 /// How resistor, inductor and capacitor of a circuit are connected.
 enum class Connection : std::uint8_t {
