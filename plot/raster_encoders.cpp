@@ -2,6 +2,8 @@
 
 #include <gif_lib.h>
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <csetjmp>
 #include <cstdio>
@@ -9,7 +11,7 @@
 // jpeglib.h needs FILE and size_t, and does not include them itself.
 #include <jpeglib.h>
 
-#include "plot/colour_reduction.h"
+#include <vector>
 
 namespace kelvro {
 
@@ -72,39 +74,80 @@ int AppendGifBytes(GifFileType* gif, const GifByteType* bytes, int count) {
     return count;
 }
 
-std::vector<Rgb> PixelsOf(const QImage& image) {
-    std::vector<Rgb> pixels;
-    pixels.reserve(static_cast<std::size_t>(image.width()) *
-                   static_cast<std::size_t>(image.height()));
+/// The pixels of a 24-bit image by channel, row by row.
+std::array<std::vector<GifByteType>, 3> ChannelsOf(const QImage& image) {
+    std::array<std::vector<GifByteType>, 3> channels;
     for (int y = 0; y < image.height(); ++y) {
         const uchar* row = image.constScanLine(y);
-        for (int x = 0; x < image.width(); ++x, row += 3) {
-            pixels.push_back({row[0], row[1], row[2]});
+        for (int i = 0; i < 3 * image.width(); ++i) {
+            channels[static_cast<std::size_t>(i) % 3].push_back(row[i]);
         }
     }
-    return pixels;
+    return channels;
+}
+
+/// A 24-bit image in the colours of giflib's median cut. It looks at five bits of a channel, so
+/// white comes out grey: each colour becomes the mean of the pixels that have taken it, and those
+/// of the plot's background and curves keep theirs. Null when memory is short.
+QImage Divided(const QImage& image) {
+    auto channels = ChannelsOf(image);
+    std::vector<GifByteType> indices(channels[0].size());
+    std::array<GifColorType, 256> table{};
+    int colours = static_cast<int>(table.size());
+    if (GifQuantizeBuffer(static_cast<unsigned>(image.width()),
+                          static_cast<unsigned>(image.height()), &colours, channels[0].data(),
+                          channels[1].data(), channels[2].data(), indices.data(),
+                          table.data()) != GIF_OK) {
+        return {};
+    }
+    std::array<std::array<std::size_t, 256>, 4> sums{};  // of the channels, and of pixels
+    for (std::size_t i = 0; i < indices.size(); ++i) {
+        for (std::size_t k = 0; k < 3; ++k) sums[k][indices[i]] += channels[k][i];
+        ++sums[3][indices[i]];
+    }
+    QImage divided(image.size(), QImage::Format_Indexed8);
+    for (std::size_t c = 0; c < static_cast<std::size_t>(colours); ++c) {
+        const std::size_t pixels = std::max<std::size_t>(sums[3][c], 1);
+        const auto mean = [&](std::size_t k) {
+            return static_cast<int>((sums[k][c] + pixels / 2) / pixels);
+        };
+        divided.setColor(static_cast<int>(c), qRgb(mean(0), mean(1), mean(2)));
+    }
+    const GifByteType* row = indices.data();
+    for (int y = 0; y < divided.height(); ++y, row += divided.width()) {
+        std::copy_n(row, divided.width(), divided.scanLine(y));
+    }
+    return divided;
+}
+
+/// The picture with at most 256 colours; where these suffice, they are kept as they are.
+QImage WithFewColours(const QImage& image) {
+    const QImage pixels = image.convertToFormat(QImage::Format_RGB888);
+    const QImage exact = pixels.convertToFormat(QImage::Format_Indexed8);
+    return exact.convertToFormat(QImage::Format_RGB888) == pixels ? exact : Divided(pixels);
 }
 
 /// Colour tables hold a power of two of entries, two at least.
-ColorMapObject* MakeColourTable(const std::vector<Rgb>& palette) {
-    const std::size_t entries = std::max<std::size_t>(2, std::bit_ceil(palette.size()));
-    std::vector<GifColorType> colours(entries);
-    for (std::size_t i = 0; i < palette.size(); ++i) {
-        colours[i] = {palette[i].red, palette[i].green, palette[i].blue};
+ColorMapObject* MakeColourTable(const QList<QRgb>& palette) {
+    std::vector<GifColorType> colours;
+    for (const QRgb colour : palette) {
+        colours.push_back({static_cast<GifByteType>(qRed(colour)),
+                           static_cast<GifByteType>(qGreen(colour)),
+                           static_cast<GifByteType>(qBlue(colour))});
     }
-    return GifMakeMapObject(static_cast<int>(entries), colours.data());
+    colours.resize(std::max<std::size_t>(2, std::bit_ceil(colours.size())));
+    return GifMakeMapObject(static_cast<int>(colours.size()), colours.data());
 }
 
-bool WriteGif(GifFileType* gif, IndexedPicture& picture, QSize size, ColorMapObject* table) {
+bool WriteGif(GifFileType* gif, QImage& picture, ColorMapObject* table) {
     if (table == nullptr ||
-        EGifPutScreenDesc(gif, size.width(), size.height(), table->BitsPerPixel, 0, table) !=
+        EGifPutScreenDesc(gif, picture.width(), picture.height(), table->BitsPerPixel, 0, table) !=
             GIF_OK ||
-        EGifPutImageDesc(gif, 0, 0, size.width(), size.height(), false, nullptr) != GIF_OK) {
+        EGifPutImageDesc(gif, 0, 0, picture.width(), picture.height(), false, nullptr) != GIF_OK) {
         return false;
     }
-    GifPixelType* row = picture.indices.data();
-    for (int y = 0; y < size.height(); ++y, row += size.width()) {
-        if (EGifPutLine(gif, row, size.width()) != GIF_OK) return false;
+    for (int y = 0; y < picture.height(); ++y) {
+        if (EGifPutLine(gif, picture.scanLine(y), picture.width()) != GIF_OK) return false;
     }
     return true;
 }
@@ -133,13 +176,14 @@ Encoded EncodeGif(const QImage& image) {
     if (image.width() > kLargestGif || image.height() > kLargestGif) {
         return {{}, QStringLiteral("GIF pictures have at most %1 pixels a side").arg(kLargestGif)};
     }
-    IndexedPicture picture = ReduceColours(PixelsOf(image.convertToFormat(QImage::Format_RGB888)));
+    QImage picture = WithFewColours(image);
+    if (picture.isNull()) return {{}, QStringLiteral("Not enough memory for the picture")};
     QByteArray bytes;
     int error = 0;
     GifFileType* gif = EGifOpen(&bytes, AppendGifBytes, &error);
     if (gif == nullptr) return {{}, QString::fromLocal8Bit(GifErrorString(error))};
-    ColorMapObject* table = MakeColourTable(picture.palette);
-    const bool written = WriteGif(gif, picture, image.size(), table);
+    ColorMapObject* table = MakeColourTable(picture.colorTable());
+    const bool written = WriteGif(gif, picture, table);
     if (!written) error = gif->Error;
     GifFreeMapObject(table);
     const bool closed = EGifCloseFile(gif, written ? &error : nullptr) == GIF_OK;
