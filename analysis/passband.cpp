@@ -27,8 +27,12 @@ double EndBetween(double in, double out, Inside&& inside) {
 }  // namespace
 
 Passband PassbandAround(const Response& response, double f0, double drop) {
-    const double least = response.relativeDb(f0) - drop;
-    const auto inside = [&](double f) { return response.relativeDb(f) >= least; };
+    return PassbandAround([&](double f) { return response.relativeDb(f); }, f0, drop);
+}
+
+Passband PassbandAround(const std::function<double(double f)>& gainDb, double f0, double drop) {
+    const double least = gainDb(f0) - drop;
+    const auto inside = [&](double f) { return gainDb(f) >= least; };
     Passband band{0, std::numeric_limits<double>::infinity()};
 
     double last = f0;
