@@ -31,7 +31,7 @@ constexpr std::array kKeywords = {
             "Hint: Optimization is less accurate due to numerical noise added for goal function "
             "calculation!",
             [](KeywordPreset& p) { p.settings.goal.noise = true; }},
-    Keyword{"nopt", {}, [](KeywordPreset& p) { p.optimizationDisabled = true; }},
+    Keyword{"nopt", {}, [](KeywordPreset& p) { p.settings.disabled = true; }},
     Keyword{"steep",
             "Hint: Optimization using steepest descent, so parameter calculations are a bit "
             "inaccurate and slow!",

@@ -11,7 +11,6 @@ namespace kelvro {
 /// What the program's arguments preset.
 struct KeywordPreset {
     OptimizerSettings settings;
-    bool optimizationDisabled = false;
     std::vector<std::string> messages;  ///< one box each, in this order
 };
 

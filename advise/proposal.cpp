@@ -168,32 +168,30 @@ void MeasureResponse(Proposal& proposal) {
 // ---------------------------------------------------------------- candidates
 
 /// The state with the wishes that a page can take as inputs.
-DesignState WishedInputs(const DesignState& state, const Wishes& wishes, const Page& page) {
-    DesignState wished = state;
+Design WishedInputs(const Design& state, const Wishes& wishes, const Page& page) {
+    Design wished = state;
     const std::optional<double> bandwidth = wishes.wantedBandwidth(state.fo);
     if (bandwidth) wished.Q = Clamp(state.fo / *bandwidth, page.typedQ.low, page.typedQ.high);
     if (wishes.voltageRatio) wished.v8 = *wishes.voltageRatio;
-    wished.Busy = false;
     return wished;
 }
 
-Proposal DesignedAs(DesignState inputs, const Page& page, bool swapped, CycleServices& services) {
+Proposal DesignedAs(Design inputs, const Page& page, bool swapped, CycleServices& services) {
     Proposal proposal;
     proposal.page = page.number;
     inputs.LCSwapped = swapped;
     EnterPage(inputs, page.number);
     proposal.LCSwapped = inputs.LCSwapped;
-    proposal.state = inputs;
-    proposal.cycle = Calculate(proposal.state, true, services);
+    proposal.cycle = Calculate(inputs, true, services);
+    proposal.state = proposal.cycle.design;
     return proposal;
 }
 
 /// The page's design; where it refuses because of the order of R1 and R2, the other way round.
-Proposal Designed(const DesignState& inputs, const Page& page, bool swapped,
-                  CycleServices& services) {
+Proposal Designed(const Design& inputs, const Page& page, bool swapped, CycleServices& services) {
     Proposal proposal = DesignedAs(inputs, page, swapped, services);
     if (!proposal.cycle.message || inputs.R1 == inputs.R2) return proposal;
-    DesignState exchanged = inputs;
+    Design exchanged = inputs;
     std::swap(exchanged.R1, exchanged.R2);
     Proposal turned = DesignedAs(exchanged, page, swapped, services);
     if (turned.cycle.message) return proposal;
@@ -208,7 +206,7 @@ std::string Decibels(double value) {
 }
 
 /// Why the kind of page does not suit; empty when it does.
-std::string WrongRole(const Trait& trait, const DesignState& state, const Wishes& wishes) {
+std::string WrongRole(const Trait& trait, const Design& state, const Wishes& wishes) {
     const double matched = std::sqrt(state.R2 / state.R1);
     const bool attenuate =
         wishes.voltageRatio && *wishes.voltageRatio < matched * (1 - kRatioTolerance);
@@ -345,9 +343,9 @@ void Judge(Proposal& proposal, const Wishes& wishes) {
 }
 
 /// The proposals of one page; pages whose kind is not wanted are not designed.
-void AddProposals(std::vector<Proposal>& proposals, const DesignState& state, const Page& page,
+void AddProposals(std::vector<Proposal>& proposals, const Design& state, const Page& page,
                   const Wishes& wishes, CycleServices& services) {
-    const DesignState inputs = WishedInputs(state, wishes, page);
+    const Design inputs = WishedInputs(state, wishes, page);
     if (std::string why = WrongRole(TraitOf(page.number), inputs, wishes); !why.empty()) {
         Proposal& proposal = proposals.emplace_back();
         proposal.page = page.number;
@@ -392,8 +390,7 @@ std::string SizedPart::text() const {
     return name + " " + FormatQuantity(2, value, unit);
 }
 
-std::vector<Proposal> Propose(const DesignState& state, const Wishes& wishes,
-                              CycleServices& services) {
+std::vector<Proposal> Propose(const Design& state, const Wishes& wishes, CycleServices& services) {
     std::vector<Proposal> proposals;
     for (const Page& page : Pages()) AddProposals(proposals, state, page, wishes, services);
     std::ranges::stable_sort(proposals, [](const Proposal& a, const Proposal& b) {
@@ -409,8 +406,8 @@ std::string Title(const Proposal& proposal) {
     return title;
 }
 
-void Apply(const Proposal& proposal, DesignState& state) {
-    const DesignState& designed = proposal.state;
+void Apply(const Proposal& proposal, Design& state) {
+    const Design& designed = proposal.state;
     if (proposal.turned) std::swap(state.R1, state.R2);
     state.Q = designed.Q;
     state.v8 = designed.v8;

@@ -7,7 +7,7 @@
 #include "analysis/passband.h"
 #include "design/circuit.h"
 #include "design/cycle.h"
-#include "design/state.h"
+#include "design/design.h"
 
 // Which circuit to take: every page is designed for the present inputs by the program's own
 // calculation, judged by the user's wishes, and ranked.
@@ -47,7 +47,7 @@ struct Proposal {
     int page = 1;
     bool LCSwapped = false;
     bool turned = false;  ///< R1 and R2 are exchanged: the network is used the other way round
-    DesignState state;    ///< designed; what going to the page shows
+    Design state;         ///< designed; what going to the page shows
     bool suited = false;
     std::string reason;  ///< one sentence; of an unsuited page why it is not
     double score = 0;    ///< higher is better
@@ -71,13 +71,12 @@ Wishes::Dc DcPathOf(const Circuit& circuit);
 /// All pages and their variants with L and C interchanged, suited ones first, best first. `state`
 /// gives the inputs; its page and components do not matter. `services` evaluate and, if they do,
 /// optimize as the window would.
-std::vector<Proposal> Propose(const DesignState& state, const Wishes& wishes,
-                              CycleServices& services);
+std::vector<Proposal> Propose(const Design& state, const Wishes& wishes, CycleServices& services);
 
 /// "LC Gamma, L and C interchanged, R1 and R2 switched".
 std::string Title(const Proposal& proposal);
 
 /// Puts the inputs and the variant of a proposal into the state. The caller enters its page.
-void Apply(const Proposal& proposal, DesignState& state);
+void Apply(const Proposal& proposal, Design& state);
 
 }  // namespace kelvro

@@ -26,7 +26,7 @@ double Square(double x) {
 }
 
 /// How far the resistances are apart: 0 for equal ones.
-double TransformationTerm(const DesignState& s) {
+double TransformationTerm(const Design& s) {
     return std::sqrt(std::max(s.R2 / s.R1, s.R1 / s.R2)) - 1;
 }
 
@@ -34,7 +34,7 @@ double TransformationTerm(const DesignState& s) {
 
 /// -GT(fo), and a penalty that holds the response at ±1/(8·Q) of fo 0.25 dB below GT(fo), as it is
 /// for a single resonance of that Q.
-double BandEdgeGoal(const DesignState& s, const Response& response) {
+double BandEdgeGoal(const Design& s, const Response& response) {
     const double quarter = s.fo / std::max(s.Q, kSmallestQ) / 4;
     const double low = response.relativeDb(std::max(s.fo - quarter / 2, s.fo / 100));
     const double centre = response.relativeDb(s.fo);
@@ -44,7 +44,7 @@ double BandEdgeGoal(const DesignState& s, const Response& response) {
 }
 
 /// -GT(fo), and a penalty on the difference between the wanted Q and that of the phase slope.
-double PhaseSlopeGoal(const DesignState& s, const Response& response) {
+double PhaseSlopeGoal(const Design& s, const Response& response) {
     const double Q = std::max(s.Q, kSmallestQ);
     const double low = (1 - 0.025 / Q) * s.fo;
     const double high = (1 + 0.025 / Q) * s.fo;
@@ -80,7 +80,7 @@ double BandGoal(const std::array<BandPoint, count>& points, double scale, const 
     return maxNorm ? worst : -scale * sum;
 }
 
-double LadderBandGoal(const DesignState& s, const Response& response, bool maxNorm) {
+double LadderBandGoal(const Design& s, const Response& response, bool maxNorm) {
     const double m = TransformationTerm(s);
     // Beyond a resistance ratio of nine the formula leaves the positive frequencies.
     const double d = std::max(1 - std::pow(m, 0.333) * 0.8, kLowestBandEdge);
@@ -96,7 +96,7 @@ double LadderBandGoal(const DesignState& s, const Response& response, bool maxNo
     return BandGoal(points, 1, response, maxNorm);
 }
 
-double FivePointBandGoal(const DesignState& s, const Response& response, bool maxNorm) {
+double FivePointBandGoal(const Design& s, const Response& response, bool maxNorm) {
     const bool wide = s.page == kTransformer || s.page == kLccl || s.page == kDoubleL;
     const double d = (wide ? 0.5 : 0.25) / (TransformationTerm(s) + 1);
     const std::array<BandPoint, 5> points = {{{s.fo * (1 - d), 1},
@@ -114,7 +114,7 @@ double Imbalance(double a, double b) {
     return (a - b) / (a + b);
 }
 
-double TransformerPenalty(const DesignState& s, const GoalOptions& options) {
+double TransformerPenalty(const Design& s, const GoalOptions& options) {
     const TransformerOptions& wish = s.transformer;
     const double L1 = s.components[Slot::L];
     const double L2 = s.components[Slot::L2];
@@ -133,7 +133,7 @@ double TransformerPenalty(const DesignState& s, const GoalOptions& options) {
 }
 
 /// Keeps the two halves of the LCCL network alike.
-double LcclPenalty(const DesignState& s) {
+double LcclPenalty(const Design& s) {
     return 0.01 * Square(Imbalance(s.components[Slot::L], s.components[Slot::L2])) +
            0.01 * Square(Imbalance(s.components[Slot::C1], s.components[Slot::C2]));
 }
@@ -141,7 +141,7 @@ double LcclPenalty(const DesignState& s) {
 // ---------------------------------------------------------------- resistor string
 
 /// Relative errors of the string's total, its six taps and the bandgap resistor, squared.
-double DividerGoal(const DesignState& s) {
+double DividerGoal(const Design& s) {
     const std::array<double, 6> taps = {s.Vlow1, s.Vlow2, s.Vmid1, s.Vmid2, s.Vhi1, s.Vhi2};
     const auto resistor = [&](int i) { return s.components[SlotBehind(Slot::C1, i)]; };
     double total = 0;
@@ -159,13 +159,13 @@ double DividerGoal(const DesignState& s) {
 
 /// Its slots come in pairs of mean and ratio; the elements C1, C2, L1, L2, C3, C4, L3, L4 are what
 /// the parameters move. Each further element of a group is reckoned relative to the first.
-bool IsExtended(const DesignState& s) {
+bool IsExtended(const Design& s) {
     return s.page == kBroadband && s.eightElements;
 }
 
 constexpr std::array<std::size_t, 8> kFirstOfGroup = {0, 0, 2, 2, 0, 0, 2, 2};
 
-std::vector<double> RelativeElements(const DesignState& s, const std::vector<Slot>& slots) {
+std::vector<double> RelativeElements(const Design& s, const std::vector<Slot>& slots) {
     std::vector<double> elements;
     for (std::size_t i = 0; i + 1 < slots.size(); i += 2) {
         const double mean = s.components[slots[i]];
@@ -179,7 +179,7 @@ std::vector<double> RelativeElements(const DesignState& s, const std::vector<Slo
     return relative;
 }
 
-void WriteRelativeElements(DesignState& s, const std::vector<Slot>& slots,
+void WriteRelativeElements(Design& s, const std::vector<Slot>& slots,
                            std::span<const double> relative) {
     std::vector<double> elements(relative.begin(), relative.end());
     for (std::size_t i = 0; i < elements.size(); ++i) {
@@ -201,14 +201,13 @@ double TenDigits(double f) {
 
 }  // namespace
 
-Goal::Goal(DesignState& state, const GoalOptions& options)
-    : state_(state), options_(options), components_(state.components) {
-    const Page& page = PageOf(state);
-    if (page.goalSlots) slots_ = page.goalSlots(state);
-    if (IsExtended(state)) {
-        starts_ = RelativeElements(state, slots_);
+Goal::Goal(const Design& design, const GoalOptions& options) : trial_(design), options_(options) {
+    const Page& page = PageOf(design);
+    if (page.goalSlots) slots_ = page.goalSlots(design);
+    if (IsExtended(design)) {
+        starts_ = RelativeElements(design, slots_);
     } else {
-        for (const Slot slot : slots_) starts_.push_back(state.components[slot]);
+        for (const Slot slot : slots_) starts_.push_back(design.components[slot]);
     }
     size_ = page.testParameters > 0 ? static_cast<std::size_t>(page.testParameters) : slots_.size();
 }
@@ -217,40 +216,41 @@ void Goal::write(std::span<const double> x) {
     if (slots_.empty()) return;
     std::array<double, 64> values{};
     for (std::size_t i = 0; i < slots_.size(); ++i) values[i] = GuardedExp(x[i]) * starts_[i];
-    if (IsExtended(state_)) {
-        WriteRelativeElements(state_, slots_, std::span(values).first(slots_.size()));
+    if (IsExtended(trial_)) {
+        WriteRelativeElements(trial_, slots_, std::span(values).first(slots_.size()));
         return;
     }
-    for (std::size_t i = 0; i < slots_.size(); ++i) state_.components[slots_[i]] = values[i];
+    for (std::size_t i = 0; i < slots_.size(); ++i) trial_.components[slots_[i]] = values[i];
 }
 
-void Goal::restore() {
-    state_.components = components_;
+Slots Goal::components(std::span<const double> x) {
+    write(x);
+    return trial_.components;
 }
 
 double Goal::value(std::span<const double> x, CallKind kind) {
     calls_.add(kind);
-    const double f = PageOf(state_).testParameters > 0 ? TestFunction(state_.page, x) : designed(x);
+    const double f = PageOf(trial_).testParameters > 0 ? TestFunction(trial_.page, x) : designed(x);
     return options_.noise ? TenDigits(f) : f;
 }
 
 double Goal::designed(std::span<const double> x) {
     write(x);
-    return state_.page == kDivider ? DividerGoal(state_) : network();
+    return trial_.page == kDivider ? DividerGoal(trial_) : network();
 }
 
 double Goal::network() const {
-    const Response response(state_);
+    const Response response(trial_);
     double f = 0;
-    if (state_.Q > kNarrowBandQ) {
-        f = options_.phaseSlope ? PhaseSlopeGoal(state_, response) : BandEdgeGoal(state_, response);
-    } else if (state_.page == kBroadband) {
-        f = LadderBandGoal(state_, response, options_.maxNorm);
+    if (trial_.Q > kNarrowBandQ) {
+        f = options_.phaseSlope ? PhaseSlopeGoal(trial_, response) : BandEdgeGoal(trial_, response);
+    } else if (trial_.page == kBroadband) {
+        f = LadderBandGoal(trial_, response, options_.maxNorm);
     } else {
-        f = FivePointBandGoal(state_, response, options_.maxNorm);
+        f = FivePointBandGoal(trial_, response, options_.maxNorm);
     }
-    if (state_.page == kTransformer) f += TransformerPenalty(state_, options_);
-    if (state_.page == kLccl) f += LcclPenalty(state_);
+    if (trial_.page == kTransformer) f += TransformerPenalty(trial_, options_);
+    if (trial_.page == kLccl) f += LcclPenalty(trial_);
     return f;
 }
 

@@ -6,7 +6,7 @@
 #include "analysis/goal_options.h"
 #include "analysis/objective.h"
 #include "analysis/response.h"
-#include "design/state.h"
+#include "design/design.h"
 
 namespace kelvro {
 
@@ -15,30 +15,27 @@ namespace kelvro {
 /// so that x = 0 is the design as it stands. On pages with a test function: that function of x.
 class Goal : public Objective {
   public:
-    /// The state's components are the start values. The state must outlive the goal; each call
-    /// leaves the components of its x in it.
-    Goal(DesignState& state, const GoalOptions& options);
+    /// The design's components are the start values; the goal works on a copy of its own.
+    Goal(const Design& design, const GoalOptions& options);
 
     /// Number of parameters; 0 on a page with nothing to optimize.
     std::size_t size() const { return size_; }
     /// f(x) for size() parameters. Not finite where the network does not exist.
     double value(std::span<const double> x, CallKind kind) override;
-    /// Writes the components of x into the state without evaluating them.
-    void write(std::span<const double> x);
-    /// Puts the components of the start back.
-    void restore();
+    /// The components of x.
+    Slots components(std::span<const double> x);
 
     const CallCounts& calls() const { return calls_; }
 
   private:
+    void write(std::span<const double> x);
     double designed(std::span<const double> x);
     double network() const;
 
-    DesignState& state_;
+    Design trial_;  ///< with the components of the last x
     GoalOptions options_;
     std::vector<Slot> slots_;
     std::vector<double> starts_;  ///< element values, relative ones in the extended ladder
-    Slots components_;            ///< as they stood at the start
     std::size_t size_;
     CallCounts calls_;
 };

@@ -58,15 +58,18 @@ double MirroredFrequency(double f, double fo) {
 
 }  // namespace
 
-Response::Response(const DesignState& state)
-    : transfer_(PageOf(state).transfer ? PageOf(state).transfer(state) : Transfer{}),
-      mirrored_(PageOf(state).showsDuals(state)),
-      fo_(state.fo),
-      G2_(1 / state.R2),
-      R1_(state.R1),
-      lossTangent_((1 / state.QBC + 1 / state.QB) / 2),
-      ideal_(std::sqrt(state.R2 / state.R1)),
-      referenceDb_(MagnitudeDb(state.RatioRef)) {}
+Response::Response(const Design& design)
+    : transfer_(PageOf(design).transfer ? PageOf(design).transfer(design) : Transfer{}),
+      mirrored_(PageOf(design).showsDuals(design)),
+      fo_(design.fo),
+      G2_(1 / design.R2),
+      R1_(design.R1),
+      lossTangent_((1 / design.QBC + 1 / design.QB) / 2),
+      ideal_(std::sqrt(design.R2 / design.R1)) {
+    const Page& page = PageOf(design);
+    const bool own = page.refersToItself && page.refersToItself(design);
+    referenceDb_ = MagnitudeDb(own ? magnitude(fo_) : MatchedRatio(design));
+}
 
 std::complex<double> Response::transfer(double f) const {
     if (mirrored_) f = MirroredFrequency(f, fo_);
@@ -150,8 +153,8 @@ double MagnitudeDb(double magnitude) {
     return 20 * std::log10(std::max(magnitude, kSmallestMagnitude));
 }
 
-double ResponseServices::responseMagnitude(const DesignState& state, double f) {
-    return Response(state).magnitude(f);
+double ResponseServices::responseMagnitude(const Design& design, double f) {
+    return Response(design).magnitude(f);
 }
 
 }  // namespace kelvro

@@ -5,18 +5,18 @@
 
 #include "core/complex_number.h"
 #include "design/cycle.h"
-#include "design/state.h"
+#include "design/design.h"
 #include "design/transfer.h"
 
 namespace kelvro {
 
 /// The frequency response of a design's network: the voltage across the load referred to half the
-/// source voltage, so that a lossless match has |H| = sqrt(R2/R1). Built once per state, then
+/// source voltage, so that a lossless match has |H| = sqrt(R2/R1). Built once per design, then
 /// evaluated at many frequencies; evaluation allocates nothing. f in Hz, any finite value; f = 0 on
 /// a mirrored page counts as 1e-6·fo.
 class Response {
   public:
-    explicit Response(const DesignState& state);
+    explicit Response(const Design& design);
 
     Complex value(double f) const;  ///< cartesian
     double magnitude(double f) const;
@@ -50,8 +50,8 @@ double MagnitudeDb(double magnitude);
 /// Services of a calculation that evaluates the response and leaves the components as designed.
 class ResponseServices : public CycleServices {
   public:
-    double responseMagnitude(const DesignState& state, double f) override;
-    void optimize(DesignState&) override {}
+    double responseMagnitude(const Design& design, double f) override;
+    Slots optimize(const Design& design) override { return design.components; }
 };
 
 }  // namespace kelvro

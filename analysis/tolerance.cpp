@@ -22,10 +22,10 @@ constexpr std::size_t kInductanceDraws[] = {2, 3, 6, 7};
 constexpr std::size_t kLineDraw = 8;
 constexpr std::size_t kNamedDraws = 9;
 
-double DesignState::*InputOf(const Page& page, std::string_view object) {
+double Design::*InputOf(const Page& page, std::string_view object) {
     const auto found = std::ranges::find(page.inputs, object, &InputField::object);
     if (found == page.inputs.end()) return nullptr;
-    const auto* member = std::get_if<double DesignState::*>(&found->value);
+    const auto* member = std::get_if<double Design::*>(&found->value);
     return member ? *member : nullptr;
 }
 
@@ -95,12 +95,12 @@ std::uint64_t ClockSeed() {
     return static_cast<std::uint64_t>(now.count()) + (++calls << 48);
 }
 
-double TolerancePart::value(const DesignState& state) const {
+double TolerancePart::value(const Design& state) const {
     if (input) return state.*input;
     return output ? output->component(state) : state.components[slot];
 }
 
-void TolerancePart::setValue(DesignState& state, double value) const {
+void TolerancePart::setValue(Design& state, double value) const {
     if (input) {
         state.*input = value;
     } else if (output) {
@@ -110,7 +110,7 @@ void TolerancePart::setValue(DesignState& state, double value) const {
     }
 }
 
-std::vector<TolerancePart> ToleranceParts(const DesignState& state) {
+std::vector<TolerancePart> ToleranceParts(const Design& state) {
     const Page& page = PageOf(state);
     if (!page.circuit) return {};
     std::vector<TolerancePart> parts;
@@ -126,7 +126,7 @@ std::vector<TolerancePart> ToleranceParts(const DesignState& state) {
     return parts;
 }
 
-ToleranceRuns::ToleranceRuns(const DesignState& nominal, const Tolerances& tolerances,
+ToleranceRuns::ToleranceRuns(const Design& nominal, const Tolerances& tolerances,
                              std::uint64_t seed)
     : nominal_(nominal),
       varied_(nominal),
@@ -136,7 +136,7 @@ ToleranceRuns::ToleranceRuns(const DesignState& nominal, const Tolerances& toler
       deviations_(parts_.size()),
       draws_(parts_.empty() ? kNamedDraws : std::max(kNamedDraws, parts_.back().draw + 1)) {}
 
-const DesignState& ToleranceRuns::next() {
+const Design& ToleranceRuns::next() {
     for (double& draw : draws_) draw = generator_.next();
     varied_ = nominal_;
     for (std::size_t i = 0; i < parts_.size(); ++i) {
@@ -214,7 +214,7 @@ double Correlation(std::span<const double> x, std::span<const double> y) {
     return scale > 0 ? std::clamp(xy / scale, -1.0, 1.0) : kNaN;
 }
 
-ToleranceReport AnalyseTolerance(const DesignState& nominal, const Tolerances& tolerances, int runs,
+ToleranceReport AnalyseTolerance(const Design& nominal, const Tolerances& tolerances, int runs,
                                  std::uint64_t seed, double limitDb) {
     ToleranceReport report;
     report.nominalGain = Response(nominal).relativeDb(nominal.fo);

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "design/circuit.h"
+#include "design/design.h"
 #include "design/page.h"
-#include "design/state.h"
 
 // Monte Carlo analysis: how a response spreads when parts deviate from their values.
 
@@ -47,37 +47,37 @@ struct TolerancePart {
     std::string name;
     ToleranceGroup group = ToleranceGroup::None;
     Slot slot = Slot::None;
-    const OutputField* output = nullptr;   ///< stores the part where it is not just its slot
-    double DesignState::*input = nullptr;  ///< the part is an input of its page
-    bool dual = false;                     ///< the design keeps the reciprocal part
-    std::size_t draw = 0;                  ///< which random number of a run it takes
+    const OutputField* output = nullptr;  ///< stores the part where it is not just its slot
+    double Design::*input = nullptr;      ///< the part is an input of its page
+    bool dual = false;                    ///< the design keeps the reciprocal part
+    std::size_t draw = 0;                 ///< which random number of a run it takes
 
-    double value(const DesignState& state) const;
-    void setValue(DesignState& state, double value) const;
+    double value(const Design& state) const;
+    void setValue(Design& state, double value) const;
 };
 
 /// The parts of a design that a run varies, in the order of their random numbers: capacitances 1
 /// and 2, inductances 1 and 2, capacitances 3 and 4, inductances 3 and 4, line impedance; behind
 /// them, on pages with more, capacitances and inductances from the fifth on. A design without some
 /// of them leaves their numbers unused.
-std::vector<TolerancePart> ToleranceParts(const DesignState& state);
+std::vector<TolerancePart> ToleranceParts(const Design& state);
 
 /// Draws part values around those of a design, which stays as it is.
 class ToleranceRuns {
   public:
-    ToleranceRuns(const DesignState& nominal, const Tolerances& tolerances, std::uint64_t seed);
+    ToleranceRuns(const Design& nominal, const Tolerances& tolerances, std::uint64_t seed);
 
     /// The design with part values drawn for one more run: each equally distributed within its
     /// tolerance. Valid until the next call.
-    const DesignState& next();
+    const Design& next();
 
     const std::vector<TolerancePart>& parts() const { return parts_; }
     /// How far each part was off in the last run, as a fraction of its value.
     std::span<const double> deviations() const { return deviations_; }
 
   private:
-    DesignState nominal_;
-    DesignState varied_;
+    Design nominal_;
+    Design varied_;
     Tolerances tolerances_;
     UniformGenerator generator_;
     std::vector<TolerancePart> parts_;
@@ -119,7 +119,7 @@ struct ToleranceReport {
 };
 
 /// `runs` runs of a design, judged by the transducer gain at fo against a limit in dB.
-ToleranceReport AnalyseTolerance(const DesignState& nominal, const Tolerances& tolerances, int runs,
+ToleranceReport AnalyseTolerance(const Design& nominal, const Tolerances& tolerances, int runs,
                                  std::uint64_t seed, double limitDb);
 
 }  // namespace kelvro

@@ -28,8 +28,8 @@
 namespace kelvro {
 namespace {
 
-struct Design {
-    DesignState state;
+struct Sample {
+    Design state;
     double start = 0;
     double best = std::numeric_limits<double>::infinity();
 };
@@ -37,21 +37,21 @@ struct Design {
 // ---------------------------------------------------------------- designs
 
 /// A calculated design ready for its goal; false where the page refuses the inputs.
-bool Prepare(Design& design) {
+bool Prepare(Sample& design) {
     ResponseServices services;
     const CycleResult result = Calculate(design.state, true, services);
+    design.state = result.design;
     Goal goal(design.state, {});
     const std::vector<double> x(goal.size(), 0.0);
     design.start = goal.value(x, CallKind::Evaluation);
-    goal.restore();
     return !result.message && std::isfinite(design.start);
 }
 
-std::vector<Design> ReadDesigns(const char* path) {
-    std::vector<Design> designs;
+std::vector<Sample> ReadDesigns(const char* path) {
+    std::vector<Sample> designs;
     for (const auto& item : nlohmann::json::parse(std::ifstream(path))) {
-        Design design;
-        DesignState& s = design.state;
+        Sample design;
+        Design& s = design.state;
         s.page = item["page"];
         s.R1 = item["r1"];
         s.R2 = item["r2"];
@@ -72,10 +72,10 @@ class DesignSource {
   public:
     explicit DesignSource(std::uint64_t seed) : random_(seed) {}
 
-    Design next(int page) {
+    Sample next(int page) {
         while (true) {
-            Design design;
-            DesignState& s = design.state;
+            Sample design;
+            Design& s = design.state;
             s.page = page;
             s.R1 = between(3, 4000);
             s.R2 = between(3, 4000);
@@ -203,8 +203,8 @@ class Starts {
 
 class Reference {
   public:
-    Reference(const DesignState& state, std::uint64_t seed)
-        : state_(state), goal_(state_, {}), starts_(seed, goal_.size()), best_(goal_.size(), 0.0) {
+    Reference(const Design& state, std::uint64_t seed)
+        : goal_(state, {}), starts_(seed, goal_.size()), best_(goal_.size(), 0.0) {
         lowest_ = goal_.value(best_, CallKind::Evaluation);
     }
 
@@ -252,7 +252,6 @@ class Reference {
         }
     }
 
-    DesignState state_;
     Goal goal_;
     Starts starts_;
     Point best_;
@@ -260,10 +259,10 @@ class Reference {
 };
 
 /// Random designs on the pages in turn, with their best known goals.
-std::vector<Design> RandomDesigns(int count, std::uint64_t seed, const std::string& cache) {
+std::vector<Sample> RandomDesigns(int count, std::uint64_t seed, const std::string& cache) {
     constexpr std::array pages = {1, 2, 3, 4, 5, 13, 14, 16, 18};
     DesignSource source(seed);
-    std::vector<Design> designs;
+    std::vector<Sample> designs;
     for (int i = 0; i < count; ++i) designs.push_back(source.next(pages[i % pages.size()]));
     std::ifstream known(cache);
     for (std::size_t i = 0; i < designs.size(); ++i) {
@@ -273,7 +272,7 @@ std::vector<Design> RandomDesigns(int count, std::uint64_t seed, const std::stri
     if (!cache.empty()) {
         std::ofstream file(cache);
         file.precision(17);
-        for (const Design& design : designs) file << design.best << '\n';
+        for (const Sample& design : designs) file << design.best << '\n';
     }
     return designs;
 }
@@ -297,14 +296,13 @@ bool Within(double f, double best, double tolerance) {
     return f - best <= tolerance * std::max(1.0, std::fabs(best));
 }
 
-PageOptimization Optimized(const Design& design, bool singleRun) {
-    DesignState state = design.state;
+PageOptimization Optimized(const Sample& design, bool singleRun) {
     OptimizerSettings settings;
     settings.singleRun = singleRun;
-    return OptimizePage(state, settings, {"", ""});
+    return OptimizePage(design.state, settings, {"", ""});
 }
 
-void Judge(const Design& design, Row& row, bool verbose) {
+void Judge(const Sample& design, Row& row, bool verbose) {
     const PageOptimization one = Optimized(design, true);
     const PageOptimization two = Optimized(design, false);
     const double best = std::min(design.best, two.achievedGoal);
@@ -316,7 +314,7 @@ void Judge(const Design& design, Row& row, bool verbose) {
     row.singleCalls.push_back(one.calls.total());
     row.twoCalls.push_back(two.calls.total());
     if (verbose && !(ok1 && ok2)) {
-        const DesignState& s = design.state;
+        const Design& s = design.state;
         std::printf("  page %d R %g %g Q %g: start %.5f best %.5f single %.5f (%d) two %.5f (%d)\n",
                     s.page, s.R1, s.R2, s.Q, design.start, best, one.achievedGoal,
                     one.calls.total(), two.achievedGoal, two.calls.total());
@@ -331,10 +329,10 @@ void Print(const std::string& name, const Row& row) {
                 Quantile(row.twoCalls, 0.5), Quantile(row.twoCalls, 0.9));
 }
 
-void PrintTable(const char* title, const std::vector<Design>& designs, bool verbose) {
+void PrintTable(const char* title, const std::vector<Sample>& designs, bool verbose) {
     std::map<std::string, Row> rows;
     Row all;
-    for (const Design& design : designs) {
+    for (const Sample& design : designs) {
         const bool narrow = design.state.Q > 0.21;
         const std::string page = std::to_string(design.state.page);
         Row& row = rows[(page.size() == 1 ? " " : "") + page + (narrow ? " narrow" : " broad")];

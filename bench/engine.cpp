@@ -17,23 +17,24 @@ namespace kelvro {
 namespace {
 
 /// A design that the page accepts.
-DesignState AcceptedDesign(int page) {
-    DesignState state;
+Design AcceptedDesign(int page) {
+    Design state;
     ResponseServices services;
     EnterPage(state, page);
-    if (Calculate(state, true, services).message) {
+    CycleResult result = Calculate(state, true, services);
+    if (result.message) {
         std::swap(state.R1, state.R2);
-        Calculate(state, true, services);
+        result = Calculate(state, true, services);
     }
-    return state;
+    return result.design;
 }
 
-void LabelWithPage(benchmark::State& bench, const DesignState& state) {
+void LabelWithPage(benchmark::State& bench, const Design& state) {
     bench.SetLabel(std::string(PageOf(state).key));
 }
 
 void OneResponseEvaluation(benchmark::State& bench) {
-    const DesignState state = AcceptedDesign(static_cast<int>(bench.range(0)));
+    const Design state = AcceptedDesign(static_cast<int>(bench.range(0)));
     const Response response(state);
     double f = 0.5 * state.fo;
     for (auto _ : bench) {
@@ -45,7 +46,7 @@ void OneResponseEvaluation(benchmark::State& bench) {
 BENCHMARK(OneResponseEvaluation)->DenseRange(1, 19);
 
 void SweepOf255Points(benchmark::State& bench) {
-    const DesignState state = AcceptedDesign(static_cast<int>(bench.range(0)));
+    const Design state = AcceptedDesign(static_cast<int>(bench.range(0)));
     std::array<double, 255> frequencies{};
     for (std::size_t i = 0; i < frequencies.size(); ++i) {
         frequencies[i] = state.fo * std::pow(10.0, -1 + static_cast<double>(i) / 127);
@@ -64,7 +65,7 @@ void SweepOf255Points(benchmark::State& bench) {
 BENCHMARK(SweepOf255Points)->Arg(1)->Arg(3)->Arg(5)->Arg(6)->Arg(17);
 
 void CycleWithoutOptimizer(benchmark::State& bench) {
-    DesignState state = AcceptedDesign(static_cast<int>(bench.range(0)));
+    Design state = AcceptedDesign(static_cast<int>(bench.range(0)));
     ResponseServices services;
     for (auto _ : bench) {
         benchmark::DoNotOptimize(Calculate(state, true, services));

@@ -15,8 +15,8 @@
 namespace kelvro {
 namespace {
 
-DesignState Inputs(int page, double Q) {
-    DesignState state;
+Design Inputs(int page, double Q) {
+    Design state;
     EnterPage(state, page);
     state.Q = Q;
     ResponseServices services;
@@ -27,13 +27,12 @@ DesignState Inputs(int page, double Q) {
 
 void Recalculate(benchmark::State& bench, bool singleRun, const OptimizerFiles& files) {
     const double Q = static_cast<double>(bench.range(1)) / 10;
-    const DesignState inputs = Inputs(static_cast<int>(bench.range(0)), Q);
+    const Design inputs = Inputs(static_cast<int>(bench.range(0)), Q);
     OptimizerSettings settings;
     settings.singleRun = singleRun;
     OptimizerServices services(settings, files);
     for (auto _ : bench) {
-        DesignState state = inputs;
-        benchmark::DoNotOptimize(Calculate(state, true, services));
+        benchmark::DoNotOptimize(Calculate(inputs, true, services));
     }
     bench.SetLabel(std::string(PageOf(inputs).key));
     bench.counters["calls"] = services.last().calls.total();
@@ -61,9 +60,9 @@ BENCHMARK(SingleRun)->Apply(DesignsOfAllKinds);
 BENCHMARK(TwoRunsWithLog)->Apply(DesignsOfAllKinds);
 
 void OneGoalCall(benchmark::State& bench) {
-    DesignState state = Inputs(static_cast<int>(bench.range(0)), 5);
+    Design state = Inputs(static_cast<int>(bench.range(0)), 5);
     ResponseServices services;
-    Calculate(state, true, services);
+    state = Calculate(state, true, services).design;
     Goal goal(state, {});
     const std::vector<double> x(goal.size(), 0.01);
     for (auto _ : bench) benchmark::DoNotOptimize(goal.value(x, CallKind::Evaluation));

@@ -15,15 +15,14 @@ namespace {
 
 using namespace kelvro;
 
-DesignState DesignedState() {
-    DesignState state;
+Design DesignedState() {
+    Design state;
     ResponseServices services;
-    Calculate(state, true, services);
-    return state;
+    return Calculate(state, true, services).design;
 }
 
 void BM_SampleResponse(benchmark::State& run) {
-    const DesignState state = DesignedState();
+    const Design state = DesignedState();
     const View view = DefaultView(Quantity::PowerGain, state.fo);
     for (auto _ : run) benchmark::DoNotOptimize(Sampled(state, view, Quantity::PowerGain));
 }
@@ -31,7 +30,7 @@ BENCHMARK(BM_SampleResponse)->Unit(benchmark::kMicrosecond);
 
 /// Argument: pixels per logical pixel.
 void BM_DrawPicture(benchmark::State& run) {
-    const DesignState state = DesignedState();
+    const Design state = DesignedState();
     const View view = DefaultView(Quantity::PowerGain, state.fo);
     const QSize size(640, 420);
     const auto ratio = static_cast<double>(run.range(0));

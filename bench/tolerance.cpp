@@ -12,17 +12,16 @@ namespace {
 
 constexpr int kRuns = 1000;
 
-DesignState Designed(int page) {
-    DesignState state;
+Design Designed(int page) {
+    Design state;
     EnterPage(state, page);
     state.eightElements = true;
     ResponseServices services;
-    Calculate(state, true, services);
-    return state;
+    return Calculate(state, true, services).design;
 }
 
 void SampledRuns(benchmark::State& bench) {
-    const DesignState state = Designed(static_cast<int>(bench.range(0)));
+    const Design state = Designed(static_cast<int>(bench.range(0)));
     const auto frequencies = SampleFrequencies(DefaultGainView(state.fo, true));
     for (auto _ : bench) {
         ToleranceRuns runs(state, {}, 1);
@@ -44,7 +43,7 @@ BENCHMARK(SampledRuns)
     ->Unit(benchmark::kMillisecond);
 
 void Statistics(benchmark::State& bench) {
-    const DesignState state = Designed(3);
+    const Design state = Designed(3);
     for (auto _ : bench) benchmark::DoNotOptimize(AnalyseTolerance(state, {}, kRuns, 1, -1));
 }
 BENCHMARK(Statistics)->Unit(benchmark::kMillisecond);

@@ -104,7 +104,7 @@ std::string CheckProblem(const std::string& text) {
     return box->weight ? NumberProblem(weight) : "'" + name + "' has no weight";
 }
 
-void ApplyCheck(DesignState& state, const std::string& text) {
+void ApplyCheck(Design& state, const std::string& text) {
     const auto [name, weight] = SplitAtEquals(text);
     const SwitchField* box = FindSwitch(name);
     if (!box) return;
@@ -116,7 +116,7 @@ void ApplyCheck(DesignState& state, const std::string& text) {
 
 /// The defaults, or what the settings file makes of them. A file that cannot be used is no reason
 /// to stop, as in the window, but the user hears of it.
-DesignState StartState(const DesignOptions& options, Session& session) {
+Design StartState(const DesignOptions& options, Session& session) {
     if (options.ini.empty()) return {};
     const QString file = QFile::decodeName(options.ini.c_str());
     SettingsRead settings = ReadSettings(file, {});
@@ -126,7 +126,7 @@ DesignState StartState(const DesignOptions& options, Session& session) {
     if (!settings.message.isEmpty()) {
         session.tell("--ini: " + settings.message.toStdString() + " Defaults are used.");
     }
-    return settings.state;
+    return settings.settings.design;
 }
 
 }  // namespace
@@ -171,21 +171,21 @@ void AddJsonOption(CLI::App& command, DesignOptions& options) {
     command.add_flag("--json", options.json, "Write JSON");
 }
 
-std::variant<DesignState, Problem> StateOf(const DesignOptions& options, Session& session) {
+std::variant<Design, Problem> StateOf(const DesignOptions& options, Session& session) {
     const Page* page = FindPage(options.page);
     if (!page) return Problem{ExitCode::Usage, "PAGE: " + PageProblem(options.page)};
-    DesignState state = StartState(options, session);
+    Design state = StartState(options, session);
     EnterPage(state, page->number);
     for (const auto& [option, text] : options.inputs) {
         if (!text.empty()) FieldOf(*page, option).write(state, ParseValue(text));
     }
     for (const std::string& check : options.checks) ApplyCheck(state, check);
     if (options.swapLC) state.LCSwapped = true;
-    if (!options.series.empty()) {
-        state.ESeries = SeriesByName(options.series).value_or(state.ESeries);
-    }
-    state.OptimizationDisabled = options.noOptimize;
     return state;
+}
+
+Series SeriesOf(const DesignOptions& options) {
+    return SeriesByName(options.series).value_or(Preferences{}.ESeries);
 }
 
 std::pair<std::string, std::string> SplitAtEquals(const std::string& text) {

@@ -9,8 +9,9 @@
 #include <vector>
 
 #include "cli/session.h"
+#include "core/series.h"
+#include "design/design.h"
 #include "design/page.h"
-#include "design/state.h"
 
 namespace kelvro {
 
@@ -42,7 +43,10 @@ void AddJsonOption(CLI::App& command, DesignOptions& options);
 /// the inputs, each
 /// clamped to its field's limits. No component is designed or taken yet. What the user should know
 /// besides goes to the session's error stream.
-std::variant<DesignState, Problem> StateOf(const DesignOptions& options, Session& session);
+std::variant<Design, Problem> StateOf(const DesignOptions& options, Session& session);
+
+/// The standard series of the options.
+Series SeriesOf(const DesignOptions& options);
 
 /// A text NAME=VALUE split at its first '='; without one the value is empty.
 std::pair<std::string, std::string> SplitAtEquals(const std::string& text);

@@ -16,7 +16,7 @@ struct Component {
     std::variant<const OutputField*, TableRow> place;
     std::string taken = {};  ///< text of --take, empty where it is not named
 
-    void take(DesignState& state) const {
+    void take(Design& state) const {
         if (const auto* field = std::get_if<const OutputField*>(&place)) {
             TakeText(state, **field, taken);
         } else {
@@ -68,6 +68,7 @@ std::variant<std::vector<Component>, Problem> WithTakes(std::vector<Component> c
 std::variant<DesignRun, Problem> RunTaken(DesignRun run, const DesignOptions& options) {
     ResponseServices services;
     run.cycle = Calculate(run.state, true, services);
+    run.state = run.cycle.design;
     const auto named = WithTakes(ComponentsOf(run), options.takes, run.page());
     if (const auto* problem = std::get_if<Problem>(&named)) return *problem;
     const auto& components = std::get<std::vector<Component>>(named);
@@ -82,6 +83,7 @@ std::variant<DesignRun, Problem> RunTaken(DesignRun run, const DesignOptions& op
     }
     run.cycle =
         run.refused() ? ShowComponents(run.state, services) : Calculate(run.state, false, services);
+    run.state = run.cycle.design;
     return run;
 }
 
@@ -90,10 +92,11 @@ std::variant<DesignRun, Problem> RunTaken(DesignRun run, const DesignOptions& op
 std::variant<DesignRun, Problem> RunDesign(const DesignOptions& options, Session& session) {
     auto prepared = StateOf(options, session);
     if (auto* problem = std::get_if<Problem>(&prepared)) return std::move(*problem);
-    DesignRun run{std::get<DesignState>(std::move(prepared)), {}, {}};
+    DesignRun run{std::get<Design>(std::move(prepared)), {}, SeriesOf(options), {}};
     if (!options.takes.empty()) return RunTaken(std::move(run), options);
-    OptimizerServices services({}, {"", ""});
+    OptimizerServices services({.disabled = options.noOptimize}, {"", ""});
     run.cycle = Calculate(run.state, true, services);
+    run.state = run.cycle.design;
     const PageOptimization& optimization = services.last();
     if (optimization.status == PageOptimization::Status::Finished) {
         run.goal = GoalReport{optimization.startGoal, optimization.achievedGoal,

@@ -56,7 +56,7 @@ std::variant<std::string, Problem> ContentOf(const ExportOptions& options,
     const ExportRange range = RangeOf(options, run.state.fo);
     if (const auto problem = RangeProblem(range)) return Problem{ExitCode::Usage, *problem};
     const bool given = !options.design->takes.empty();
-    const auto prepared = PrepareExport(run.state, {options.eSeries, given});
+    const auto prepared = PrepareExport(run.state, {options.eSeries, given, run.series});
     if (const auto* refusal = std::get_if<std::string>(&prepared)) {
         return Problem{ExitCode::Refused, *refusal};
     }

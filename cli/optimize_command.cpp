@@ -122,15 +122,14 @@ ExitCode Optimize(const OptimizeCommand& command, Session& session) {
     if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
     const auto& prepared = std::get<PreparedDesign>(outcome);
     OptimizedDesign design{prepared.run, prepared.run, {}};
-    DesignState& state = design.after.state;
-    state.OptimizationDisabled = prepared.disabled;
-    design.optimization = OptimizePage(state, SettingsOf(command, prepared), command.files);
+    Design& optimized = design.after.state;
+    design.optimization = OptimizePage(optimized, SettingsOf(command, prepared), command.files);
+    optimized.components = design.optimization.components;
     if (design.optimization.status == PageOptimization::Status::Aborted) {
         return session.fail({ExitCode::Failed, design.optimization.error});
     }
     ResponseServices services;
-    state.OptimizationDisabled = true;
-    design.after.cycle = ShowComponents(state, services);
+    design.after.cycle = ShowComponents(optimized, services);
     session.out << (command.options->design->json ? JsonText(Document(design)) : HumanText(design));
     return ExitCode::Done;
 }

@@ -62,8 +62,8 @@ std::variant<PreparedDesign, Problem> PrepareDesign(const OptimizerOptions& opti
                                               ") has nothing to optimize."};
     }
     const KeywordPreset preset = PresetOf(options);
-    PreparedDesign design{std::move(run), preset.settings,
-                          preset.optimizationDisabled || options.design->noOptimize};
+    PreparedDesign design{std::move(run), preset.settings};
+    if (options.design->noOptimize) design.settings.disabled = true;
     if (options.maxNorm) design.settings.goal.maxNorm = true;
     return design;
 }

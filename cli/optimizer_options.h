@@ -27,7 +27,6 @@ std::shared_ptr<OptimizerOptions> AddOptimizerOptions(CLI::App& command);
 struct PreparedDesign {
     DesignRun run;
     OptimizerSettings settings;
-    bool disabled = false;  ///< by keyword or option
 };
 
 /// Problems are those of a design, and a page with nothing to optimize.

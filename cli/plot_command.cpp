@@ -89,7 +89,7 @@ std::string FileProblem(const std::string& text) {
 
 /// The view with which the window opens, its axes as the options say.
 std::variant<View, Problem> ViewOf(const PlotOptions& options, Quantity quantity,
-                                   const DesignState& state) {
+                                   const Design& state) {
     View view = DefaultView(quantity, state.fo);
     if (options.range.linear) {
         view.x.mode = AxisMode::Linear;
@@ -110,7 +110,7 @@ std::variant<View, Problem> ViewOf(const PlotOptions& options, Quantity quantity
 }
 
 /// The response with the scattered curves behind it.
-Picture PictureOf(const PlotOptions& options, Quantity quantity, const DesignState& state,
+Picture PictureOf(const PlotOptions& options, Quantity quantity, const Design& state,
                   const View& view) {
     Picture picture = ResponsePicture(state, view, quantity, CurveLook::Line);
     if (options.runs == 0) return picture;
@@ -130,7 +130,7 @@ Picture PictureOf(const PlotOptions& options, Quantity quantity, const DesignSta
 ExitCode Plot(const PlotOptions& options, Session& session) {
     const auto outcome = RunRespondingDesign(*options.design, session);
     if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
-    const DesignState& state = std::get<DesignRun>(outcome).state;
+    const Design& state = std::get<DesignRun>(outcome).state;
     const Quantity quantity = *QuantityOf(options.quantity);
     const auto view = ViewOf(options, quantity, state);
     if (const auto* problem = std::get_if<Problem>(&view)) return session.fail(*problem);

@@ -100,8 +100,8 @@ std::string HumanProposals(const std::vector<Proposal>& proposals) {
 ExitCode ReportProposals(const ProposeOptions& options, Session& session) {
     const auto prepared = StateOf(*options.inputs, session);
     if (const auto* problem = std::get_if<Problem>(&prepared)) return session.fail(*problem);
-    OptimizerServices services({}, {"", ""});
-    auto proposals = Propose(std::get<DesignState>(prepared), WishesOf(options), services);
+    OptimizerServices services({.disabled = options.inputs->noOptimize}, {"", ""});
+    auto proposals = Propose(std::get<Design>(prepared), WishesOf(options), services);
     const bool any = !proposals.empty() && proposals.front().suited;
     if (!options.all) std::erase_if(proposals, [](const Proposal& p) { return !p.suited; });
     if (options.json) {

@@ -22,7 +22,7 @@ ExitCode WriteTable(const TableOptions& options, Session& session) {
     const auto [from, to] = std::get<FrequencyRange>(range);
     const auto outcome = RunRespondingDesign(*options.design, session);
     if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
-    const DesignState& state = std::get<DesignRun>(outcome).state;
+    const Design& state = std::get<DesignRun>(outcome).state;
     const std::string table = ResponseTable(state, from, to, !options.range.linear);
     const auto failure = WriteAtomically(QString::fromLocal8Bit(options.file.c_str()),
                                          QByteArray::fromStdString(table));

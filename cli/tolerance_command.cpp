@@ -107,7 +107,7 @@ Json JsonParts(const Analysis& analysis) {
     return parts;
 }
 
-Json Document(const Analysis& analysis, const DesignState& state) {
+Json Document(const Analysis& analysis, const Design& state) {
     const Spread& gain = analysis.report.gain;
     return {{"page", analysis.page.number},
             {"inputs", JsonInputs(state)},

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "design/state.h"
+#include "design/design.h"
 #include "network/part.h"
 
 namespace kelvro {

@@ -30,15 +30,15 @@ std::string BandwidthText(double B) {
     return B < kInfiniteBandwidth ? kEngineering.text(B) : std::string(kInfinite);
 }
 
-void PutSharedValues(const DesignState& state, const Page& page, CycleResult& result) {
-    result.v = state.ue;
-    result.vDb = Decibels(state.ue);
+void PutSharedValues(const Page& page, CycleResult& result) {
+    const Design& design = result.design;
+    result.vDb = Decibels(result.v);
     const long double reference =
-        std::sqrt(static_cast<long double>(state.R2) / (page.sourceCount * state.R1));
-    result.lossDb = 0 - Decibels(static_cast<double>(state.ue / reference));
+        std::sqrt(static_cast<long double>(design.R2) / (page.sourceCount * design.R1));
+    result.lossDb = 0 - Decibels(static_cast<double>(result.v / reference));
 }
 
-void PutSharedTexts(const DesignState& state, const Page& page, CycleResult& result) {
+void PutSharedTexts(const Page& page, CycleResult& result) {
     const auto put = [&](std::string_view object, std::string text) {
         result.texts.push_back({object, std::move(text)});
     };
@@ -49,33 +49,29 @@ void PutSharedTexts(const DesignState& state, const Page& page, CycleResult& res
     put("ueAusgabe", all ? Fixed(9, 3).text(result.v) : none);
     put("dBAusgabe", all ? DecibelText(Fixed(7, 2), result.vDb) : none);
     put("dAusgabe", all ? DecibelText(Fixed(7, 3), result.lossDb) : none);
-    put("QBgesAusgabe", all ? Fixed(7, 2).text(state.QBges) : none);
+    put("QBgesAusgabe", all ? Fixed(7, 2).text(result.QBges) : none);
 }
 
 /// Neither response nor optimizer.
 class IdleServices : public CycleServices {
   public:
-    double responseMagnitude(const DesignState& state, double) override { return state.RatioRef; }
-    void optimize(DesignState&) override {}
+    double responseMagnitude(const Design& design, double) override { return MatchedRatio(design); }
+    Slots optimize(const Design& design) override { return design.components; }
 };
 
 template <typename PageStep>
-CycleResult RunCycle(DesignState& state, bool storeComponents, CycleServices& services,
+CycleResult RunCycle(const Design& design, bool storeComponents, CycleServices& services,
                      PageStep&& pageStep) {
+    const Page& page = PageOf(design);
     CycleResult result;
-    if (state.Busy) return result;
-    result.calculated = true;
-    const Page& page = PageOf(state);
-    const auto ratio =
-        static_cast<double>(std::sqrt(static_cast<long double>(state.R2) / state.R1));
-    state.QBges = static_cast<double>(
-        2 / (1 / static_cast<long double>(state.QBC) + 1 / static_cast<long double>(state.QB)));
-    state.RatioRef = ratio;
-    state.ue = ratio;
-    DesignPass pass(state, page, storeComponents, services, result);
+    result.design = design;
+    result.QBges = static_cast<double>(
+        2 / (1 / static_cast<long double>(design.QBC) + 1 / static_cast<long double>(design.QB)));
+    result.v = MatchedRatio(design);
+    DesignPass pass(page, storeComponents, services, result);
     pageStep(pass);
-    PutSharedValues(state, page, result);
-    PutSharedTexts(state, page, result);
+    PutSharedValues(page, result);
+    PutSharedTexts(page, result);
     return result;
 }
 
@@ -85,11 +81,15 @@ double TakenValue(std::string_view text) {
 
 }  // namespace
 
-double Omega(const DesignState& state) {
+double MatchedRatio(const Design& design) {
+    return static_cast<double>(std::sqrt(static_cast<long double>(design.R2) / design.R1));
+}
+
+double Omega(const Design& state) {
     return kTwoPi * state.fo;
 }
 
-double EffectiveQ(const DesignState& state) {
+double EffectiveQ(const Design& state) {
     return std::max(state.Q, kSmallestQ);
 }
 
@@ -100,29 +100,28 @@ const std::string* CycleResult::text(std::string_view object) const {
     return at == texts.rend() ? nullptr : &at->text;
 }
 
-CycleResult Calculate(DesignState& state, bool storeComponents, CycleServices& services) {
-    return RunCycle(state, storeComponents, services, [](DesignPass& pass) {
+CycleResult Calculate(const Design& design, bool storeComponents, CycleServices& services) {
+    return RunCycle(design, storeComponents, services, [](DesignPass& pass) {
         if (pass.page.design) pass.page.design(pass);
     });
 }
 
-CycleResult ShowComponents(DesignState& state, CycleServices& services) {
+CycleResult ShowComponents(const Design& design, CycleServices& services) {
     IdleServices idle;
-    DesignState designed = state;
-    const double bandwidth = Calculate(designed, true, idle).bandwidth;
-    return RunCycle(state, false, services, [=](DesignPass& pass) {
+    const double bandwidth = Calculate(design, true, idle).bandwidth;
+    return RunCycle(design, false, services, [=](DesignPass& pass) {
         pass.evaluate();
         pass.showComponents();
         pass.setBandwidth(bandwidth);
     });
 }
 
-DesignPass::DesignPass(DesignState& design, const Page& designPage, bool store,
-                       CycleServices& services, CycleResult& result)
-    : state(design),
+DesignPass::DesignPass(const Page& designPage, bool store, CycleServices& services,
+                       CycleResult& result)
+    : state(result.design),
       page(designPage),
-      omega(Omega(design)),
-      Qe(EffectiveQ(design)),
+      omega(Omega(state)),
+      Qe(EffectiveQ(state)),
       storeComponents(store),
       services_(services),
       result_(result) {}
@@ -132,11 +131,11 @@ void DesignPass::refuse(std::string message) {
 }
 
 void DesignPass::optimize() {
-    services_.optimize(state);
+    state.components = services_.optimize(state);
 }
 
 void DesignPass::evaluate() {
-    state.ue = services_.responseMagnitude(state, state.fo);
+    result_.v = services_.responseMagnitude(state, state.fo);
 }
 
 void DesignPass::showComponents() {
@@ -185,15 +184,15 @@ void DesignPass::finish() {
     showComponents();
 }
 
-void TakeText(DesignState& state, const OutputField& field, std::string_view text) {
+void TakeText(Design& state, const OutputField& field, std::string_view text) {
     field.setComponent(state, TakenValue(text));
 }
 
-void TakeText(DesignState& state, const TableRow& row, std::string_view text) {
+void TakeText(Design& state, const TableRow& row, std::string_view text) {
     if (row.slot != Slot::None && !text.empty()) state.components[row.slot] = TakenValue(text);
 }
 
-std::vector<TableRow> TableRows(const DesignState& state, const Page& page) {
+std::vector<TableRow> TableRows(const Design& state, const Page& page) {
     std::vector<TableRow> rows;
     if (page.table.empty()) return rows;
     for (Element& element : page.builtCircuit(state).elements) {

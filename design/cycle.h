@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "design/design.h"
 #include "design/page.h"
-#include "design/state.h"
 
 namespace kelvro {
 
@@ -39,7 +39,7 @@ struct TableRow {
 
 /// What one calculation has to say. Fields that are not named keep their texts.
 struct CycleResult {
-    bool calculated = false;             ///< false: suppressed, nothing was touched
+    Design design;  ///< as calculated: its components, and Q where the page finds it
     std::optional<std::string> message;  ///< why the design was refused
     std::vector<FieldText> texts;
     std::vector<FieldCaption> captions;
@@ -47,7 +47,8 @@ struct CycleResult {
 
     // Shared outputs.
     double bandwidth = 0;
-    double v = 0;
+    double QBges = 0;  ///< total effective element Q
+    double v = 0;      ///< V2/V1 at fo
     double vDb = 0;
     double lossDb = 0;
 
@@ -59,37 +60,40 @@ struct CycleResult {
 class CycleServices {
   public:
     virtual ~CycleServices() = default;
-    /// |V2/V1| of the state's network at f.
-    virtual double responseMagnitude(const DesignState& state, double f) = 0;
-    /// Refines the components of the state's page in place.
-    virtual void optimize(DesignState& state) = 0;
+    /// |V2/V1| of the design's network at f.
+    virtual double responseMagnitude(const Design& design, double f) = 0;
+    /// The components of the design, refined.
+    virtual Slots optimize(const Design& design) = 0;
 };
 
-/// Turns the inputs of the state into the outputs of its page: component values (designed anew only
+/// Turns the inputs of a design into the outputs of its page: component values (designed anew only
 /// when `storeComponents`; Take and Optimize keeps those in place), v at fo, and the texts of all
-/// fields. A refused design leaves components and page fields as they were.
-CycleResult Calculate(DesignState& state, bool storeComponents, CycleServices& services);
+/// fields. A refused design keeps its components, and its page fields have no texts.
+CycleResult Calculate(const Design& design, bool storeComponents, CycleServices& services);
 
 /// The outputs for the components as they stand in the slots, nothing designed, judged or
 /// optimized; the bandwidth is the one that the page gives its inputs.
-CycleResult ShowComponents(DesignState& state, CycleServices& services);
+CycleResult ShowComponents(const Design& design, CycleServices& services);
 
 /// What fields show in place of a value at infinity.
 inline constexpr std::string_view kInfinite = "infinite";
 
+/// sqrt(R2/R1): the voltage ratio of a lossless match.
+double MatchedRatio(const Design& design);
+
 /// 2·π·fo with the constant of the program.
-double Omega(const DesignState& state);
+double Omega(const Design& state);
 
 /// The loaded Q wherever it divides: at least 0.001.
-double EffectiveQ(const DesignState& state);
+double EffectiveQ(const Design& state);
 
-/// What a page's design function works with: the state, shared values, and where outputs go.
+/// What a page's design function works with: the design, shared values, and where outputs go.
 class DesignPass {
   public:
-    DesignPass(DesignState& state, const Page& page, bool storeComponents, CycleServices& services,
+    DesignPass(const Page& page, bool storeComponents, CycleServices& services,
                CycleResult& result);
 
-    DesignState& state;
+    Design& state;  ///< the result's, which the page completes
     const Page& page;
     const double omega;
     const double Qe;
@@ -124,22 +128,22 @@ class DesignPass {
 /// Component values read back from field texts: each slot takes the value of the field that the
 /// page names. `textOf` gives a field's present text. Fields that are not shown are left out.
 template <typename TextOf>
-void Take(DesignState& state, const Page& page, TextOf&& textOf);
+void Take(Design& state, const Page& page, TextOf&& textOf);
 
 /// Stores one taken text. "infinite" is a resistor that is left out.
-void TakeText(DesignState& state, const OutputField& field, std::string_view text);
+void TakeText(Design& state, const OutputField& field, std::string_view text);
 
 /// Stores one taken text of an element table; rows without a slot or a text stay as they are.
-void TakeText(DesignState& state, const TableRow& row, std::string_view text);
+void TakeText(Design& state, const TableRow& row, std::string_view text);
 
 /// The rows of a page's element table: its circuit as it is to be built; none without a table.
-std::vector<TableRow> TableRows(const DesignState& state, const Page& page);
+std::vector<TableRow> TableRows(const Design& state, const Page& page);
 
 /// How the texts of table rows are asked for: "Bp17Tabelle.C01".
 std::string RowObject(const Page& page, const TableRow& row);
 
 template <typename TextOf>
-void Take(DesignState& state, const Page& page, TextOf&& textOf) {
+void Take(Design& state, const Page& page, TextOf&& textOf) {
     for (const OutputField& field : page.outputs) {
         if (field.slot == Slot::None || !field.isShown(state)) continue;
         const auto source = field.takenFrom.empty() ? field.object : field.takenFrom;

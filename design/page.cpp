@@ -13,16 +13,16 @@ std::string TextFormat::text(double value) const {
                                             : FormatFixed(width, decimals, value));
 }
 
-double InputField::read(const DesignState& state) const {
+double InputField::read(const Design& state) const {
     return std::visit([&](auto member) { return static_cast<double>(state.*member); }, value);
 }
 
-void InputField::write(DesignState& state, double x) const {
+void InputField::write(Design& state, double x) const {
     const double clamped = Clamp(x, limits.low, limits.high);
-    if (const auto* real = std::get_if<double DesignState::*>(&value)) {
+    if (const auto* real = std::get_if<double Design::*>(&value)) {
         state.** real = clamped;
     } else {
-        state.*std::get<int DesignState::*>(value) = static_cast<int>(std::lround(clamped));
+        state.*std::get<int Design::*>(value) = static_cast<int>(std::lround(clamped));
     }
 }
 
@@ -30,11 +30,11 @@ bool OutputField::hasStandardValues() const {
     return slot != Slot::None && (unit == "H" || unit == "F" || unit == "Ω");
 }
 
-double OutputField::component(const DesignState& state) const {
+double OutputField::component(const Design& state) const {
     return get ? get(state) : state.components[slot];
 }
 
-void OutputField::setComponent(DesignState& state, double x) const {
+void OutputField::setComponent(Design& state, double x) const {
     if (set) {
         set(state, x);
     } else {
@@ -42,12 +42,12 @@ void OutputField::setComponent(DesignState& state, double x) const {
     }
 }
 
-Circuit Page::builtCircuit(const DesignState& state) const {
+Circuit Page::builtCircuit(const Design& state) const {
     if (!circuit) return {};
     return showsDuals(state) ? Dual(circuit(state), state.fo) : circuit(state);
 }
 
-std::vector<Circuit> Page::builtCircuits(const DesignState& state) const {
+std::vector<Circuit> Page::builtCircuits(const Design& state) const {
     std::vector<Circuit> circuits{builtCircuit(state)};
     if (alternative) circuits.push_back(alternative(state));
     return circuits;

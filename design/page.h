@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "design/circuit.h"
-#include "design/state.h"
+#include "design/design.h"
 #include "design/transfer.h"
 
 // What a design page is, as data. The window, the menus, the command line, the settings keys and
@@ -45,13 +45,13 @@ struct InputField {
     std::string_view unit;
     std::string_view hint;
     std::string_view option;  ///< command-line option without dashes: "k"
-    std::variant<double DesignState::*, int DesignState::*> value;
+    std::variant<double Design::*, int Design::*> value;
     Limits limits;
     TextFormat format = kEngineering;
 
-    double read(const DesignState& state) const;
+    double read(const Design& state) const;
     /// Stores the value clamped to the limits (rounded first where the input is a whole number).
-    void write(DesignState& state, double x) const;
+    void write(Design& state, double x) const;
 };
 
 /// A check box of a page, bound to one flag of the state, with a weight where it has one.
@@ -59,10 +59,10 @@ struct SwitchField {
     std::string_view object;
     std::string_view caption;
     std::string_view hint;
-    bool& (*flag)(DesignState&);
-    std::string_view weightObject = {};      ///< scroll bar, empty where the switch has none
-    int& (*weight)(DesignState&) = nullptr;  ///< 0..100
-    std::string_view option = {};  ///< command-line option without dashes, where it has one
+    bool& (*flag)(Design&);
+    std::string_view weightObject = {};  ///< scroll bar, empty where the switch has none
+    int& (*weight)(Design&) = nullptr;   ///< 0..100
+    std::string_view option = {};        ///< command-line option without dashes, where it has one
 };
 
 /// A push button of a page that does something to the state and then recalculates.
@@ -71,7 +71,7 @@ struct ActionField {
     std::string_view caption;
     std::string_view hint;
     /// Returns a message when refused, an empty text when done.
-    std::string (*run)(DesignState&);
+    std::string (*run)(Design&);
 };
 
 /// An output of a page. A component has a slot; its field can be rounded to a standard value and
@@ -88,17 +88,17 @@ struct OutputField {
     std::string_view initial = {};    ///< text until the first successful design
     std::string_view takenFrom = {};  ///< field that Take reads instead of this one
     /// Shown only while this says so; null: always.
-    bool (*shown)(const DesignState&) = nullptr;
+    bool (*shown)(const Design&) = nullptr;
     /// Where the component is not simply what its slot holds: reads and stores it.
-    double (*get)(const DesignState&) = nullptr;
-    void (*set)(DesignState&, double) = nullptr;
+    double (*get)(const Design&) = nullptr;
+    void (*set)(Design&, double) = nullptr;
 
-    bool isShown(const DesignState& state) const { return !shown || shown(state); }
+    bool isShown(const Design& state) const { return !shown || shown(state); }
     /// Parts are sold in preferred values; lengths, which have a slot too, are cut.
     bool hasStandardValues() const;
     /// The component of a field with a slot, SI units.
-    double component(const DesignState& state) const;
-    void setComponent(DesignState& state, double value) const;
+    double component(const Design& state) const;
+    void setComponent(Design& state, double value) const;
 };
 
 /// A fixed line of text on the page, with a name where texts change: "Suited for R1<R2".
@@ -146,20 +146,22 @@ struct Page {
     /// Number of parameters of the optimizer's test function; 0 on pages whose components it moves.
     int testParameters = 0;
     /// Components that the optimizer moves, in the order of its parameters.
-    std::vector<Slot> (*goalSlots)(const DesignState&) = nullptr;
+    std::vector<Slot> (*goalSlots)(const Design&) = nullptr;
 
     void (*design)(DesignPass&) = nullptr;
-    Transfer (*transfer)(const DesignState&) = nullptr;  ///< null: the ideal network
-    Circuit (*circuit)(const DesignState&) = nullptr;    ///< null: nothing to draw
+    Transfer (*transfer)(const Design&) = nullptr;  ///< null: the ideal network
+    /// Is the gain at fo itself 0 dB of the transducer gain? null: never, it is sqrt(R2/R1).
+    bool (*refersToItself)(const Design&) = nullptr;
+    Circuit (*circuit)(const Design&) = nullptr;  ///< null: nothing to draw
     /// A second network of the page, drawn and listed beside the first: the Pi beside the T.
-    Circuit (*alternative)(const DesignState&) = nullptr;
+    Circuit (*alternative)(const Design&) = nullptr;
 
     /// Does the page show dual values in the present state?
-    bool showsDuals(const DesignState& state) const { return mirrored && state.LCSwapped; }
+    bool showsDuals(const Design& state) const { return mirrored && state.LCSwapped; }
     /// The circuit as it is to be built: interchanged where the page shows duals.
-    Circuit builtCircuit(const DesignState& state) const;
+    Circuit builtCircuit(const Design& state) const;
     /// The same with the second network behind it, where the page has one.
-    std::vector<Circuit> builtCircuits(const DesignState& state) const;
+    std::vector<Circuit> builtCircuits(const Design& state) const;
     const OutputField* output(std::string_view object) const;
 };
 

@@ -40,19 +40,17 @@ std::span<const InputField> SharedInputs() {
     constexpr Limits elementQ{5, 10000};
     constexpr TextFormat q = Fixed(8, 2);
     static const std::vector<InputField> inputs = {
-        {"R1Eingabe", "Resistance R1", "Ω", "Resistance of the source", "r1", &DesignState::R1,
-         ohms},
-        {"R2Eingabe", "Resistance R2", "Ω", "Resistance of the load", "r2", &DesignState::R2, ohms},
-        {"foEingabe", "Frequency fo", "Hz", "Centre frequency of the match", "fo", &DesignState::fo,
+        {"R1Eingabe", "Resistance R1", "Ω", "Resistance of the source", "r1", &Design::R1, ohms},
+        {"R2Eingabe", "Resistance R2", "Ω", "Resistance of the load", "r2", &Design::R2, ohms},
+        {"foEingabe", "Frequency fo", "Hz", "Centre frequency of the match", "fo", &Design::fo,
          hertz},
-        {"QEingabe", "Q-Factor", "", qHint, "q", &DesignState::Q, loadedQ, q},
-        {"QBEingabe", "Element Q", "L", "Q of the inductors", "qb", &DesignState::QB, elementQ, q},
-        {"QBCEingabe", "Element Q", "C", "Q of the capacitors", "qbc", &DesignState::QBC, elementQ,
-         q}};
+        {"QEingabe", "Q-Factor", "", qHint, "q", &Design::Q, loadedQ, q},
+        {"QBEingabe", "Element Q", "L", "Q of the inductors", "qb", &Design::QB, elementQ, q},
+        {"QBCEingabe", "Element Q", "C", "Q of the capacitors", "qbc", &Design::QBC, elementQ, q}};
     return inputs;
 }
 
-void EnterPage(DesignState& state, int number) {
+void EnterPage(Design& state, int number) {
     const Page& page = PageOf(number);
     state.page = page.number;
     state.Q = page.entryQ.value_or(state.Q);
@@ -66,8 +64,8 @@ OutputField Component(std::string_view object, std::string_view name, std::strin
     return field;
 }
 
-Element PagePart(ElementKind kind, Place place, std::string_view name, const DesignState& state,
-             Slot slot, std::string_view field) {
+Element PagePart(ElementKind kind, Place place, std::string_view name, const Design& state,
+                 Slot slot, std::string_view field) {
     return {kind, place, std::string(name), state.components[slot], slot, field};
 }
 

@@ -16,7 +16,7 @@ const std::array<Page, kPageCount>& Pages();
 
 /// The page of a number; numbers outside 1..19 give page 1.
 const Page& PageOf(int number);
-inline const Page& PageOf(const DesignState& state) {
+inline const Page& PageOf(const Design& state) {
     return PageOf(state.page);
 }
 
@@ -28,6 +28,6 @@ const Page* FindPage(std::string_view numberOrKey);
 std::span<const InputField> SharedInputs();
 
 /// What happens to the state when a page is entered, before its calculation.
-void EnterPage(DesignState& state, int number);
+void EnterPage(Design& state, int number);
 
 }  // namespace kelvro

@@ -29,7 +29,7 @@ Matrix2 Across(Cx Y) {
 
 }  // namespace
 
-ElementLosses ElementLosses::Of(const DesignState& state) {
+ElementLosses ElementLosses::Of(const Design& state) {
     const Page& page = PageOf(state);
     const Circuit circuit = page.builtCircuit(state);
     const bool lossy = std::ranges::any_of(circuit.elements, [](const Element& element) {

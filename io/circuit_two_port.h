@@ -2,9 +2,9 @@
 
 #include <complex>
 
-#include "network/two_port.h"
 #include "design/circuit.h"
-#include "design/state.h"
+#include "design/design.h"
+#include "network/two_port.h"
 
 namespace kelvro {
 
@@ -16,7 +16,7 @@ struct ElementLosses {
     /// The losses of the design's parts: the combined element Q, also where the page itself
     /// computes with ideal parts. None in networks of resistors and in models that bring their own
     /// loss.
-    static ElementLosses Of(const DesignState& state);
+    static ElementLosses Of(const Design& state);
 
     /// Impedance of an inductor or a capacitor at f, ohm. Series loss in inductors and parallel
     /// loss in capacitors; the other way round in interchanged networks. Resistors are what they

@@ -24,7 +24,7 @@ std::string SeriesText(Series series, double value) {
 }
 
 ShownComponent Shown(const OutputField& field, const DesignRun& run) {
-    const DesignState& state = run.state;
+    const Design& state = run.state;
     const bool dual = run.page().showsDuals(state);
     const double omega = Omega(state);
     const double stored = field.component(state);
@@ -36,7 +36,7 @@ ShownComponent Shown(const OutputField& field, const DesignRun& run) {
     shown.unit = dual ? DualUnit(field.unit) : field.unit;
     const std::string* text = run.cycle.text(field.object);
     shown.text = Trimmed(text ? *text : field.format.text(shown.value));
-    if (field.hasStandardValues()) shown.series = SeriesText(state.ESeries, shown.value);
+    if (field.hasStandardValues()) shown.series = SeriesText(run.series, shown.value);
     return shown;
 }
 
@@ -90,7 +90,7 @@ Json JsonOutputs(const DesignRun& run) {
         {"v", number(cycle.v)},
         {"v_db", number(cycle.vDb)},
         {"loss_db", number(cycle.lossDb)},
-        {"Q_total", number(run.state.QBges)},
+        {"Q_total", number(cycle.QBges)},
     };
 }
 
@@ -114,7 +114,7 @@ Json JsonGoal(const DesignRun& run) {
             {"calls", run.goal->calls}};
 }
 
-std::string InputText(const InputField& field, const DesignState& state) {
+std::string InputText(const InputField& field, const Design& state) {
     const double value = field.read(state);
     // Decibels take no prefix.
     const bool fixed = field.format.kind == TextFormat::Kind::Fixed || field.unit == "dB";
@@ -155,13 +155,13 @@ std::vector<ShownComponent> ShownComponents(const DesignRun& run) {
     }
     if (run.cycle.table) {
         for (const TableRow& row : *run.cycle.table) {
-            components.push_back(Shown(row, run.state.ESeries));
+            components.push_back(Shown(row, run.series));
         }
     }
     return components;
 }
 
-Json JsonInputs(const DesignState& state) {
+Json JsonInputs(const Design& state) {
     Json inputs = {{"R1", JsonNumber(state.R1)}, {"R2", JsonNumber(state.R2)},
                    {"fo", JsonNumber(state.fo)}, {"Q", JsonNumber(state.Q)},
                    {"QB", JsonNumber(state.QB)}, {"QBC", JsonNumber(state.QBC)},
@@ -204,7 +204,7 @@ std::string WithUnit(double value, std::string_view unit) {
     return WithUnit(kEngineering.text(value), unit);
 }
 
-std::string Heading(const DesignState& state) {
+std::string Heading(const Design& state) {
     const Page& page = PageOf(state);
     std::string heading = std::to_string(page.number) + " " + std::string(page.caption);
     const char* separator = ": ";
@@ -215,7 +215,7 @@ std::string Heading(const DesignState& state) {
     return heading;
 }
 
-TextRows InputRows(const DesignState& state) {
+TextRows InputRows(const Design& state) {
     const Page& page = PageOf(state);
     const Topology topology = page.builtCircuit(state).topology;
     TextRows rows;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/series.h"
 #include "design/cycle.h"
 #include "io/json_output.h"
 
@@ -22,8 +23,9 @@ struct GoalReport {
 
 /// A calculated design: the state with its components, and what the cycle had to say.
 struct DesignRun {
-    DesignState state;
+    Design state;
     CycleResult cycle;
+    Series series = Series::E12;     ///< standard series that the components are compared with
     std::optional<GoalReport> goal;  ///< empty where nothing was optimized
 
     const Page& page() const;
@@ -52,7 +54,7 @@ std::vector<ShownComponent> ShownComponents(const DesignRun& run);
 
 /// R1, R2, fo, Q, QB, QBC, k, er and the inputs of the page (by option name) as the design used
 /// them.
-Json JsonInputs(const DesignState& state);
+Json JsonInputs(const Design& state);
 
 /// The whole design: page, caption, inputs, message, components, outputs, texts, goal.
 Json JsonDesign(const DesignRun& run);
@@ -66,10 +68,10 @@ using TextRows = std::vector<std::vector<std::string>>;
 
 /// Name, value and meaning of the inputs that the page works with: the shared ones where it does,
 /// then its own.
-TextRows InputRows(const DesignState& state);
+TextRows InputRows(const Design& state);
 
 /// "3 Pi Section: R1 50.00 Ω, ...": page and inputs in one line without its end.
-std::string Heading(const DesignState& state);
+std::string Heading(const Design& state);
 
 /// Name, value and label of all outputs that are no components, as the calculation wrote them.
 TextRows OutputRows(const CycleResult& cycle, const Page& page);

@@ -4,7 +4,7 @@
 namespace kelvro {
 
 std::string DesignJson(const ExportDesign& design, const ExportRange&) {
-    return JsonText(JsonDesign({design.state, design.cycle, {}}));
+    return JsonText(JsonDesign({design.state, design.cycle, design.series, {}}));
 }
 
 }  // namespace kelvro

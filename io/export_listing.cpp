@@ -48,7 +48,7 @@ TextRows ElementRows(const Circuit& circuit, const Circuit& standard, const Expo
         rows.push_back(std::move(row));
     }
     if (rows.empty()) return rows;
-    const auto series = kSeriesNames[static_cast<std::size_t>(design.state.ESeries)];
+    const auto series = kSeriesNames[static_cast<std::size_t>(design.series)];
     rows.insert(rows.begin(), {"Name", "Place", "Value", std::string(series) + " value", "Error"});
     return rows;
 }
@@ -67,7 +67,7 @@ Circuit Standard(Circuit circuit, Series series) {
 std::string ListingOf(const ExportDesign& design, const ExportRange&) {
     const Page& page = design.page();
     const auto elements = [&](const Circuit& circuit) {
-        return ElementRows(circuit, Standard(circuit, design.state.ESeries), design);
+        return ElementRows(circuit, Standard(circuit, design.series), design);
     };
     std::string text = "Calculated by Kelvro: page " + std::to_string(page.number) + ", " +
                        std::string(page.caption) + '\n';

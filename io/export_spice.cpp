@@ -195,7 +195,7 @@ std::string WriteNetwork(NetworkWriter& writer, const Circuit& circuit) {
 /// then computed, not interpolated.
 void WriteSweep(SpiceDeck& deck, const ExportDesign& design, const ExportRange& range,
                 const std::string& out) {
-    const DesignState& s = design.state;
+    const Design& s = design.state;
     const int perDecade = std::max(
         1, static_cast<int>(std::ceil((range.points - 1) / std::log10(range.to / range.from))));
     const bool covered = range.from <= s.fo && s.fo <= range.to;
@@ -220,7 +220,7 @@ void WriteLossComment(SpiceDeck& deck, const ElementLosses& losses) {
 }
 
 std::string SweptNetlist(const ExportDesign& design, const ExportRange& range) {
-    const DesignState& s = design.state;
+    const Design& s = design.state;
     SpiceDeck deck(design);
     const ElementLosses losses = ElementLosses::Of(s);
     WriteLossComment(deck, losses);
@@ -256,7 +256,7 @@ void WriteLossy(SpiceDeck& deck, const ExportDesign& design, const std::string& 
 std::string ClassENetlist(const ExportDesign& design) {
     constexpr int settling = 200;  // periods; the choke with the load takes about 25
     constexpr int measured = 20;
-    const DesignState& s = design.state;
+    const Design& s = design.state;
     const double T = 1 / s.fo;
     SpiceDeck deck(design);
     const double R = PartOf(design, "R").value;
@@ -290,7 +290,7 @@ std::string ClassENetlist(const ExportDesign& design) {
 
 /// Operating point of the resistor string and of the band-gap resistor.
 std::string DividerNetlist(const ExportDesign& design) {
-    const DesignState& s = design.state;
+    const Design& s = design.state;
     // From Vref down, as the string's resistors stand in the circuit.
     const std::vector<std::string> nodes = {"vref",  "vhi2",  "vhi1",  "vmid2",
                                             "vmid1", "vlow2", "vlow1", "0"};

@@ -27,7 +27,7 @@ std::vector<std::string> Comments(const ExportDesign& design) {
 }  // namespace
 
 std::string TouchstoneFile(const ExportDesign& design, const ExportRange& range) {
-    const DesignState& s = design.state;
+    const Design& s = design.state;
     const CircuitTwoPort network(design.circuit, ElementLosses::Of(s), s.fo, s.R2);
     PortData data;
     data.ports = 2;

@@ -19,7 +19,7 @@ constexpr std::string_view kNothingYet = "There are no component values to expor
 
 /// Stores the value of a built element where the design keeps it: in its component field, in its
 /// slot, or in the input that it comes from.
-void StoreElement(DesignState& state, const Page& page, const Element& element, double value) {
+void StoreElement(Design& state, const Page& page, const Element& element, double value) {
     if (page.showsDuals(state)) {
         const double omega = Omega(state);
         value = 1 / (omega * omega * value);
@@ -35,11 +35,11 @@ void StoreElement(DesignState& state, const Page& page, const Element& element, 
     if (input != page.inputs.end()) input->write(state, value);
 }
 
-void UseStandardValues(DesignState& state, const Page& page, const Circuit& circuit) {
+void UseStandardValues(Design& state, const Page& page, const Circuit& circuit, Series series) {
     for (const Element& element : circuit.elements) {
         const bool sold = element.kind != ElementKind::Line && element.kind != ElementKind::Switch;
         if (!sold || !(element.value > 0) || std::isinf(element.value)) continue;
-        const std::string nearest = SeriesNearest(state.ESeries, element.value);
+        const std::string nearest = SeriesNearest(series, element.value);
         StoreElement(state, page, element, ParseValue(nearest));
     }
 }
@@ -69,7 +69,7 @@ bool CanBeBuilt(const Circuit& circuit) {
     });
 }
 
-CycleResult OutputsOf(DesignState& state, bool judged) {
+CycleResult OutputsOf(const Design& state, bool judged) {
     ResponseServices services;
     CycleResult cycle = Calculate(state, false, services);
     return cycle.message && !judged ? ShowComponents(state, services) : cycle;
@@ -90,30 +90,31 @@ std::string ExportDesign::title() const {
     return text;
 }
 
-std::variant<ExportDesign, std::string> PrepareExport(DesignState state, ExportChoice choice) {
-    state.Busy = false;
+std::variant<ExportDesign, std::string> PrepareExport(Design state, ExportChoice choice) {
     const Page& page = PageOf(state);
     ExportDesign design;
     design.state = state;
     design.standardValues = choice.standardValues;
-    design.cycle = OutputsOf(design.state, !choice.componentsGiven);
+    design.series = choice.series;
+    design.cycle = OutputsOf(state, !choice.componentsGiven);
     if (design.cycle.message) return *design.cycle.message;
+    design.state = design.cycle.design;
     design.designed = WithoutWires(page.builtCircuit(state));
     if (page.alternative) design.alternative = page.alternative(state);
     if (!CanBeBuilt(design.designed)) return std::string(kNothingYet);
     if (choice.standardValues) {
-        UseStandardValues(design.state, page, design.designed);
-        UseStandardValues(design.state, page, design.alternative);
+        UseStandardValues(design.state, page, design.designed, choice.series);
+        UseStandardValues(design.state, page, design.alternative, choice.series);
         design.cycle = OutputsOf(design.state, false);
+        design.state = design.cycle.design;
     }
     design.circuit = WithoutWires(page.builtCircuit(design.state));
     return design;
 }
 
-void TakeShownValues(DesignState& state,
+void TakeShownValues(Design& state,
                      const std::function<std::string(std::string_view object)>& shownText) {
-    DesignState calculated = state;
-    const CycleResult cycle = OutputsOf(calculated, true);
+    const CycleResult cycle = OutputsOf(state, true);
     if (cycle.message) return;
     // A field that shows what was written there keeps the digits that its text leaves out.
     const auto changed = [&](std::string_view object, std::string_view written) {
@@ -166,7 +167,7 @@ std::span<const ExportFormat> ExportFormats() {
     static constexpr auto always = [](const Page&) { return true; };
     static constexpr auto never = [](const Page&) { return false; };
     static constexpr auto topology = [](const Page& page) {
-        return page.circuit ? page.circuit(DesignState{}).topology : Topology::None;
+        return page.circuit ? page.circuit(Design{}).topology : Topology::None;
     };
     static constexpr auto hasCircuit = [](const Page& page) {
         return topology(page) != Topology::None;

@@ -7,9 +7,10 @@
 #include <string_view>
 #include <variant>
 
+#include "core/series.h"
 #include "design/cycle.h"
+#include "design/design.h"
 #include "design/page.h"
-#include "design/state.h"
 
 // A design in the forms that other tools read: contents as texts. Where they go is the caller's
 // business.
@@ -18,12 +19,13 @@ namespace kelvro {
 
 /// A calculated design on its way out.
 struct ExportDesign {
-    DesignState state;            ///< with the component values that are exported
+    Design state;                 ///< with the component values that are exported
     CycleResult cycle;            ///< the outputs that belong to them
     Circuit designed;             ///< the circuit to build, with the values as shown
     Circuit circuit;              ///< the same with the exported values
     Circuit alternative;          ///< second network of the page as shown, where it has one
     bool standardValues = false;  ///< the exported values are those of the standard series
+    Series series = Series::E12;
 
     const Page& page() const;
     /// One line of plain ASCII: "Pi Section, 50.00 ohm to 200.00 ohm at 10.00 MHz"; resistances
@@ -35,14 +37,15 @@ struct ExportDesign {
 struct ExportChoice {
     bool standardValues = false;   ///< all elements take the nearest value of the chosen series
     bool componentsGiven = false;  ///< components stand although the page refuses the design
+    Series series = Series::E12;
 };
 
 /// The design of the state with the components it holds. A text: why there is nothing to export.
-std::variant<ExportDesign, std::string> PrepareExport(DesignState state, ExportChoice choice);
+std::variant<ExportDesign, std::string> PrepareExport(Design state, ExportChoice choice);
 
 /// Component values as the page's fields show them, where these differ from what the design wrote
 /// there (a field rounded to a standard value). `shownText` gives the text of an output field.
-void TakeShownValues(DesignState& state,
+void TakeShownValues(Design& state,
                      const std::function<std::string(std::string_view object)>& shownText);
 
 /// Frequencies and reference of formats that need them.

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "core/number_text.h"
 #include "core/scalar.h"
@@ -33,10 +34,12 @@ struct SettingsKey {
         Resonators,  ///< whole number N(BP)
         PageNumber,
         ByPhase,  ///< written "Yes" or "No", read "Ja"
+        Ratio,    ///< V2/V1, as Compact
+        Sweep,    ///< sweep factor, as Compact
     };
     const char* name;
     Kind kind = Kind::Compact;
-    double DesignState::*number = nullptr;
+    double Design::*number = nullptr;
     std::optional<Limits> limits = {};  ///< empty: those of the input field
 };
 
@@ -47,40 +50,40 @@ constexpr Limits kFinite{0, std::numeric_limits<double>::max()};
 
 /// In the order of the file. "\xFC" is u umlaut.
 constexpr SettingsKey kKeys[] = {
-    {"Q", SettingsKey::Kind::Compact, &DesignState::Q, kAnyQ},
-    {"QB(C)", SettingsKey::Kind::Compact, &DesignState::QBC},
-    {"QB(L)", SettingsKey::Kind::Compact, &DesignState::QB},
-    {"fo", SettingsKey::Kind::Compact, &DesignState::fo},
-    {"k", SettingsKey::Kind::Compact, &DesignState::k},
-    {"er", SettingsKey::Kind::Compact, &DesignState::er},
-    {"\xFC", SettingsKey::Kind::Compact, &DesignState::ue, kFinite},
-    {"R1", SettingsKey::Kind::Compact, &DesignState::R1},
-    {"R2", SettingsKey::Kind::Compact, &DesignState::R2},
-    {"P", SettingsKey::Kind::Compact, &DesignState::P},
-    {"Ub", SettingsKey::Kind::Compact, &DesignState::Ub},
-    {"Usat", SettingsKey::Kind::Compact, &DesignState::Usat},
-    {"L", SettingsKey::Kind::Compact, &DesignState::L},
-    {"C", SettingsKey::Kind::Compact, &DesignState::C},
-    {"R", SettingsKey::Kind::Compact, &DesignState::R},
-    {"Ls", SettingsKey::Kind::Compact, &DesignState::Ls},
-    {"Cs", SettingsKey::Kind::Compact, &DesignState::Cs},
-    {"Lp", SettingsKey::Kind::Compact, &DesignState::Lp},
-    {"L(BP)", SettingsKey::Kind::Compact, &DesignState::LBP},
+    {"Q", SettingsKey::Kind::Compact, &Design::Q, kAnyQ},
+    {"QB(C)", SettingsKey::Kind::Compact, &Design::QBC},
+    {"QB(L)", SettingsKey::Kind::Compact, &Design::QB},
+    {"fo", SettingsKey::Kind::Compact, &Design::fo},
+    {"k", SettingsKey::Kind::Compact, &Design::k},
+    {"er", SettingsKey::Kind::Compact, &Design::er},
+    {"\xFC", SettingsKey::Kind::Ratio, nullptr, kFinite},
+    {"R1", SettingsKey::Kind::Compact, &Design::R1},
+    {"R2", SettingsKey::Kind::Compact, &Design::R2},
+    {"P", SettingsKey::Kind::Compact, &Design::P},
+    {"Ub", SettingsKey::Kind::Compact, &Design::Ub},
+    {"Usat", SettingsKey::Kind::Compact, &Design::Usat},
+    {"L", SettingsKey::Kind::Compact, &Design::L},
+    {"C", SettingsKey::Kind::Compact, &Design::C},
+    {"R", SettingsKey::Kind::Compact, &Design::R},
+    {"Ls", SettingsKey::Kind::Compact, &Design::Ls},
+    {"Cs", SettingsKey::Kind::Compact, &Design::Cs},
+    {"Lp", SettingsKey::Kind::Compact, &Design::Lp},
+    {"L(BP)", SettingsKey::Kind::Compact, &Design::LBP},
     {"N(BP)", SettingsKey::Kind::Resonators},
-    {"Ripple(BP)", SettingsKey::Kind::Compact, &DesignState::rippleBP},
-    {"Sweep", SettingsKey::Kind::Compact, &DesignState::SweepFactor, kSweepFactors},
+    {"Ripple(BP)", SettingsKey::Kind::Compact, &Design::rippleBP},
+    {"Sweep", SettingsKey::Kind::Sweep, nullptr, kSweepFactors},
     {"Typ", SettingsKey::Kind::PageNumber},
     {"Q by phase", SettingsKey::Kind::ByPhase},
-    {"Vbg", SettingsKey::Kind::Field, &DesignState::Vbg},
-    {"Ibg", SettingsKey::Kind::Field, &DesignState::Ibg},
-    {"Rtot", SettingsKey::Kind::Field, &DesignState::Rtot},
-    {"Vref", SettingsKey::Kind::Field, &DesignState::Vref},
-    {"Vlow1", SettingsKey::Kind::Field, &DesignState::Vlow1},
-    {"Vlow2", SettingsKey::Kind::Field, &DesignState::Vlow2},
-    {"Vmid1", SettingsKey::Kind::Field, &DesignState::Vmid1},
-    {"Vmid2", SettingsKey::Kind::Field, &DesignState::Vmid2},
-    {"Vhi1", SettingsKey::Kind::Field, &DesignState::Vhi1},
-    {"Vhi2", SettingsKey::Kind::Field, &DesignState::Vhi2},
+    {"Vbg", SettingsKey::Kind::Field, &Design::Vbg},
+    {"Ibg", SettingsKey::Kind::Field, &Design::Ibg},
+    {"Rtot", SettingsKey::Kind::Field, &Design::Rtot},
+    {"Vref", SettingsKey::Kind::Field, &Design::Vref},
+    {"Vlow1", SettingsKey::Kind::Field, &Design::Vlow1},
+    {"Vlow2", SettingsKey::Kind::Field, &Design::Vlow2},
+    {"Vmid1", SettingsKey::Kind::Field, &Design::Vmid1},
+    {"Vmid2", SettingsKey::Kind::Field, &Design::Vmid2},
+    {"Vhi1", SettingsKey::Kind::Field, &Design::Vhi1},
+    {"Vhi2", SettingsKey::Kind::Field, &Design::Vhi2},
 };
 
 /// Limits of the input field that is bound to a variable.
@@ -101,7 +104,8 @@ std::optional<Limits> FieldLimits(Member member) {
     return {};
 }
 
-std::string TextOf(const SettingsKey& key, const DesignState& state) {
+std::string TextOf(const SettingsKey& key, const Settings& settings) {
+    const Design& state = settings.design;
     switch (key.kind) {
         case SettingsKey::Kind::Compact:
             return FormatEngShort(2, state.*key.number);
@@ -111,6 +115,10 @@ std::string TextOf(const SettingsKey& key, const DesignState& state) {
             return std::to_string(state.NBP);
         case SettingsKey::Kind::PageNumber:
             return std::to_string(state.page);
+        case SettingsKey::Kind::Ratio:
+            return FormatEngShort(2, settings.v);
+        case SettingsKey::Kind::Sweep:
+            return FormatEngShort(2, settings.preferences.SweepFactor);
         case SettingsKey::Kind::ByPhase:
             break;
     }
@@ -127,7 +135,7 @@ int ReadResonators(const std::string& text, int present) {
     int number = present;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || end != text.data() + text.size()) return present;
-    const Limits limits = FieldLimits(&DesignState::NBP).value_or(any);
+    const Limits limits = FieldLimits(&Design::NBP).value_or(any);
     return ClampInteger(number, static_cast<int>(limits.low), static_cast<int>(limits.high));
 }
 
@@ -137,7 +145,8 @@ int ReadPageNumber(const std::string& text) {
 }
 
 /// Takes one key; `text` is nothing where the file does not hold it.
-void ReadKey(const SettingsKey& key, const std::optional<std::string>& text, DesignState& state) {
+void ReadKey(const SettingsKey& key, const std::optional<std::string>& text, Settings& settings) {
+    Design& state = settings.design;
     switch (key.kind) {
         case SettingsKey::Kind::Compact:
         case SettingsKey::Kind::Field:
@@ -145,6 +154,12 @@ void ReadKey(const SettingsKey& key, const std::optional<std::string>& text, Des
             break;
         case SettingsKey::Kind::Resonators:
             if (text) state.NBP = ReadResonators(*text, state.NBP);
+            break;
+        case SettingsKey::Kind::Ratio:
+            if (text) settings.v = ReadNumber(key, *text);
+            break;
+        case SettingsKey::Kind::Sweep:
+            if (text) settings.preferences.SweepFactor = ReadNumber(key, *text);
             break;
         case SettingsKey::Kind::PageNumber:
             state.page = ReadPageNumber(text.value_or("1"));
@@ -156,15 +171,16 @@ void ReadKey(const SettingsKey& key, const std::optional<std::string>& text, Des
     }
 }
 
-void ReadKeys(const ProfileText& profile, DesignState& state) {
+void ReadKeys(const ProfileText& profile, Settings& settings) {
     constexpr int passivePiT = 8;
+    Design& state = settings.design;
     for (const SettingsKey& key : kKeys) {
-        ReadKey(key, profile.value(kSection, key.name), state);
+        ReadKey(key, profile.value(kSection, key.name), settings);
     }
     // v at fo is the wanted ratio of this page, so the file keeps it without a key of its own.
     if (state.page == passivePiT && profile.value(kSection, "\xFC")) {
-        const Limits limits = FieldLimits(&DesignState::v8).value_or(kFinite);
-        state.v8 = Clamp(state.ue, limits.low, limits.high);
+        const Limits limits = FieldLimits(&Design::v8).value_or(kFinite);
+        state.v8 = Clamp(settings.v, limits.low, limits.high);
     }
 }
 
@@ -238,10 +254,10 @@ bool MustBeKept(const ExistingFile& existing) {
 
 }  // namespace
 
-SettingsRead ReadSettings(const QString& file, DesignState state) {
+SettingsRead ReadSettings(const QString& file, Settings settings) {
     const ExistingFile existing = Examine(file);
-    SettingsRead read{SettingsRead::Status::Read, state, {}};
-    ReadKeys(existing.profile, read.state);
+    SettingsRead read{SettingsRead::Status::Read, std::move(settings), {}};
+    ReadKeys(existing.profile, read.settings);
     if (existing.kind == ExistingFile::Kind::Missing) read.status = SettingsRead::Status::Missing;
     if (!existing.reason.isEmpty()) {
         read.status = SettingsRead::Status::Unusable;
@@ -250,11 +266,11 @@ SettingsRead ReadSettings(const QString& file, DesignState state) {
     return read;
 }
 
-SettingsSave WriteSettings(const QString& file, const DesignState& state) {
+SettingsSave WriteSettings(const QString& file, const Settings& settings) {
     ExistingFile existing = Examine(file);
     if (existing.kind == ExistingFile::Kind::NoFile) return Failed(file, existing.reason);
     for (const SettingsKey& key : kKeys) {
-        existing.profile.set(kSection, key.name, TextOf(key, state));
+        existing.profile.set(kSection, key.name, TextOf(key, settings));
     }
     if (!file.isEmpty()) QDir().mkpath(QFileInfo(file).absolutePath());
     std::optional<QString> copy;

@@ -2,12 +2,22 @@
 
 #include <QString>
 
-#include "design/state.h"
+#include "design/design.h"
+#include "design/preferences.h"
 
 // The settings file: the design inputs between runs of the program, and designs in files of their
 // own. An INI file in Windows-1252 with one section.
 
 namespace kelvro {
+
+/// What a settings file carries.
+struct Settings {
+    Design design = {};
+    Preferences preferences = {};
+    double v = 2;  ///< V2/V1 at fo as last calculated
+
+    bool operator==(const Settings&) const = default;
+};
 
 struct SettingsRead {
     enum class Status {
@@ -16,14 +26,14 @@ struct SettingsRead {
         Unusable  ///< a folder, unreadable, too large or no settings file; counts likewise
     };
     Status status = Status::Read;
-    DesignState state;
+    Settings settings;
     QString message;  ///< for the user, empty when read or missing
 };
 
-/// The state with the values of a file in place of its own. What a file does not name stays as it
-/// is, except the page, which is 1, and QByBandwidth, which is set. Values are clamped like typed
-/// ones; unreadable numbers are 0 before that. Files are never read beyond 1 MB.
-SettingsRead ReadSettings(const QString& file, DesignState state);
+/// The settings with the values of a file in place of its own. What a file does not name stays as
+/// it is, except the page, which is 1, and QByBandwidth, which is set. Values are clamped like
+/// typed ones; unreadable numbers are 0 before that. Files are never read beyond 1 MB.
+SettingsRead ReadSettings(const QString& file, Settings settings);
 
 struct SettingsSave {
     enum class Status { Saved, Failed };
@@ -31,10 +41,10 @@ struct SettingsSave {
     QString message;  ///< why it failed, or under which name the old file was kept
 };
 
-/// Writes the settings of the state into a file, whole or not at all. Other sections, unknown keys
+/// Writes the settings into a file, whole or not at all. Other sections, unknown keys
 /// and comments of an existing file stay in it; a file that is not understood in full is kept
 /// aside as "name.bak". Missing folders are made.
-SettingsSave WriteSettings(const QString& file, const DesignState& state);
+SettingsSave WriteSettings(const QString& file, const Settings& settings);
 
 /// kelvro/kelvro.ini in the user's configuration folder.
 QString DefaultSettingsFile();

@@ -74,14 +74,16 @@ std::span<const double> AsSpan(const Eigen::VectorXd& x) {
 /// The runs of one page, their reports, and the best point.
 class PageRuns {
   public:
-    PageRuns(DesignState& state, const OptimizerSettings& settings, const OptimizerFiles& files)
-        : settings_(WithRuntimeChoices(state, settings, files)),
+    PageRuns(const Design& design, const OptimizerSettings& settings, const OptimizerFiles& files)
+        : settings_(WithRuntimeChoices(design, settings, files)),
           files_(files),
-          page_(state.page),
-          goal_(state, settings_.goal) {}
+          page_(design.page),
+          goal_(design, settings_.goal) {
+        result_.components = design.components;
+    }
 
     PageOptimization run() {
-        if (goal_.size() == 0) return {};
+        if (goal_.size() == 0) return std::move(result_);
         const auto begin = std::chrono::steady_clock::now();
         result_.page = page_;
         best_ = Eigen::VectorXd::Zero(static_cast<Eigen::Index>(goal_.size()));
@@ -99,10 +101,9 @@ class PageRuns {
     }
 
   private:
-    static OptimizerSettings WithRuntimeChoices(const DesignState& state,
-                                                OptimizerSettings settings,
+    static OptimizerSettings WithRuntimeChoices(const Design& design, OptimizerSettings settings,
                                                 const OptimizerFiles& files) {
-        settings.goal.phaseSlope = settings.goal.phaseSlope || !state.QByBandwidth;
+        settings.goal.phaseSlope = settings.goal.phaseSlope || !design.QByBandwidth;
         if (settings.goal.noise) settings.local.differenceStep = kNoisyDifferenceStep;
         settings.local.recordCalls = settings.writeTable && !files.table.empty();
         settings.local.finalHessian = settings.local.finalHessian || !files.log.empty();
@@ -160,11 +161,8 @@ class PageRuns {
     void leaveBest() {
         if (result_.status == PageOptimization::Status::Aborted) {
             result_.achievedGoal = result_.startGoal;
-            goal_.restore();
-        } else if (best_.isZero(0)) {
-            goal_.restore();  // to the bit, which exp(0)·start need not be in every form
-        } else {
-            goal_.write(AsSpan(best_));
+        } else if (!best_.isZero(0)) {  // exp(0)·start is not the start to the bit in every form
+            result_.components = goal_.components(AsSpan(best_));
         }
     }
 
@@ -179,17 +177,20 @@ class PageRuns {
 
 }  // namespace
 
-PageOptimization OptimizePage(DesignState& state, const OptimizerSettings& settings,
+PageOptimization OptimizePage(const Design& design, const OptimizerSettings& settings,
                               const OptimizerFiles& files) {
-    if (state.OptimizationDisabled) return {};
-    return PageRuns(state, settings, files).run();
+    if (!settings.disabled) return PageRuns(design, settings, files).run();
+    PageOptimization untouched;
+    untouched.components = design.components;
+    return untouched;
 }
 
 OptimizerServices::OptimizerServices(OptimizerSettings presets, OptimizerFiles reports)
     : settings(presets), files(std::move(reports)) {}
 
-void OptimizerServices::optimize(DesignState& state) {
-    last_ = OptimizePage(state, settings, files);
+Slots OptimizerServices::optimize(const Design& design) {
+    last_ = OptimizePage(design, settings, files);
+    return last_.components;
 }
 
 }  // namespace kelvro

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "analysis/response.h"
-#include "design/state.h"
+#include "design/design.h"
 #include "optimize/settings.h"
 
 namespace kelvro {
@@ -19,13 +19,14 @@ struct OptimizerFiles {
 /// What the last optimization of a page did.
 struct PageOptimization {
     enum class Status : std::uint8_t {
-        NotRun,  ///< the page has nothing to optimize, or optimization is disabled
+        NotRun,  ///< the page has nothing to optimize, or the settings disable it
         Finished,
         Aborted,  ///< a report could not be written; the design stayed as calculated
     };
 
     Status status = Status::NotRun;
     int page = 0;
+    Slots components;           ///< those of the best point, or as they were given
     std::string error;          ///< the system's reason of an aborted run
     std::vector<Summary> runs;  ///< one or two
     double milliseconds = 0;    ///< both runs and their reports
@@ -38,8 +39,8 @@ struct PageOptimization {
     const Summary& bestRun() const;
 };
 
-/// Optimizes the components of the state's page in place with the settings, and writes the reports.
-PageOptimization OptimizePage(DesignState& state, const OptimizerSettings& settings,
+/// Optimizes the components of a design with the settings, and writes the reports.
+PageOptimization OptimizePage(const Design& design, const OptimizerSettings& settings,
                               const OptimizerFiles& files);
 
 /// Services of a calculation with the optimizer at work.
@@ -47,7 +48,7 @@ class OptimizerServices : public ResponseServices {
   public:
     explicit OptimizerServices(OptimizerSettings settings = {}, OptimizerFiles files = {});
 
-    void optimize(DesignState& state) override;
+    Slots optimize(const Design& design) override;
 
     OptimizerSettings settings;
     OptimizerFiles files;

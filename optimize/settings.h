@@ -6,11 +6,12 @@
 namespace kelvro {
 
 /// The settings of the optimizer that windows, command line and calculation share. The defaults are
-/// those of the set-up window. Whether designs are optimized at all is
-/// DesignState::OptimizationDisabled.
+/// those of the set-up window.
 struct OptimizerSettings {
-    LocalOptions local;
-    GoalOptions goal;
+    /// Designs stay as calculated.
+    bool disabled = false;
+    LocalOptions local = {};
+    GoalOptions goal = {};
     /// One run instead of two; the second run starts from the best point of the first.
     bool singleRun = true;
     /// Runs start beside the calculated design, so that their results show its accuracy.

@@ -86,11 +86,11 @@ View DefaultView(Quantity quantity, double fo) {
     return DefaultGainView(fo, quantity == Quantity::PowerGain);
 }
 
-double ValueAt(const DesignState& state, Quantity quantity, double f) {
+double ValueAt(const Design& state, Quantity quantity, double f) {
     return ValueOf(Response(state), quantity, f);
 }
 
-Samples Sampled(const DesignState& state, const View& view, Quantity quantity) {
+Samples Sampled(const Design& state, const View& view, Quantity quantity) {
     const Response response(state);
     Samples samples{.x = SampleFrequencies(view), .y = {}};
     if (quantity == Quantity::Phase) samples.turn = 360;
@@ -115,13 +115,12 @@ double PeakOf(const Samples& samples) {
     return range ? range->max : -std::numeric_limits<double>::infinity();
 }
 
-Picture ResponsePicture(const DesignState& state, const View& view, Quantity quantity,
-                        CurveLook look) {
+Picture ResponsePicture(const Design& state, const View& view, Quantity quantity, CurveLook look) {
     return ResponsePicture(state, view, quantity, look, Sampled(state, view, quantity));
 }
 
-Picture ResponsePicture(const DesignState& state, const View& view, Quantity quantity,
-                        CurveLook look, const Samples& samples) {
+Picture ResponsePicture(const Design& state, const View& view, Quantity quantity, CurveLook look,
+                        const Samples& samples) {
     const Texts texts = TextsOf(quantity);
     Picture picture;
     picture.view = view;
@@ -148,11 +147,11 @@ Curve ScatterCurve(const Samples& samples) {
             .turn = samples.turn};
 }
 
-std::string ReadOut(const DesignState& state, Quantity quantity, WorldPoint place) {
+std::string ReadOut(const Design& design, double v, Quantity quantity, WorldPoint place) {
     const std::string start = "Position : f=" + FormatEngShort(2, place.x) + "Hz, ";
     if (quantity == Quantity::Phase) return start + "phi=" + FormatFixed(0, 3, place.y) + "°";
     const bool power = quantity == Quantity::PowerGain;
-    const double reference = power ? state.ue / std::sqrt(state.R2 / state.R1) : state.ue;
+    const double reference = power ? v / std::sqrt(design.R2 / design.R1) : v;
     return start + (power ? "GT=" : "Vu=") + FormatFixed(0, 3, place.y) + "dB (" +
            FormatEngShort(2, std::pow(10.0, place.y / 20)) + "), " +
            (power ? "GT-GTo=" : "Vu-Vuo=") + FormatFixed(0, 3, place.y - MagnitudeDb(reference)) +

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "design/state.h"
+#include "design/design.h"
 #include "plot/picture.h"
 
 // The response of a design as a picture; the windows and the command line draw the same.
@@ -22,7 +22,7 @@ CurveLook NextLook(CurveLook look);
 View DefaultView(Quantity quantity, double fo);
 
 /// The quantity at one frequency.
-double ValueAt(const DesignState& state, Quantity quantity, double f);
+double ValueAt(const Design& state, Quantity quantity, double f);
 
 /// A curve as sampled over a view: frequencies in Hz, values in dB or degrees.
 struct Samples {
@@ -35,7 +35,7 @@ struct Samples {
     std::span<const double> validY() const { return std::span(y).subspan(first); }
 };
 /// Samples 0 to the view's sample count.
-Samples Sampled(const DesignState& state, const View& view, Quantity quantity);
+Samples Sampled(const Design& state, const View& view, Quantity quantity);
 
 /// The y axis scaled to the samples; zeros of the response (hundreds of decades down) do not count.
 Axis AutoscaledToSamples(const Axis& y, const Samples& samples);
@@ -44,15 +44,14 @@ Axis AutoscaledToSamples(const Axis& y, const Samples& samples);
 double PeakOf(const Samples& samples);
 
 /// The whole picture: curve, harmonics of fo, and for the gains the -1 dB and -3 dB levels.
-Picture ResponsePicture(const DesignState& state, const View& view, Quantity quantity,
-                        CurveLook look);
-Picture ResponsePicture(const DesignState& state, const View& view, Quantity quantity,
-                        CurveLook look, const Samples& samples);
+Picture ResponsePicture(const Design& state, const View& view, Quantity quantity, CurveLook look);
+Picture ResponsePicture(const Design& state, const View& view, Quantity quantity, CurveLook look,
+                        const Samples& samples);
 
 /// The thin grey curve of a Monte Carlo run.
 Curve ScatterCurve(const Samples& samples);
 
-/// The status line for a place in the plot.
-std::string ReadOut(const DesignState& state, Quantity quantity, WorldPoint place);
+/// The status line for a place in the plot; `v` is V2/V1 at fo.
+std::string ReadOut(const Design& design, double v, Quantity quantity, WorldPoint place);
 
 }  // namespace kelvro

@@ -20,7 +20,7 @@ std::string Line(const Response& response, double f) {
 
 }  // namespace
 
-std::string ResponseTable(const DesignState& state, double xmin, double xmax, bool logarithmic) {
+std::string ResponseTable(const Design& state, double xmin, double xmax, bool logarithmic) {
     const Response response(state);
     const long double low = xmin;
     const long double high = xmax;

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "design/state.h"
+#include "design/design.h"
 
 namespace kelvro {
 
@@ -10,6 +10,6 @@ namespace kelvro {
 /// of f in Hz (with prefix letters), GT in dB, V in dB and the phase in degrees. In equal ratios
 /// the frequencies run from xmin to xmax (both above 0); in equal steps of 1/512 of the range they
 /// start one step above xmin and end one step above xmax.
-std::string ResponseTable(const DesignState& state, double xmin, double xmax, bool logarithmic);
+std::string ResponseTable(const Design& state, double xmin, double xmax, bool logarithmic);
 
 }  // namespace kelvro

@@ -11,19 +11,20 @@ namespace kelvro {
 DesignSession::DesignSession(QObject* parent) : DesignHost(parent), messageSink_(ShowMessageBox) {}
 
 void DesignSession::recalculate(bool storeComponents) {
-    announce(Calculate(state_, storeComponents, optimizer_));
+    show(Calculate(state_, storeComponents, optimizer_));
 }
 
 void DesignSession::showComponents() {
-    announce(ShowComponents(state_, optimizer_));
+    show(ShowComponents(state_, optimizer_));
 }
 
-void DesignSession::announce(const CycleResult& result) {
-    if (!result.calculated) return;
-    emit calculated(result);
+void DesignSession::show(CycleResult result) {
+    result_ = std::move(result);
+    state_ = result_.design;
+    emit calculated(result_);
     emit designChanged();
     // Last, because a modal box runs its own event loop: every window is up to date behind it.
-    if (result.message) showMessage(QString::fromStdString(*result.message));
+    if (result_.message) showMessage(QString::fromStdString(*result_.message));
 }
 
 void DesignSession::goToPage(int page) {

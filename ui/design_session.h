@@ -4,13 +4,13 @@
 #include <utility>
 
 #include "design/cycle.h"
-#include "design/state.h"
+#include "design/design.h"
 #include "optimize/page_optimizer.h"
 #include "ui/plot/design_host.h"
 
 namespace kelvro {
 
-/// The program's one design state together with what changes it: the calculation cycle, page
+/// The program's one design together with what changes it: the calculation cycle, page
 /// switches and messages. The main window shows what the session says; plot windows and dialogs
 /// reach the design through it.
 class DesignSession : public DesignHost {
@@ -21,7 +21,9 @@ class DesignSession : public DesignHost {
 
     explicit DesignSession(QObject* parent = nullptr);
 
-    DesignState& state() override { return state_; }
+    const Design& design() const override { return state_; }
+    const CycleResult& result() const override { return result_; }
+    Design& state() { return state_; }
     void recalculate(bool storeComponents = true) override;
     void goToPage(int page) override;
     /// Shows the state's page and calculates it as it stands, without what entering it would
@@ -54,9 +56,10 @@ class DesignSession : public DesignHost {
     void inputsWritten();
 
   private:
-    void announce(const CycleResult& result);
+    void show(CycleResult result);
 
-    DesignState state_;
+    Design state_;
+    CycleResult result_;
     OptimizerServices optimizer_;
     MessageSink messageSink_;
     FieldTexts fieldTexts_;

@@ -128,9 +128,9 @@ void TExportDlg::changeEvent(QEvent* event) {
 
 void TExportDlg::designChanged() {
     if (!isVisible()) return;
-    const Page& page = PageOf(host_.state());
+    const Page& page = PageOf(host_.design());
     setWindowTitle(tr("Export - %1").arg(ToQString(page.caption)));
-    const auto series = static_cast<std::size_t>(host_.state().ESeries);
+    const auto series = static_cast<std::size_t>(host_.preferences().ESeries);
     standardValues_->setText(tr("Standard values (%1)").arg(QLatin1String(kSeriesNames[series])));
     standardValues_->setChecked(host_.standardValues());
     listFormats();
@@ -142,14 +142,14 @@ void TExportDlg::listFormats() {
     const QString chosen = formats_->currentData().toString();
     formats_->clear();
     for (const ExportFormat& format : ExportFormats()) {
-        if (!format.available(PageOf(host_.state()))) continue;
+        if (!format.available(PageOf(host_.design()))) continue;
         formats_->addItem(ToQString(format.caption), ToQString(format.key));
     }
     formats_->setCurrentIndex(std::max(0, formats_->findData(chosen)));
 }
 
 void TExportDlg::defaultRange() {
-    const double fo = host_.state().fo;
+    const double fo = host_.design().fo;
     const PlotSettings& plot = host_.plotSettings();
     const double z0 = range_.z0;
     range_ = ExportRange::Around(fo);
@@ -197,7 +197,7 @@ const ExportFormat& TExportDlg::format() const {
 }
 
 bool TExportDlg::takesRange() const {
-    return format().range(PageOf(host_.state()));
+    return format().range(PageOf(host_.design()));
 }
 
 void TExportDlg::refresh() {
@@ -221,10 +221,11 @@ void TExportDlg::refresh() {
 std::string TExportDlg::contentOrProblem(bool& problem) const {
     problem = true;
     if (const auto wrong = RangeProblem(range_); wrong && takesRange()) return *wrong;
-    DesignState state = host_.state();
+    Design state = host_.design();
     TakeShownValues(
         state, [this](std::string_view object) { return host_.fieldText(object).toStdString(); });
-    auto prepared = PrepareExport(std::move(state), {.standardValues = host_.standardValues()});
+    auto prepared = PrepareExport(std::move(state), {.standardValues = host_.standardValues(),
+                                                     .series = host_.preferences().ESeries});
     if (auto* refusal = std::get_if<std::string>(&prepared)) return std::move(*refusal);
     problem = false;
     return format().content(std::get<ExportDesign>(prepared), range_);
@@ -262,7 +263,7 @@ QString TExportDlg::askFileName() {
     dialog.setObjectName(QStringLiteral("SaveDialogExport"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(suffix);
-    dialog.selectFile(ToQString(PageOf(host_.state()).key) + '.' + suffix);
+    dialog.selectFile(ToQString(PageOf(host_.design()).key) + '.' + suffix);
     if (dialog.exec() != QDialog::Accepted) return {};
     return dialog.selectedFiles().value(0);
 }

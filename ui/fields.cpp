@@ -84,20 +84,20 @@ void OutputEdit::mouseDoubleClickEvent(QMouseEvent* event) {
     event->accept();
 }
 
-void BoundInput::read(DesignState& state, const Limits& limits) const {
+void BoundInput::read(Design& state, const Limits& limits) const {
     InputField field = *field_;
     field.limits = limits;
     field.write(state, ParsedText(*edit_));
 }
 
-void BoundInput::write(const DesignState& state, const TextFormat& format) const {
+void BoundInput::write(const Design& state, const TextFormat& format) const {
     const QSignalBlocker blocker(edit_);
     edit_->setText(QString::fromStdString(format.text(field_->read(state))));
     edit_->setCursorPosition(0);
     edit_->end(false);
 }
 
-void BoundInput::refresh(const DesignState& state, const Limits& limits) const {
+void BoundInput::refresh(const Design& state, const Limits& limits) const {
     const double shown = Clamp(ParsedText(*edit_), limits.low, limits.high);
     const auto text = [&](double value) { return field_->format.text(value); };
     if (edit_->text().isEmpty() || text(shown) != text(field_->read(state))) write(state);

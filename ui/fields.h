@@ -4,8 +4,8 @@
 #include <QString>
 #include <string_view>
 
+#include "design/design.h"
 #include "design/page.h"
-#include "design/state.h"
 
 class QLabel;
 
@@ -61,15 +61,15 @@ class BoundInput {
     const InputField& field() const { return *field_; }
 
     /// Stores the edit's text in the state, clamped to the limits.
-    void read(DesignState& state, const Limits& limits) const;
-    void read(DesignState& state) const { read(state, field_->limits); }
+    void read(Design& state, const Limits& limits) const;
+    void read(Design& state) const { read(state, field_->limits); }
     /// Writes the state's value in the field's format.
-    void write(const DesignState& state) const { write(state, field_->format); }
-    void write(const DesignState& state, const TextFormat& format) const;
+    void write(const Design& state) const { write(state, field_->format); }
+    void write(const Design& state, const TextFormat& format) const;
     /// Writes only where the edit shows another value than the state holds; so a text that the
     /// user typed in a form of their own stays.
-    void refresh(const DesignState& state, const Limits& limits) const;
-    void refresh(const DesignState& state) const { refresh(state, field_->limits); }
+    void refresh(const Design& state, const Limits& limits) const;
+    void refresh(const Design& state) const { refresh(state, field_->limits); }
 
   private:
     const InputField* field_;

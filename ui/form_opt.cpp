@@ -77,9 +77,6 @@ const std::vector<TFormOpt::Option>& TFormOpt::options() {
                 form.optimizer_.settings.local.gradient = on ? choice : GradientChoice::Automatic;
             }};
     };
-    const auto disabled =
-        std::pair{[](TFormOpt& form) { return form.host_.state().OptimizationDisabled; },
-                  [](TFormOpt& form, bool on) { form.host_.state().OptimizationDisabled = on; }};
     const auto row = [](const char* object, const char* caption, const char* hint, bool byDefault,
                         auto access, bool defaultApplies = true) {
         return Option{object,         caption,      hint,         byDefault,
@@ -89,7 +86,8 @@ const std::vector<TFormOpt::Option>& TFormOpt::options() {
         row("CheckBoxForceSteepestDescent", "Force steepest descent algorithm", "is quite slow",
             false, local(&LocalOptions::steepestDescent)),
         row("CheckBoxForceNoOpt", "Force no optimization",
-            "Warning : leads too inaccurate parameters", false, disabled),
+            "Warning : leads too inaccurate parameters", false,
+            shared(&OptimizerSettings::disabled)),
         row("CheckBoxForceSingleOpt", "Force single optimization run",
             "Might be a bit unreliable, but is good to explore optimization algorithm.", true,
             shared(&OptimizerSettings::singleRun)),

@@ -195,7 +195,7 @@ Wishes TFormProposal::wishes() const {
 }
 
 void TFormProposal::refresh() {
-    const DesignState& state = session_.state();
+    const Design& state = session_.state();
     inputs_->setText(Text("R1 " + FormatQuantity(2, state.R1, "Ω") + ", R2 " +
                           FormatQuantity(2, state.R2, "Ω") + ", fo " +
                           FormatQuantity(2, state.fo, "Hz") + ", ideal ratio v " +

@@ -42,8 +42,8 @@ QString SpinName(QString edit) {
     return QStringLiteral("SpinButton") + edit.remove(QStringLiteral("Eingabe"));
 }
 
-QString SeriesText(const DesignState& state, double value) {
-    return "  " + QString::fromStdString(SeriesNearest(state.ESeries, value));
+QString SeriesText(const Preferences& preferences, double value) {
+    return "  " + QString::fromStdString(SeriesNearest(preferences.ESeries, value));
 }
 
 }  // namespace
@@ -295,12 +295,13 @@ void PagePanel::EingabeChange(const BoundInput& input) {
 }
 
 void PagePanel::SpinButtonClick(const BoundInput& input, int direction) {
-    DesignState& state = session_.state();
+    Design& state = session_.state();
     const double x = input.field().read(state);
-    const bool whole = std::holds_alternative<int DesignState::*>(input.field().value);
+    const bool whole = std::holds_alternative<int Design::*>(input.field().value);
+    const double f = session_.preferences().SweepFactor;
     const double stepped = whole           ? x + direction
-                           : direction > 0 ? SpinStepUp(x, state.SweepFactor)
-                                           : SpinStepDown(x, state.SweepFactor);
+                           : direction > 0 ? SpinStepUp(x, f)
+                                           : SpinStepDown(x, f);
     input.field().write(state, stepped);
     input.write(state);
     session_.recalculate();
@@ -315,7 +316,7 @@ void PagePanel::AusgabeChange(const FieldRow& row) {
 
 void PagePanel::AusgabeDblClick(const FieldRow& row) {
     const double value = ParseValue(row.edit->text().toStdString());
-    if (value > 0) row.edit->setText(SeriesText(session_.state(), value));
+    if (value > 0) row.edit->setText(SeriesText(session_.preferences(), value));
 }
 
 void PagePanel::runAction(const ActionField& action) {
@@ -361,7 +362,7 @@ void PagePanel::writeInputs() {
 }
 
 void PagePanel::refresh() {
-    DesignState& state = session_.state();
+    Design& state = session_.state();
     for (const BoundInput& input : inputs_)
         if (!input.edit().hasFocus()) input.refresh(state);
     for (const SwitchRow& row : switches_) {
@@ -374,7 +375,7 @@ void PagePanel::refresh() {
 }
 
 void PagePanel::showPicture() {
-    const DesignState& state = session_.state();
+    const Design& state = session_.state();
     std::vector<Circuit> circuits = page_.builtCircuits(state);
     // The slots of a refused design hold another page's values.
     for (Circuit& circuit : circuits)
@@ -385,7 +386,7 @@ void PagePanel::showPicture() {
 }
 
 void PagePanel::showCaptions() {
-    const DesignState& state = session_.state();
+    const Design& state = session_.state();
     const bool duals = page_.showsDuals(state);
     for (const FieldRow& row : rows_) {
         const OutputField& field = *row.field;
@@ -423,7 +424,7 @@ void PagePanel::roundRowToSeries(int row) {
     QTableWidgetItem* cell = table_->item(row, 1);
     const double value = ParseValue(cell->text().toStdString());
     if (value > 0)
-        cell->setText(SeriesText(session_.state(), value) + ' ' + ToQString(element.unit));
+        cell->setText(SeriesText(session_.preferences(), value) + ' ' + ToQString(element.unit));
 }
 
 QTableWidgetItem* PagePanel::tableCell(const QString& object) const {

@@ -53,7 +53,7 @@ TSDIAppForm::TSDIAppForm(QWidget* parent)
     connect(&session_, &DesignSession::standardValuesChanged, exportBox, &QCheckBox::setChecked);
     writeInputs();
     enterPage();
-    SeriesClick(session_.state().ESeries);
+    SeriesClick(session_.preferences().ESeries);
     RestorePlace(*this);
     findChild<QLineEdit*>(QStringLiteral("R1Eingabe"))->setFocus(Qt::TabFocusReason);
 }
@@ -61,7 +61,7 @@ TSDIAppForm::TSDIAppForm(QWidget* parent)
 TSDIAppForm::~TSDIAppForm() = default;
 
 void TSDIAppForm::startUp(const QStringList& arguments) {
-    takeOver(ReadSettings(DefaultSettingsFile(), session_.state()).state);
+    takeOver(ReadSettings(DefaultSettingsFile(), settings()).settings);
     namePrinter();
     readArguments(arguments);
     setWindowTitle(QLatin1String(kProductTitle));
@@ -69,9 +69,7 @@ void TSDIAppForm::startUp(const QStringList& arguments) {
 }
 
 void TSDIAppForm::OKClick() {
-    session_.state().Busy = true;
     writeInputs();
-    session_.state().Busy = false;
     session_.recalculate();
 }
 
@@ -84,16 +82,14 @@ void TSDIAppForm::TabSet1Click(int index) {
 }
 
 void TSDIAppForm::SpeedButtonVertauschenClick() {
-    DesignState& state = session_.state();
-    state.Busy = true;
+    Design& state = session_.state();
     std::swap(state.R1, state.R2);
     shared_->writeResistances();
-    state.Busy = false;
     session_.recalculate();
 }
 
 void TSDIAppForm::SeriesClick(Series series) {
-    session_.state().ESeries = series;
+    session_.preferences().ESeries = series;
     shared_->setSeries(series);
     CheckSeriesItem(*this, series);
 }
@@ -156,7 +152,7 @@ void TSDIAppForm::ShowHint(const QString& hint) {
     hint_ = hint;
     const QString separator = hint.isEmpty() ? QString() : tr(", ");
     const PageOptimization& last = session_.lastOptimization();
-    if (session_.state().OptimizationDisabled) {
+    if (session_.optimizer().settings.disabled) {
         statusBar()->showMessage((hint.isEmpty() ? QString() : hint + tr(" - ")) +
                                  tr("Warning: Optimization is disabled!"));
     } else if (last.status == PageOptimization::Status::Aborted) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/series.h"
+#include "io/settings.h"
 #include "ui/app_windows.h"
 #include "ui/design_session.h"
 
@@ -82,7 +83,8 @@ class TSDIAppForm : public QMainWindow {
     void writeInputs();
     void refreshInputs();
     void take();
-    void takeOver(const DesignState& state);
+    Settings settings() const;
+    void takeOver(const Settings& settings);
     void saveSettings(const QString& file);
     void FormClose();
     void enable(const char* control, bool on);

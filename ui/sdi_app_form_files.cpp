@@ -37,21 +37,24 @@ void TSDIAppForm::SpeedButtonINILadenClick() {
     QFileDialog dialog(this, tr("Load INI file"), {}, tr("INI Files (*.ini *.INI)"));
     const QString file = AskForFile(dialog, "OpenDialogIni", QFileDialog::AcceptOpen);
     if (file.isEmpty()) return;
-    const SettingsRead read = ReadSettings(file, session_.state());
-    takeOver(read.state);
+    const SettingsRead read = ReadSettings(file, settings());
+    takeOver(read.settings);
     session_.goToPage(session_.state().page);
     if (!read.message.isEmpty()) session_.showMessage(read.message);
 }
 
-void TSDIAppForm::takeOver(const DesignState& state) {
-    session_.state() = state;
-    session_.state().Busy = true;
+Settings TSDIAppForm::settings() const {
+    return {session_.design(), session_.preferences(), session_.result().v};
+}
+
+void TSDIAppForm::takeOver(const Settings& settings) {
+    session_.state() = settings.design;
+    session_.preferences() = settings.preferences;
     writeInputs();
-    session_.state().Busy = false;
 }
 
 void TSDIAppForm::saveSettings(const QString& file) {
-    const SettingsSave saved = WriteSettings(file, session_.state());
+    const SettingsSave saved = WriteSettings(file, settings());
     if (!saved.message.isEmpty()) session_.showMessage(saved.message);
 }
 

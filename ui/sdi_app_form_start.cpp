@@ -26,7 +26,6 @@ void TSDIAppForm::readArguments(const QStringList& arguments) {
     std::vector<std::string> texts;
     for (const QString& argument : arguments) texts.push_back(argument.toStdString());
     const KeywordPreset preset = ReadKeywords(texts);
-    session_.state().OptimizationDisabled = preset.optimizationDisabled;
     session_.optimizer().settings = preset.settings;
     for (const std::string& message : preset.messages)
         session_.showMessage(QString::fromStdString(message));

@@ -223,9 +223,9 @@ void SharedPanel::EingabeChange(const BoundInput& input) {
 
 void SharedPanel::SpinButtonClick(const BoundInput& input, int direction) {
     const InputField& field = input.field();
-    DesignState& state = session_.state();
+    Design& state = session_.state();
     const double x = field.read(state);
-    const double f = state.SweepFactor;
+    const double f = session_.preferences().SweepFactor;
     InputField target = field;
     if (field.object == kQInput) target.limits = kSpunQ;
     target.write(state, direction > 0 ? SpinStepUp(x, f) : SpinStepDown(x, f));

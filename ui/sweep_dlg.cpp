@@ -30,7 +30,7 @@ QString FactorText(double factor) {
 }  // namespace
 
 TSweepDlg::TSweepDlg(DesignSession& session, QWidget* parent)
-    : QDialog(parent), session_(session), before_(session.state().SweepFactor) {
+    : QDialog(parent), session_(session), before_(session.preferences().SweepFactor) {
     setObjectName(QStringLiteral("TSweepDlg"));
     setWindowTitle(tr("Sweep Factor"));
     edit_ = new InputEdit(QStringLiteral("SweepEingabe"));
@@ -56,15 +56,15 @@ TSweepDlg::TSweepDlg(DesignSession& session, QWidget* parent)
 
 void TSweepDlg::SweepEingabeChange() {
     const double typed = ParseValue(edit_->text().toStdString());
-    session_.state().SweepFactor = Clamp(typed, kSmallestFactor, kLargestFactor);
+    session_.preferences().SweepFactor = Clamp(typed, kSmallestFactor, kLargestFactor);
 }
 
 void TSweepDlg::restore() {
-    session_.state().SweepFactor = before_;
+    session_.preferences().SweepFactor = before_;
 }
 
 void TSweepDlg::showEvent(QShowEvent* event) {
-    before_ = session_.state().SweepFactor;
+    before_ = session_.preferences().SweepFactor;
     edit_->setText(FactorText(before_));
     edit_->setFocus();
     edit_->selectAll();

@@ -46,25 +46,26 @@ double Numbers::oneOf(std::initializer_list<double> values) {
     return values.begin()[stream_.below(static_cast<int>(values.size()))];
 }
 
-Design::Design(int page) {
+WorkedDesign::WorkedDesign(int page) {
     state.QB = kNearlyLossless;
     state.QBC = kNearlyLossless;
     EnterPage(state, page);
 }
 
-Design& Design::calculate() {
+WorkedDesign& WorkedDesign::calculate() {
     ResponseServices services;
     cycle = Calculate(state, true, services);
+    state = cycle.design;
     return *this;
 }
 
-double Design::output(std::string_view object) const {
+double WorkedDesign::output(std::string_view object) const {
     const std::string* text = cycle.text(object);
     return text ? ParseValue(*text) : 0;
 }
 
-Design Match(int page, double R1, double R2, double fo, double Q) {
-    Design design(page);
+WorkedDesign Match(int page, double R1, double R2, double fo, double Q) {
+    WorkedDesign design(page);
     design.state.R1 = R1;
     design.state.R2 = R2;
     design.state.fo = fo;

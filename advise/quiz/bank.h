@@ -40,19 +40,19 @@ inline constexpr double kNearlyLossless = 1e4;
 
 /// A page's design, calculated without optimization. Inputs not set here are the program's
 /// defaults with nearly lossless parts.
-struct Design {
-    explicit Design(int page);
+struct WorkedDesign {
+    explicit WorkedDesign(int page);
     /// Calculates; further calls start from the present inputs.
-    Design& calculate();
+    WorkedDesign& calculate();
     /// Value of an output field.
     double output(std::string_view object) const;
 
-    DesignState state;
+    Design state;
     CycleResult cycle;
 };
 
 /// A design that matches R1 to R2 at fo with Q.
-Design Match(int page, double R1, double R2, double fo, double Q = 5);
+WorkedDesign Match(int page, double R1, double R2, double fo, double Q = 5);
 
 /// A value as people write it: "50 Ω", "4.7 nF", "10.7 MHz".
 std::string Say(double value, std::string_view unit);

@@ -37,7 +37,7 @@ Question IdealRatio(Numbers& n) {
     return Ask(kMatching,
                "What voltage ratio v = V2/V1 has a lossless match from " + Say(task.R1, "Ω") +
                    " to " + Say(task.R2, "Ω") + "?",
-               Match(6, task.R1, task.R2, task.fo).state.RatioRef, "",
+               MatchedRatio(Match(6, task.R1, task.R2, task.fo).state), "",
                "Equal power at both ends: v = √(R2/R1).");
 }
 
@@ -70,7 +70,7 @@ Question GammaQ(Numbers& n) {
 
 Question GammaSide(Numbers& n) {
     const Task task = n.below(2) == 0 ? Rising(n) : Falling(n);
-    const Design design = Match(13, task.R1, task.R2, task.fo);
+    const WorkedDesign design = Match(13, task.R1, task.R2, task.fo);
     const Circuit circuit = PageOf(13).builtCircuit(design.state);
     const bool source = circuit.elements.front().place == Place::Shunt;
     std::vector<std::string> choices = {"across the source", "across the load"};
@@ -140,7 +140,7 @@ Question QuarterWaveImpedance(Numbers& n) {
 }
 
 Question QuarterWaveLength(Numbers& n) {
-    Design design(6);
+    WorkedDesign design(6);
     design.state.fo = n.frequency();
     design.state.er = n.oneOf({1, 2.1, 2.25, 4, 9.8});
     design.calculate();

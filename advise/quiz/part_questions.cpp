@@ -20,7 +20,7 @@ double Capacitance(Numbers& n) {
 }
 
 double OmegaAt(double f) {
-    DesignState state;
+    Design state;
     state.fo = f;
     return Omega(state);
 }
@@ -48,8 +48,8 @@ Question CapacitorOfReactance(Numbers& n) {
 }
 
 /// A real coil or capacitor as its page sees it.
-Design RealPart(double L, double C, double R, double fo) {
-    Design design(11);
+WorkedDesign RealPart(double L, double C, double R, double fo) {
+    WorkedDesign design(11);
     design.state.L = L;
     design.state.C = C;
     design.state.R = R;
@@ -81,7 +81,7 @@ Question EffectiveInductance(Numbers& n) {
 Question EffectiveCapacitance(Numbers& n) {
     const double C = n.oneOf({47e-12, 68e-12, 100e-12});
     const double fo = n.oneOf({200e6, 250e6, 300e6});
-    const Design real = RealPart(1e-9, C, 0.01, fo);
+    const WorkedDesign real = RealPart(1e-9, C, 0.01, fo);
     return Ask(kParts,
                "A capacitor of " + Say(C, "F") +
                    " has 1 nH in its leads. What capacitance does it show at " + Say(fo, "Hz") +
@@ -100,19 +100,19 @@ Question QOfCoil(Numbers& n) {
 }
 
 Question TotalElementQ(Numbers& n) {
-    Design design(1);
+    WorkedDesign design(1);
     design.state.QB = n.oneOf({40, 60, 80, 100, 150, 200});
     design.state.QBC = n.oneOf({300, 500, 1000, 2000});
     design.calculate();
     return Ask(kParts,
                "The coils have a Q of " + Say(design.state.QB, "") + ", the capacitors one of " +
                    Say(design.state.QBC, "") + ". What is the total effective element Q?",
-               design.state.QBges, "", "Losses add, so it is the harmonic mean 2/(1/QL + 1/QC).");
+               design.cycle.QBges, "", "Losses add, so it is the harmonic mean 2/(1/QL + 1/QC).");
 }
 
 /// The tank of the Comb. LC page.
-Design CombinedTank(Numbers& n) {
-    Design design(12);
+WorkedDesign CombinedTank(Numbers& n) {
+    WorkedDesign design(12);
     design.state.Ls = n.oneOf({0.47e-6, 1e-6, 2.2e-6});
     design.state.Cs = n.oneOf({47e-12, 100e-12, 220e-12});
     design.state.Lp = n.oneOf({0.47e-6, 1e-6, 2.2e-6});
@@ -120,19 +120,19 @@ Design CombinedTank(Numbers& n) {
     return design;
 }
 
-std::string TankText(const DesignState& s) {
+std::string TankText(const Design& s) {
     return "Ls = " + Say(s.Ls, "H") + " and Cs = " + Say(s.Cs, "F") +
            " in series lie across Lp = " + Say(s.Lp, "H") + ". ";
 }
 
 Question TrapShort(Numbers& n) {
-    const Design tank = CombinedTank(n);
+    const WorkedDesign tank = CombinedTank(n);
     return Ask(kParts, TankText(tank.state) + "At which frequency is the combination a short?",
                tank.output("fs12Ausgabe"), "Hz", "The series branch alone: 1/(2π·√(Ls·Cs)).");
 }
 
 Question TrapOpen(Numbers& n) {
-    const Design tank = CombinedTank(n);
+    const WorkedDesign tank = CombinedTank(n);
     return Ask(kParts, TankText(tank.state) + "At which frequency is the combination open?",
                tank.output("fp12Ausgabe"), "Hz",
                "The loop of all three parts: 1/(2π·√((Ls + Lp)·Cs)).");

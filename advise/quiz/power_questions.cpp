@@ -17,7 +17,7 @@ Question PadResistor(Numbers& n, const std::string& form, const std::string& whi
                      std::string_view field, const std::string& explanation) {
     const double R = n.oneOf({50, 60, 75, 600});
     const double dB = n.oneOf({3, 6, 10, 20});
-    Design design(8);
+    WorkedDesign design(8);
     design.state.R1 = R;
     design.state.R2 = R;
     design.state.v8 = Power(10, -dB / 20);
@@ -36,13 +36,13 @@ Question PadPi(Numbers& n) {
     return PadResistor(n, "pi", "shunt", "RaPi8Ausgabe", "R·(a + 1)/(a - 1)");
 }
 
-Design LPad(Numbers& n) {
+WorkedDesign LPad(Numbers& n) {
     const double R2 = n.oneOf({25, 50, 60, 75});
     return Match(7, R2 * n.oneOf({1.5, 2, 3, 4, 6}), R2, 1e6);
 }
 
 Question LPadSeries(Numbers& n) {
-    const Design pad = LPad(n);
+    const WorkedDesign pad = LPad(n);
     return Ask(kPads,
                "A resistive L pad matches " + Say(pad.state.R1, "Ω") + " to " +
                    Say(pad.state.R2, "Ω") + ". How large is its series resistor?",
@@ -50,7 +50,7 @@ Question LPadSeries(Numbers& n) {
 }
 
 Question LPadLoss(Numbers& n) {
-    const Design pad = LPad(n);
+    const WorkedDesign pad = LPad(n);
     return AskDecibels(kPads,
                        "A resistive L pad matches " + Say(pad.state.R1, "Ω") + " to " +
                            Say(pad.state.R2, "Ω") + ". How many dB does it lose?",
@@ -58,21 +58,21 @@ Question LPadLoss(Numbers& n) {
                        "20·log(√r + √(r - 1)) with r = R1/R2, the least that any pad can lose.");
 }
 
-Design Amplifier(Numbers& n, int page) {
-    Design design(page);
+WorkedDesign Amplifier(Numbers& n, int page) {
+    WorkedDesign design(page);
     design.state.P = n.oneOf({0.5, 1, 2, 5, 10});
     design.state.Ub = n.oneOf({5, 9, 12, 13.8, 28});
     design.state.Usat = n.oneOf({0.2, 0.5, 1});
     return design;
 }
 
-std::string StageText(const DesignState& s) {
+std::string StageText(const Design& s) {
     return Say(s.P, "W") + " at a supply of " + Say(s.Ub, "V") + " and a saturation voltage of " +
            Say(s.Usat, "V");
 }
 
 Question OptimumLoad(Numbers& n) {
-    Design design = Amplifier(n, 10);
+    WorkedDesign design = Amplifier(n, 10);
     design.calculate();
     return Ask(kAmplifiers,
                "Which load resistance draws " + StageText(design.state) + " from a linear stage?",
@@ -80,7 +80,7 @@ Question OptimumLoad(Numbers& n) {
 }
 
 Question ClassBEfficiency(Numbers& n) {
-    Design design = Amplifier(n, 10);
+    WorkedDesign design = Amplifier(n, 10);
     design.calculate();
     return Ask(kAmplifiers,
                "What efficiency in percent can class B reach at a supply of " +
@@ -90,7 +90,7 @@ Question ClassBEfficiency(Numbers& n) {
 }
 
 Question SupplyCurrent(Numbers& n) {
-    Design design = Amplifier(n, 10);
+    WorkedDesign design = Amplifier(n, 10);
     design.calculate();
     return Ask(
         kAmplifiers,
@@ -99,7 +99,7 @@ Question SupplyCurrent(Numbers& n) {
 }
 
 Question ClassEPeak(Numbers& n) {
-    Design design = Amplifier(n, 15);
+    WorkedDesign design = Amplifier(n, 15);
     design.calculate();
     return Ask(kAmplifiers,
                "Which voltage must the switch of a class-E stage stand at a supply of " +
@@ -108,7 +108,7 @@ Question ClassEPeak(Numbers& n) {
 }
 
 Question ClassELoad(Numbers& n) {
-    Design design = Amplifier(n, 15);
+    WorkedDesign design = Amplifier(n, 15);
     design.state.Q = n.oneOf({3, 5, 7, 10});
     design.calculate();
     return Ask(kAmplifiers,
@@ -119,10 +119,10 @@ Question ClassELoad(Numbers& n) {
 }
 
 Question DividerTap(Numbers& n) {
-    Design design(19);
+    WorkedDesign design(19);
     design.state.Rtot = n.oneOf({10e3, 50e3, 100e3, 200e3});
     design.calculate();
-    const DesignState& s = design.state;
+    const Design& s = design.state;
     return Ask(kPads,
                "A resistor string of " + Say(s.Rtot, "Ω") + " hangs on " + Say(s.Vref, "V") +
                    ". Which resistance stands between ground and the tap of " + Say(s.Vlow1, "V") +

@@ -16,7 +16,7 @@ namespace {
 const char* const kResponse = "Frequency response";
 const char* const kLosses = "Losses";
 
-double GainDb(const Design& design, double f) {
+double GainDb(const WorkedDesign& design, double f) {
     return Response(design.state).relativeDb(f);
 }
 
@@ -40,7 +40,7 @@ Question DirectConnection(Numbers& n) {
     const double R1 = n.resistance();
     const double R2 = R1 * n.ratio();
     // At 2·fo the quarter-wave line is half a wave long: the load shows as if connected directly.
-    const Design line = Match(6, R1, R2, 100e6);
+    const WorkedDesign line = Match(6, R1, R2, 100e6);
     return AskDecibels(kResponse,
                        "A source of " + Say(R1, "Ω") + " is connected to a load of " +
                            Say(R2, "Ω") + " without any match. What is GT?",
@@ -50,7 +50,7 @@ Question DirectConnection(Numbers& n) {
 Question HarmonicOfLSection(Numbers& n) {
     const double R1 = n.resistance();
     const double R2 = R1 * n.oneOf({4, 6, 9, 12, 16, 25});
-    const Design design = Match(13, R1, R2, 100e6);
+    const WorkedDesign design = Match(13, R1, R2, 100e6);
     return AskDecibels(kResponse,
                        "A lossless low-pass L-section matches " + Say(R1, "Ω") + " to " +
                            Say(R2, "Ω") + ". By how many dB is GT at 2·fo below that at fo?",
@@ -63,7 +63,7 @@ Question WidestMatch(Numbers& n) {
     const double R2 = R1 * n.oneOf({10, 16, 20, 25});
     std::vector<Contender> contenders;
     for (const int page : {1, 3, 14}) {
-        const Design design = Match(page, R1, R2, 100e6, 10);
+        const WorkedDesign design = Match(page, R1, R2, 100e6, 10);
         contenders.push_back({page, PassbandAround(Response(design.state), 100e6).width()});
     }
     return Choose(
@@ -80,7 +80,7 @@ Question BestHarmonicSuppression(Numbers& n) {
     const double R2 = R1 * n.oneOf({3, 4, 5, 6});
     std::vector<Contender> contenders;
     for (const int page : {3, 6, 13}) {
-        const Design design = Match(page, R1, R2, 100e6, 8);
+        const WorkedDesign design = Match(page, R1, R2, 100e6, 8);
         contenders.push_back({page, GainDb(design, 100e6) - GainDb(design, 200e6)});
     }
     return Choose(n, kResponse,
@@ -99,7 +99,7 @@ Question PassesDc(Numbers& n) {
     std::vector<std::string> fitting;
     std::vector<std::string> others;
     for (const int page : {1, 3, 5, 6, 13, 14, 17}) {
-        const Design design = Match(page, R1, R2, 100e6, 10);
+        const WorkedDesign design = Match(page, R1, R2, 100e6, 10);
         const Circuit circuit = PageOf(page).builtCircuit(design.state);
         (DcPathOf(circuit) == wanted ? fitting : others).emplace_back(PageOf(page).caption);
     }
@@ -120,7 +120,7 @@ Question PassesDc(Numbers& n) {
 Question LossOfFiniteQ(Numbers& n) {
     const double Q = n.oneOf({5, 8, 10, 15, 20});
     const double elementQ = n.oneOf({50, 100, 150, 200});
-    Design design(3);
+    WorkedDesign design(3);
     design.state.R1 = 50;
     design.state.R2 = n.oneOf({100, 150, 200});
     design.state.Q = Q;
@@ -143,7 +143,7 @@ Question LosesLeast(Numbers& n) {
     const double R2 = n.oneOf({150, 200, 300});
     std::vector<Contender> contenders;
     for (const int page : {1, 3, 13}) {
-        Design design = Match(page, 50, R2, 100e6, 12);
+        WorkedDesign design = Match(page, 50, R2, 100e6, 12);
         design.state.QB = 80;
         design.state.QBC = 80;
         design.calculate();
@@ -160,7 +160,7 @@ Question UpperEdge(Numbers& n) {
     const double R1 = n.resistance();
     const double R2 = 4 * R1;
     const double fo = n.frequency();
-    const Design design = Match(13, R1, R2, fo);
+    const WorkedDesign design = Match(13, R1, R2, fo);
     return Ask(kResponse,
                "A lossless low-pass L-section matches " + Say(R1, "Ω") + " to " + Say(R2, "Ω") +
                    " at " + Say(fo, "Hz") + ". Up to which frequency is GT better than -3 dB?",

@@ -16,28 +16,21 @@ constexpr std::string_view kNeedsSupply = "It must be Ub>Usat!";
 /// Output power and supply, which both pages share; the edits have names of their own.
 std::vector<InputField> SupplyInputs(std::string_view P, std::string_view Ub,
                                      std::string_view Usat) {
-    return {
-        {P,
-         "Output Power P",
-         "W",
-         "Power to be delivered at fo",
-         "p",
-         &DesignState::P,
-         {1e-6, 1e6}},
-        {Ub, "Supply Voltage Ub", "V", "Supply of the stage", "ub", &DesignState::Ub, {0.1, 1e5}},
-        {Usat,
-         "Saturation Voltage Usat",
-         "V",
-         "Voltage that the switched-on transistor keeps; lower than Ub",
-         "usat",
-         &DesignState::Usat,
-         {0, 1e5}}};
+    return {{P, "Output Power P", "W", "Power to be delivered at fo", "p", &Design::P, {1e-6, 1e6}},
+            {Ub, "Supply Voltage Ub", "V", "Supply of the stage", "ub", &Design::Ub, {0.1, 1e5}},
+            {Usat,
+             "Saturation Voltage Usat",
+             "V",
+             "Voltage that the switched-on transistor keeps; lower than Ub",
+             "usat",
+             &Design::Usat,
+             {0, 1e5}}};
 }
 
 // ---------------------------------------------------------------- RLopt
 
 /// Load that takes the power with the full swing Ub - Usat as amplitude.
-double OptimumLoad(const DesignState& s) {
+double OptimumLoad(const Design& s) {
     const long double swing = static_cast<long double>(s.Ub) - s.Usat;
     return static_cast<double>(swing * swing / (2 * s.P));
 }
@@ -46,7 +39,7 @@ void DesignOptimumLoad(DesignPass& pass) {
     constexpr double percent = 100;
     constexpr double classA = 0.5;
     constexpr double classB = std::numbers::pi / 4;
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     if (s.Usat >= s.Ub) return pass.refuse(std::string(kNeedsSupply));
     const double RL = OptimumLoad(s);
     const double I1 = (s.Ub - s.Usat) / RL;
@@ -59,7 +52,7 @@ void DesignOptimumLoad(DesignPass& pass) {
     pass.show("IB10Ausgabe", 2 * I1 / std::numbers::pi);
 }
 
-std::string UseOptimumLoad(DesignState& s) {
+std::string UseOptimumLoad(Design& s) {
     if (s.Usat >= s.Ub) return std::string(kNeedsSupply);
     SharedInputs()[0].write(s, OptimumLoad(s));
     return {};
@@ -72,7 +65,7 @@ std::string UseOptimumLoad(DesignState& s) {
 constexpr double kSmallestClassEQ = 1.7879;
 constexpr long double kChokeReactances = 30;  // reactance of the choke in reactances of Cs
 
-void StoreClassE(DesignState& s, long double omega) {
+void StoreClassE(Design& s, long double omega) {
     const long double Q = s.Q;
     const long double swing = static_cast<long double>(s.Ub) - s.Usat;
     const long double R =
@@ -92,7 +85,7 @@ void StoreClassE(DesignState& s, long double omega) {
 }
 
 void DesignClassE(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     if (s.Usat >= s.Ub) return pass.refuse(std::string(kNeedsSupply));
     if (s.Q <= kSmallestClassEQ) return pass.refuse("Q must be larger than 1.79!");
     if (pass.storeComponents) StoreClassE(s, pass.omega);
@@ -102,7 +95,7 @@ void DesignClassE(DesignPass& pass) {
     pass.setBandwidth(s.fo / s.Q);
 }
 
-Circuit ClassECircuit(const DesignState& s) {
+Circuit ClassECircuit(const Design& s) {
     using enum ElementKind;
     return {Topology::ClassE,
             {PagePart(Choke, Place::Series, "Lc", s, Slot::L, "Lc15Ausgabe"),
@@ -173,8 +166,8 @@ Page ClassEPage() {
     page.inputs = SupplyInputs("P15Eingabe", "Ub15Eingabe", "Usat15Eingabe");
     // The shared Q has its option already.
     page.inputs.push_back({"Q15Eingabe", "Q-Factor", "",
-                           "Loaded Q of L2, C2 and R, above 1.79; 5 to 10 is usual", "",
-                           &DesignState::Q, page.typedQ, Fixed(8, 2)});
+                           "Loaded Q of L2, C2 and R, above 1.79; 5 to 10 is usual", "", &Design::Q,
+                           page.typedQ, Fixed(8, 2)});
     page.outputs = ClassEOutputs();
     page.design = DesignClassE;
     page.circuit = ClassECircuit;

@@ -17,10 +17,15 @@ constexpr double kFlat = 1e20;  // bandwidth of a network without reactances
 
 // ---------------------------------------------------------------- L
 
+/// A pad always loses something: what it passes at fo is 0 dB in the plots.
+bool IsPad(const Design& s) {
+    return s.R1 > s.R2;
+}
+
 void DesignPassiveL(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     pass.setBandwidth(kFlat);
-    if (!(s.R1 > s.R2)) {
+    if (!IsPad(s)) {
         pass.refuse(std::string(kNeedsR2Smaller));
         return pass.optimize();
     }
@@ -32,18 +37,17 @@ void DesignPassiveL(DesignPass& pass) {
     }
     pass.showComponents();
     pass.evaluate();
-    s.RatioRef = s.ue;  // the pad's own transmission is 0 dB in the plots
     pass.optimize();
 }
 
 /// Voltage divider R1 + Rs over Rp || R2, without frequency dependence.
-Transfer PassiveLTransfer(const DesignState& s) {
+Transfer PassiveLTransfer(const Design& s) {
     const long double Rs = s.components[Slot::C1];
     const long double Rp = s.components[Slot::C2];
     return Transfer::Polynomial(1, 0, {1 + (s.R1 + Rs) * (1 / Rp + 1 / s.R2), 0, 0, 0, 0});
 }
 
-Circuit PassiveLCircuit(const DesignState& s) {
+Circuit PassiveLCircuit(const Design& s) {
     using enum ElementKind;
     return {Topology::Ladder,
             {PagePart(Resistor, Place::Series, "R1´", s, Slot::C1, "R17Ausgabe"),
@@ -75,7 +79,7 @@ long double SmallestLossRatio(long double R1, long double R2) {
 
 /// Matched attenuators by their image resistances; ITT, Reference Data for Radio Engineers,
 /// "Attenuators". At the smallest loss one arm vanishes, and what rounding leaves of it is no arm.
-void StorePads(DesignState& s, long double N) {
+void StorePads(Design& s, long double N) {
     constexpr long double negligible = 1e-8L;
     const long double R1 = s.R1;
     const long double R2 = s.R2;
@@ -103,7 +107,7 @@ void StorePads(DesignState& s, long double N) {
 
 void DesignPads(DesignPass& pass) {
     constexpr long double rounding = 1e-9L;
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     pass.setBandwidth(kFlat);
     const long double N = LossRatio(s.R1, s.R2, s.v8);
     const long double smallest = SmallestLossRatio(s.R1, s.R2);
@@ -119,7 +123,7 @@ void DesignPads(DesignPass& pass) {
 }
 
 /// Chain matrix of the T between R1 and R2, without frequency dependence.
-Transfer PadTransfer(const DesignState& s) {
+Transfer PadTransfer(const Design& s) {
     const long double Ra = s.components[kSourceT];
     const long double Rp = s.components[kShuntT];
     const long double Rb = s.components[kLoadT];
@@ -128,7 +132,7 @@ Transfer PadTransfer(const DesignState& s) {
     return Transfer::Polynomial(1, 0, {(R1 + R2 + R1 * R2 / Rp) / s.R2, 0, 0, 0, 0});
 }
 
-Circuit PadT(const DesignState& s) {
+Circuit PadT(const Design& s) {
     using enum ElementKind;
     return {.topology = Topology::Ladder,
             .elements = {PagePart(Resistor, Place::Series, "Ra", s, kSourceT, "RaT8Ausgabe"),
@@ -137,7 +141,7 @@ Circuit PadT(const DesignState& s) {
             .caption = "T"};
 }
 
-Circuit PadPi(const DesignState& s) {
+Circuit PadPi(const Design& s) {
     using enum ElementKind;
     return {.topology = Topology::Ladder,
             .elements = {PagePart(Resistor, Place::Shunt, "Ra", s, kSourcePi, "RaPi8Ausgabe"),
@@ -184,6 +188,7 @@ Page PassiveLPage() {
     page.testParameters = 2;
     page.design = DesignPassiveL;
     page.transfer = PassiveLTransfer;
+    page.refersToItself = IsPad;
     page.circuit = PassiveLCircuit;
     return page;
 }
@@ -205,7 +210,7 @@ Page PassivePiTPage() {
          "",
          "Wanted ratio of load to source voltage; unequal resistances set an upper limit",
          "v",
-         &DesignState::v8,
+         &Design::v8,
          {1e-4, 1e3},
          Fixed(8, 4)}};
     page.outputs = PadOutputs();

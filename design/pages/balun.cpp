@@ -10,7 +10,7 @@ namespace kelvro {
 namespace {
 
 void DesignBalun(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     if (pass.storeComponents) {
         const long double X = std::sqrt(2 * static_cast<long double>(s.R1) * s.R2);
         s.components[Slot::C1] = static_cast<double>(1 / (pass.omega * X));
@@ -21,7 +21,7 @@ void DesignBalun(DesignPass& pass) {
 }
 
 /// V(s) of the + output: series L, then C || R2, with the other branch loading the source.
-Transfer BalunTransfer(const DesignState& s) {
+Transfer BalunTransfer(const Design& s) {
     const long double C = s.components[Slot::C1];
     const long double L = s.components[Slot::L];
     const long double G1 = 1 / static_cast<long double>(s.R1);
@@ -29,7 +29,7 @@ Transfer BalunTransfer(const DesignState& s) {
     return Transfer::Polynomial(G1, 0, {G1 + G2, L * G1 * G2 + 2 * C, L * C * (G1 + G2), 0, 0});
 }
 
-Circuit BalunCircuit(const DesignState& s) {
+Circuit BalunCircuit(const Design& s) {
     using enum ElementKind;
     Circuit circuit{Topology::Balun,
                     {PagePart(Inductor, Place::Series, "L", s, Slot::L, "L9Ausgabe"),

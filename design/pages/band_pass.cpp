@@ -49,8 +49,7 @@ struct FilterCapacitors {
 /// J-inverter design of Matthaei, Young, Jones, "Microwave Filters, Impedance-Matching Networks and
 /// Coupling Structures", ch. 8. The inverters hold in a narrow band around fo. Nothing when the
 /// bandwidth asks for a capacitor that cannot be built.
-std::optional<FilterCapacitors> FindCapacitors(const DesignState& s, long double omega,
-                                               long double Qe) {
+std::optional<FilterCapacitors> FindCapacitors(const Design& s, long double omega, long double Qe) {
     const int N = s.NBP;
     const Values g = s.rippleBP > 0 ? ChebyshevPrototype(N, s.rippleBP) : ButterworthPrototype(N);
     const auto last = static_cast<std::size_t>(N);
@@ -89,7 +88,7 @@ Slot ResonatorSlot(std::size_t i) {
 }
 
 void DesignBandPass(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     const auto found = FindCapacitors(s, pass.omega, pass.Qe);
     if (!found) {
         return pass.refuse("Bandwidth too large for this inductance! Increase Q or change L.");
@@ -107,7 +106,7 @@ void DesignBandPass(DesignPass& pass) {
     pass.setBandwidth(s.fo / pass.Qe);
 }
 
-Circuit BandPassCircuit(const DesignState& s) {
+Circuit BandPassCircuit(const Design& s) {
     using enum ElementKind;
     constexpr std::array<std::string_view, 9> couplings = {"C01", "C12", "C23", "C34", "C45",
                                                            "C56", "C67", "C78", "C89"};
@@ -147,14 +146,14 @@ Page BandPassPage() {
                     "H",
                     "Inductance of every resonator; smaller: larger capacitors, wider band",
                     "lbp",
-                    &DesignState::LBP,
+                    &Design::LBP,
                     {1e-15, 1e3}},
                    {"N17Eingabe",
                     "Resonators N(BP)",
                     "",
                     "Number of resonators, 1 to 8",
                     "nbp",
-                    &DesignState::NBP,
+                    &Design::NBP,
                     {1, 8},
                     Fixed(7, 0)},
                    {"Ripple17Eingabe",
@@ -162,11 +161,11 @@ Page BandPassPage() {
                     "dB",
                     "Ripple in the pass band, 0 to 3 dB; 0: maximally flat (Butterworth)",
                     "ripple",
-                    &DesignState::rippleBP,
+                    &Design::rippleBP,
                     {0, 3}}};
     page.table = "Bp17Tabelle";
     page.design = DesignBandPass;
-    page.transfer = [](const DesignState& s) { return Transfer::Ladder(BandPassCircuit(s)); };
+    page.transfer = [](const Design& s) { return Transfer::Ladder(BandPassCircuit(s)); };
     page.circuit = BandPassCircuit;
     return page;
 }

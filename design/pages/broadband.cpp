@@ -16,17 +16,17 @@ namespace {
 /// optimizer works on those.
 template <Slot Mean, Slot Ratio>
 struct ElementPair {
-    static double first(const DesignState& s) {
+    static double first(const Design& s) {
         const double m = s.components[Mean];
         return s.eightElements ? m / s.components[Ratio] : m;
     }
-    static double second(const DesignState& s) {
+    static double second(const Design& s) {
         const double r = s.components[Ratio];
         return s.eightElements ? s.components[Mean] * r : r;
     }
-    static void setFirst(DesignState& s, double x) { store(s, x, second(s)); }
-    static void setSecond(DesignState& s, double x) { store(s, first(s), x); }
-    static void store(DesignState& s, double x, double y) {
+    static void setFirst(Design& s, double x) { store(s, x, second(s)); }
+    static void setSecond(Design& s, double x) { store(s, first(s), x); }
+    static void store(Design& s, double x, double y) {
         constexpr double smallest =
             1e-150;  // a value that could not be read leaves the other alone
         if (s.eightElements) {
@@ -44,11 +44,11 @@ using FrontL = ElementPair<Slot::L, Slot::L2>;
 using BackC = ElementPair<Slot::X5, Slot::X6>;
 using BackL = ElementPair<Slot::X7, Slot::X8>;
 
-int Sections(const DesignState& s) {
+int Sections(const Design& s) {
     return s.eightElements ? 4 : 2;
 }
 
-void StoreLadder(DesignState& s, long double omega) {
+void StoreLadder(Design& s, long double omega) {
     const long double R1 = s.R1;
     const long double step = std::pow(s.R2 / R1, 1.0L / Sections(s));
     const long double q = std::sqrt(step - 1);
@@ -68,14 +68,14 @@ void StoreLadder(DesignState& s, long double omega) {
 }
 
 void DesignBroadband(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     if (!(s.R2 > s.R1)) return pass.refuse(std::string(kNeedsR2Larger));
     if (pass.storeComponents) StoreLadder(s, pass.omega);
     pass.finish();
     pass.setBandwidth(s.fo / pass.Qe);
 }
 
-Circuit BroadbandCircuit(const DesignState& s) {
+Circuit BroadbandCircuit(const Design& s) {
     using enum ElementKind;
     const auto L = [](std::string_view name, double value, Slot slot, std::string_view field) {
         return Element{Inductor, Place::Series, std::string(name), value, slot, field};
@@ -98,7 +98,7 @@ Circuit BroadbandCircuit(const DesignState& s) {
 }
 
 /// V(s) of R1 - L1 - C1 across - L2 - (C2 || R2); of four sections by chain matrices.
-Transfer BroadbandTransfer(const DesignState& s) {
+Transfer BroadbandTransfer(const Design& s) {
     if (s.eightElements) return Transfer::Ladder(BroadbandCircuit(s));
     const long double C1 = s.components[Slot::C1];
     const long double C2 = s.components[Slot::C2];
@@ -136,7 +136,7 @@ std::vector<OutputField> BroadbandOutputs() {
                    Component("C416Ausgabe", "C4", "Capacitance C4", "F", Slot::X6));
     for (std::size_t i = 0; i < pairs.size(); ++i) {
         pairs[i].initial = kNoValueYet;
-        if (i >= 4) pairs[i].shown = [](const DesignState& s) { return s.eightElements; };
+        if (i >= 4) pairs[i].shown = [](const Design& s) { return s.eightElements; };
     }
     // From source to load.
     return {pairs[0], pairs[2], pairs[1], pairs[3], pairs[4], pairs[6], pairs[5], pairs[7]};
@@ -159,10 +159,10 @@ Page BroadbandMatchPage() {
                    "Q up to 0.21: widest band; larger Q: the loaded Q is kept"}};
     page.switches = {{"CheckBoxExt16", "8 elements",
                       "Four sections instead of two: wider band, flatter response",
-                      [](DesignState& s) -> bool& { return s.eightElements; }}};
+                      [](Design& s) -> bool& { return s.eightElements; }}};
     page.switches[0].option = "ext";
     page.outputs = BroadbandOutputs();
-    page.goalSlots = [](const DesignState& s) {
+    page.goalSlots = [](const Design& s) {
         using enum Slot;
         return s.eightElements ? std::vector{C1, C2, L, L2, X5, X6, X7, X8}
                                : std::vector{C1, C2, L, L2};

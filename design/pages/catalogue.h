@@ -44,7 +44,7 @@ OutputField Component(std::string_view object, std::string_view name, std::strin
                       std::string_view unit, Slot slot);
 
 /// An element of a circuit that keeps its value in a slot.
-Element PagePart(ElementKind kind, Place place, std::string_view name, const DesignState& state,
-             Slot slot, std::string_view field);
+Element PagePart(ElementKind kind, Place place, std::string_view name, const Design& state,
+                 Slot slot, std::string_view field);
 
 }  // namespace kelvro

@@ -14,12 +14,12 @@ constexpr std::array kStringSlots = {Slot::C1, Slot::C2, Slot::L,  Slot::L2,
 constexpr std::size_t kBandGap = kStringSlots.size() - 1;  // RD8 stands beside the string
 
 /// Ground, the six taps and the top of the string.
-std::array<long double, 8> Voltages(const DesignState& s) {
+std::array<long double, 8> Voltages(const Design& s) {
     return {0, s.Vlow1, s.Vlow2, s.Vmid1, s.Vmid2, s.Vhi1, s.Vhi2, s.Vref};
 }
 
 void DesignDivider(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     const auto V = Voltages(s);
     for (std::size_t i = 1; i < V.size(); ++i) {
         if (!(V[i] > V[i - 1])) return pass.refuse("Tap voltages must rise from Vlow1 to Vref!");
@@ -35,7 +35,7 @@ void DesignDivider(DesignPass& pass) {
     pass.show("I19Ausgabe", static_cast<double>(I));
 }
 
-Circuit DividerCircuit(const DesignState& s) {
+Circuit DividerCircuit(const Design& s) {
     static constexpr std::array<std::string_view, 8> names = {"RD1", "RD2", "RD3", "RD4",
                                                               "RD5", "RD6", "RD7", "RD8"};
     static constexpr std::array<std::string_view, 8> fields = {
@@ -55,24 +55,24 @@ Circuit DividerCircuit(const DesignState& s) {
 std::vector<InputField> DividerInputs() {
     constexpr Limits limits{1e-9, 1e9};
     const auto tap = [&](std::string_view object, std::string_view label, std::string_view option,
-                         double DesignState::*value) {
+                         double Design::*value) {
         return InputField{object, label, "V",   "Tap voltage; the taps rise from Vlow1 to Vref",
                           option, value, limits};
     };
     return {{"Vref19Eingabe", "Reference Vref", "V", "Voltage at the top of the string", "vref",
-             &DesignState::Vref, limits},
+             &Design::Vref, limits},
             {"Rtot19Eingabe", "Total Rtot", "Ω", "Resistance of the whole string, RD1 to RD7",
-             "rtot", &DesignState::Rtot, limits},
-            tap("Vlow119Eingabe", "Vlow1", "vlow1", &DesignState::Vlow1),
-            tap("Vlow219Eingabe", "Vlow2", "vlow2", &DesignState::Vlow2),
-            tap("Vmid119Eingabe", "Vmid1", "vmid1", &DesignState::Vmid1),
-            tap("Vmid219Eingabe", "Vmid2", "vmid2", &DesignState::Vmid2),
-            tap("Vhi119Eingabe", "Vhi1", "vhi1", &DesignState::Vhi1),
-            tap("Vhi219Eingabe", "Vhi2", "vhi2", &DesignState::Vhi2),
+             "rtot", &Design::Rtot, limits},
+            tap("Vlow119Eingabe", "Vlow1", "vlow1", &Design::Vlow1),
+            tap("Vlow219Eingabe", "Vlow2", "vlow2", &Design::Vlow2),
+            tap("Vmid119Eingabe", "Vmid1", "vmid1", &Design::Vmid1),
+            tap("Vmid219Eingabe", "Vmid2", "vmid2", &Design::Vmid2),
+            tap("Vhi119Eingabe", "Vhi1", "vhi1", &Design::Vhi1),
+            tap("Vhi219Eingabe", "Vhi2", "vhi2", &Design::Vhi2),
             {"Vbg19Eingabe", "Band-gap Vbg", "V", "Band-gap voltage across RD8", "vbg",
-             &DesignState::Vbg, limits},
+             &Design::Vbg, limits},
             {"Ibg19Eingabe", "Bias Current Ibg", "A", "Current that RD8 sets from Vbg", "ibg",
-             &DesignState::Ibg, limits}};
+             &Design::Ibg, limits}};
 }
 
 std::vector<OutputField> DividerOutputs() {
@@ -114,7 +114,7 @@ Page RDividerPage() {
                    "Round the resistors to standard values, then Take and Optimize"}};
     page.inputs = DividerInputs();
     page.outputs = DividerOutputs();
-    page.goalSlots = [](const DesignState&) {
+    page.goalSlots = [](const Design&) {
         return std::vector<Slot>(kStringSlots.begin(), kStringSlots.end());
     };
     page.design = DesignDivider;

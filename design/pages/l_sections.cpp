@@ -10,14 +10,14 @@ namespace kelvro {
 
 namespace {
 
-void Store(DesignState& s, Slot slot, long double value) {
+void Store(Design& s, Slot slot, long double value) {
     s.components[slot] = static_cast<double>(value);
 }
 
 // ---------------------------------------------------------------- gamma
 
 void DesignGamma(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     if (s.R1 == s.R2) return pass.refuse(std::string(kNeedsDifferentR));
     const long double high = std::max(s.R1, s.R2);
     const long double low = std::min(s.R1, s.R2);
@@ -32,7 +32,7 @@ void DesignGamma(DesignPass& pass) {
 }
 
 /// V(s) of R1 - L - (C || R2), or of (R1, C across) - L - R2: C is on the side of the larger R.
-Transfer GammaTransfer(const DesignState& s) {
+Transfer GammaTransfer(const Design& s) {
     const long double C = s.components[Slot::C1];
     const long double L = s.components[Slot::L];
     const long double G1 = 1 / static_cast<long double>(s.R1);
@@ -40,7 +40,7 @@ Transfer GammaTransfer(const DesignState& s) {
     return Transfer::Polynomial(G1, 0, {G1 + G2, C + L * G1 * G2, L * C * std::max(G1, G2), 0, 0});
 }
 
-Circuit GammaCircuit(const DesignState& s) {
+Circuit GammaCircuit(const Design& s) {
     using enum ElementKind;
     Circuit circuit{Topology::Ladder,
                     {PagePart(Inductor, Place::Series, "L", s, Slot::L, "L13Ausgabe"),
@@ -52,7 +52,7 @@ Circuit GammaCircuit(const DesignState& s) {
 // ---------------------------------------------------------------- LCCL
 
 void DesignLccl(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     if (!(s.R2 > s.R1)) return pass.refuse(std::string(kNeedsR2Larger));
     if (pass.storeComponents) {
         const long double R1 = s.R1;
@@ -69,7 +69,7 @@ void DesignLccl(DesignPass& pass) {
 }
 
 /// V(s) of R1 - L1 - C1 across - C2 - (L2 || R2).
-Transfer LcclTransfer(const DesignState& s) {
+Transfer LcclTransfer(const Design& s) {
     const long double C1 = s.components[Slot::C1];
     const long double C2 = s.components[Slot::C2];
     const long double L1 = s.components[Slot::L];
@@ -84,7 +84,7 @@ Transfer LcclTransfer(const DesignState& s) {
          G1 * (R1 * C1 * L2 * C2 + L1 * L2 * G2 * (C1 + C2)), G1 * L1 * C1 * L2 * C2});
 }
 
-Circuit LcclCircuit(const DesignState& s) {
+Circuit LcclCircuit(const Design& s) {
     using enum ElementKind;
     return {Topology::Ladder,
             {PagePart(Inductor, Place::Series, "L1", s, Slot::L, "L114Ausgabe"),
@@ -96,7 +96,7 @@ Circuit LcclCircuit(const DesignState& s) {
 // ---------------------------------------------------------------- double L
 
 void DesignDoubleL(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     if (!(s.R1 > s.R2)) return pass.refuse(std::string(kNeedsR1Larger));
     if (pass.storeComponents) {
         const long double R1 = s.R1;
@@ -113,7 +113,7 @@ void DesignDoubleL(DesignPass& pass) {
 }
 
 /// V(s) of R1 - L1 across - C1 - L2 across - C2 - R2.
-Transfer DoubleLTransfer(const DesignState& s) {
+Transfer DoubleLTransfer(const Design& s) {
     const long double C1 = s.components[Slot::C1];
     const long double C2 = s.components[Slot::C2];
     const long double L1 = s.components[Slot::L];
@@ -126,7 +126,7 @@ Transfer DoubleLTransfer(const DesignState& s) {
          C1 * C2 * (L1 + L2) + G1 * G2 * L1 * L2 * (C1 + C2), L1 * L2 * C1 * C2 * (G1 + G2)});
 }
 
-Circuit DoubleLCircuit(const DesignState& s) {
+Circuit DoubleLCircuit(const Design& s) {
     using enum ElementKind;
     return {Topology::Ladder,
             {PagePart(Inductor, Place::Shunt, "L1", s, Slot::L, "L118Ausgabe"),
@@ -135,7 +135,7 @@ Circuit DoubleLCircuit(const DesignState& s) {
              PagePart(Capacitor, Place::Series, "C2", s, Slot::C2, "C218Ausgabe")}};
 }
 
-std::vector<Slot> FourSlots(const DesignState&) {
+std::vector<Slot> FourSlots(const Design&) {
     return {Slot::C1, Slot::C2, Slot::L, Slot::L2};
 }
 
@@ -158,7 +158,7 @@ Page LcGammaPage() {
     page.outputs[0].hint = "In series, on the side of the smaller resistance";
     page.outputs[1].hint = "Across the larger resistance";
     for (OutputField& field : page.outputs) field.initial = kNoValueYet;
-    page.goalSlots = [](const DesignState&) { return std::vector{Slot::C1, Slot::L}; };
+    page.goalSlots = [](const Design&) { return std::vector{Slot::C1, Slot::L}; };
     page.design = DesignGamma;
     page.transfer = GammaTransfer;
     page.circuit = GammaCircuit;

@@ -9,14 +9,14 @@ namespace kelvro {
 
 namespace {
 
-std::vector<Slot> TankSlots(const DesignState&) {
+std::vector<Slot> TankSlots(const Design&) {
     return {Slot::C1, Slot::C2, Slot::L};
 }
 
 // ---------------------------------------------------------------- series tank
 
 void DesignSeriesTank(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     if (!(s.R2 > s.R1)) return pass.refuse(std::string(kNeedsR2Larger));
     const long double R1 = s.R1;
     const long double R2 = s.R2;
@@ -34,7 +34,7 @@ void DesignSeriesTank(DesignPass& pass) {
 
 /// V(s) of R1 - L - C1 - (C2 || R2). An infinite C1 (the Q at which XC1 vanishes) is a short: of
 /// the fraction only the terms with C1 remain, divided by it.
-Transfer SeriesTankTransfer(const DesignState& s) {
+Transfer SeriesTankTransfer(const Design& s) {
     const bool shorted = std::isinf(s.components[Slot::C1]);
     const long double C1 = shorted ? 1 : s.components[Slot::C1];
     const long double withoutC1 = shorted ? 0 : 1;
@@ -47,7 +47,7 @@ Transfer SeriesTankTransfer(const DesignState& s) {
                                  L * C1 / (R1 * R2) + C2 * C1, L * C1 * C2 / R1, 0});
 }
 
-Circuit SeriesTankCircuit(const DesignState& s) {
+Circuit SeriesTankCircuit(const Design& s) {
     using enum ElementKind;
     return {Topology::Ladder,
             {PagePart(Inductor, Place::Series, "L", s, Slot::L, "L1Ausgabe"),
@@ -58,7 +58,7 @@ Circuit SeriesTankCircuit(const DesignState& s) {
 // ---------------------------------------------------------------- parallel tank
 
 void DesignParallelTank(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     pass.setBandwidth(s.fo / pass.Qe);  // also when refused
     if (!(s.R1 > s.R2)) return pass.refuse(std::string(kNeedsR1Larger));
     const long double R1 = s.R1;
@@ -77,7 +77,7 @@ void DesignParallelTank(DesignPass& pass) {
 }
 
 /// V(s) of R1 - L across - C1 - (C2 || R2).
-Transfer ParallelTankTransfer(const DesignState& s) {
+Transfer ParallelTankTransfer(const Design& s) {
     const long double C1 = s.components[Slot::C1];
     const long double C2 = s.components[Slot::C2];
     const long double L = s.components[Slot::L];
@@ -88,7 +88,7 @@ Transfer ParallelTankTransfer(const DesignState& s) {
         {1 / R2, L / (R2 * R1) + C1 + C2, L * C2 / R1 + L * C1 / R2 + L * C1 / R1, L * C1 * C2, 0});
 }
 
-Circuit ParallelTankCircuit(const DesignState& s) {
+Circuit ParallelTankCircuit(const Design& s) {
     using enum ElementKind;
     return {Topology::Ladder,
             {PagePart(Inductor, Place::Shunt, "L", s, Slot::L, "L2Ausgabe"),

@@ -15,7 +15,7 @@ constexpr double kPropagationSpeed = 299795000.0;  // m/s, as line lengths are r
 constexpr double kQuarterWave = 0.25;
 
 void DesignLine(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     const long double R1 = s.R1;
     const long double R2 = s.R2;
     if (pass.storeComponents) {
@@ -32,7 +32,7 @@ void DesignLine(DesignPass& pass) {
     pass.optimize();
 }
 
-Circuit LineCircuit(const DesignState& s) {
+Circuit LineCircuit(const Design& s) {
     Circuit circuit{Topology::Ladder,
                     {PagePart(ElementKind::Line, Place::Series, "ZL", s, Slot::ZL, "ZL6Ausgabe")}};
     circuit.lineAngleFo = std::numbers::pi / 2;
@@ -57,7 +57,7 @@ Page LinePage() {
                     "",
                     "Relative permittivity of the line's dielectric, 1 to 100",
                     "er",
-                    &DesignState::er,
+                    &Design::er,
                     {1, 100},
                     Fixed(7, 2)}};
     page.outputs = {Component("ZL6Ausgabe", "ZL", "Charact. Impedance ZL", "Ω", Slot::ZL),
@@ -66,7 +66,7 @@ Page LinePage() {
     page.outputs[1].format = Fixed(7, 3);
     page.testParameters = 4;
     page.design = DesignLine;
-    page.transfer = [](const DesignState& s) { return Transfer::Line(s.components[Slot::ZL]); };
+    page.transfer = [](const Design& s) { return Transfer::Line(s.components[Slot::ZL]); };
     page.circuit = LineCircuit;
     return page;
 }

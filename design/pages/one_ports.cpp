@@ -21,7 +21,7 @@ Element Given(ElementKind kind, Place place, std::string_view name, double value
 // ---------------------------------------------------------------- real coil and capacitor
 
 void DesignEffective(DesignPass& pass) {
-    const DesignState& s = pass.state;
+    const Design& s = pass.state;
     const long double w = pass.omega;
     const long double XL = w * s.L;
     const long double BC = w * s.C;
@@ -42,7 +42,7 @@ void DesignEffective(DesignPass& pass) {
 }
 
 /// The coil: L and R in series, its own capacitance across them.
-Circuit CoilCircuit(const DesignState& s) {
+Circuit CoilCircuit(const Design& s) {
     using enum ElementKind;
     return {.topology = Topology::OnePort,
             .elements = {Given(Resistor, Place::Series, "R", s.R, "R11Eingabe", 0),
@@ -52,7 +52,7 @@ Circuit CoilCircuit(const DesignState& s) {
 }
 
 /// The capacitor: its leads' inductance and its loss in series.
-Circuit CapacitorCircuit(const DesignState& s) {
+Circuit CapacitorCircuit(const Design& s) {
     using enum ElementKind;
     return {.topology = Topology::OnePort,
             .elements = {Given(Resistor, Place::Series, "R", s.R, "R11Eingabe", 0),
@@ -65,7 +65,7 @@ Circuit CapacitorCircuit(const DesignState& s) {
 
 void DesignCombinedTank(DesignPass& pass) {
     constexpr long double open = 1e-9L;  // of xp: this near to resonance the tank is open
-    const DesignState& s = pass.state;
+    const Design& s = pass.state;
     const long double xs = pass.omega * s.Ls - 1 / (pass.omega * static_cast<long double>(s.Cs));
     const long double xp = pass.omega * s.Lp;
     const bool infinite = std::fabs(xs + xp) < open * xp;
@@ -84,7 +84,7 @@ void DesignCombinedTank(DesignPass& pass) {
 }
 
 /// Cs and Lp that put the short to fs and the open to fp, for the Ls at hand.
-std::string FindTank(DesignState& s) {
+std::string FindTank(Design& s) {
     if (s.fs12 <= s.fp12) return "It must be fs>fp!";
     const long double ws = kTwoPi * static_cast<long double>(s.fs12);
     const long double ratio = static_cast<long double>(s.fs12) / s.fp12;
@@ -95,7 +95,7 @@ std::string FindTank(DesignState& s) {
     return {};
 }
 
-Circuit CombinedTankCircuit(const DesignState& s) {
+Circuit CombinedTankCircuit(const Design& s) {
     using enum ElementKind;
     return {Topology::Tank,
             {Given(Inductor, Place::Series, "Ls", s.Ls, "Ls12Eingabe", 0),
@@ -105,18 +105,18 @@ Circuit CombinedTankCircuit(const DesignState& s) {
 
 std::vector<InputField> CombinedTankInputs() {
     constexpr Limits frequencies{1, 2e10};
-    return {{"Ls12Eingabe", "Inductance Ls", "H", "In series with Cs", "ls", &DesignState::Ls,
+    return {{"Ls12Eingabe", "Inductance Ls", "H", "In series with Cs", "ls", &Design::Ls,
              kReactanceLimits},
-            {"Cs12Eingabe", "Capacitance Cs", "F", "In series with Ls", "cs", &DesignState::Cs,
+            {"Cs12Eingabe", "Capacitance Cs", "F", "In series with Ls", "cs", &Design::Cs,
              kReactanceLimits},
             {"Lp12Eingabe", "Inductance Lp", "H", "Across the branch of Ls and Cs", "lp",
-             &DesignState::Lp, kReactanceLimits},
+             &Design::Lp, kReactanceLimits},
             {"fp12Eingabe", "Wanted fp (open)", "Hz",
-             "Frequency that the tank shall let pass; for the button below", "fp",
-             &DesignState::fp12, frequencies},
+             "Frequency that the tank shall let pass; for the button below", "fp", &Design::fp12,
+             frequencies},
             {"fs12Eingabe", "Wanted fs (short)", "Hz",
              "Frequency that the tank shall short, above fp; for the button below", "fs",
-             &DesignState::fs12, frequencies}};
+             &Design::fs12, frequencies}};
 }
 
 }  // namespace
@@ -133,16 +133,16 @@ Page LeffCeffPage() {
                   {"", "A coil acts as capacitance there, a capacitor as inductance", "Note11"}};
     page.inputs = {
         {"L11Eingabe", "Inductance L", "H", "Coil: its inductance. Capacitor: that of its leads",
-         "l", &DesignState::L, kReactanceLimits},
+         "l", &Design::L, kReactanceLimits},
         {"C11Eingabe", "Capacitance C", "F",
-         "Capacitor: its capacitance. Coil: that of its winding", "c", &DesignState::C,
+         "Capacitor: its capacitance. Coil: that of its winding", "c", &Design::C,
          kReactanceLimits},
         {"R11Eingabe",
          "Loss Resistance R",
          "Ω",
          "Series resistance at fo",
          "r",
-         &DesignState::R,
+         &Design::R,
          {1e-9, 1e6}}};
     page.outputs = {{"f0_11Ausgabe", "f0", "Self-Resonance f0", "Hz", "Resonance of L and C"},
                     {"Leff11Ausgabe", "Leff", "Coil: Leff", "H",

@@ -13,7 +13,7 @@ namespace {
 // ---------------------------------------------------------------- Pi
 
 void DesignPi(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     if (pass.storeComponents) {
         const long double R1 = s.R1;
         const long double R2 = s.R2;
@@ -28,7 +28,7 @@ void DesignPi(DesignPass& pass) {
 }
 
 /// V(s) of R1 - C1 across - L - (C2 || R2).
-Transfer PiTransfer(const DesignState& s) {
+Transfer PiTransfer(const Design& s) {
     const long double C1 = s.components[Slot::C1];
     const long double C2 = s.components[Slot::C2];
     const long double L = s.components[Slot::L];
@@ -39,7 +39,7 @@ Transfer PiTransfer(const DesignState& s) {
         {1 / R2 + 1 / R1, L / (R2 * R1) + C1 + C2, L * C2 / R1 + L * C1 / R2, L * C1 * C2, 0});
 }
 
-Circuit PiCircuit(const DesignState& s) {
+Circuit PiCircuit(const Design& s) {
     using enum ElementKind;
     return {Topology::Ladder,
             {PagePart(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C13Ausgabe"),
@@ -50,7 +50,7 @@ Circuit PiCircuit(const DesignState& s) {
 // ---------------------------------------------------------------- T
 
 void DesignT(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     pass.setBandwidth(s.fo / pass.Qe);  // also when refused
     if (s.R1 == s.R2) return pass.refuse(std::string(kNeedsDifferentR));
     if (pass.storeComponents) {
@@ -68,7 +68,7 @@ void DesignT(DesignPass& pass) {
 }
 
 /// V(s) of R1 - L1 - C across - L2 - R2.
-Transfer TTransfer(const DesignState& s) {
+Transfer TTransfer(const Design& s) {
     const long double C = s.components[Slot::C1];
     const long double L1 = s.components[Slot::L];
     const long double L2 = s.components[Slot::L2];
@@ -79,7 +79,7 @@ Transfer TTransfer(const DesignState& s) {
                                  L2 * C / R2 + L1 * C / R1, L1 * L2 * C / (R1 * R2), 0});
 }
 
-Circuit TCircuit(const DesignState& s) {
+Circuit TCircuit(const Design& s) {
     using enum ElementKind;
     return {Topology::Ladder,
             {PagePart(Inductor, Place::Series, "L1", s, Slot::L, "L14Ausgabe"),
@@ -109,7 +109,7 @@ Page PiSectionPage() {
     page.transferText =
         "V(s) = G[1] / (s³LC[1]C[2] + s²L(C[2]G[1] + C[1]G[2]) + s(LG[2]G[1] + C[1] + C[2]) + "
         "G[1] + G[2])";
-    page.goalSlots = [](const DesignState&) { return std::vector{Slot::C1, Slot::C2, Slot::L}; };
+    page.goalSlots = [](const Design&) { return std::vector{Slot::C1, Slot::C2, Slot::L}; };
     page.design = DesignPi;
     page.transfer = PiTransfer;
     page.circuit = PiCircuit;
@@ -134,7 +134,7 @@ Page TSectionPage() {
     page.transferText =
         "V(s) = G[1] / (s³L[1]L[2]CG[1]G[2] + s²C(L[2]G[2] + L[1]G[1]) + "
         "s(L[2]G[2]G[1] + L[1]G[1]G[2] + C) + G[1] + G[2])";
-    page.goalSlots = [](const DesignState&) { return std::vector{Slot::C1, Slot::L, Slot::L2}; };
+    page.goalSlots = [](const Design&) { return std::vector{Slot::C1, Slot::L, Slot::L2}; };
     page.design = DesignT;
     page.transfer = TTransfer;
     page.circuit = TCircuit;

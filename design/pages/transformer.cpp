@@ -10,7 +10,7 @@ namespace kelvro {
 namespace {
 
 void DesignTransformer(DesignPass& pass) {
-    DesignState& s = pass.state;
+    Design& s = pass.state;
     if (pass.storeComponents) {
         const long double R1 = s.R1;
         const long double R2 = s.R2;
@@ -31,7 +31,7 @@ void DesignTransformer(DesignPass& pass) {
 }
 
 /// Nodal equations of two coupled coils with common ground, M = k·sqrt(L1·L2).
-Transfer TransformerTransfer(const DesignState& s) {
+Transfer TransformerTransfer(const Design& s) {
     const long double C1 = s.components[Slot::C1];
     const long double C2 = s.components[Slot::C2];
     const long double L1 = s.components[Slot::L];
@@ -46,7 +46,7 @@ Transfer TransformerTransfer(const DesignState& s) {
                                  -d * (C1 * G2 + C2 * G1), -d * C1 * C2});
 }
 
-Circuit TransformerCircuit(const DesignState& s) {
+Circuit TransformerCircuit(const Design& s) {
     using enum ElementKind;
     Circuit circuit{Topology::CoupledCoils,
                     {PagePart(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C15Ausgabe"),
@@ -58,16 +58,15 @@ Circuit TransformerCircuit(const DesignState& s) {
 }
 
 std::vector<SwitchField> TransformerSwitches() {
-    return {
-        {"CheckBoxL1L2", "L1 = L2", "Bandwidth often smaller when forcing equal values",
-         [](DesignState& s) -> bool& { return s.transformer.equalInductances; }, "ScrollBarW",
-         [](DesignState& s) -> int& { return s.transformer.equalInductancesWeight; }},
-        {"CheckBoxLtot", "Min. L", "Try to keep sum of L small during optimization",
-         [](DesignState& s) -> bool& { return s.transformer.smallInductances; }, "ScrollBarLtot",
-         [](DesignState& s) -> int& { return s.transformer.smallInductancesWeight; }},
-        {"CheckBoxC1Null", "C1 = 0", "Start from a negligible capacitance C1",
-         [](DesignState& s) -> bool& { return s.transformer.smallCapacitance; }, "ScrollBarWC",
-         [](DesignState& s) -> int& { return s.transformer.smallCapacitanceWeight; }}};
+    return {{"CheckBoxL1L2", "L1 = L2", "Bandwidth often smaller when forcing equal values",
+             [](Design& s) -> bool& { return s.transformer.equalInductances; }, "ScrollBarW",
+             [](Design& s) -> int& { return s.transformer.equalInductancesWeight; }},
+            {"CheckBoxLtot", "Min. L", "Try to keep sum of L small during optimization",
+             [](Design& s) -> bool& { return s.transformer.smallInductances; }, "ScrollBarLtot",
+             [](Design& s) -> int& { return s.transformer.smallInductancesWeight; }},
+            {"CheckBoxC1Null", "C1 = 0", "Start from a negligible capacitance C1",
+             [](Design& s) -> bool& { return s.transformer.smallCapacitance; }, "ScrollBarWC",
+             [](Design& s) -> int& { return s.transformer.smallCapacitanceWeight; }}};
 }
 
 }  // namespace
@@ -87,7 +86,7 @@ Page TransformerPage() {
                     "",
                     "Coupling of the two coils, 0.1 to 1",
                     "k",
-                    &DesignState::k,
+                    &Design::k,
                     {0.1, 1},
                     Fixed(7, 3)}};
     page.switches = TransformerSwitches();
@@ -96,7 +95,7 @@ Page TransformerPage() {
                     Component("C15Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
                     Component("C25Ausgabe", "C2", "Capacitance C2", "F", Slot::C2)};
     for (OutputField& field : page.outputs) field.editable = true;
-    page.goalSlots = [](const DesignState&) {
+    page.goalSlots = [](const Design&) {
         return std::vector{Slot::C1, Slot::C2, Slot::L, Slot::L2};
     };
     page.design = DesignTransformer;

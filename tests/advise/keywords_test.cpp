@@ -14,15 +14,14 @@ namespace {
 
 using testing::StartsWith;
 
-DesignState Calculated(int page, double R1, double R2, double Q) {
-    DesignState state;
+Design Calculated(int page, double R1, double R2, double Q) {
+    Design state;
     state.page = page;
     state.R1 = R1;
     state.R2 = R2;
     state.Q = Q;
     ResponseServices services;
-    Calculate(state, true, services);
-    return state;
+    return Calculate(state, true, services).design;
 }
 
 struct KeywordCase {
@@ -42,18 +41,17 @@ TEST_P(Keyword, TakesEffect) {
         ASSERT_EQ(preset.messages.size(), 1U);
         EXPECT_THAT(preset.messages[0], StartsWith(GetParam().message));
     }
-    bool changed = preset.optimizationDisabled;
+    bool changed = preset.settings.disabled;
     for (const auto& [page, Q] : {std::pair{5, 5.0}, {2, 0.2}, {1, 8.0}}) {
-        DesignState plain = Calculated(page, page == 2 ? 300 : 40, page == 2 ? 70 : 170, Q);
-        DesignState preset_ = plain;
+        const Design design = Calculated(page, page == 2 ? 300 : 40, page == 2 ? 70 : 170, Q);
         // Two runs by default, so that "single" shows; "mruns" is the other way round.
         OptimizerSettings defaults;
         defaults.singleRun = std::string(GetParam().word) != "single";
         const auto with = ReadKeywords(arguments, defaults).settings;
         const TemporaryFolder folder;
         const OptimizerFiles files{(folder / "opt.txt").string(), (folder / "opt2.csv").string()};
-        const auto a = OptimizePage(plain, defaults, {"", ""});
-        const auto b = OptimizePage(preset_, with, files);
+        const auto a = OptimizePage(design, defaults, {"", ""});
+        const auto b = OptimizePage(design, with, files);
         changed = changed || a.calls.of(CallKind::Gradient) != b.calls.of(CallKind::Gradient) ||
                   a.achievedGoal != b.achievedGoal || std::ifstream(files.table).good();
     }

@@ -22,8 +22,8 @@ class RandomDesigns {
     }
 
     /// A state of the page with components of moderate reactance at fo, matched to nothing.
-    DesignState state(const Page& page, bool variant) {
-        DesignState state;
+    Design state(const Page& page, bool variant) {
+        Design state;
         state.page = page.number;
         state.R1 = between(1, 1e4);
         state.R2 = between(1, 1e4);
@@ -58,11 +58,11 @@ class RandomDesigns {
     std::mt19937_64 random_{1951};
 };
 
-double CombinedQ(const DesignState& state) {
+double CombinedQ(const Design& state) {
     return 2 / (1 / state.QBC + 1 / state.QB);
 }
 
-NodalNetwork NetworkOf(const DesignState& state) {
+NodalNetwork NetworkOf(const Design& state) {
     const Page& page = PageOf(state);
     return {page.builtCircuit(state),
             state.R1,
@@ -84,7 +84,7 @@ TEST_P(EveryPage, DescribesTheCircuitThatItsResponseEvaluates) {
     const Page& page = PageOf(GetParam());
     RandomDesigns designs;
     for (int i = 0; i < 60; ++i) {
-        const DesignState state = designs.state(page, i % 2 == 1);
+        const Design state = designs.state(page, i % 2 == 1);
         const Response response(state);
         NodalNetwork network = NetworkOf(state);
         for (int j = 0; j < 8; ++j) {
@@ -115,8 +115,8 @@ void PrintTo(const Match& match, std::ostream* out) {
 }
 
 /// A state designed with parts that are all but lossless.
-DesignState Designed(const Match& match) {
-    DesignState state;
+Design Designed(const Match& match) {
+    Design state;
     state.page = match.page;
     state.R1 = match.R1;
     state.R2 = match.R2;
@@ -124,14 +124,16 @@ DesignState Designed(const Match& match) {
     state.QB = state.QBC = 1e12;
     state.eightElements = state.LCSwapped = match.variant;
     ResponseServices services;
-    EXPECT_FALSE(Calculate(state, true, services).message);
+    const CycleResult calculated = Calculate(state, true, services);
+    EXPECT_FALSE(calculated.message);
+    state = calculated.design;
     return state;
 }
 
 class LosslessMatches : public testing::TestWithParam<Match> {};
 
 TEST_P(LosslessMatches, PassAllPowerAtFo) {
-    const DesignState state = Designed(GetParam());
+    const Design state = Designed(GetParam());
     EXPECT_NEAR(Response(state).relativeDb(state.fo), 0, 1e-8);
     NodalNetwork network = NetworkOf(state);
     EXPECT_NEAR(20 * std::log10(static_cast<double>(std::abs(network.transfer(state.fo))) /
@@ -148,7 +150,7 @@ INSTANTIATE_TEST_SUITE_P(Pages, LosslessMatches,
                                          Match{17, 50, 200, 50}));
 
 TEST(Balun, FeedsTwoEqualAndOppositeOutputs) {
-    const DesignState state = Designed({9, 50, 100});
+    const Design state = Designed({9, 50, 100});
     NodalNetwork network = NetworkOf(state);
     const NodalNetwork::Cx plus = network.transfer(state.fo, 0);
     const NodalNetwork::Cx minus = network.transfer(state.fo, 1);
@@ -158,13 +160,13 @@ TEST(Balun, FeedsTwoEqualAndOppositeOutputs) {
 }
 
 TEST(Pads, BehaveAlikeAsTAndAsPi) {
-    DesignState state;
+    Design state;
     state.page = 8;
     state.R1 = 50;
     state.R2 = 75;
     state.v8 = 0.3;
     ResponseServices services;
-    Calculate(state, true, services);
+    state = Calculate(state, true, services).design;
     const Response response(state);
     EXPECT_NEAR(response.magnitude(1e3), 0.3, 1e-12);
     NodalNetwork pi(PageOf(8).alternative(state), state.R1, state.R2, {state.fo, 100});
@@ -187,7 +189,7 @@ class ChebyshevFilters : public testing::TestWithParam<FilterCase> {};
 /// narrow bands the ripple and the edges come close to those of the prototype.
 TEST_P(ChebyshevFilters, KeepRippleAndBandwidth) {
     const auto [N, ripple, Q] = GetParam();
-    DesignState state;
+    Design state;
     state.page = 17;
     state.R1 = state.R2 = 50;
     state.Q = Q;
@@ -196,7 +198,9 @@ TEST_P(ChebyshevFilters, KeepRippleAndBandwidth) {
     state.LBP = 5e-9;
     state.QB = state.QBC = 1e9;
     ResponseServices services;
-    ASSERT_FALSE(Calculate(state, true, services).message);
+    const CycleResult calculated = Calculate(state, true, services);
+    ASSERT_FALSE(calculated.message);
+    state = calculated.design;
     const Response response(state);
     // Down from fo to the first points where the ripple is exceeded by a quarter.
     const auto edge = [&](double direction) {
@@ -232,12 +236,14 @@ INSTANTIATE_TEST_SUITE_P(Orders, ChebyshevFilters,
                                          FilterCase{3, 1, 100}, FilterCase{5, 0.2, 100}));
 
 TEST(BandPass, FollowsItsPublishedResponse) {
-    DesignState state;
+    Design state;
     state.page = 17;
     state.Q = 10;
     state.QB = state.QBC = 1e12;
     ResponseServices services;
-    ASSERT_FALSE(Calculate(state, true, services).message);
+    const CycleResult calculated = Calculate(state, true, services);
+    ASSERT_FALSE(calculated.message);
+    state = calculated.design;
     const Response response(state);
     for (const auto& [f, dB] :
          {std::pair{90e6, -23.89}, std::pair{95e6, -1.24}, std::pair{100e6, 0.0},

@@ -9,8 +9,8 @@
 namespace kelvro {
 namespace {
 
-DesignState Designed(int page, double R1, double R2, double Q, bool swapped) {
-    DesignState state;
+Design Designed(int page, double R1, double R2, double Q, bool swapped) {
+    Design state;
     state.R1 = R1;
     state.R2 = R2;
     state.Q = Q;
@@ -18,8 +18,7 @@ DesignState Designed(int page, double R1, double R2, double Q, bool swapped) {
     state.LCSwapped = swapped;
     state.page = page;
     ResponseServices services;
-    Calculate(state, true, services);
-    return state;
+    return Calculate(state, true, services).design;
 }
 
 /// L-section 50 to 200 ohm, L = √3·R1/ω, C = √3/(ω·R2), x = (f/fo)², lossless:
@@ -27,12 +26,12 @@ DesignState Designed(int page, double R1, double R2, double Q, bool swapped) {
 /// stays below down to x = 0 (6.25e-4).
 TEST(PassbandTest, OfAnLSectionIsThatOfItsFormula) {
     const double end = std::sqrt(7.0 / 3);
-    const DesignState low = Designed(13, 50, 200, 5, false);
+    const Design low = Designed(13, 50, 200, 5, false);
     const Passband lowPass = PassbandAround(Response(low), low.fo);
     EXPECT_EQ(lowPass.low, 0);
     EXPECT_NEAR(lowPass.high / low.fo, end, 2e-4);
 
-    const DesignState high = Designed(13, 50, 200, 5, true);
+    const Design high = Designed(13, 50, 200, 5, true);
     const Passband highPass = PassbandAround(Response(high), high.fo);
     EXPECT_NEAR(highPass.low / high.fo, 1 / end, 2e-4);
     EXPECT_TRUE(std::isinf(highPass.high));
@@ -40,7 +39,7 @@ TEST(PassbandTest, OfAnLSectionIsThatOfItsFormula) {
 
 TEST(PassbandTest, EndsWhereTheGainHasDroppedByTheLimit) {
     for (const double Q : {1.5, 20.0, 500.0}) {
-        const DesignState state = Designed(3, 50, 200, Q, false);
+        const Design state = Designed(3, 50, 200, Q, false);
         const Response response(state);
         for (const double drop : {1.0, 3.0102999566398120}) {
             const Passband band = PassbandAround(response, state.fo, drop);
@@ -55,7 +54,7 @@ TEST(PassbandTest, EndsWhereTheGainHasDroppedByTheLimit) {
 }
 
 TEST(PassbandTest, OfAFlatNetworkHasNoEnds) {
-    const DesignState pad = Designed(7, 200, 50, 5, false);
+    const Design pad = Designed(7, 200, 50, 5, false);
     const Passband band = PassbandAround(Response(pad), pad.fo);
     EXPECT_EQ(band.low, 0);
     EXPECT_TRUE(std::isinf(band.width()));

@@ -34,9 +34,10 @@ double Shown(const CycleResult& result, std::string_view object) {
 class WorkedExamples : public testing::TestWithParam<Example> {};
 
 TEST_P(WorkedExamples, ComeOutToTheDigitsGiven) {
-    DesignState state = StateWith(GetParam().page, GetParam().inputs);
+    Design state = StateWith(GetParam().page, GetParam().inputs);
     NoServices services;
     const CycleResult result = Calculate(state, true, services);
+    state = result.design;
     EXPECT_FALSE(result.message) << *result.message;
     for (const auto& [object, expected] : GetParam().outputs) {
         const OutputField* field = PageOf(state).output(object);
@@ -182,10 +183,11 @@ INSTANTIATE_TEST_SUITE_P(
                  {"I19Ausgabe", 24e-6}}}));
 
 TEST(BroadbandPage, SpreadsEightElementsOverFourSections) {
-    DesignState state = StateWith(16, {{"r1", "50"}, {"r2", "200"}, {"fo", "100M"}});
+    Design state = StateWith(16, {{"r1", "50"}, {"r2", "200"}, {"fo", "100M"}});
     state.eightElements = true;
     NoServices services;
     const CycleResult result = Calculate(state, true, services);
+    state = result.design;
     const std::vector<std::pair<std::string_view, double>> expected = {
         {"L116Ausgabe", 51.216e-9},  {"C116Ausgabe", 14.486e-12}, {"L216Ausgabe", 72.430e-9},
         {"C216Ausgabe", 10.243e-12}, {"L316Ausgabe", 102.43e-9},  {"C316Ausgabe", 7.2430e-12},
@@ -200,10 +202,10 @@ TEST(BroadbandPage, SpreadsEightElementsOverFourSections) {
 }
 
 TEST(BroadbandPage, TakesBackWhatItShows) {
-    DesignState state = StateWith(16, {{"r1", "50"}, {"r2", "200"}});
+    Design state = StateWith(16, {{"r1", "50"}, {"r2", "200"}});
     state.eightElements = true;
     NoServices services;
-    Calculate(state, true, services);
+    state = Calculate(state, true, services).design;
     const Page& page = PageOf(16);
     double value = 1e-12;
     Take(state, page, [&](std::string_view) { return FormatExact(value *= 2); });
@@ -215,10 +217,11 @@ TEST(BroadbandPage, TakesBackWhatItShows) {
 }
 
 TEST(BandPassPage, ListsTheElementsOfAThreeResonatorFilter) {
-    DesignState state =
+    Design state =
         StateWith(17, {{"r1", "50"}, {"r2", "200"}, {"fo", "100M"}, {"q", "10"}, {"lbp", "50n"}});
     NoServices services;
     const CycleResult result = Calculate(state, true, services);
+    state = result.design;
     ASSERT_TRUE(result.table);
     const std::vector<std::pair<std::string_view, double>> expected = {
         {"C01", 10.593e-12}, {"C1", 37.295e-12}, {"L1", 50e-9},       {"C12", 3.8289e-12},
@@ -253,11 +256,12 @@ void PrintTo(const Refusal& refusal, std::ostream* out) {
 class Refusals : public testing::TestWithParam<Refusal> {};
 
 TEST_P(Refusals, NameTheReasonAndLeaveTheComponentsAlone) {
-    DesignState state = StateWith(GetParam().page, GetParam().inputs);
+    Design state = StateWith(GetParam().page, GetParam().inputs);
     state.components[Slot::C1] = 1;
     const Slots before = state.components;
     NoServices services;
     const CycleResult result = Calculate(state, true, services);
+    state = result.design;
     ASSERT_TRUE(result.message);
     EXPECT_THAT(*result.message, HasSubstr(GetParam().message));
     EXPECT_EQ(state.components, before);
@@ -304,22 +308,24 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(EffectivePage, SaysWhenAComponentIsAboveItsSelfResonance) {
     NoServices services;
-    DesignState below = StateWith(11, {{"fo", "500M"}});
+    Design below = StateWith(11, {{"fo", "500M"}});
     EXPECT_EQ(*Calculate(below, true, services).text("Note11"), "");
-    DesignState above = StateWith(11, {{"fo", "510M"}});
+    Design above = StateWith(11, {{"fo", "510M"}});
     const CycleResult result = Calculate(above, true, services);
+    above = result.design;
     EXPECT_EQ(*result.text("Note11"), "above self-resonance");
     EXPECT_LT(Shown(result, "Leff11Ausgabe"), 0);
     EXPECT_LT(Shown(result, "Ceff11Ausgabe"), 0);
 }
 
 TEST(CombinedTankPage, IsOpenAndShortWhereItWasAskedToBe) {
-    DesignState state = StateWith(12, {{"ls", "330n"}, {"fp", "13.56M"}, {"fs", "27.12M"}});
+    Design state = StateWith(12, {{"ls", "330n"}, {"fp", "13.56M"}, {"fs", "27.12M"}});
     const ActionField& find = PageOf(12).actions.at(0);
     EXPECT_EQ(find.run(state), "");
     NoServices services;
     state.fo = 13.56e6;
     const CycleResult result = Calculate(state, true, services);
+    state = result.design;
     EXPECT_NEAR(Shown(result, "fp12Ausgabe"), 13.56e6, 1e3);
     EXPECT_NEAR(Shown(result, "fs12Ausgabe"), 27.12e6, 1e3);
     state.fs12 = state.fp12;
@@ -327,7 +333,7 @@ TEST(CombinedTankPage, IsOpenAndShortWhereItWasAskedToBe) {
 }
 
 TEST(OptimumLoadPage, HandsItsLoadToTheMatchingPages) {
-    DesignState state = StateWith(10, {{"p", "1"}, {"ub", "12"}, {"usat", "0.5"}});
+    Design state = StateWith(10, {{"p", "1"}, {"ub", "12"}, {"usat", "0.5"}});
     EXPECT_EQ(PageOf(10).actions.at(0).run(state), "");
     EXPECT_DOUBLE_EQ(state.R1, 66.125);
 }
@@ -347,9 +353,11 @@ class ClassEPoints : public testing::TestWithParam<ClassEPoint> {};
 
 /// The author's exact numerical solutions, which the page's equations approximate within 0.2 %.
 TEST_P(ClassEPoints, AgreeWithThePublishedTable) {
-    DesignState state = StateWith(15, {{"q", GetParam().Q}, {"usat", "2"}});
+    Design state = StateWith(15, {{"q", GetParam().Q}, {"usat", "2"}});
     NoServices services;
-    ASSERT_FALSE(Calculate(state, true, services).message);
+    const CycleResult calculated = Calculate(state, true, services);
+    ASSERT_FALSE(calculated.message);
+    state = calculated.design;
     const double R = state.components[Slot::X5];
     const double wR = Omega(state) * R;
     // The choke of thirty reactances asks for 0.6/30 more across and 0.2/30 less in series.
@@ -379,12 +387,14 @@ double SeenInto(const std::vector<Element>& pad, double R) {
 TEST(Pads, AreMatchedAtBothEnds) {
     for (const auto& [R1, R2, v] : {std::tuple{50.0, 75.0, 0.5}, std::tuple{75.0, 50.0, 0.1},
                                     std::tuple{50.0, 50.0, 0.99}, std::tuple{1e3, 1e5, 0.4}}) {
-        DesignState state = StateWith(8, {});
+        Design state = StateWith(8, {});
         state.R1 = R1;
         state.R2 = R2;
         state.v8 = v;
         NoServices services;
-        ASSERT_FALSE(Calculate(state, true, services).message);
+        const CycleResult calculated = Calculate(state, true, services);
+        ASSERT_FALSE(calculated.message);
+        state = calculated.design;
         for (const auto describe : {PageOf(8).circuit, PageOf(8).alternative}) {
             auto pad = describe(state).elements;
             EXPECT_NEAR(SeenInto(pad, R2), R1, 1e-9 * R1);

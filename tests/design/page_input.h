@@ -15,8 +15,8 @@ namespace kelvro {
 using InputTexts = std::vector<std::pair<std::string_view, std::string_view>>;
 
 /// A state as the user leaves it who enters the page and types the texts.
-inline DesignState StateWith(int page, const InputTexts& texts) {
-    DesignState state;
+inline Design StateWith(int page, const InputTexts& texts) {
+    Design state;
     EnterPage(state, page);
     for (const auto& [option, text] : texts) {
         const auto write = [&, name = option, value = ParseValue(text)](const auto& fields) {
@@ -33,8 +33,11 @@ inline DesignState StateWith(int page, const InputTexts& texts) {
 /// Services for tests of the design formulas: a flat response, nothing optimized.
 class NoServices : public CycleServices {
   public:
-    double responseMagnitude(const DesignState&, double) override { return 1; }
-    void optimize(DesignState&) override { ++optimizations; }
+    double responseMagnitude(const Design&, double) override { return 1; }
+    Slots optimize(const Design& design) override {
+        ++optimizations;
+        return design.components;
+    }
     int optimizations = 0;
 };
 

@@ -24,8 +24,8 @@ inline void PrintTo(const DesignCase& design, std::ostream* out) {
 }
 
 /// The state that the case's inputs lead to, designed, with both element Qs alike.
-inline DesignState DesignedState(const DesignCase& design, double elementQ) {
-    DesignState state;
+inline Design DesignedState(const DesignCase& design, double elementQ) {
+    Design state;
     state.page = design.page;
     state.R1 = design.R1;
     state.R2 = design.R2;
@@ -34,12 +34,12 @@ inline DesignState DesignedState(const DesignCase& design, double elementQ) {
     state.LCSwapped = design.swapped;
     state.eightElements = design.eightElements;
     ResponseServices services;
-    const auto message = Calculate(state, true, services).message;
-    EXPECT_FALSE(message) << *message;
-    return state;
+    const CycleResult result = Calculate(state, true, services);
+    EXPECT_FALSE(result.message) << *result.message;
+    return result.design;
 }
 
-inline ExportDesign Exported(const DesignState& state, ExportChoice choice = {}) {
+inline ExportDesign Exported(const Design& state, ExportChoice choice = {}) {
     auto prepared = PrepareExport(state, choice);
     EXPECT_TRUE(std::holds_alternative<ExportDesign>(prepared)) << std::get<std::string>(prepared);
     return std::get<ExportDesign>(std::move(prepared));

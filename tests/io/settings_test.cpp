@@ -32,8 +32,8 @@ class SettingsTest : public testing::Test {
         std::ofstream(file(name), std::ios::binary) << bytes;
         return file(name);
     }
-    DesignState stateAfterReading(const std::string& bytes, DesignState before = {}) const {
-        return ReadSettings(path(holding(bytes)), before).state;
+    Design stateAfterReading(const std::string& bytes, const Design& before = {}) const {
+        return ReadSettings(path(holding(bytes)), {before}).settings.design;
     }
     std::vector<std::string> names() const {
         std::vector<std::string> found;
@@ -62,40 +62,40 @@ TEST_F(SettingsTest, ANewFileHoldsEveryKeyInItsOrderAndFormat) {
 }
 
 TEST_F(SettingsTest, ReadingBackGivesTheWrittenValuesRounded) {
-    DesignState written;
+    Design written;
     written.page = 6;
     written.R1 = 1234.5;
     written.Q = 800;  // within reach of the spin button only
     written.NBP = 7;
     written.Vlow1 = 0.123456;
     written.QByBandwidth = true;
-    ASSERT_EQ(WriteSettings(path(file()), written).status, SaveStatus::Saved);
+    ASSERT_EQ(WriteSettings(path(file()), {written}).status, SaveStatus::Saved);
     const SettingsRead read = ReadSettings(path(file()), {});
     EXPECT_EQ(read.status, ReadStatus::Read);
-    DesignState expected;
+    Design expected;
     expected.page = 6;
     expected.R1 = 1230;
     expected.Q = 800;
     expected.NBP = 7;
     expected.Vlow1 = 0.12346;
     expected.QByBandwidth = false;  // "Yes" is not the "Ja" that sets it
-    EXPECT_EQ(read.state, expected);
+    EXPECT_EQ(read.settings.design, expected);
 }
 
 TEST_F(SettingsTest, WhatAFileDoesNotNameStaysExceptThePage) {
-    DesignState before;
+    Design before;
     before.page = 5;
     before.R1 = 1234.5678;
     before.QByBandwidth = false;
-    DesignState expected = before;
+    Design expected = before;
     expected.page = 1;
     expected.fo = 10e6;
     expected.QByBandwidth = true;
     EXPECT_EQ(stateAfterReading("[Variablen]\nfo=10M\n", before), expected);
     expected.fo = before.fo;
     EXPECT_EQ(stateAfterReading("[Other]\nfo=10M\n", before), expected);
-    EXPECT_EQ(ReadSettings(path(file("missing.ini")), before).state, expected);
-    EXPECT_EQ(ReadSettings(path(file("missing.ini")), before).status, ReadStatus::Missing);
+    EXPECT_EQ(ReadSettings(path(file("missing.ini")), {before}).settings.design, expected);
+    EXPECT_EQ(ReadSettings(path(file("missing.ini")), {before}).status, ReadStatus::Missing);
 }
 
 TEST_F(SettingsTest, OnlyJaSetsTheFlagByPhase) {
@@ -109,27 +109,30 @@ TEST_F(SettingsTest, OnlyJaSetsTheFlagByPhase) {
 TEST_F(SettingsTest, ValuesAreClampedAndUnreadableOnesAreZeroBeforeThat) {
     struct Case {
         const char* line;
-        double DesignState::*number;
+        double Design::*number;
         double value;
     };
     constexpr Case cases[] = {
-        {"R1=nonsense", &DesignState::R1, 0.001},
-        {"R2=1T", &DesignState::R2, 1e6},
-        {"fo=-5", &DesignState::fo, 1},
-        {"fo=1e999", &DesignState::fo, 2e10},
-        {"Q=", &DesignState::Q, 0.2},
-        {"Q=1e9", &DesignState::Q, 1000},
-        {"QB(C)=1", &DesignState::QBC, 5},
-        {"k=7", &DesignState::k, 1},
-        {"er=0", &DesignState::er, 1},
-        {"Sweep=1", &DesignState::SweepFactor, 1.0001},
-        {"\xFC=-3", &DesignState::ue, 0},
-        {"  r1 = 4,7k ohm", &DesignState::R1, 4700},
+        {"R1=nonsense", &Design::R1, 0.001},
+        {"R2=1T", &Design::R2, 1e6},
+        {"fo=-5", &Design::fo, 1},
+        {"fo=1e999", &Design::fo, 2e10},
+        {"Q=", &Design::Q, 0.2},
+        {"Q=1e9", &Design::Q, 1000},
+        {"QB(C)=1", &Design::QBC, 5},
+        {"k=7", &Design::k, 1},
+        {"er=0", &Design::er, 1},
+        {"  r1 = 4,7k ohm", &Design::R1, 4700},
     };
     for (const auto& [line, number, value] : cases) {
         EXPECT_DOUBLE_EQ(stateAfterReading("[VARIABLEN]\r\n" + std::string(line)).*number, value)
             << line;
     }
+    const auto after = [&](const char* line) {
+        return ReadSettings(path(holding(std::string("[Variablen]\n") + line)), {}).settings;
+    };
+    EXPECT_EQ(after("Sweep=1").preferences.SweepFactor, 1.0001);
+    EXPECT_EQ(after("\xFC=-3").v, 0);
     for (const auto& [text, page] : {std::pair{"18", 18},
                                      {"19.9", 19},
                                      {"20", 1},
@@ -153,7 +156,7 @@ TEST_F(SettingsTest, FilesOfOtherEditorsAreRead) {
 
 TEST_F(SettingsTest, TheWantedRatioOfThePassivePadComesBackAsVAtFo) {
     EXPECT_DOUBLE_EQ(stateAfterReading("[Variablen]\nTyp=8\n\xFC=0.25\n").v8, 0.25);
-    EXPECT_DOUBLE_EQ(stateAfterReading("[Variablen]\nTyp=7\n\xFC=0.25\n").v8, DesignState().v8);
+    EXPECT_DOUBLE_EQ(stateAfterReading("[Variablen]\nTyp=7\n\xFC=0.25\n").v8, Design().v8);
 }
 
 TEST_F(SettingsTest, EveryKeyOfAnInputTakesItsLimitsFromTheField) {
@@ -162,11 +165,11 @@ TEST_F(SettingsTest, EveryKeyOfAnInputTakesItsLimitsFromTheField) {
     for (auto at = bytes.find('='); at != std::string::npos; at = bytes.find('=', at + 1)) {
         bytes.insert(at + 1, "1e300 ");
     }
-    const DesignState state = stateAfterReading(bytes);
+    const Design state = stateAfterReading(bytes);
     for (const Page& page : Pages()) {
         for (const InputField& field : page.inputs) {
-            const auto* number = std::get_if<double DesignState::*>(&field.value);
-            if (number && *number == &DesignState::Q) continue;  // its spin button reaches further
+            const auto* number = std::get_if<double Design::*>(&field.value);
+            if (number && *number == &Design::Q) continue;  // its spin button reaches further
             EXPECT_GE(field.read(state), field.limits.low) << field.object;
             EXPECT_LE(field.read(state), field.limits.high) << field.object;
         }
@@ -177,9 +180,9 @@ TEST_F(SettingsTest, SavingKeepsWhatElseTheFileHolds) {
     holding(
         "; bench set-up\n\n[Window]\nLeft=12\n\n[Variablen]\n; from the data sheet\nR1=75\n"
         "Colour=\xE9\n");
-    DesignState state;
+    Design state;
     state.R1 = 300;
-    EXPECT_EQ(WriteSettings(path(file()), state).message.toStdString(), "");
+    EXPECT_EQ(WriteSettings(path(file()), {state}).message.toStdString(), "");
     const std::string saved = content(file());
     for (const char* kept :
          {"; bench set-up\n", "[Window]\nLeft=12\n", "; from the data sheet\nR1=300.00\n",
@@ -187,7 +190,7 @@ TEST_F(SettingsTest, SavingKeepsWhatElseTheFileHolds) {
         EXPECT_NE(saved.find(kept), std::string::npos) << kept << "\nin\n" << saved;
     }
     EXPECT_EQ(saved.find("R1=75"), std::string::npos);
-    EXPECT_EQ(WriteSettings(path(file()), state).status, SaveStatus::Saved);
+    EXPECT_EQ(WriteSettings(path(file()), {state}).status, SaveStatus::Saved);
     EXPECT_EQ(content(file()), saved) << "the second save changes nothing";
     EXPECT_EQ(names(), std::vector<std::string>{"kelvro.ini"});
 }
@@ -217,7 +220,7 @@ TEST_F(SettingsTest, FilesThatAreNoSettingsReadAsDefaultsAndAreKeptAside) {
         const SettingsRead read = ReadSettings(path(file()), {});
         EXPECT_EQ(read.status, ReadStatus::Unusable);
         EXPECT_FALSE(read.message.isEmpty());
-        EXPECT_EQ(read.state, DesignState());
+        EXPECT_EQ(read.settings.design, Design());
         WriteSettings(path(file()), {});
         EXPECT_EQ(content(file("kelvro.ini.bak")), bytes);
         EXPECT_EQ(content(file("kelvro.ini.bak2")), "my second thesis");
@@ -234,7 +237,7 @@ TEST_F(SettingsTest, FoldersPipesDevicesAndHugeFilesAreReportedAtOnce) {
         const SettingsRead read = ReadSettings(path(file(name)), {});
         EXPECT_EQ(read.status, ReadStatus::Unusable) << name;
         EXPECT_NE(read.message.toStdString().find(name), std::string::npos) << name;
-        EXPECT_EQ(read.state, DesignState()) << name;
+        EXPECT_EQ(read.settings.design, Design()) << name;
     }
     const auto before = names();
     for (const char* name : {"folder", "pipe", "full"}) {

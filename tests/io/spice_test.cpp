@@ -20,7 +20,7 @@ class Netlists : public testing::TestWithParam<DesignCase> {};
 /// Element Qs of the best and of very bad parts.
 TEST_P(Netlists, FollowTheResponseOverADecade) {
     for (const double elementQ : {10000.0, 30.0}) {
-        DesignState state = DesignedState(GetParam(), elementQ);
+        Design state = DesignedState(GetParam(), elementQ);
         const ExportDesign design = Exported(state);
         const Response response(design.state);
         ExportRange range = ExportRange::Around(design.state.fo);
@@ -41,7 +41,7 @@ TEST_P(Netlists, FollowTheResponseOverADecade) {
 }
 
 TEST_P(Netlists, MeasureTheGainOfLossyPartsAtFo) {
-    DesignState state = DesignedState(GetParam(), 1000);
+    Design state = DesignedState(GetParam(), 1000);
     state.QB = 20;
     state.QBC = 60;
     const ExportDesign design = Exported(state);
@@ -69,7 +69,7 @@ TEST(BalunNetlist, HasOppositeOutputs) {
 
 /// The tank across the line between the resistances, X from its page.
 TEST(CombinedTankNetlist, ShowsTheTanksReactanceAcrossTheLine) {
-    DesignState state = DesignedState({"tank", 12, 50, 50}, 1e9);
+    Design state = DesignedState({"tank", 12, 50, 50}, 1e9);
     state.fo = 12e6;
     const ExportDesign design = Exported(state);
     const double X = -237.52;
@@ -82,7 +82,7 @@ TEST(CombinedTankNetlist, ShowsTheTanksReactanceAcrossTheLine) {
 
 /// At its short the tank's branch is what its losses leave: 100 ohm of Ls and of Cs over their Q.
 TEST(CombinedTankNetlist, IsAsDeepATrapAsItsLossesAllow) {
-    DesignState state = DesignedState({"tank", 12, 50, 50}, 100);
+    Design state = DesignedState({"tank", 12, 50, 50}, 100);
     state.fo = 1 / (kTwoPi * std::sqrt(1e-6 * 100e-12));
     const std::complex<double> Lp(1, 100);
     const std::complex<double> Y = 1.0 / 2.0 + 1.0 / Lp;
@@ -95,7 +95,7 @@ TEST(CombinedTankNetlist, IsAsDeepATrapAsItsLossesAllow) {
 
 /// Lc of 20 nH and 2 ohm with 1 pF across, as seen by the line.
 TEST(RealCoilNetlist, IsTheCoilWithItsOwnCapacitance) {
-    DesignState state = DesignedState({"coil", 11, 50, 50}, 100);
+    Design state = DesignedState({"coil", 11, 50, 50}, 100);
     const ExportDesign design = Exported(state);
     const double omega = kTwoPi * state.fo;
     const std::complex<double> coil(state.R, omega * state.L);
@@ -119,7 +119,7 @@ class ClassENetlists : public testing::TestWithParam<ClassEStage> {};
 /// The equations are fits to the ideal stage; the choke is finite and so is the switch.
 TEST_P(ClassENetlists, DeliverThePowerTheyWereDesignedFor) {
     const auto [P, Ub, Usat, fo, Q] = GetParam();
-    DesignState state;
+    Design state;
     state.page = 15;
     state.P = P;
     state.Ub = Ub;
@@ -128,7 +128,9 @@ TEST_P(ClassENetlists, DeliverThePowerTheyWereDesignedFor) {
     state.Q = Q;
     state.QB = state.QBC = 1e4;
     ResponseServices services;
-    ASSERT_FALSE(Calculate(state, true, services).message);
+    const CycleResult calculated = Calculate(state, true, services);
+    ASSERT_FALSE(calculated.message);
+    state = calculated.design;
     const auto output = Ngspice(SpiceNetlist(Exported(state), ExportRange::Around(fo))).output();
     ASSERT_TRUE(output);
     const auto measured = [&](const char* name) {
@@ -149,12 +151,14 @@ INSTANTIATE_TEST_SUITE_P(Stages, ClassENetlists,
 /// they have 5 and 3.74 times R as reactance (C2 = 6.2412 pF at 100 MHz is 255 ohm, R 68.26 ohm);
 /// C1 carries less.
 TEST(ClassENetlist, LosesInItsPartsWhatTheirQTells) {
-    DesignState state;
+    Design state;
     state.page = 15;
     state.Q = 5;
     state.QB = state.QBC = 100;
     ResponseServices services;
-    ASSERT_FALSE(Calculate(state, true, services).message);
+    const CycleResult calculated = Calculate(state, true, services);
+    ASSERT_FALSE(calculated.message);
+    state = calculated.design;
     const auto output = Ngspice(SpiceNetlist(Exported(state), ExportRange::Around(1e8))).output();
     ASSERT_TRUE(output);
     const double ideal = 100 * (1 - 0.5 / 12);

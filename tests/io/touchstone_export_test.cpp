@@ -67,7 +67,7 @@ double TransducerGain(const TouchstonePoint& p, double z0, double R1, double R2)
 class TouchstoneFiles : public testing::TestWithParam<DesignCase> {};
 
 TEST_P(TouchstoneFiles, DescribeAPassiveReciprocalTwoPortWithTheDesignsGain) {
-    DesignState state = DesignedState(GetParam(), 1000);
+    Design state = DesignedState(GetParam(), 1000);
     state.QB = 40;
     state.QBC = 150;
     const ExportDesign design = Exported(state);
@@ -96,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(Pages, TouchstoneFiles, testing::ValuesIn(kTwoPorts));
 
 /// Shunt admittance Y: S11 = -Y·Z0/(2 + Y·Z0).
 TEST(TouchstoneFile, ShowsTheCombinedTankAcrossTheLine) {
-    DesignState state = DesignedState({"tank", 12}, 1e9);
+    Design state = DesignedState({"tank", 12}, 1e9);
     ExportRange range;
     range.from = 12e6;
     range.to = 20e6;

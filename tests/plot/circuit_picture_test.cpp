@@ -59,7 +59,7 @@ void Add(std::vector<Label>& labels, Label label) {
     labels.push_back(std::move(label));
 }
 
-Picture Painted(std::span<const Circuit> circuits, const DesignState& state) {
+Picture Painted(std::span<const Circuit> circuits, const Design& state) {
     QBuffer svg;
     QSvgGenerator generator;
     generator.setOutputDevice(&svg);
@@ -84,17 +84,18 @@ Picture Painted(std::span<const Circuit> circuits, const DesignState& state) {
 }
 
 /// The page designed from resistances in the order that it asks for.
-DesignState Designed(int page, bool swapped) {
-    DesignState state;
+Design Designed(int page, bool swapped) {
+    Design state;
     EnterPage(state, page);
     state.Q = 10;
     state.LCSwapped = swapped;
     ResponseServices services;
-    if (Calculate(state, true, services).message) {
+    CycleResult result = Calculate(state, true, services);
+    if (result.message) {
         std::swap(state.R1, state.R2);
-        Calculate(state, true, services);
+        result = Calculate(state, true, services);
     }
-    return state;
+    return result.design;
 }
 
 }  // namespace
@@ -125,11 +126,13 @@ class CircuitPictureTest : public QObject {
         QFETCH(bool, swapped);
         QFETCH(int, resonators);
         QFETCH(bool, eight);
-        DesignState state = Designed(page, swapped);
+        Design state = Designed(page, swapped);
         state.NBP = resonators;
         state.eightElements = eight;
         ResponseServices services;
-        QVERIFY(!Calculate(state, true, services).message);
+        const CycleResult calculated = Calculate(state, true, services);
+        QVERIFY(!calculated.message);
+        state = calculated.design;
         const auto circuits = PageOf(page).builtCircuits(state);
         const Picture picture = Painted(circuits, state);
         for (const Circuit& circuit : circuits) {
@@ -148,7 +151,7 @@ class CircuitPictureTest : public QObject {
     }
 
     void bothNetworksOfAPageAreDrawn() {
-        const DesignState state = Designed(8, false);
+        const Design state = Designed(8, false);
         const Picture picture = Painted(PageOf(8).builtCircuits(state), state);
         QCOMPARE(picture.count("T"), 1);
         QCOMPARE(picture.count("Pi"), 1);
@@ -157,7 +160,7 @@ class CircuitPictureTest : public QObject {
     }
 
     void aRefusedDesignHasNamesAndNoValues() {
-        DesignState state = Designed(3, false);
+        Design state = Designed(3, false);
         auto circuits = PageOf(3).builtCircuits(state);
         for (Element& element : circuits[0].elements) element.value = std::nan("");
         const Picture picture = Painted(circuits, state);

@@ -13,14 +13,13 @@ using namespace kelvro;
 namespace {
 
 /// A lossless quarter-wave line from 50 to 200 ohm at 256 Hz: its response at fo is known by hand.
-DesignState Line() {
-    DesignState state;
+Design Line() {
+    Design state;
     EnterPage(state, 6);
     state.fo = 256;
     state.QB = state.QBC = 1e12;
     ResponseServices services;
-    Calculate(state, true, services);
-    return state;
+    return Calculate(state, true, services).design;
 }
 
 QByteArrayList Lines(double xmin, double xmax, bool logarithmic) {

@@ -36,7 +36,8 @@ class FormFixture {
     }
 
     TSDIAppForm& form() { return *form_; }
-    DesignState& state() { return form_->session().state(); }
+    Design& state() { return form_->session().state(); }
+    Preferences& preferences() { return form_->session().preferences(); }
     QString configFolder() const { return config_.path(); }
 
     template <typename Widget = QLineEdit>

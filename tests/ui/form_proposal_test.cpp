@@ -72,7 +72,7 @@ class FormProposalTest : public QObject {
         const int rows = table().topLevelItemCount();
         QVERIFY(rows > 8);
         for (int row = 0; row < rows; ++row) {
-            session_->state() = DesignState{};
+            session_->state() = Design{};
             session_->recalculate();
             QTest::qWait(1);
             QTRY_COMPARE(table().topLevelItemCount(), rows);
@@ -83,7 +83,7 @@ class FormProposalTest : public QObject {
             QTest::mouseDClick(table().viewport(), Qt::LeftButton, {}, at);
             QCOMPARE(session_->state().page, promised.page);
             QCOMPARE(session_->state().components == promised.state.components, true);
-            QCOMPARE(session_->state().ue, promised.cycle.v);
+            QCOMPARE(session_->result().v, promised.cycle.v);
             QCOMPARE(messages_, QStringList());
         }
     }

@@ -5,6 +5,7 @@
 #include <QTextBrowser>
 #include <QtTest>
 
+#include "design/cycle.h"
 #include "design/pages.h"
 #include "ui/help/circuit_hints_dlg.h"
 #include "ui/help/help_box.h"
@@ -18,16 +19,17 @@ namespace {
 /// A main window that has a page and nothing else.
 class PageOnlyHost : public DesignHost {
   public:
-    DesignState& state() override { return state_; }
+    const Design& design() const override { return result_.design; }
+    const CycleResult& result() const override { return result_; }
     void recalculate(bool) override { emit designChanged(); }
     void goToPage(int page) override {
-        EnterPage(state_, page);
+        EnterPage(result_.design, page);
         emit designChanged();
     }
     void showMessage(const QString&) override {}
 
   private:
-    DesignState state_;
+    CycleResult result_;
 };
 
 }  // namespace

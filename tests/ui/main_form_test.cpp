@@ -26,7 +26,6 @@ class MainFormTest : public QObject {
     void heldSpinButtonStopsAtAMessage();
     void switchingResistancesCalculatesOnce();
     void okRewritesEveryInputAndCalculatesOnce();
-    void busySuppressesTheCalculation();
     void seriesAreChosenByButtonAndMenuAlike();
     void choosingASeriesChangesNoOutput();
     void bandwidthFontFollowsItsText();
@@ -77,7 +76,7 @@ void MainFormTest::typedTextIsReadAndClamped() {
     FormFixture f;
     f.goTo(page);
     f.type(edit, text);
-    const DesignState& s = f.state();
+    const Design& s = f.state();
     const QHash<QString, double> stored = {
         {"R1Eingabe", s.R1}, {"R2Eingabe", s.R2},   {"foEingabe", s.fo}, {"QEingabe", s.Q},
         {"QBEingabe", s.QB}, {"QBCEingabe", s.QBC}, {"k5Eingabe", s.k},  {"er6Eingabe", s.er}};
@@ -141,9 +140,9 @@ void MainFormTest::spinButtonsStopAtTheirLimits() {
     QFETCH(double, low);
     QFETCH(double, high);
     FormFixture f;
-    DesignState& s = f.state();
+    Design& s = f.state();
     f.goTo(page);
-    s.SweepFactor = 9;  // few clicks to a limit
+    f.preferences().SweepFactor = 9;  // few clicks to a limit
     const QHash<QString, double*> values = {{"R1", &s.R1}, {"R2", &s.R2}, {"fo", &s.fo},
                                             {"Q", &s.Q},   {"QB", &s.QB}, {"QBC", &s.QBC}};
     double& value = *values.value(button);
@@ -217,27 +216,15 @@ void MainFormTest::okRewritesEveryInputAndCalculatesOnce() {
     QCOMPARE(f.text("QBCEingabe"), QString("  1000.00"));
 }
 
-void MainFormTest::busySuppressesTheCalculation() {
-    FormFixture f;
-    f.goTo(3);
-    const QString before = f.text("C13Ausgabe");
-    f.state().Busy = true;
-    f.type("R1Eingabe", "10");
-    QCOMPARE(f.text("C13Ausgabe"), before);
-    f.state().Busy = false;
-    f.type("R1Eingabe", "10");
-    QVERIFY(f.text("C13Ausgabe") != before);
-}
-
 void MainFormTest::seriesAreChosenByButtonAndMenuAlike() {
     FormFixture f;
     QVERIFY(f.find<QAction>("E12Reihe1").isChecked());
     f.click("E96Button");
-    QCOMPARE(f.state().ESeries, Series::E96);
+    QCOMPARE(f.preferences().ESeries, Series::E96);
     QVERIFY(f.find<QAction>("E96Reihe1").isChecked());
     QVERIFY(!f.find<QAction>("E12Reihe1").isChecked());
     f.choose("E6Reihe1");
-    QCOMPARE(f.state().ESeries, Series::E6);
+    QCOMPARE(f.preferences().ESeries, Series::E6);
     QVERIFY(f.find<QRadioButton>("E6Button").isChecked());
 }
 
@@ -264,13 +251,13 @@ void MainFormTest::bandwidthFontFollowsItsText() {
 
 void MainFormTest::hintsShowTheGoalOrTheWarning() {
     FormFixture f;
-    f.state().OptimizationDisabled = true;
+    f.form().session().optimizer().settings.disabled = true;
     auto& swap = f.find<QAbstractButton>("SpeedButtonVertauschen");
     QTest::mouseMove(&f.find("R1Eingabe"));
     QTest::mouseMove(&swap);
     QCOMPARE(f.find<QStatusBar>("StatusBar").currentMessage(),
              QString("Switch R1 and R2 - Warning: Optimization is disabled!"));
-    f.state().OptimizationDisabled = false;
+    f.form().session().optimizer().settings.disabled = false;
     auto& two = f.find<QWidget>("SpinButtonR2");
     QTest::mouseMove(&two, QPoint(2, 2));
     const QString shown = f.find<QStatusBar>("StatusBar").currentMessage();
@@ -321,7 +308,7 @@ void MainFormTest::argumentsPresetTheOptimizerAndSaySo() {
                           "Hint: Line accuracy modified (0=fast,1=accurate)! Parameter set to 1.00",
                           "Hint: Line center parameter modified (0.5=default,0=short)! Parameter "
                           "set to 0.25"}));
-    QVERIFY(f.state().OptimizationDisabled);
+    QVERIFY(f.form().session().optimizer().settings.disabled);
     const OptimizerSettings& settings = f.form().session().optimizer().settings;
     QVERIFY(settings.local.dfp);
     QVERIFY(!settings.singleRun);

@@ -250,7 +250,7 @@ void PagesTest::optimizerRefinesWhatTheFieldsShow() {
 
 void PagesTest::takeAndOptimizeKeepsTheTakenValues() {
     FormFixture f;
-    f.state().OptimizationDisabled = true;
+    f.form().session().optimizer().settings.disabled = true;
     f.goTo(3);
     f.click("E6Button");
     f.doubleClick("L3Ausgabe");

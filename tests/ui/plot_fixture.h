@@ -15,16 +15,18 @@ namespace kelvro {
 class Host : public DesignHost {
   public:
     Host() {
-        state_.fo = 1e6;
+        result_.design.fo = 1e6;
         recalculate();
     }
-    DesignState& state() override { return state_; }
+    const Design& design() const override { return result_.design; }
+    const CycleResult& result() const override { return result_; }
+    Design& state() { return result_.design; }
     void recalculate(bool storeComponents = true) override {
-        Calculate(state_, storeComponents, services_);
+        result_ = Calculate(result_.design, storeComponents, services_);
         emit designChanged();
     }
     void goToPage(int page) override {
-        state_.page = page;
+        result_.design.page = page;
         recalculate();
     }
     void showMessage(const QString& text) override { messages.append(text); }
@@ -32,7 +34,7 @@ class Host : public DesignHost {
     QStringList messages;
 
   private:
-    DesignState state_;
+    CycleResult result_;
     ResponseServices services_;
 };
 

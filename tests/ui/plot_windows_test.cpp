@@ -109,8 +109,8 @@ class PlotWindowsTest : public QObject {
         QVERIFY2(status().startsWith("Position : f="), qPrintable(status()));
         QVERIFY2(status().contains("Hz, Vu="), qPrintable(status()));
         const WorldPoint at = image().frame().toWorld(pixel(1e6, 0).x(), pixel(1e6, 0).y());
-        QCOMPARE(status(),
-                 QString::fromStdString(ReadOut(host_->state(), Quantity::VoltageGain, at)));
+        QCOMPARE(status(), QString::fromStdString(ReadOut(host_->state(), host_->result().v,
+                                                          Quantity::VoltageGain, at)));
     }
 
     void readOutTextsAreThoseOfTheWindows_data() {
@@ -128,11 +128,10 @@ class PlotWindowsTest : public QObject {
     void readOutTextsAreThoseOfTheWindows() {
         QFETCH(int, quantity);
         QFETCH(double, y);
-        DesignState state;
+        Design state;
         state.R1 = 50;
         state.R2 = 200;
-        state.ue = 2;
-        QTEST(QString::fromStdString(ReadOut(state, Quantity(quantity), {1.5e6, y})), "text");
+        QTEST(QString::fromStdString(ReadOut(state, 2, Quantity(quantity), {1.5e6, y})), "text");
     }
 
     void draggingABoxToTheLowerRightZoomsIntoIt() {
@@ -209,7 +208,7 @@ class PlotWindowsTest : public QObject {
     void spinButtonsMoveTheValueAndCancelKeepsTheView() {
         const auto& plot = image().frame().plot;
         const QPoint xEnd(plot.right - 5, plot.bottom + 10);
-        host_->state().SweepFactor = 2;
+        host_->preferences().SweepFactor = 2;
         InDialog spin([](QWidget& d) {
             QTest::mouseClick(d.findChild<QToolButton*>("SpinButtonXmaxUp"), Qt::LeftButton);
             QTest::mouseClick(d.findChild<QPushButton*>("OKBtn"), Qt::LeftButton);
@@ -305,8 +304,8 @@ class PlotWindowsTest : public QObject {
         const auto peak = std::max_element(curve.y.begin(), curve.y.end()) - curve.y.begin();
         const auto text = [&](std::ptrdiff_t index) {
             const auto i = static_cast<std::size_t>(index);
-            return QString::fromStdString(
-                ReadOut(host_->state(), Quantity::VoltageGain, {curve.x[i], curve.y[i]}));
+            return QString::fromStdString(ReadOut(host_->state(), host_->result().v,
+                                                  Quantity::VoltageGain, {curve.x[i], curve.y[i]}));
         };
         QCOMPARE(status(), text(peak));
         QTest::keyClick(&image(), Qt::Key_Right, Qt::ShiftModifier);
@@ -344,7 +343,7 @@ class PlotWindowsTest : public QObject {
     }
 
     void monteCarloRunsPileUpUntilTheNextRedraw() {
-        const DesignState nominal = host_->state();
+        const Design nominal = host_->state();
         auto* yield = vu_->findChild<QLabel*>("YieldLabel");
         QCOMPARE(yield->text(), QString());
         press("SpeedButtonMC");

@@ -96,7 +96,7 @@ class ToolsTest : public QObject {
         QTest::keyClicks(fo, "3M");
         fixture.type("foEingabe", "9M");
         QCOMPARE(fo->text(), "3M");
-        fixture.state().SweepFactor = 1.5;
+        fixture.preferences().SweepFactor = 1.5;
         QTest::keyClick(fo, Qt::Key_Up);
         QVERIFY(ParseValue(fo->text().toStdString()) > 4e6);  // 1.05 is the usual factor
     }

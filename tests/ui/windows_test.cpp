@@ -156,7 +156,7 @@ void WindowsTest::sweepFactorIsHeldToItsRangeWhileTyping() {
     QCOMPARE(edit->text(), QString("  1.05"));
     edit->selectAll();
     QTest::keyClicks(edit, text);
-    QCOMPARE(f.state().SweepFactor, factor);
+    QCOMPARE(f.preferences().SweepFactor, factor);
     QTest::keyClick(dialog, Qt::Key_Return);
     f.choose("SweepFaktor1");
     QCOMPARE(edit->text(), shown);
@@ -170,7 +170,7 @@ void WindowsTest::cancelledSweepFactorIsRestored() {
     edit->selectAll();
     QTest::keyClicks(edit, "3");
     QTest::keyClick(dialog, Qt::Key_Escape);
-    QCOMPARE(f.state().SweepFactor, 1.05);
+    QCOMPARE(f.preferences().SweepFactor, 1.05);
 }
 
 void WindowsTest::windowIsPrintedIntoAFile() {

@@ -24,8 +24,8 @@ TCircuitHintsDlg::TCircuitHintsDlg(DesignHost& host, QWidget* parent)
 }
 
 void TCircuitHintsDlg::showPage() {
-    if (page_ == host_.state().page) return;
-    page_ = host_.state().page;
+    if (page_ == host_.design().page) return;
+    page_ = host_.design().page;
     const auto caption = PageOf(page_).caption;
     setWindowTitle(
         tr("Circuit Hints: %1")

@@ -103,7 +103,7 @@ void THilfeBox::showEvent(QShowEvent* event) {
     contents_->setVisible(file.isEmpty());
     index_->setFocus();
     if (file.isEmpty()) {
-        showTopic(TopicOfPage(host_.state().page));
+        showTopic(TopicOfPage(host_.design().page));
     } else {
         text_->setSource(QUrl::fromLocalFile(file));
     }

@@ -13,22 +13,21 @@ namespace {
 
 /// The design that a chapter's picture shows: the defaults, with R1 and R2 in the order that the
 /// page asks for.
-DesignState ExampleOf(int page) {
-    DesignState state;
+Design ExampleOf(int page) {
+    Design state;
     EnterPage(state, page);
     ResponseServices services;
-    if (Calculate(state, true, services).message) {
-        std::swap(state.R1, state.R2);
-        Calculate(state, true, services);
-    }
-    return state;
+    const CycleResult result = Calculate(state, true, services);
+    if (!result.message) return result.design;
+    std::swap(state.R1, state.R2);
+    return Calculate(state, true, services).design;
 }
 
 QImage CircuitPicture(int page, double ratio) {
     const QSizeF size(560, 230);
     QImage image((size * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);
-    const DesignState state = ExampleOf(page);
+    const Design state = ExampleOf(page);
     QPainter painter(&image);
     painter.scale(ratio, ratio);
     PaintCircuits(painter, QRectF(QPointF(0, 0), size).adjusted(8, 8, -8, -8),

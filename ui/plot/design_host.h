@@ -5,20 +5,25 @@
 #include <string_view>
 
 #include "analysis/tolerance.h"
-#include "design/state.h"
+#include "design/design.h"
+#include "design/preferences.h"
 #include "plot/frame.h"
 
 namespace kelvro {
 
-/// What plot windows and dialogs see of the main window: the one design state, and the ways to
-/// change it. The windows hold no design arithmetic of their own.
+struct CycleResult;
+
+/// What plot windows and dialogs see of the main window: the one design, and the ways to change it.
+/// The windows hold no design arithmetic of their own.
 class DesignHost : public QObject {
     Q_OBJECT
 
   public:
     using QObject::QObject;
 
-    virtual DesignState& state() = 0;
+    virtual const Design& design() const = 0;
+    /// What the last calculation said.
+    virtual const CycleResult& result() const = 0;
     /// Runs the calculation cycle for the current page and shows its outputs.
     virtual void recalculate(bool storeComponents = true) = 0;
     /// Switches the main window to a page (1..19), which recalculates.
@@ -29,6 +34,9 @@ class DesignHost : public QObject {
     /// Text of an output field as it stands, rounded by the user perhaps; rows of element tables go
     /// by "table.element". Empty for unknown names.
     virtual QString fieldText(std::string_view) const { return {}; }
+
+    Preferences& preferences() { return preferences_; }
+    const Preferences& preferences() const { return preferences_; }
 
     /// Do exports take the values of the standard series ("E-Series for Export")?
     bool standardValues() const { return standardValues_; }
@@ -52,6 +60,7 @@ class DesignHost : public QObject {
     void standardValuesChanged(bool on);
 
   private:
+    Preferences preferences_;
     PlotSettings plotSettings_;
     bool standardValues_ = false;
     Tolerances tolerances_;

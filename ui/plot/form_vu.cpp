@@ -79,11 +79,11 @@ void TFormVu::SpeedButtonMC100Click() {
 }
 
 void TFormVu::runMonteCarlo(int runs) {
-    const DesignState& nominal = host().state();
+    const Design& nominal = host().design();
     const double limit = PeakOf(samples()) - 1;
     for (int run = 0; run < runs; ++run) {
         ToleranceRuns drawn(nominal, host().tolerances(), ClockSeed());
-        const DesignState& varied = drawn.next();
+        const Design& varied = drawn.next();
         image().addCurve(ScatterCurve(Sampled(varied, view(), quantity())));
         ++runs_;
         if (ValueAt(varied, quantity(), nominal.fo) >= limit) ++goodRuns_;

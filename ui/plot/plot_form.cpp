@@ -14,6 +14,7 @@
 #include <array>
 #include <cmath>
 
+#include "design/cycle.h"
 #include "design/pages.h"
 #include "ui/plot/icons.h"
 #include "ui/plot/plot_image.h"
@@ -113,7 +114,7 @@ PlotForm::PlotForm(DesignHost& host, const Texts& texts, Quantity quantity, QWid
       host_(host),
       texts_(texts),
       quantity_(quantity),
-      view_(DefaultView(quantity, host.state().fo)),
+      view_(DefaultView(quantity, host.design().fo)),
       image_(new PlotImage(this)),
       toolBar_(addToolBar(tr("Tools"))),
       status_(new QLabel(this)) {
@@ -190,7 +191,7 @@ void PlotForm::showEvent(QShowEvent* event) {
 void PlotForm::FormShow() {
     stopReading();
     cancelDrag();
-    setView(DefaultView(quantity_, host_.state().fo));
+    setView(DefaultView(quantity_, host_.design().fo));
     image_->setFocus();
 }
 
@@ -206,10 +207,10 @@ void PlotForm::setView(const View& view) {
 }
 
 void PlotForm::redraw() {
-    const std::string_view page = PageOf(host_.state()).caption;
+    const std::string_view page = PageOf(host_.design()).caption;
     setWindowTitle(texts_.caption + " - " + QString::fromUtf8(page.data(), qsizetype(page.size())));
-    samples_ = Sampled(host_.state(), view_, quantity_);
-    image_->setPicture(ResponsePicture(host_.state(), view_, quantity_, look_, samples_));
+    samples_ = Sampled(host_.design(), view_, quantity_);
+    image_->setPicture(ResponsePicture(host_.design(), view_, quantity_, look_, samples_));
     if (reading_) moveReading(sampleNearest(*reading_));
 }
 
@@ -237,7 +238,7 @@ void PlotForm::Standardgroesse1Click() {
 void PlotForm::Autoskalierung1Click() {
     View view = view_;
     view.x = AutoscaledX(view.x, samples_.validX());
-    view.y = AutoscaledToSamples(view.y, Sampled(host_.state(), view, quantity_));
+    view.y = AutoscaledToSamples(view.y, Sampled(host_.design(), view, quantity_));
     setView(view);
 }
 
@@ -270,7 +271,7 @@ void PlotForm::Ursprungfestlegen1Click() {
 
 /// The sample that is read, else the one at fo, as far as it is in view: what a zoom is about.
 WorldPoint PlotForm::zoomCentre() const {
-    const auto at = static_cast<std::size_t>(sampleNearest(reading_.value_or(host_.state().fo)));
+    const auto at = static_cast<std::size_t>(sampleNearest(reading_.value_or(host_.design().fo)));
     const auto visible = [](const Axis& axis, double value) {
         return axis.min < value && value < axis.max ? value : Middle(axis);
     };
@@ -280,7 +281,7 @@ WorldPoint PlotForm::zoomCentre() const {
 void PlotForm::zoomAll(double factor) {
     View view = view_;
     const WorldPoint centre = zoomCentre();
-    view.x = Zoomed(view.x, factor, centre.x, FrequencyLimits(view.x, host_.state().fo));
+    view.x = Zoomed(view.x, factor, centre.x, FrequencyLimits(view.x, host_.design().fo));
     view.y = Zoomed(view.y, factor, centre.y, {});
     setView(view);
 }
@@ -301,7 +302,7 @@ void PlotForm::DotButtonClick() {
 std::optional<double> PlotForm::askValue(const ValueEdit& edit, bool frequency, QPoint at) {
     const QString unit = frequency ? "Hz" : quantity_ == Quantity::Phase ? "°" : "dB";
     const double step = frequency ? 0 : view_.y.step * view_.y.labelEvery;
-    TXmaxDlg1 dialog(edit, unit, {host_.state().SweepFactor, step}, this);
+    TXmaxDlg1 dialog(edit, unit, {host_.preferences().SweepFactor, step}, this);
     const QRect screenArea = screen()->availableGeometry();
     const QSize size = dialog.sizeHint();
     const QPoint place = pos() + at + QPoint(48, -72);
@@ -315,12 +316,13 @@ std::optional<double> PlotForm::askValue(const ValueEdit& edit, bool frequency, 
 
 void PlotForm::editEnd(Zone zone, QPoint at) {
     const bool frequency = zone == Zone::XStart || zone == Zone::XEnd;
-    const ValueEdit edit = EndEdit(view_, zone, host_.state().fo);
+    const ValueEdit edit = EndEdit(view_, zone, host_.design().fo);
     if (const auto value = askValue(edit, frequency, at)) setView(WithEnd(view_, zone, *value));
 }
 
 void PlotForm::showReadOut(WorldPoint place) {
-    status_->setText(QString::fromStdString(ReadOut(host_.state(), quantity_, place)));
+    status_->setText(
+        QString::fromStdString(ReadOut(host_.design(), host_.result().v, quantity_, place)));
 }
 
 void PlotForm::moveCursor(Zone zone, bool inside) {
@@ -389,7 +391,7 @@ void PlotForm::ImageMouseWheel(QWheelEvent* event) {
     const bool onlyY = event->modifiers() & Qt::ShiftModifier || at.x() < frame.plot.left;
     View view = view_;
     if (!onlyY) {
-        view.x = Zoomed(view.x, factor, fixed.x, FrequencyLimits(view.x, host_.state().fo));
+        view.x = Zoomed(view.x, factor, fixed.x, FrequencyLimits(view.x, host_.design().fo));
     }
     if (!onlyX) view.y = Zoomed(view.y, factor, fixed.y, {});
     setView(view);
@@ -400,7 +402,7 @@ void PlotForm::ImageKeyDown(QKeyEvent* event) {
     const int step = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
     const int last = static_cast<int>(samples_.x.size()) - 1;
     const auto moved = [&](int by) {
-        const int start = sampleNearest(reading_.value_or(host_.state().fo));
+        const int start = sampleNearest(reading_.value_or(host_.design().fo));
         moveReading(reading_ ? start + by : start);
     };
     switch (event->key()) {

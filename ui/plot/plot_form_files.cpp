@@ -99,7 +99,7 @@ void PlotForm::SaveasTable1Click() {
     if (path.isEmpty()) return;
     const Axis& x = view_.x;
     const std::string table =
-        ResponseTable(host_.state(), x.min, x.max, x.mode == AxisMode::Logarithmic);
+        ResponseTable(host_.design(), x.min, x.max, x.mode == AxisMode::Logarithmic);
     if (const auto problem = WriteAtomically(path, QByteArray::fromStdString(table))) {
         host_.showMessage(*problem);
     }

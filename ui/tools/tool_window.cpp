@@ -267,7 +267,7 @@ void ToolWindow::changed() {
 
 void ToolWindow::step(InputEdit* edit, int direction) {
     if (!stepsValues() || isEmpty(edit)) return;
-    const double factor = host_ ? host_->state().SweepFactor : kUsualSweepFactor;
+    const double factor = host_ ? host_->preferences().SweepFactor : kUsualSweepFactor;
     const double value = number(edit);
     edit->setText(ToQString(FormatEngShort(
         kDecimals, direction > 0 ? SpinStepUp(value, factor) : SpinStepDown(value, factor))));
@@ -281,7 +281,7 @@ void ToolWindow::followDesign(DesignHost& host) {
 
 void ToolWindow::takeFrequency() {
     if (!frequency_ || frequencyTyped_) return;
-    const double fo = host_->state().fo;
+    const double fo = host_->design().fo;
     if (number(frequency_) == fo) return;
     frequency_->setText(ToQString(FormatEngShort(kDecimals, fo)));
     frequencyTyped_ = false;

@@ -4,8 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "core/series.h"
-
 namespace kelvro {
 
 /// Places for component values. The first eight are X1..X8 of the response formulas and of the
@@ -56,9 +54,9 @@ struct TransformerOptions {
     bool operator==(const TransformerOptions&) const = default;
 };
 
-/// Everything a design consists of: inputs, component values, derived shared values. A plain record
-/// in SI units; the window, the command line and the tests each own one and pass it by reference.
-struct DesignState {
+/// What a design consists of: the inputs of its page and the components. A plain value in SI units
+/// that holds nothing derived (see CycleResult) and no preference of the user (see Preferences).
+struct Design {
     int page = 1;  ///< 1..19
 
     // Inputs that every page shares.
@@ -102,21 +100,12 @@ struct DesignState {
 
     Slots components;
 
-    // Derived by every calculation.
-    double QBges = 0;     ///< total effective element Q
-    double ue = 2;        ///< v = V2/V1 at fo
-    double RatioRef = 2;  ///< 0 dB reference of the transducer gain
-
-    Series ESeries = Series::E12;
-    double SweepFactor = 1.05;
     bool LCSwapped = false;
     /// CheckBoxQ: the optimizer takes the loaded Q from the drop at the band edges; cleared, from
     /// the slope of the phase.
     bool QByBandwidth = true;
-    bool Busy = false;  ///< several inputs are being rewritten: calculations are suppressed
-    bool OptimizationDisabled = false;
 
-    bool operator==(const DesignState&) const = default;
+    bool operator==(const Design&) const = default;
 };
 
 }  // namespace kelvro
