@@ -3,74 +3,114 @@
 #include <cmath>
 
 #include "core/scalar.h"
+#include "network/part_form.h"
 
 namespace kelvro {
 
 namespace {
 
-using Cx = std::complex<double>;
+/// 1/Q; 0 where no Q is given.
+double Tangent(const PartLoss& loss) {
+    return loss.law != PartLoss::Law::Lossless && loss.Q > 0 ? 1 / loss.Q : 0;
+}
 
-/// 1/Q at f of the laws that put |X|/Q in series.
-double SeriesTangent(const PartLoss& loss, double f) {
-    if (!(loss.Q > 0)) return 0;
-    switch (loss.law) {
-        case PartLoss::Law::ConstantQ:
-            return 1 / loss.Q;
-        case PartLoss::Law::ProportionalQ:
-            return loss.f / (loss.Q * f);
-        case PartLoss::Law::RootQ:
-            return std::sqrt(loss.f / f) / loss.Q;
+/// Splits a reactance into the coefficients of resistance and reactance that the part's law makes
+/// of it. The page's lossy frequency is s/ω = 1/Q + j, and -1/Q + j at the mirrored frequency,
+/// which is negative: in inductors and in mirrored capacitors the loss stands in series, else in
+/// parallel.
+struct Split {
+    double reactance;
+    double linear = 0;  ///< resistance proportional to the reactance
+    double root = 0;    ///< growing more slowly by √ω than the reactance
+    double other = 0;   ///< growing more slowly by ω
+};
+Split SplitOf(const Part& part, double reactance) {
+    using Law = PartLoss::Law;
+    const double tangent = Tangent(part.loss);
+    const double omega = kTwoPi * part.loss.f;
+    const Law parallel = part.kind == PartKind::Inductor ? Law::PageMirrored : Law::Page;
+    if (part.loss.law == parallel) reactance /= 1 + tangent * tangent;
+    switch (part.loss.law) {
+        case Law::ProportionalQ:
+            return {reactance, 0, 0, reactance * tangent * omega};
+        case Law::RootQ:
+            return {reactance, 0, reactance * tangent * std::sqrt(omega)};
         default:
-            return 0;
+            return {reactance, reactance * tangent};
     }
 }
 
-/// value·voltage over current; an infinite value leaves an open.
-Immittance Proportional(double value, Cx voltage, Cx current) {
-    if (std::isinf(value)) return {voltage, 0};
-    return {value * voltage, current};
+PartForm FormOfCoil(const Part& part) {
+    const double L = part.value;
+    const Split split = SplitOf(part, L);
+    PartForm form;
+    form.r = part.loss.ESR + split.other;
+    form.rRoot = split.root;
+    form.rLinear = split.linear;
+    form.xLinear = split.reactance;
+    const double omega = kTwoPi * part.loss.SRF;
+    if (omega > 0 && L != 0) form.across = 1 / (omega * omega * L);
+    return form;
 }
 
-/// The reactance with the loss of its law. The page's lossy frequency is s/ω = 1/Q + j, and -1/Q +
-/// j at the mirrored frequency, which is negative.
-Immittance Reactance(const Part& part, double f) {
-    const PartLoss& loss = part.loss;
-    const bool inductor = part.kind == PartKind::Inductor;
-    const bool page = loss.law == PartLoss::Law::Page;
-    const bool mirrored = loss.law == PartLoss::Law::PageMirrored;
-    const double tangent = !(page || mirrored) ? SeriesTangent(loss, f)
-                           : loss.Q > 0        ? 1 / loss.Q
-                                               : 0;
-    const double size = kTwoPi * f * part.value;  // X of an inductor, B of a capacitor
-    if (inductor) {
-        return mirrored ? Proportional(size, 1, {tangent, -1})
-                        : Proportional(size, {tangent, 1}, 1);
-    }
-    const Immittance C =
-        page ? Proportional(size, {tangent, 1}, 1) : Proportional(size, 1, {tangent, -1});
-    return {C.current, C.voltage};  // as an admittance
-}
-
-/// What the self-resonance adds: the reactance that a part meets there, ωL·(SRF/f)² in magnitude.
-Immittance Parasitic(const Part& part, double f) {
-    const double ratio = f / part.loss.SRF;
-    const double size = kTwoPi * f * part.value;
-    if (part.kind == PartKind::Inductor) return Proportional(size, 1, {0, ratio * ratio});
-    const Immittance C = Proportional(size, 1, {0, ratio * ratio});
-    return {C.current, C.voltage};
+PartForm FormOfCapacitor(const Part& part) {
+    const double S = 1 / part.value;
+    const Split split = SplitOf(part, S);
+    PartForm form{PartForm::Kind::Capacitor};
+    form.r = part.loss.ESR;
+    form.rLinear = split.linear;
+    form.rRoot = split.root;
+    form.rSquare = split.other;
+    form.xInverse = -split.reactance;
+    const double omega = kTwoPi * part.loss.SRF;
+    if (omega > 0) form.xLinear = S / (omega * omega);
+    return form;
 }
 
 }  // namespace
 
+PartForm PartForm::Of(const Part& part) {
+    const bool capacitor = part.kind == PartKind::Capacitor;
+    if (capacitor ? part.value == 0 : std::isinf(part.value)) return {Kind::Open};
+    PartForm form;
+    if (part.kind == PartKind::Resistor) {
+        form.r = part.value;
+        return form;
+    }
+    form = capacitor ? FormOfCapacitor(part) : FormOfCoil(part);
+    const double x = capacitor ? form.xInverse : form.xLinear;
+    form.proportional = form.r == 0 && form.rRoot == 0 && form.rSquare == 0 && form.across == 0 &&
+                        x != 0 && (!capacitor || form.xLinear == 0);
+    if (form.proportional) {
+        const double norm = form.rLinear * form.rLinear + x * x;
+        form.g = form.rLinear / norm;
+        form.b = -x / norm;
+    }
+    return form;
+}
+
+bool PartForm::passive() const {
+    return r >= 0 && rRoot >= 0 && rLinear >= 0 && rSquare >= 0;
+}
+
+bool PartForm::lossy() const {
+    return kind != Kind::Open && passive() && (r > 0 || rRoot > 0 || rLinear > 0 || rSquare > 0);
+}
+
+bool PartForm::hasImpedance() const {
+    return kind != Kind::Open && (across == 0 || lossy());
+}
+
+bool PartForm::hasAdmittance() const {
+    if (kind == Kind::Open || lossy()) return true;
+    if (!passive()) return false;
+    return (xLinear == 0) != (xInverse == 0);
+}
+
 Immittance immittance(const Part& part, double f) {
-    if (part.kind == PartKind::Resistor) return {part.value, 1};
-    Immittance whole = Reactance(part, f);
-    if (part.loss.ESR != 0) whole = InSeries(whole, {part.loss.ESR, 1});
-    // A part of value 0 is a short or an open whatever would stand beside it.
-    if (!(part.loss.SRF > 0) || part.value == 0) return whole;
-    const Immittance parasitic = Parasitic(part, f);
-    return part.kind == PartKind::Inductor ? InParallel(whole, parasitic)
-                                           : InSeries(whole, parasitic);
+    using X = lanes::Complex<double>;
+    const auto [voltage, current] = PartForm::Of(part).pair<X>(Powers<double>::Of(kTwoPi * f));
+    return {{voltage.re, voltage.im}, {current.re, current.im}};
 }
 
 std::complex<double> impedance(const Part& part, double f) {
