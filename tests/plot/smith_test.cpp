@@ -1,0 +1,294 @@
+// The Smith chart without a window: circles, the way between plane and pixels, the path of a
+// network, and what dragging one of its nodes means.
+
+#include <QImage>
+#include <QPainter>
+#include <QtTest>
+#include <cmath>
+
+#include "network/ladder_response.h"
+#include "plot/smith_frame.h"
+#include "plot/smith_painter.h"
+#include "plot/smith_path.h"
+
+using namespace kelvro;
+using Cx = std::complex<double>;
+
+namespace {
+
+void CompareComplex(Cx actual, Cx expected, double tolerance = 1e-9) {
+    const bool close = std::abs(actual - expected) <= tolerance;
+    QVERIFY2(close, qPrintable(QStringLiteral("%1 + j%2 instead of %3 + j%4")
+                                   .arg(actual.real(), 0, 'g', 12)
+                                   .arg(actual.imag(), 0, 'g', 12)
+                                   .arg(expected.real(), 0, 'g', 12)
+                                   .arg(expected.imag(), 0, 'g', 12)));
+}
+
+LadderElement OpenLine(Line::Form form, double Z0, double degrees, double f) {
+    Line line;
+    line.form = form;
+    line.Z0 = Z0;
+    line.length = {degrees, f, 0, 1};
+    return {line, {}};
+}
+
+/// Matched designs whose values another calculation gave, lossless.
+struct Matched {
+    Network network;
+    double f;
+};
+
+/// 100 ohm to 200 - j100 at 500 MHz by series L and shunt C: YL = 4 mS + j2 mS.
+Matched LowPassMatch() {
+    Network network;
+    network.source = 100.0;
+    network.load = Cx(200, -100);
+    network.ladder = {SeriesArm(Part::L(38.985e-9, "L1")), ShuntArm(Part::C(0.92277e-12, "C1"))};
+    return {network, 500e6};
+}
+
+/// 10 - j20 to 3 + j4 at 100 MHz: a source with reactance.
+Matched ComplexSource() {
+    Network network;
+    network.source = Cx(10, -20);
+    network.load = Cx(3, 4);
+    network.ladder = {ShuntArm(Part::C(62.329e-12)), SeriesArm(Part::L(12.532e-9))};
+    return {network, 100e6};
+}
+
+double Distance(const ChartCircle& circle, Cx gamma) {
+    return std::fabs(std::abs(gamma - Cx(circle.u, circle.v)) - circle.radius);
+}
+
+}  // namespace
+
+class SmithTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void pointsOfALineLieOnItsCircle_data() {
+        QTest::addColumn<double>("r");
+        QTest::addColumn<double>("x");
+        QTest::addRow("inductive") << 0.5 << 2.0;
+        QTest::addRow("capacitive") << 3.0 << -0.2;
+        QTest::addRow("almost a short") << 1e-3 << 1e-3;
+    }
+    void pointsOfALineLieOnItsCircle() {
+        QFETCH(double, r);
+        QFETCH(double, x);
+        const Cx z(r, x);
+        const Cx y = 1.0 / z;
+        const Cx gamma = ChartGamma(50.0 * z, 50);
+        QVERIFY(Distance(ResistanceCircle(r), gamma) < 1e-12);
+        QVERIFY(Distance(ReactanceCircle(x), gamma) < 1e-9);
+        QVERIFY(Distance(ConductanceCircle(y.real()), gamma) < 1e-12);
+        QVERIFY(Distance(SusceptanceCircle(y.imag()), gamma) < 1e-12);
+        const double s = (1 + std::abs(gamma)) / (1 - std::abs(gamma));
+        QVERIFY(Distance(VswrCircle(s), gamma) < 1e-12);
+        ChartCircle q = QualityCircle(std::fabs(x) / r);
+        if (x < 0) q.v = -q.v;
+        QVERIFY(Distance(q, gamma) < 1e-12);
+    }
+
+    void theCentreIsTheConjugateMatchOfAnySource() {
+        const Cx source(30, 45);
+        CompareComplex(ChartGamma(std::conj(source), source), 0);
+        // Where both conventions differ for a complex source: 5 + j50 straight to 50 ohm.
+        CompareComplex(ChartGamma(50, Cx(5, 50)), {0.900452, 0.090498}, 1e-6);
+        CompareComplex(ChartImpedance(ChartGamma(Cx(12, -7), source), source), {12, -7});
+    }
+
+    void zoomingKeepsThePlaceUnderTheCursor() {
+        ChartFrame frame{600, 400, {}};
+        const Cx before = frame.gamma(420, 130);
+        for (int i = 0; i < 9; ++i) frame.view = ZoomedAt(frame, 420, 130, 1.6);
+        CompareComplex(frame.gamma(420, 130), before);
+        const auto [x, y] = frame.place(before);
+        QVERIFY(std::fabs(x - 420) < 1e-6 && std::fabs(y - 130) < 1e-6);
+        // Out again: the whole chart in the middle, however far one was.
+        for (int i = 0; i < 40; ++i) frame.view = ZoomedAt(frame, 0, 0, 0.5);
+        QCOMPARE(frame.view, ChartView());
+    }
+
+    void theGridIsReadableAtEveryZoom_data() {
+        QTest::addColumn<double>("zoom");
+        QTest::addColumn<double>("u");
+        QTest::addRow("whole") << 1.0 << 0.0;
+        QTest::addRow("centre close") << 40.0 << 0.0;
+        QTest::addRow("short close") << 300.0 << -0.98;
+        QTest::addRow("open, as close as it goes") << kLargestChartZoom << 0.99;
+    }
+    void theGridIsReadableAtEveryZoom() {
+        QFETCH(double, zoom);
+        QFETCH(double, u);
+        const ChartFrame frame{640, 640, {u, 0.001, zoom}};
+        const auto lines = ImpedanceGrid(frame);
+        int labels = 0;
+        for (const GridLine& line : lines) {
+            labels += line.label.empty() ? 0 : 1;
+            for (const Cx& point : line.points) QVERIFY(std::abs(point) < 1 + 1e-9);
+            const Cx middle = line.points[line.points.size() / 2];
+            const Cx z = (1.0 + middle) / (1.0 - middle);
+            const double own = line.reactance ? z.imag() : z.real();
+            QVERIFY(std::fabs(own - line.value) <= 1e-6 * (1 + std::fabs(line.value)));
+        }
+        QVERIFY2(labels >= 2 && labels <= 200, qPrintable(QString::number(labels)));
+        QVERIFY2(lines.size() < 600, qPrintable(QString::number(lines.size())));
+    }
+
+    void theAdmittanceGridIsTheOtherTurnedRound() {
+        const ChartFrame frame{500, 500, {0.2, 0.1, 3}};
+        for (const GridLine& line : AdmittanceGrid(frame)) {
+            const Cx middle = line.points[line.points.size() / 2];
+            const Cx y = (1.0 - middle) / (1.0 + middle);
+            QVERIFY(std::fabs((line.reactance ? y.imag() : y.real()) - line.value) <=
+                    1e-6 * (1 + std::fabs(line.value)));
+        }
+    }
+
+    void aMatchEndsInTheCentreOnItsCircles() {
+        const auto [network, f] = LowPassMatch();
+        const auto path = SmithPath(network, f);
+        QCOMPARE(path.size(), std::size_t(2));
+        QCOMPARE(path[0].name, std::string("C1"));  // from the load
+        QCOMPARE(path[1].name, std::string("L1"));
+        CompareComplex(path[1].gamma.back(), 0, 1e-5);
+        // Across: g = 4 mS·100 ohm; in series: r = 1.
+        for (const Cx& point : path[0].gamma)
+            QVERIFY(Distance(ConductanceCircle(0.4), point) < 1e-9);
+        for (const Cx& point : path[1].gamma) QVERIFY(Distance(ResistanceCircle(1), point) < 1e-5);
+        // A capacitor across turns clockwise.
+        const Cx start = path[0].gamma[0] - Cx(-0.4 / 1.4, 0);
+        const Cx next = path[0].gamma[1] - Cx(-0.4 / 1.4, 0);
+        QVERIFY(std::arg(next / start) < 0);
+    }
+
+    void thePathEndsWhereTheResponseSays_data() {
+        QTest::addColumn<int>("kind");
+        for (int kind = 0; kind < 6; ++kind) QTest::addRow("ladder %d", kind) << kind;
+    }
+    void thePathEndsWhereTheResponseSays() {
+        QFETCH(int, kind);
+        Network network;
+        network.source = Cx(40, 15);
+        network.load = Cx(120, -60);
+        const double f = 433e6;
+        Part lossy = Part::L(22e-9);
+        lossy.loss = {PartLoss::Law::ConstantQ, 30, 0, 0.2, 2e9};
+        const Impedance tank = Impedance::InParallel({Part::L(8e-9), Part::C(3e-12)});
+        const Impedance trap = Impedance::InSeries({Part::L(5e-9), Part::C(9e-12)});
+        LadderElement turns;
+        turns.is = Transformer{1.4};
+        LadderElement coils;
+        coils.is = CoupledCoils{Part::L(30e-9, "La"), lossy, 0.6};
+        const std::vector<std::vector<LadderElement>> ladders = {
+            {SeriesArm(lossy), ShuntArm(Part::C(2e-12))},
+            {SeriesArm(tank), ShuntArm(trap), ShuntArm(tank), SeriesArm(trap)},
+            {OpenLine(Line::Form::Through, 75, 50, f), SeriesArm(Part::R(3))},
+            {OpenLine(Line::Form::OpenStub, 60, 35, f),
+             OpenLine(Line::Form::ShortedStub, 60, 35, f)},
+            {turns, SeriesArm(Part::C(4e-12))},
+            {coils, ShuntArm(Part::R(300))}};
+        network.ladder = ladders[static_cast<std::size_t>(kind)];
+        const auto path = SmithPath(network, f);
+        CompareComplex(path.back().gamma.back(), LadderResponse(network).at(f).gammaIn, 1e-9);
+        for (std::size_t i = 1; i < path.size(); ++i)
+            CompareComplex(path[i].gamma.front(), path[i - 1].gamma.back());
+    }
+
+    void draggingANodePutsItThere_data() {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<double>("value");
+        QTest::addRow("series L") << 0 << 12e-9;
+        QTest::addRow("series C") << 1 << 3.3e-12;
+        QTest::addRow("L across") << 2 << 6.8e-9;
+        QTest::addRow("C across, with losses") << 3 << 4.7e-12;
+        QTest::addRow("line") << 4 << 61.0;
+        QTest::addRow("open stub") << 5 << 20.0;
+        QTest::addRow("shorted stub") << 6 << 130.0;
+        QTest::addRow("resistor across") << 7 << 220.0;
+    }
+    void draggingANodePutsItThere() {
+        QFETCH(int, kind);
+        QFETCH(double, value);
+        const double f = 900e6;
+        Part lossy = Part::C(value);
+        lossy.loss = {PartLoss::Law::ConstantQ, 60, 0, 0.1, 6e9};
+        const std::vector<LadderElement> ends = {SeriesArm(Part::L(value)),
+                                                 SeriesArm(Part::C(value)),
+                                                 ShuntArm(Part::L(value)),
+                                                 ShuntArm(lossy),
+                                                 OpenLine(Line::Form::Through, 70, value, f),
+                                                 OpenLine(Line::Form::OpenStub, 50, value, f),
+                                                 OpenLine(Line::Form::ShortedStub, 50, value, f),
+                                                 ShuntArm(Part::R(value))};
+        Network wanted;
+        wanted.source = Cx(50, -5);
+        wanted.load = Cx(23, 31);
+        wanted.ladder = {ends[static_cast<std::size_t>(kind)], SeriesArm(Part::L(2e-9))};
+        const Cx target = SmithPath(wanted, f)[1].gamma.back();
+
+        Network tuned = wanted;
+        auto path = SmithPath(tuned, f);
+        const Tunable at = *path[1].tunable;
+        SetValue(tuned.ladder, at, 1.7 * value);
+        path = SmithPath(tuned, f);
+        const double dragged = DraggedValue(tuned, path[1], target, f);
+        QVERIFY2(std::fabs(dragged / value - 1) < 1e-6, qPrintable(QString::number(dragged)));
+    }
+
+    void aDragBeyondWhatThePartCanStopsAtItsRange() {
+        // The cursor asks a series inductor for a negative reactance.
+        const auto [network, f] = LowPassMatch();
+        const auto path = SmithPath(network, f);
+        const double L = DraggedValue(network, path[1], ChartGamma(Cx(100, -300), 100), f);
+        QVERIFY(L > 0 && L < 1e-14);
+    }
+
+    void nodesAreFoundWithinReachOnly() {
+        const auto [network, f] = ComplexSource();
+        const auto path = SmithPath(network, f);
+        CompareComplex(path.back().gamma.back(), 0, 1e-4);
+        QCOMPARE(NodeNear(path, {0.01, 0}, 0.05), std::optional<std::size_t>(1));
+        QCOMPARE(NodeNear(path, {0.9, 0.9}, 0.05), std::optional<std::size_t>());
+    }
+
+    void thePictureShowsPathAndGrid_data() {
+        QTest::addColumn<bool>("dark");
+        QTest::addRow("light") << false;
+        QTest::addRow("dark") << true;
+    }
+    void thePictureShowsPathAndGrid() {
+        QFETCH(bool, dark);
+        const auto [network, f] = LowPassMatch();
+        SmithPicture picture;
+        picture.path = SmithPath(network, f);
+        picture.grids.admittance = true;
+        picture.dark = dark;
+        QImage image(480, 480, QImage::Format_RGB32);
+        QPainter painter(&image);
+        const ChartFrame frame = DrawSmithChart(painter, image.size(), picture);
+        painter.end();
+        const Rgb colour = ElementColour(picture.path[1].element, dark);
+        const auto [x, y] = frame.place(picture.path[1].gamma[24]);
+        const QColor seen = image.pixelColor(qRound(x), qRound(y));
+        const int off = std::abs(seen.red() - colour.red) + std::abs(seen.green() - colour.green) +
+                        std::abs(seen.blue() - colour.blue);
+        QVERIFY2(off < 120, qPrintable(seen.name()));
+        const bool darkCorner = image.pixelColor(2, 240).lightness() < 128;
+        QCOMPARE(darkCorner, dark);
+    }
+
+    void readingsSayWhatAPlaceMeans() {
+        const ChartReading reading = ReadingAt({0.2, 0.4}, 50);
+        // (1 + Γ)/(1 - Γ) = (1.2 + j0.4)/(0.8 - j0.4) = 1 + j1.
+        CompareComplex(reading.Z, {50, 50});
+        CompareComplex(reading.Y, {0.01, -0.01});
+        QVERIFY(std::fabs(reading.Q - 1) < 1e-12);
+        QVERIFY(std::isinf(ReadingAt({0.6, 0.8}, 50).VSWR));
+    }
+};
+
+QTEST_MAIN(SmithTest)
+#include "smith_test.moc"
