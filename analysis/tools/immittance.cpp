@@ -8,19 +8,20 @@ namespace kelvro {
 
 namespace {
 
-using Part = std::optional<Immittance>;
+using Element = std::optional<Immittance>;
 
-/// A part that is not there leaves the other one as it is.
-Part Join(const Part& a, const Part& b, Immittance (*join)(const Immittance&, const Immittance&)) {
+/// An element that is not there leaves the other one as it is.
+Element Join(const Element& a, const Element& b,
+             Immittance (*join)(const Immittance&, const Immittance&)) {
     if (!a) return b;
     return b ? join(*a, *b) : a;
 }
 
-Part Chain(const Part& a, const Part& b) {
+Element Chain(const Element& a, const Element& b) {
     return Join(a, b, InSeries);
 }
 
-Part Across(const Part& a, const Part& b) {
+Element Across(const Element& a, const Element& b) {
     return Join(a, b, InParallel);
 }
 
@@ -44,11 +45,10 @@ const std::vector<ConnectionName>& Connections() {
 }
 
 std::optional<Immittance> ImmittanceOf(const MixedCircuit& circuit, double f) {
-    const double omega = kTwoPi * f;
-    Part R, L, C;
-    if (circuit.R) R = Immittance{*circuit.R};
-    if (circuit.L) L = Immittance{{0, omega * *circuit.L}};
-    if (circuit.C) C = Immittance{1, {0, omega * *circuit.C}};
+    Element R, L, C;
+    if (circuit.R) R = immittance(Part::R(*circuit.R), f);
+    if (circuit.L) L = immittance(Part::L(*circuit.L), f);
+    if (circuit.C) C = immittance(Part::C(*circuit.C), f);
     switch (circuit.connection) {
         case Connection::Series:
             return Chain(Chain(R, L), C);

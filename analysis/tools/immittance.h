@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "network/immittance.h"
+#include "network/part.h"
 
 // Impedances of small circuits, and their equivalent series and parallel forms at one frequency.
 

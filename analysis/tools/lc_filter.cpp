@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <complex>
 #include <numbers>
 
-#include "analysis/tools/immittance.h"
 #include "core/scalar.h"
 
 namespace kelvro {
@@ -13,8 +11,6 @@ namespace kelvro {
 namespace {
 
 constexpr double kPi = std::numbers::pi;
-
-using Number = std::complex<double>;
 
 bool Positive(double x) {
     return x > 0 && std::isfinite(x);
@@ -111,55 +107,13 @@ FilterArm ScaledArm(const FilterWishes& wishes, double g, bool series) {
     return {};
 }
 
-Immittance ArmAt(const FilterArm& arm, double omega, ElementLosses losses) {
-    const Immittance L{omega * arm.L * Number(1 / losses.inductors, 1)};
-    const Immittance C{1, omega * arm.C * Number(1 / losses.capacitors, 1)};
+Impedance ArmOf(const FilterArm& arm, FilterLosses losses) {
+    const Part L{PartKind::Inductor, arm.L, {PartLoss::Law::Page, losses.inductors}};
+    const Part C{PartKind::Capacitor, arm.C, {PartLoss::Law::Page, losses.capacitors}};
     if (arm.C == 0) return L;
     if (arm.L == 0) return C;
-    return arm.seriesResonant ? InSeries(L, C) : InParallel(L, C);
+    return arm.seriesResonant ? Impedance::InSeries({L, C}) : Impedance::InParallel({L, C});
 }
-
-/// A ladder's chain matrix times a common factor, so that opens and shorts stay finite.
-class Chain {
-  public:
-    void series(const Immittance& arm) {
-        const auto [v, i] = normalized(arm);
-        B_ = A_ * v + B_ * i;
-        D_ = C_ * v + D_ * i;
-        A_ *= i;
-        C_ *= i;
-        factor_ *= i;
-    }
-
-    void shunt(const Immittance& arm) {
-        const auto [v, i] = normalized(arm);
-        A_ = A_ * v + B_ * i;
-        C_ = C_ * v + D_ * i;
-        B_ *= v;
-        D_ *= v;
-        factor_ *= v;
-    }
-
-    FilterPoint between(double R1, double R2) const {
-        const Number sum = A_ * R2 + B_ + C_ * R1 * R2 + D_ * R1;
-        const Number reflected = A_ * R2 + B_ - C_ * R1 * R2 - D_ * R1;
-        const double through = std::abs(2 * std::sqrt(R1 * R2) * factor_ / sum);
-        return {20 * std::log10(through), 20 * std::log10(std::abs(reflected / sum))};
-    }
-
-  private:
-    /// Long ladders far from their band would leave the range of a double otherwise.
-    static Immittance normalized(const Immittance& arm) {
-        const double size = std::max(std::abs(arm.voltage), std::abs(arm.current));
-        return {arm.voltage / size, arm.current / size};
-    }
-
-    Number A_ = 1;
-    Number B_ = 0;
-    Number C_ = 0;
-    Number D_ = 1;
-    Number factor_ = 1;
-};
 
 }  // namespace
 
@@ -210,17 +164,18 @@ int LeastOrder(FilterWishes wishes, double attenuation, double f) {
     return 0;
 }
 
-FilterPoint ResponseOf(const Filter& filter, double f, ElementLosses losses) {
-    Chain chain;
+Network NetworkOf(const Filter& filter, FilterLosses losses) {
+    Network network{filter.source, {}, filter.load};
     for (const FilterArm& arm : filter.arms) {
-        const Immittance at = ArmAt(arm, kTwoPi * f, losses);
-        if (arm.series) {
-            chain.series(at);
-        } else {
-            chain.shunt(at);
-        }
+        const Place place = arm.series ? Place::Series : Place::Shunt;
+        network.ladder.push_back({Arm{place, ArmOf(arm, losses)}});
     }
-    return chain.between(filter.source, filter.load);
+    return network;
+}
+
+FilterPoint ResponseOf(const LadderResponse& filter, double f) {
+    const NetworkPoint point = filter.at(f);
+    return {10 * std::log10(point.GT), 20 * std::log10(std::abs(point.gammaIn))};
 }
 
 }  // namespace kelvro

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "network/ladder_response.h"
+
 // Doubly terminated LC ladder filters: prototype, transformation to the wanted band, and the
 // response of the resulting circuit.
 
@@ -60,15 +62,18 @@ double PromisedAttenuation(const FilterWishes& wishes, double f);
 int LeastOrder(FilterWishes wishes, double attenuation, double f);
 
 /// Quality factors of the elements; infinite means lossless.
-struct ElementLosses {
+struct FilterLosses {
     double inductors;
     double capacitors;
 };
+/// The filter between its terminations; each arm one part or a resonator.
+Network NetworkOf(const Filter& filter, FilterLosses losses);
+
 struct FilterPoint {
     double gainDb;        ///< transducer gain
     double reflectionDb;  ///< 20·log|s11|
 };
-/// Response of the circuit by ladder algebra at f > 0.
-FilterPoint ResponseOf(const Filter& filter, double f, ElementLosses losses);
+/// Response of the circuit at f > 0.
+FilterPoint ResponseOf(const LadderResponse& filter, double f);
 
 }  // namespace kelvro

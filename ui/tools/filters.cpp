@@ -76,7 +76,7 @@ View PlotView(const FilterWishes& wishes, const Depth& depth) {
     return view;
 }
 
-Picture PictureOf(const FilterWishes& wishes, const Filter& filter, ElementLosses losses,
+Picture PictureOf(const FilterWishes& wishes, const Filter& filter, FilterLosses losses,
                   const Depth& depth) {
     Picture picture;
     picture.view = PlotView(wishes, depth);
@@ -88,8 +88,9 @@ Picture PictureOf(const FilterWishes& wishes, const Filter& filter, ElementLosse
                      .colour = kReflectionColour,
                      .style = LineStyle::Alternative,
                      .width = 1.5};
+    const LadderResponse response(NetworkOf(filter, losses));
     for (const double f : gain.x) {
-        const FilterPoint point = ResponseOf(filter, f, losses);
+        const FilterPoint point = ResponseOf(response, f);
         gain.y.push_back(std::max(point.gainDb, kDeepest));
         reflection.y.push_back(std::max(point.reflectionDb, kDeepest));
     }
@@ -186,7 +187,7 @@ FilterWishes TFormFilters::wishes() const {
             .shuntFirst = first_->currentIndex() == 0};
 }
 
-ElementLosses TFormFilters::losses() const {
+FilterLosses TFormFilters::losses() const {
     const auto quality = [](const InputEdit* edit) {
         const double q = number(edit);
         return q > 0 ? q : std::numeric_limits<double>::infinity();
@@ -234,7 +235,8 @@ void TFormFilters::recalculate() {
     const double none = std::nan("");
     const double f = number(at_);
     const bool point = sound && f > 0;
-    const FilterPoint there = point ? ResponseOf(filter, f, losses()) : FilterPoint{none, none};
+    const FilterPoint there = point ? ResponseOf(LadderResponse(NetworkOf(filter, losses())), f)
+                                    : FilterPoint{none, none};
     write(load_, sound ? filter.load : none);
     if (sound) {
         showEdges(wanted);

@@ -29,7 +29,7 @@ class TFormFilters : public ToolWindow {
     void addOutputs();
     QWidget* makePlotColumn();
     FilterWishes wishes() const;
-    ElementLosses losses() const;
+    FilterLosses losses() const;
     void showRows();
     void showEdges(const FilterWishes& wishes);
     void showElements(const Filter& filter);
