@@ -48,6 +48,11 @@ int Sections(const Design& s) {
     return s.eightElements ? 4 : 2;
 }
 
+/// Low-pass L sections (W. L. Everitt, Proc. IRE 19 (1931), 725-737) with equal steps of
+/// resistance, so that all have the same q. Exact at fo (0.00 to 0.01 dB off). Over a band a ladder
+/// of equal ripple does better, which the optimizer moves towards: G. L. Matthaei, "Tables of
+/// Chebyshev impedance-transforming networks of low-pass filter form", Proc. IEEE 52 (1964),
+/// 939-963.
 void StoreLadder(Design& s, long double omega) {
     const long double R1 = s.R1;
     const long double step = std::pow(s.R2 / R1, 1.0L / Sections(s));

@@ -14,6 +14,9 @@ namespace {
 constexpr double kPropagationSpeed = 299795000.0;  // m/s, as line lengths are reckoned here
 constexpr double kQuarterWave = 0.25;
 
+/// D. M. Pozar, "Microwave Engineering", 4th ed., section 2.5: the quarter-wave transformer,
+/// ZL = sqrt(R1·R2). Exact at fo (and its odd multiples) for every pair of resistances. The Q shown
+/// is the one of a single resonance of about its bandwidth.
 void DesignLine(DesignPass& pass) {
     Design& s = pass.state;
     const long double R1 = s.R1;

@@ -10,7 +10,14 @@ namespace kelvro {
 
 namespace {
 
+// W. L. Everitt, "Output networks for radio-frequency power amplifiers", Proc. IRE 19 (1931),
+// 725-737: pi and T are two L sections that meet in a virtual resistance, R/(1 + Q²) or R·(1 + Q²).
+
 // ---------------------------------------------------------------- Pi
+
+/// The form for high Q, with 1 + Q² ≈ Q² in both halves: R1/Q1² = R2/Q2² is the virtual resistance,
+/// Q1 + Q2 = 2·Q; then C = Qi/(ω·Ri) and XL = R1/Q1²·(Q1 + Q2). The better the higher Q: 14 to 26
+/// dB off at Q 0.2, 0.2 to 2.2 dB at Q 5, 0.05 to 0.2 dB at Q 20. The optimizer closes the rest.
 
 void DesignPi(DesignPass& pass) {
     Design& s = pass.state;
@@ -48,6 +55,10 @@ Circuit PiCircuit(const Design& s) {
 }
 
 // ---------------------------------------------------------------- T
+
+/// A start for the optimizer, no match: both arms get the same Q, though their virtual resistances
+/// R·(1 + Q²) then differ, and the capacitor, of reactance (sqrt(R1) + sqrt(R2))², knows nothing of
+/// Q. 0.2 to 17 dB off at Q 0.2, 7 to 32 dB at Q 5, up to 45 dB at Q 20.
 
 void DesignT(DesignPass& pass) {
     Design& s = pass.state;

@@ -9,6 +9,12 @@ namespace kelvro {
 
 namespace {
 
+/// A start for the optimizer: windings in the ratio of an ideal transformer, L2/L1 = R2/R1, the
+/// reactance XL1 = R1/(2·Q) of the source's half of the loaded Q, C1 in resonance with L1 and half
+/// of it across the load. That is near a match where the load is the small resistance (1000 to 5
+/// ohm: 0.1 dB off at every Q above 1) and far from one where it is the large one (50 to 50 ohm:
+/// 0.1 dB at Q 0.2, 8 dB at Q 5; 50 to 300 ohm: 23 dB at Q 5; 5 to 1000 ohm: 53 dB). Coupled coils:
+/// F. E. Terman, "Radio Engineers' Handbook", 1943, section 3.
 void DesignTransformer(DesignPass& pass) {
     Design& s = pass.state;
     if (pass.storeComponents) {
