@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "analysis/achieved.h"
 #include "cli/commands.h"
 #include "cli/design_run.h"
 #include "io/text_table.h"
@@ -17,7 +18,10 @@ std::string HumanDesign(const DesignRun& run) {
                         nearest.empty() ? "" : "nearest " + nearest});
     }
     std::ranges::move(OutputRows(run.cycle, run.page()), std::back_inserter(rows));
-    return Heading(run.state) + '\n' + AlignedTable(rows);
+    std::string text = Heading(run.state) + '\n' + AlignedTable(rows);
+    if (const auto achieved = AchievedBy(run.cycle))
+        text += "Achieved: " + AchievedText(*achieved, run.cycle.bandwidth) + '\n';
+    return text;
 }
 
 ExitCode ReportDesign(const DesignOptions& options, Session& session) {

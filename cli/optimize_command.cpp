@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 
+#include "analysis/achieved.h"
 #include "cli/commands.h"
 #include "cli/optimizer_options.h"
 #include "core/number_text.h"
@@ -74,7 +75,8 @@ Json Document(const OptimizedDesign& design) {
     }
     return {{"goal", goal},
             {"before", JsonComponentValues(design.before)},
-            {"after", JsonComponentValues(design.after)}};
+            {"after", JsonComponentValues(design.after)},
+            {"achieved", JsonAchieved(design.after.cycle)}};
 }
 
 std::string GoalText(const OptimizedDesign& design) {
@@ -103,7 +105,10 @@ std::string HumanText(const OptimizedDesign& design) {
                         WithUnit(after[i].text, after[i].unit)});
     }
     const std::string components = rows.size() > 1 ? AlignedTable(rows) + '\n' : std::string();
-    return Heading(design.after.state) + "\n\n" + components + GoalText(design);
+    std::string text = Heading(design.after.state) + "\n\n" + components + GoalText(design);
+    if (const auto achieved = AchievedBy(design.after.cycle))
+        text += "Achieved: " + AchievedText(*achieved, design.after.cycle.bandwidth) + '\n';
+    return text;
 }
 
 OptimizerSettings SettingsOf(const OptimizeCommand& command, const PreparedDesign& design) {

@@ -4,6 +4,7 @@
 #include <cctype>
 #include <cmath>
 
+#include "analysis/achieved.h"
 #include "core/number_text.h"
 #include "core/series.h"
 #include "design/pages.h"
@@ -177,6 +178,17 @@ std::span<const OutputField> SharedOutputFields() {
     return kSharedOutputs;
 }
 
+Json JsonAchieved(const CycleResult& cycle) {
+    const auto achieved = AchievedBy(cycle);
+    if (!achieved) return nullptr;
+    return {{"loss_db", JsonNumber(achieved->lossDb)},
+            {"low", JsonNumber(achieved->band.low)},
+            {"high", JsonNumber(achieved->band.high)},
+            {"width", JsonNumber(achieved->band.width())},
+            {"loaded_q", achieved->loadedQ > 0 ? JsonNumber(achieved->loadedQ) : Json(nullptr)},
+            {"other_than_b", achieved->otherThanBandwidth}};
+}
+
 Json JsonDesign(const DesignRun& run) {
     return {{"page", run.page().number},
             {"caption", run.page().caption},
@@ -185,7 +197,8 @@ Json JsonDesign(const DesignRun& run) {
             {"components", JsonComponents(run)},
             {"outputs", JsonOutputs(run)},
             {"texts", JsonTexts(run)},
-            {"goal", JsonGoal(run)}};
+            {"goal", JsonGoal(run)},
+            {"achieved", JsonAchieved(run.cycle)}};
 }
 
 std::string WithUnit(std::string text, std::string_view unit) {

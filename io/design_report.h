@@ -59,6 +59,9 @@ Json JsonInputs(const Design& state);
 /// The whole design: page, caption, inputs, message, components, outputs, texts, goal.
 Json JsonDesign(const DesignRun& run);
 
+/// What the design's response really does: loss_db, low, high, width, loaded_q, other_than_b (more
+/// than a factor of 1.5 from the page's bandwidth); null where there is no band.
+Json JsonAchieved(const CycleResult& cycle);
 /// The engineering text of a field with its unit: "530.52p" and "F" read 530.52 pF. The suffix "0"
 /// of values without a prefix goes, and "infinite" has no unit.
 std::string WithUnit(std::string text, std::string_view unit);

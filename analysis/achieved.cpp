@@ -1,0 +1,55 @@
+#include "analysis/achieved.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/response.h"
+#include "core/number_text.h"
+#include "design/pages.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr double kNotedFactor = 1.5;  // between the band and B
+constexpr double kFlatDecades = 1e3;  // a response without an edge so far up has no band
+
+std::string Hertz(double f) {
+    return FormatQuantity(2, f, "Hz");
+}
+
+}  // namespace
+
+std::optional<Achieved> AchievedBy(const CycleResult& result) {
+    const Design& design = result.design;
+    const Page& page = PageOf(design);
+    if (result.message || !page.transfer) return std::nullopt;
+    const Response response(design);
+    const double atFo = response.relativeDb(design.fo);
+    if (!std::isfinite(atFo)) return std::nullopt;
+    const bool flat = std::fabs(response.relativeDb(design.fo * kFlatDecades) - atFo) < 1e-9 &&
+                      std::fabs(response.relativeDb(design.fo / kFlatDecades) - atFo) < 1e-9;
+    if (flat) return std::nullopt;
+    Achieved achieved;
+    achieved.lossDb = result.lossDb;
+    achieved.band = PassbandAround(response, design.fo);
+    const double width = achieved.band.width();
+    if (!std::isfinite(width)) return achieved;
+    achieved.loadedQ = design.fo / width;
+    const double B = result.bandwidth;
+    if (B > 0 && B < kInfiniteBandwidth)
+        achieved.otherThanBandwidth = std::max(width / B, B / width) > kNotedFactor;
+    return achieved;
+}
+
+std::string AchievedText(const Achieved& achieved, double bandwidth) {
+    std::string text = "loss " + FormatFixed(0, 3, achieved.lossDb) + " dB at fo, ";
+    const Passband& band = achieved.band;
+    if (!std::isfinite(band.high)) return text + "-3 dB from " + Hertz(band.low) + " up";
+    text += "-3 dB width " + Hertz(band.width()) + " (" + Hertz(band.low) + " to " +
+            Hertz(band.high) + "), loaded Q " + FormatFixed(0, 2, achieved.loadedQ);
+    if (achieved.otherThanBandwidth) text += ", not the " + Hertz(bandwidth) + " of B";
+    return text;
+}
+
+}  // namespace kelvro

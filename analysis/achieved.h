@@ -1,0 +1,29 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "analysis/passband.h"
+#include "design/cycle.h"
+
+namespace kelvro {
+
+/// What a calculated design does, as its response has it: not what was asked for.
+struct Achieved {
+    double lossDb = 0;   ///< at fo, against a lossless match
+    Passband band;       ///< where the gain is at most 3.01 dB below that at fo
+    double loadedQ = 0;  ///< fo over the band's width; 0 where the band has no end
+    /// The band is more than half as wide again as the bandwidth that the page shows, or as much
+    /// narrower.
+    bool otherThanBandwidth = false;
+};
+
+/// Nothing for a refused design and for pages without a response or whose response knows no
+/// frequency.
+std::optional<Achieved> AchievedBy(const CycleResult& result);
+
+/// "loss 0.353 dB at fo, -3 dB width 24.62 MHz (88.41 MHz to 113.03 MHz), loaded Q 4.06"; behind it
+/// "not the 20.00 MHz of B" where that is so.
+std::string AchievedText(const Achieved& achieved, double bandwidth);
+
+}  // namespace kelvro

@@ -1,0 +1,56 @@
+#include "analysis/achieved.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "analysis/response.h"
+
+namespace kelvro {
+namespace {
+
+CycleResult Calculated(int page, double R1, double R2, double Q) {
+    Design design;
+    design.page = page;
+    design.R1 = R1;
+    design.R2 = R2;
+    design.fo = 10e6;
+    design.Q = Q;
+    ResponseServices services;
+    return Calculate(design, true, services);
+}
+
+TEST(Achieved, TellsTheBandThatTheResponseHas) {
+    // L section 50 to 200 ohm: q = √3; numbers from its closed form, lossy as the parts are.
+    const CycleResult result = Calculated(13, 50, 200, 5);
+    const auto achieved = AchievedBy(result);
+    ASSERT_TRUE(achieved);
+    const Response response(result.design);
+    EXPECT_NEAR(response.relativeDb(achieved->band.high), response.relativeDb(10e6) - 3.0103, 1e-4);
+    EXPECT_EQ(achieved->band.low, 0) << "a low-pass section has no lower edge";
+    EXPECT_NEAR(achieved->loadedQ, 10e6 / achieved->band.high, 1e-9);
+    EXPECT_EQ(achieved->lossDb, result.lossDb);
+}
+
+TEST(Achieved, SaysSoWhereTheBandIsNotTheOneShownAsB) {
+    // The calculated tank keeps its Q; a ladder made for a broad band does not.
+    const CycleResult tank = Calculated(2, 200, 50, 10);
+    const CycleResult ladder = Calculated(16, 50, 200, 5);
+    ASSERT_TRUE(AchievedBy(tank) && AchievedBy(ladder));
+    EXPECT_FALSE(AchievedBy(tank)->otherThanBandwidth);
+    EXPECT_TRUE(AchievedBy(ladder)->otherThanBandwidth);
+    EXPECT_THAT(AchievedText(*AchievedBy(ladder), ladder.bandwidth),
+                testing::HasSubstr(", not the 2.00 MHz of B"));
+    EXPECT_THAT(AchievedText(*AchievedBy(tank), tank.bandwidth),
+                testing::Not(testing::HasSubstr("of B")));
+}
+
+TEST(Achieved, HasNothingToSayWithoutABand) {
+    EXPECT_FALSE(AchievedBy(Calculated(1, 200, 50, 5))) << "refused";
+    EXPECT_FALSE(AchievedBy(Calculated(7, 200, 50, 5))) << "flat";
+    EXPECT_FALSE(AchievedBy(Calculated(11, 50, 200, 5))) << "no response";
+}
+
+}  // namespace
+}  // namespace kelvro
