@@ -149,6 +149,15 @@ double Response::relativeDb(double f) const {
     return magnitudeDb(f) - referenceDb_;
 }
 
+double Response::groupDelay(double f) const {
+    // A resonance of loaded Q is f/Q wide: within it the cubic term of the difference comes to
+    // (2·Q·1e-7)². The rounding of the phase, 1e-16 of a turn, stays below 1e-9 of 2·Q/ω.
+    constexpr double kRelativeStep = 1e-7;
+    const double step = kRelativeStep * f;
+    const Cx turned = transfer(f + step) * std::conj(transfer(f - step));
+    return -std::arg(turned) / (2 * kTwoPi * step);
+}
+
 double MagnitudeDb(double magnitude) {
     return 20 * std::log10(std::max(magnitude, kSmallestMagnitude));
 }

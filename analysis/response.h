@@ -23,6 +23,8 @@ class Response {
     double phase(double f) const;        ///< degrees, (-180, 180]
     double magnitudeDb(double f) const;  ///< 20·log10|H|
     double relativeDb(double f) const;   ///< transducer gain GT: magnitudeDb less the reference
+    /// -dφ/dω in seconds, as the difference over 2e-7·f: exact to 1e-6 up to a loaded Q of 10^4.
+    double groupDelay(double f) const;
 
     /// The same in the form that loops use.
     std::complex<double> transfer(double f) const;

@@ -18,20 +18,23 @@ using namespace kelvro;
 Design DesignedState() {
     Design state;
     ResponseServices services;
-    return Calculate(state, true, services).design;
+    Calculate(state, true, services);
+    return state;
 }
 
 void BM_SampleResponse(benchmark::State& run) {
     const Design state = DesignedState();
-    const View view = DefaultView(Quantity::PowerGain, state.fo);
-    for (auto _ : run) benchmark::DoNotOptimize(Sampled(state, view, Quantity::PowerGain));
+    const Trace& gain = TraceOf("gt");
+    const View view = DefaultView(gain, state);
+    for (auto _ : run) benchmark::DoNotOptimize(Sampled(state, view, gain));
 }
 BENCHMARK(BM_SampleResponse)->Unit(benchmark::kMicrosecond);
 
 /// Argument: pixels per logical pixel.
 void BM_DrawPicture(benchmark::State& run) {
     const Design state = DesignedState();
-    const View view = DefaultView(Quantity::PowerGain, state.fo);
+    const Trace& gain = TraceOf("gt");
+    const ResponsePlot plot{{&gain}, DefaultView(gain, state)};
     const QSize size(640, 420);
     const auto ratio = static_cast<double>(run.range(0));
     QImage image(size * ratio, QImage::Format_ARGB32_Premultiplied);
@@ -39,8 +42,7 @@ void BM_DrawPicture(benchmark::State& run) {
     const FramePainter frame;
     for (auto _ : run) {
         QPainter painter(&image);
-        frame.draw(painter, size,
-                   ResponsePicture(state, view, Quantity::PowerGain, CurveLook::Line));
+        frame.draw(painter, size, ResponsePicture(state, plot));
     }
 }
 BENCHMARK(BM_DrawPicture)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);

@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
 #include <QPainter>
+#include <algorithm>
 #include <charconv>
 
 #include "cli/commands.h"
@@ -24,7 +25,7 @@ constexpr int kSteps = 50;
 
 struct PlotOptions {
     std::shared_ptr<DesignOptions> design;
-    std::string quantity = "gt";
+    std::vector<std::string> traces{"gt"};
     RangeOptions range;
     bool autoscale = false;
     std::string size = "768x576";
@@ -71,15 +72,21 @@ std::string SizeProblem(const std::string& text) {
     return SizeOf(text) ? "" : "'" + text + "' is no size such as 768x576, 100 to 10000 a side";
 }
 
-std::optional<Quantity> QuantityOf(std::string_view text) {
-    if (text == "v") return Quantity::VoltageGain;
-    if (text == "gt") return Quantity::PowerGain;
-    if (text == "phi") return Quantity::Phase;
-    return {};
+std::string TraceProblem(const std::string& text) {
+    return FindTrace(text) ? "" : "'" + text + "' is no trace; " + TraceKeys(", ");
 }
 
-std::string QuantityProblem(const std::string& text) {
-    return QuantityOf(text) ? "" : "'" + text + "' is no quantity; v, gt or phi";
+std::variant<TraceList, Problem> TracesOf(const PlotOptions& options) {
+    TraceList traces;
+    for (const std::string& key : options.traces) {
+        const Trace* trace = FindTrace(key);
+        if (std::ranges::find(traces, trace) == traces.end()) traces.push_back(trace);
+    }
+    if (const Trace* third = TraceWithoutAxis(traces)) {
+        return Problem{ExitCode::Usage, "--trace: '" + std::string(third->key) +
+                                            "' needs a third axis; a plot has two"};
+    }
+    return traces;
 }
 
 std::string FileProblem(const std::string& text) {
@@ -88,9 +95,9 @@ std::string FileProblem(const std::string& text) {
 }
 
 /// The view with which the window opens, its axes as the options say.
-std::variant<View, Problem> ViewOf(const PlotOptions& options, Quantity quantity,
+std::variant<View, Problem> ViewOf(const PlotOptions& options, const TraceList& traces,
                                    const Design& state) {
-    View view = DefaultView(quantity, state.fo);
+    View view = DefaultView(traces, TraceSource(state));
     if (options.range.linear) {
         view.x.mode = AxisMode::Linear;
         view.x = AutoscaledX(view.x, SampleFrequencies(view));
@@ -103,22 +110,19 @@ std::variant<View, Problem> ViewOf(const PlotOptions& options, Quantity quantity
         view.x.step = StepUp125((view.x.max - view.x.min) / kSteps);
         view.x.origin = view.x.min;
     }
-    if (options.autoscale) {
-        view.y = AutoscaledToSamples(view.y, Sampled(state, view, quantity));
-    }
+    if (options.autoscale) return AutoscaledToTraces(state, traces, view);
     return view;
 }
 
 /// The response with the scattered curves behind it.
-Picture PictureOf(const PlotOptions& options, Quantity quantity, const Design& state,
-                  const View& view) {
-    Picture picture = ResponsePicture(state, view, quantity, CurveLook::Line);
+Picture PictureOf(const PlotOptions& options, const ResponsePlot& plot, const Design& state) {
+    Picture picture = ResponsePicture(state, plot);
     if (options.runs == 0) return picture;
     ToleranceRuns runs(state, options.tolerance.tolerances(), options.tolerance.seedOrClock());
     std::vector<Curve> curves;
     curves.reserve(static_cast<std::size_t>(options.runs));
     for (int i = 0; i < options.runs; ++i) {
-        curves.push_back(ScatterCurve(Sampled(runs.next(), view, quantity)));
+        curves.push_back(ScatterCurve(Sampled(runs.next(), plot.view, *plot.traces.front())));
     }
     picture.legend.push_back({"Monte Carlo, " + std::to_string(options.runs) +
                                   (options.runs == 1 ? " run :" : " runs :"),
@@ -128,13 +132,15 @@ Picture PictureOf(const PlotOptions& options, Quantity quantity, const Design& s
 }
 
 ExitCode Plot(const PlotOptions& options, Session& session) {
+    const auto chosen = TracesOf(options);
+    if (const auto* problem = std::get_if<Problem>(&chosen)) return session.fail(*problem);
+    const auto& traces = std::get<TraceList>(chosen);
     const auto outcome = RunRespondingDesign(*options.design, session);
     if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
     const Design& state = std::get<DesignRun>(outcome).state;
-    const Quantity quantity = *QuantityOf(options.quantity);
-    const auto view = ViewOf(options, quantity, state);
+    const auto view = ViewOf(options, traces, state);
     if (const auto* problem = std::get_if<Problem>(&view)) return session.fail(*problem);
-    const Picture picture = PictureOf(options, quantity, state, std::get<View>(view));
+    const Picture picture = PictureOf(options, {traces, std::get<View>(view)}, state);
 
     const OffscreenQt qt;
     const auto drawing = [&picture](QPainter& painter, QSize size) {
@@ -153,11 +159,13 @@ void AddPlotCommand(CLI::App& app, Session& session) {
     auto options = std::make_shared<PlotOptions>();
     options->design = AddDesignOptions(*command);
     command
-        ->add_option("--quantity", options->quantity,
-                     "Voltage gain V(f), power gain GT(f) or phase phi(f)")
+        ->add_option("--trace,--quantity", options->traces,
+                     "What is drawn, several with commas: " + TraceKeys(", ") +
+                         ". The first has the left axis, one more axis is on the right")
         ->capture_default_str()
-        ->check(QuantityProblem)
-        ->type_name("v|gt|phi");
+        ->delimiter(',')
+        ->check(TraceProblem)
+        ->type_name("TRACE");
     AddRangeOptions(*command, options->range, false);
     command->add_flag("--autoscale", options->autoscale, "Scale the y axis to the curve");
     command->add_option("--size", options->size, "Width and height in pixels")

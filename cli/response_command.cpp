@@ -1,7 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <cmath>
 
-#include "analysis/response.h"
 #include "cli/commands.h"
 #include "cli/design_run.h"
 #include "core/number_text.h"
@@ -29,14 +28,13 @@ double Frequency(const SweepOptions& sweep, double from, double to, int i) {
     return sweep.linear ? from + part * (to - from) : from * std::pow(to / from, part);
 }
 
-Json JsonRow(const Response& response, double f) {
-    const auto H = response.transfer(f);
-    return {{"f_Hz", JsonNumber(f)},
-            {"re", JsonNumber(H.real())},
-            {"im", JsonNumber(H.imag())},
-            {"V_dB", JsonNumber(response.magnitudeDb(f))},
-            {"GT_dB", JsonNumber(response.relativeDb(f))},
-            {"phase_deg", JsonNumber(response.phase(f))}};
+Json JsonRow(const TraceSource& source, double f) {
+    const auto H = source.response.transfer(f);
+    Json row{{"f_Hz", JsonNumber(f)}, {"re", JsonNumber(H.real())}, {"im", JsonNumber(H.imag())}};
+    for (const Trace& trace : Traces()) {
+        row[std::string(trace.column)] = JsonNumber(trace.value(source, f));
+    }
+    return row;
 }
 
 std::optional<Problem> RangeProblem(const SweepOptions& sweep, double from, double to) {
@@ -56,15 +54,15 @@ ExitCode ReportResponse(const SweepOptions& sweep, Session& session) {
     if (const auto problem = RangeProblem(sweep, from, to)) return session.fail(*problem);
     const auto outcome = RunAcceptedDesign(*sweep.design, session);
     if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
-    const Response response(std::get<DesignRun>(outcome).state);
+    const TraceSource source(std::get<DesignRun>(outcome).state);
     Json rows = Json::array();
-    if (!sweep.design->json) session.out << kResponseCsvHeader;
+    if (!sweep.design->json) session.out << ResponseCsvHeader();
     for (int i = 0; i < sweep.points; ++i) {
         const double f = Frequency(sweep, from, to, i);
         if (sweep.design->json) {
-            rows.push_back(JsonRow(response, f));
+            rows.push_back(JsonRow(source, f));
         } else {
-            session.out << ResponseCsvRow(response, f);
+            session.out << ResponseCsvRow(source, f);
         }
     }
     if (sweep.design->json) session.out << JsonText(rows);

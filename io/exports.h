@@ -92,7 +92,7 @@ std::string SpiceNetlist(const ExportDesign& design, const ExportRange& range);
 /// Touchstone 1.1 two-port, losses included.
 std::string TouchstoneFile(const ExportDesign& design, const ExportRange& range);
 
-/// The response: f, real and imaginary part, V and GT in dB, phase.
+/// The response: f, real and imaginary part, and all traces.
 std::string ResponseCsv(const ExportDesign& design, const ExportRange& range);
 
 /// The design as JSON, as the command-line program writes it.

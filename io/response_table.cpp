@@ -1,17 +1,25 @@
 #include "io/response_table.h"
 
+#include <cmath>
+
 #include "core/number_text.h"
 
 namespace kelvro {
 
-std::string ResponseCsvRow(const Response& response, double f) {
-    const auto H = response.transfer(f);
-    std::string row;
-    for (const double value :
-         {f, H.real(), H.imag(), response.magnitudeDb(f), response.relativeDb(f)}) {
-        row += FormatExact(value) + ',';
+std::string ResponseCsvHeader() {
+    std::string header = "f_Hz,re,im";
+    for (const Trace& trace : Traces()) header += ',' + std::string(trace.column);
+    return header + '\n';
+}
+
+std::string ResponseCsvRow(const TraceSource& source, double f) {
+    const auto H = source.response.transfer(f);
+    std::string row = FormatExact(f) + ',' + FormatExact(H.real()) + ',' + FormatExact(H.imag());
+    for (const Trace& trace : Traces()) {
+        const double value = trace.value(source, f);
+        row += ',' + (std::isnan(value) ? std::string() : FormatExact(value));
     }
-    return row + FormatExact(response.phase(f)) + '\n';
+    return row + '\n';
 }
 
 }  // namespace kelvro

@@ -1,16 +1,16 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
-#include "analysis/response.h"
+#include "analysis/trace.h"
 
 namespace kelvro {
 
-/// First line of a response as comma-separated values.
-inline constexpr std::string_view kResponseCsvHeader = "f_Hz,re,im,V_dB,GT_dB,phase_deg\n";
+/// First line of a response as comma-separated values: "f_Hz,re,im", then the columns of all
+/// traces.
+std::string ResponseCsvHeader();
 
-/// One line of it: numbers that read back exactly.
-std::string ResponseCsvRow(const Response& response, double f);
+/// One line of it: numbers that read back exactly; nothing where a trace has no value.
+std::string ResponseCsvRow(const TraceSource& source, double f);
 
 }  // namespace kelvro

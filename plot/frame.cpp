@@ -12,6 +12,8 @@ namespace {
 
 constexpr double kFirstStepDivisor = 30;  ///< grid lines of an autoscaled axis
 constexpr double kStepDivisor = 50;       ///< grid lines of an axis scaled by hand
+/// Limit of the right axis, which shows seconds as well as ohms.
+constexpr double kFarthestRight = 1e12;
 
 bool IsLog(const Axis& axis) {
     return axis.mode == AxisMode::Logarithmic;
@@ -166,6 +168,12 @@ WorldPoint Frame::place(double x, double y) const {
             plot.bottom + view.y.fraction(y) * (plot.top - plot.bottom)};
 }
 
+Frame Frame::ofRightAxis() const {
+    Frame frame = *this;
+    if (view.right) frame.view.y = *view.right;
+    return frame;
+}
+
 View WithModes(View view, AxisMode x, AxisMode y) {
     for (const AxisMode both : {AxisMode::Symmetric, AxisMode::SymmetricAlternate}) {
         if (x == both || y == both) x = y = both;
@@ -225,14 +233,35 @@ Axis Zoomed(Axis axis, double factor, double fixed, ZoomLimits limits) {
     return Rescaled(axis);
 }
 
+View ZoomedView(View view, double factor, WorldPoint centre, ZoomOf axes, double fo) {
+    const Axis before = view.y;
+    if (axes != ZoomOf::Y) {
+        view.x = Zoomed(view.x, factor, centre.x, FrequencyLimits(view.x, fo));
+    }
+    if (axes != ZoomOf::X) view.y = Zoomed(view.y, factor, centre.y, {});
+    return WithRightZoomed(view, before);
+}
+
 std::optional<View> DragZoomed(View view, WorldPoint from, WorldPoint to) {
     if (!(to.x > from.x && to.y < from.y)) return std::nullopt;
     view.x.min = IsLog(view.x) ? from.x / 10 : from.x;
     view.x.max = to.x;
+    const Axis before = view.y;
     view.y.min = to.y;
     view.y.max = from.y;
     view.x = Rescaled(view.x);
     view.y = Rescaled(view.y);
+    return WithRightZoomed(view, before);
+}
+
+View WithRightZoomed(View view, const Axis& before) {
+    if (!view.right || view.y == before || !(before.max > before.min)) return view;
+    Axis& right = *view.right;
+    const double start = right.min;
+    const double scale = (right.max - right.min) / (before.max - before.min);
+    right.min = start + (view.y.min - before.min) * scale;
+    right.max = start + (view.y.max - before.min) * scale;
+    right = Rescaled(right);
     return view;
 }
 
@@ -250,10 +279,21 @@ Zone ZoneAt(const PlotRect& plot, double px, double py) {
         if (py >= plot.top - kSide && py < plot.top + yLength) return Zone::YEnd;
         if (py > plot.bottom - yLength && py <= plot.bottom + kSide) return Zone::YStart;
     }
+    if (px >= plot.right && px <= plot.right + kDepth) {
+        if (py >= plot.top - kSide && py < plot.top + yLength) return Zone::RightEnd;
+        if (py > plot.bottom - yLength && py < plot.bottom) return Zone::RightStart;
+    }
     return Zone::None;
 }
 
+Zone ZoneAt(const Frame& frame, double px, double py) {
+    const Zone zone = ZoneAt(frame.plot, px, py);
+    const bool onRight = zone == Zone::RightStart || zone == Zone::RightEnd;
+    return onRight && !frame.view.right ? Zone::None : zone;
+}
+
 ValueEdit EndEdit(const View& view, Zone zone, double fo) {
+    const Axis right = view.right.value_or(Axis{});
     const ZoomLimits frequencies = FrequencyLimits(view.x, fo);
     switch (zone) {
         case Zone::XStart:
@@ -264,6 +304,10 @@ ValueEdit EndEdit(const View& view, Zone zone, double fo) {
             return {"ymin=", view.y.min, -1000, 1000};
         case Zone::YEnd:
             return {"ymax=", view.y.max, -1000, 1000};
+        case Zone::RightStart:
+            return {"ymin=", right.min, -kFarthestRight, kFarthestRight};
+        case Zone::RightEnd:
+            return {"ymax=", right.max, -kFarthestRight, kFarthestRight};
         case Zone::None:
             break;
     }
@@ -284,30 +328,19 @@ View WithEnd(View view, Zone zone, double value) {
     if (zone == Zone::XEnd && value > 0) view.x = WithMax(view.x, value);
     if (zone == Zone::YStart) view.y = WithMin(view.y, value);
     if (zone == Zone::YEnd) view.y = WithMax(view.y, value);
+    if (!view.right) return view;
+    if (zone == Zone::RightStart) view.right = WithMin(*view.right, value);
+    if (zone == Zone::RightEnd) view.right = WithMax(*view.right, value);
     return view;
 }
 
-View DefaultGainView(double fo, bool powerGain) {
-    View view;
-    view.x.mode = AxisMode::Logarithmic;
-    view.x.max = StepUp125(30 * fo);
-    view.x.min = view.x.max / 1000;
-    view.x.origin = view.x.min;
-    view.x.step = StepUp125(view.x.max / kStepDivisor);
-    view.y.min = -40;
-    view.y.max = powerGain ? 10 : 20;
-    view.y.origin = 0;
-    view.y.step = 1;
-    return view;
-}
-
-View DefaultPhaseView(double fo) {
-    View view = DefaultGainView(fo, true);
-    view.y.min = -180;
-    view.y.max = 180;
-    view.y.step = 10;
-    view.y.labelEvery = 3;
-    return view;
+Axis DefaultFrequencyAxis(double fo) {
+    Axis x{.mode = AxisMode::Logarithmic};
+    x.max = StepUp125(30 * fo);
+    x.min = x.max / 1000;
+    x.origin = x.min;
+    x.step = StepUp125(x.max / kStepDivisor);
+    return x;
 }
 
 std::vector<double> SampleFrequencies(const View& view) {

@@ -42,6 +42,7 @@ struct View {
     int sampleCount = 254;
     Axis x;
     Axis y;
+    std::optional<Axis> right = {};  ///< a second y axis, for values of another kind
 
     bool operator==(const View&) const = default;
 };
@@ -93,6 +94,8 @@ struct Frame {
     bool contains(double px, double py) const;
     /// Unclamped position with fractions of a pixel, for drawing finer than the pixel grid.
     WorldPoint place(double x, double y) const;
+    /// The frame whose y is the right axis, where the view has one.
+    Frame ofRightAxis() const;
 };
 
 /// Sets both modes; a symmetric mode of one axis holds for both, Symmetric first.
@@ -124,6 +127,11 @@ ZoomLimits FrequencyLimits(const Axis& axis, double fo);
 /// Axis whose range is multiplied by `factor` (below 1 zooms in) with the value `fixed` keeping its
 /// place; on a logarithmic axis the decades are multiplied. Unchanged when nothing is left to zoom.
 Axis Zoomed(Axis axis, double factor, double fixed, ZoomLimits limits);
+/// Which axes a zoom changes.
+enum class ZoomOf { Both, X, Y };
+/// The view zoomed about a place: what lies there keeps its place. The right axis goes with the
+/// left one.
+View ZoomedView(View view, double factor, WorldPoint centre, ZoomOf axes, double fo);
 /// One click of a zoom button or notch of the wheel: two of them double or halve the range.
 inline constexpr double kZoomStep = 0.7071067811865476;
 /// The value in the middle of the axis as it is drawn.
@@ -133,9 +141,15 @@ double Middle(const Axis& axis);
 /// direction. A logarithmic x axis keeps one decade more below the box.
 std::optional<View> DragZoomed(View view, WorldPoint from, WorldPoint to);
 
+/// The view, whose left axis was `before`, with its right axis zoomed alike: what stood at the same
+/// height still does.
+View WithRightZoomed(View view, const Axis& before);
+
 /// The places outside the plot area where a click edits an end of an axis.
-enum class Zone { None, XStart, XEnd, YStart, YEnd };
+enum class Zone { None, XStart, XEnd, YStart, YEnd, RightStart, RightEnd };
 Zone ZoneAt(const PlotRect& plot, double px, double py);
+/// The same; None beside a right axis that the view does not have.
+Zone ZoneAt(const Frame& frame, double px, double py);
 
 /// One question of the value dialog.
 struct ValueEdit {
@@ -152,10 +166,8 @@ ValueEdit YOriginEdit(const View& view);
 /// keeps its extent; a value that a logarithmic axis cannot show changes nothing.
 View WithEnd(View view, Zone zone, double value);
 
-/// View a gain window opens with; ymax is 10 for the power gain and 20 for the voltage gain.
-View DefaultGainView(double fo, bool powerGain);
-/// The same frequencies, a whole turn of phase, labels every 30°.
-View DefaultPhaseView(double fo);
+/// Frequency axis a window opens with: three decades, the uppermost one above fo.
+Axis DefaultFrequencyAxis(double fo);
 
 /// The sampleCount + 1 frequencies at which a view's curve is sampled, in equal ratios when x is
 /// logarithmic, else in equal steps.

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "plot/clipping.h"
 
@@ -87,6 +88,19 @@ void DrawGrid(QPainter& painter, const FramePainter::Layout& layout) {
     lines(layout.xTicks, layout.yTicks, true);
 }
 
+/// The right axis has no grid of its own, which would cross the left one's: short ticks say where
+/// its labels stand.
+void DrawRightTicks(QPainter& painter, const FramePainter::Layout& layout) {
+    constexpr double kLength = 5;
+    const Frame frame = layout.frame.ofRightAxis();
+    painter.setPen(ThinPen(Qt::black));
+    for (const Tick& tick : layout.rightTicks.major) {
+        const double middle = frame.yPixel(tick.value) + 0.5;
+        painter.drawLine(QPointF(frame.plot.right - kLength, middle),
+                         QPointF(frame.plot.right, middle));
+    }
+}
+
 void DrawHairLines(QPainter& painter, const HairLines& lines, const Frame& frame) {
     const Axis& axis = frame.view.x;
     painter.setPen(ThinPen(ToColor(lines.colour)));
@@ -113,54 +127,35 @@ void DrawAxes(QPainter& painter, const Frame& frame) {
 
 void DrawLabels(QPainter& painter, const FramePainter::Layout& layout) {
     painter.setPen(Qt::black);
-    for (const auto& label : layout.xLabels) DrawText(painter, label.box, label.text);
-    for (const auto& label : layout.yLabels) DrawText(painter, label.box, label.text);
-}
-
-/// Entries from the right; those that would run into the name of the y axis are left out.
-void DrawLegend(QPainter& painter, const Picture& picture, const QRectF& row) {
-    const double top = row.top();
-    double right = row.right();
-    const QFontMetricsF metrics(painter.font());
-    for (auto entry = picture.legend.rbegin(); entry != picture.legend.rend(); ++entry) {
-        const QString text = ToText(entry->text);
-        const double width = metrics.horizontalAdvance(text) + kGap + kLegendLine;
-        const double left = right - width;
-        if (left < row.left()) return;
-        painter.setPen(Qt::black);
-        DrawText(painter, QRectF(left, top, width, metrics.height()), text);
-        Curve sample{.x = {}, .y = {}, .colour = entry->colour, .style = entry->style, .width = 2};
-        painter.setPen(CurvePen(sample));
-        const double middle = top + std::round(metrics.height() / 2);
-        painter.drawLine(QPointF(right - kLegendLine, middle), QPointF(right, middle));
-        right = left - 3 * kGap;
+    for (const auto* labels :
+         {&layout.xLabels, &layout.yLabels, &layout.rightLabels, &layout.names}) {
+        for (const auto& label : *labels) DrawText(painter, label.box, label.text);
     }
 }
 
-/// Title above, axis names at the ends of their axes, legend above the right corner of the plot.
-void DrawTexts(QPainter& painter, QSize size, const Picture& picture, const PlotRect& plot) {
+void DrawLegend(QPainter& painter, const FramePainter::Layout& layout) {
+    for (const auto& [entry, box] : layout.legend) {
+        painter.setPen(Qt::black);
+        DrawText(painter, box, ToText(entry.text));
+        Curve sample{.x = {}, .y = {}, .colour = entry.colour, .style = entry.style, .width = 2};
+        painter.setPen(CurvePen(sample));
+        const double middle = box.top() + std::round(box.height() / 2);
+        painter.drawLine(QPointF(box.right() - kLegendLine, middle), QPointF(box.right(), middle));
+    }
+}
+
+void DrawTitle(QPainter& painter, const std::string& text, const PlotRect& plot) {
+    if (text.empty()) return;
     const QFont plain = painter.font();
     QFont bold = plain;
     bold.setBold(true);
+    const QString title = ToText(text);
+    const double width = QFontMetricsF(bold).horizontalAdvance(title);
     painter.setPen(Qt::black);
-    if (!picture.title.empty()) {
-        const QString title = ToText(picture.title);
-        const double width = QFontMetricsF(bold).horizontalAdvance(title);
-        painter.setFont(bold);
-        const double centre = (plot.left + plot.right - width) / 2;
-        DrawText(painter, QRectF(std::max(centre, 0.0), kGap, width, 0), title);
-        painter.setFont(plain);
-    }
-    const QFontMetricsF metrics(plain);
-    const double row = plot.top - kNamesGap - metrics.height();
-    const QString yName = ToText(picture.yName);
-    DrawText(painter, QRectF(kGap, row, 0, 0), yName);
-    const QString xName = ToText(picture.xName);
-    const double width = metrics.horizontalAdvance(xName);
-    DrawText(painter, QRectF(plot.right - width, size.height() - kGap - metrics.height(), 0, 0),
-             xName);
-    const double legendLeft = 3 * kGap + metrics.horizontalAdvance(yName);
-    DrawLegend(painter, picture, QRectF(QPointF(legendLeft, row), QPointF(plot.right, plot.top)));
+    painter.setFont(bold);
+    const double centre = (plot.left + plot.right - width) / 2;
+    DrawText(painter, QRectF(std::max(centre, 0.0), kGap, width, 0), title);
+    painter.setFont(plain);
 }
 
 /// The largest font up to the given one whose text fits beside the border.
@@ -207,7 +202,49 @@ void DrawMarks(QPainter& painter, const FramePainter::Layout& layout) {
     painter.setFont(plain);
 }
 
-/// Below and to the left of the plot, by the ticks.
+/// Names at the ends of their axes, in the row above the plot and below it.
+void PlaceNames(FramePainter::Layout& layout, QSize size, const Picture& picture,
+                const QFontMetricsF& metrics) {
+    const PlotRect& plot = layout.frame.plot;
+    const double line = metrics.height();
+    const double row = plot.top - kNamesGap - line;
+    const auto add = [&](const std::string& name, double right, double top) {
+        const QString text = ToText(name);
+        const double width = metrics.horizontalAdvance(text);
+        layout.names.push_back({QRectF(right > 0 ? right - width : kGap, top, width, line), text});
+    };
+    add(picture.yName, 0, row);
+    add(picture.rightName, size.width() - kGap, row);
+    add(picture.xName, plot.right, size.height() - kGap - line);
+}
+
+/// Entries in rows above the plot, beside the names of the y axes, as many in a row as fit: the
+/// lowest row holds the last ones. Entries of rows above `rows` are left out.
+void PlaceLegend(FramePainter::Layout& layout, const Picture& picture, int rows,
+                 const QFontMetricsF& metrics) {
+    const QRectF left = layout.names[0].box;
+    const QRectF right = layout.names[1].box;
+    const double end = right.width() > 0
+                           ? std::min<double>(layout.frame.plot.right, right.left() - 3 * kGap)
+                           : layout.frame.plot.right;
+    const double start = left.right() + 2 * kGap;
+    const double line = metrics.height();
+    int row = 0;
+    double reached = end;
+    for (auto entry = picture.legend.rbegin(); entry != picture.legend.rend(); ++entry) {
+        const double width = metrics.horizontalAdvance(ToText(entry->text)) + kGap + kLegendLine;
+        if (end - width < start) continue;
+        if (reached - width < start) {
+            ++row;
+            reached = end;
+        }
+        const QRectF box(reached - width, left.top() - row * line, width, line);
+        if (row < rows) layout.legend.push_back({*entry, box});
+        reached -= width + 3 * kGap;
+    }
+}
+
+/// Below the plot and at its sides, by the ticks.
 void PlaceLabels(FramePainter::Layout& layout, const QFontMetricsF& metrics) {
     const Frame& frame = layout.frame;
     const double line = metrics.height();
@@ -222,6 +259,14 @@ void PlaceLabels(FramePainter::Layout& layout, const QFontMetricsF& metrics) {
         const double wide = metrics.horizontalAdvance(text);
         const double top = frame.yPixel(tick.value) - line / 2;
         layout.yLabels.push_back({QRectF(frame.plot.left - kGap - wide, top, wide, line), text});
+    }
+    const Frame right = frame.ofRightAxis();
+    for (const Tick& tick : layout.rightTicks.major) {
+        const QString text = ToText(tick.label);
+        const double top = right.yPixel(tick.value) - line / 2;
+        layout.rightLabels.push_back(
+            {QRectF(frame.plot.right + kGap + 1, top, metrics.horizontalAdvance(text), line),
+             text});
     }
 }
 
@@ -243,31 +288,49 @@ FramePainter::FramePainter(int fontPixels) : font_("MS Sans Serif") {
 }
 
 FramePainter::Layout FramePainter::layout(QSize size, const Picture& picture) const {
+    constexpr int kMostLegendRows = 3;
+    Layout placed = layoutWith(size, picture, 1);
+    for (int rows = 2; rows <= kMostLegendRows; ++rows) {
+        if (placed.legend.size() == picture.legend.size()) break;
+        Layout more = layoutWith(size, picture, rows);
+        if (more.legend.size() == placed.legend.size()) break;  // no wider for being higher
+        placed = std::move(more);
+    }
+    return placed;
+}
+
+FramePainter::Layout FramePainter::layoutWith(QSize size, const Picture& picture,
+                                              int legendRows) const {
     const QFontMetricsF metrics(font_);
     const double line = metrics.height();
     const bool namesAbove = !picture.yName.empty() || !picture.legend.empty();
-    const double top =
-        kEdge + (picture.title.empty() ? 0 : line) + (namesAbove ? line + kNamesGap : 0);
+    const double top = kEdge + (picture.title.empty() ? 0 : line) +
+                       (namesAbove ? legendRows * line + kNamesGap : 0);
     const double below = kGap + line + (picture.xName.empty() ? 0 : line) + kGap;
 
     Layout layout;
     auto& plot = layout.frame.plot;
-    layout.frame.view = picture.view;
+    const View& view = layout.frame.view = picture.view;
     plot.top = static_cast<int>(top);
     plot.bottom = std::max(plot.top + 1, static_cast<int>(size.height() - below));
-    layout.yTicks = TicksOf(picture.view.y, plot.bottom - plot.top, picture.yLabels,
-                            [line](const std::string&) { return line; });
-    const double column = ColumnWidth(layout.yTicks, metrics);
-    plot.left = static_cast<int>(std::ceil(kGap + column + kGap));
+    const auto rows = [line](const std::string&) { return line; };
+    layout.yTicks = TicksOf(view.y, plot.bottom - plot.top, picture.yLabels, rows);
+    plot.left = static_cast<int>(std::ceil(kGap + ColumnWidth(layout.yTicks, metrics) + kGap));
     // Room for the half of the last label that reaches beyond the corner.
-    const double half = metrics.horizontalAdvance(QStringLiteral("888.8M")) / 2;
-    plot.right = std::max(plot.left + 1, static_cast<int>(size.width() - kGap - half));
+    double beyond = metrics.horizontalAdvance(QStringLiteral("888.8M")) / 2;
+    if (view.right) {
+        layout.rightTicks = TicksOf(*view.right, plot.bottom - plot.top, picture.rightLabels, rows);
+        beyond = std::max(beyond, kGap + 1 + ColumnWidth(layout.rightTicks, metrics));
+    }
+    plot.right = std::max(plot.left + 1, static_cast<int>(size.width() - kGap - beyond));
     const auto width = [&](const std::string& label) {
         return metrics.horizontalAdvance(ToText(label)) + 2 * kGap;
     };
-    layout.xTicks = TicksOf(picture.view.x, plot.right - plot.left, picture.xLabels, width);
+    layout.xTicks = TicksOf(view.x, plot.right - plot.left, picture.xLabels, width);
 
     PlaceLabels(layout, metrics);
+    PlaceNames(layout, size, picture, metrics);
+    PlaceLegend(layout, picture, legendRows, metrics);
     layout.marks = PlaceMarks(font_, picture, layout.frame);
     return layout;
 }
@@ -284,15 +347,18 @@ Frame FramePainter::draw(QPainter& painter, QSize size, const Picture& picture) 
     // The light labels of the marks would be lost among grid and hair lines.
     for (const Mark& mark : layout.marks) painter.fillRect(mark.box, Qt::white);
     DrawAxes(painter, frame);
+    DrawRightTicks(painter, layout);
     DrawLabels(painter, layout);
-    DrawTexts(painter, size, picture, frame.plot);
+    DrawTitle(painter, picture.title, frame.plot);
+    DrawLegend(painter, layout);
     for (const Curve& curve : picture.curves) drawCurve(painter, frame, curve);
     DrawMarks(painter, layout);
     painter.restore();
     return frame;
 }
 
-void FramePainter::drawCurve(QPainter& painter, const Frame& frame, const Curve& curve) const {
+void FramePainter::drawCurve(QPainter& painter, const Frame& whole, const Curve& curve) const {
+    const Frame frame = curve.onRight ? whole.ofRightAxis() : whole;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, true);
     if (curve.width > 0) {

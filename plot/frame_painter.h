@@ -33,13 +33,22 @@ class FramePainter {
         double baseline;
         QRectF box;
     };
+    /// A legend entry with the place of its text and line.
+    struct Key {
+        LegendEntry entry;
+        QRectF box;
+    };
     /// Where everything of a picture stands in an image of a size.
     struct Layout {
         Frame frame;
         Ticks xTicks;
         Ticks yTicks;
+        Ticks rightTicks;
         std::vector<Label> xLabels;
         std::vector<Label> yLabels;
+        std::vector<Label> rightLabels;
+        std::vector<Label> names;  ///< of the axes
+        std::vector<Key> legend;
         std::vector<Mark> marks;
     };
     Layout layout(QSize size, const Picture& picture) const;
@@ -52,6 +61,8 @@ class FramePainter {
     void drawCurve(QPainter& painter, const Frame& frame, const Curve& curve) const;
 
   private:
+    Layout layoutWith(QSize size, const Picture& picture, int legendRows) const;
+
     QFont font_;
 };
 

@@ -32,6 +32,7 @@ struct Curve {
     /// Values that come round again after so much (360 for degrees): a jump of more than half of it
     /// is drawn as leaving at one end and coming in at the other. 0: they do not.
     double turn = 0;
+    bool onRight = false;  ///< values of the view's right axis
 };
 
 /// Thin vertical lines through the whole plot.
@@ -61,8 +62,10 @@ struct Picture {
     std::string title;
     std::string xName;
     std::string yName;
+    std::string rightName;  ///< of the view's right axis
     LabelStyle xLabels = LabelStyle::Engineering;
     LabelStyle yLabels = LabelStyle::Plain;
+    LabelStyle rightLabels = LabelStyle::Plain;
     std::vector<LegendEntry> legend;
     std::vector<HairLines> hairLines;  ///< drawn below the curves
     std::vector<Curve> curves;         ///< in drawing order

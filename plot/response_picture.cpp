@@ -1,11 +1,11 @@
 #include "plot/response_picture.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
 #include <limits>
 
-#include "analysis/response.h"
 #include "core/number_text.h"
 
 namespace kelvro {
@@ -22,49 +22,69 @@ constexpr Rgb kMarkLabelColour{0xc0, 0xc0, 0xc0};
 constexpr Rgb kMarkLineColour{0xe0, 0xa8, 0x70};
 constexpr double kDotSize = 4;
 
-struct Texts {
-    const char* title;
-    const char* legend;
-    const char* yName;
-};
+/// Of the traces behind the leading one: apart from each other for most eyes, and from the green
+/// (after M. Okabe and K. Ito, "Color Universal Design", 2008, darkened for a white ground).
+constexpr std::array kFurtherColours{Rgb{0x00, 0x50, 0xb4}, Rgb{0xc8, 0x46, 0x00},
+                                     Rgb{0x96, 0x28, 0x82}, Rgb{0x28, 0x8c, 0xc8},
+                                     Rgb{0x8c, 0x6e, 0x00}, Rgb{0x50, 0x50, 0x50}};
 
-Texts TextsOf(Quantity quantity) {
-    switch (quantity) {
-        case Quantity::VoltageGain:
-            return {"Voltage Gain V(f)", "V(f) :", "V in dB"};
-        case Quantity::PowerGain:
-            return {"Power Gain GT(f)", "GT(f) :", "GT in dB"};
-        case Quantity::Phase:
-            break;
-    }
-    return {"Phase Response", "phi(f) :", "phi in °"};
+Curve CurveOf(const Samples& samples, Rgb colour, double width) {
+    return {.x = {samples.validX().begin(), samples.validX().end()},
+            .y = {samples.validY().begin(), samples.validY().end()},
+            .colour = colour,
+            .width = width,
+            .turn = samples.turn};
 }
 
-double ValueOf(const Response& response, Quantity quantity, double f) {
-    switch (quantity) {
-        case Quantity::VoltageGain:
-            return response.magnitudeDb(f);
-        case Quantity::PowerGain:
-            return response.relativeDb(f);
-        case Quantity::Phase:
-            break;
-    }
-    return response.phase(f);
-}
-
-Curve MainCurve(const Samples& samples, CurveLook look) {
-    Curve curve{.x = {samples.validX().begin(), samples.validX().end()},
-                .y = {samples.validY().begin(), samples.validY().end()},
-                .colour = kCurveColour,
-                .width = 1.5,
-                .dotColour = kDotColour,
-                .turn = samples.turn};
+Curve LeadingCurve(const Samples& samples, CurveLook look) {
+    Curve curve = CurveOf(samples, kCurveColour, 1.5);
+    curve.dotColour = kDotColour;
     if (look == CurveLook::LineWithDots) curve.dotSize = kDotSize;
     if (look == CurveLook::Alternative) {
         curve.colour = kAlternativeColour;
         curve.style = LineStyle::Alternative;
     }
     return curve;
+}
+
+Axis RangeAxis(const TraceScale& scale) {
+    return {.min = scale.min,
+            .max = scale.max,
+            .origin = std::clamp(0.0, scale.min, scale.max),
+            .step = scale.step,
+            .labelEvery = scale.labelEvery};
+}
+
+LabelStyle LabelsOf(const Trace& trace) {
+    return trace.engineering ? LabelStyle::Engineering : LabelStyle::Plain;
+}
+
+/// "Power Gain GT(f), Group Delay".
+std::string TitleOf(const TraceList& traces) {
+    std::string title;
+    for (const Trace* trace : traces)
+        title += (title.empty() ? "" : ", ") + std::string(trace->title);
+    return title;
+}
+
+void AddCurves(Picture& picture, const ResponsePlot& plot, const std::vector<Samples>& samples) {
+    for (std::size_t i = 0; i < plot.traces.size(); ++i) {
+        const Trace& trace = *plot.traces[i];
+        Curve curve =
+            i == 0 ? LeadingCurve(samples[i], plot.look)
+                   : CurveOf(samples[i], kFurtherColours[(i - 1) % kFurtherColours.size()], 1.5);
+        curve.onRight = trace.axis != plot.traces.front()->axis;
+        picture.legend.push_back({trace.legend(), curve.colour, curve.style});
+        picture.curves.push_back(std::move(curve));
+    }
+}
+
+std::string LeadingReadOut(const Design& design, double v, const Trace& trace, double y) {
+    std::string text = std::string(trace.readOutName()) + '=' + trace.text(y);
+    if (trace.atDesign == nullptr) return text;
+    const std::string name(trace.readOutName());
+    return text + " (" + FormatEngShort(2, std::pow(10.0, y / 20)) + "), " + name + '-' + name +
+           "o=" + trace.text(y - trace.atDesign(design, v));
 }
 
 }  // namespace
@@ -81,33 +101,60 @@ CurveLook NextLook(CurveLook look) {
     return CurveLook::Line;
 }
 
-View DefaultView(Quantity quantity, double fo) {
-    if (quantity == Quantity::Phase) return DefaultPhaseView(fo);
-    return DefaultGainView(fo, quantity == Quantity::PowerGain);
+View DefaultView(const TraceList& traces, const TraceSource& source) {
+    const View view{.x = DefaultFrequencyAxis(source.fo),
+                    .y = RangeAxis(traces.front()->scale(source)),
+                    .right = {}};
+    return WithRightAxis(view, {traces.front()}, traces, source);
 }
 
-double ValueAt(const Design& state, Quantity quantity, double f) {
-    return ValueOf(Response(state), quantity, f);
+View DefaultView(const Trace& trace, const Design& state) {
+    return DefaultView({&trace}, TraceSource(state));
 }
 
-Samples Sampled(const Design& state, const View& view, Quantity quantity) {
-    const Response response(state);
-    Samples samples{.x = SampleFrequencies(view), .y = {}};
-    if (quantity == Quantity::Phase) samples.turn = 360;
+View WithRightAxis(View view, const TraceList& before, const TraceList& traces,
+                   const TraceSource& source) {
+    const Trace* had = RightTrace(before);
+    const Trace* needed = RightTrace(traces);
+    if (needed == nullptr) {
+        view.right.reset();
+    } else if (!view.right || had == nullptr || had->axis != needed->axis) {
+        view.right = RangeAxis(needed->scale(source));
+    }
+    return view;
+}
+
+double ValueAt(const Design& state, const Trace& trace, double f) {
+    return trace.value(TraceSource(state), f);
+}
+
+Samples Sampled(const TraceSource& source, const View& view, const Trace& trace) {
+    Samples samples{.x = SampleFrequencies(view), .y = {}, .turn = trace.turn};
     samples.y.reserve(samples.x.size());
-    for (const double f : samples.x) samples.y.push_back(ValueOf(response, quantity, f));
+    for (const double f : samples.x) samples.y.push_back(trace.value(source, f));
     const auto isValid = [&](double f) { return f > 0; };
     const auto first = std::find_if(samples.x.begin(), samples.x.end(), isValid);
     samples.first = static_cast<std::size_t>(first - samples.x.begin());
     return samples;
 }
 
-Axis AutoscaledToSamples(const Axis& y, const Samples& samples) {
-    constexpr double kMost = 1000;  // the limit of a y axis edited by hand
-    std::vector<double> values;
-    std::copy_if(samples.validY().begin(), samples.validY().end(), std::back_inserter(values),
-                 [](double value) { return std::fabs(value) <= kMost; });
-    return AutoscaledY(y, values);
+Samples Sampled(const Design& state, const View& view, const Trace& trace) {
+    return Sampled(TraceSource(state), view, trace);
+}
+
+View AutoscaledToTraces(const Design& state, const TraceList& traces, View view) {
+    const TraceSource source(state);
+    std::vector<double> left;
+    std::vector<double> right;
+    for (const Trace* trace : traces) {
+        const Samples samples = Sampled(source, view, *trace);
+        std::copy_if(samples.validY().begin(), samples.validY().end(),
+                     std::back_inserter(trace->axis == traces.front()->axis ? left : right),
+                     [&](double value) { return std::fabs(value) <= trace->farthest; });
+    }
+    view.y = AutoscaledY(view.y, left);
+    if (view.right) view.right = AutoscaledY(*view.right, right);
+    return view;
 }
 
 double PeakOf(const Samples& samples) {
@@ -115,25 +162,35 @@ double PeakOf(const Samples& samples) {
     return range ? range->max : -std::numeric_limits<double>::infinity();
 }
 
-Picture ResponsePicture(const Design& state, const View& view, Quantity quantity, CurveLook look) {
-    return ResponsePicture(state, view, quantity, look, Sampled(state, view, quantity));
+std::vector<Samples> SampledTraces(const Design& state, const ResponsePlot& plot) {
+    const TraceSource source(state);
+    std::vector<Samples> samples;
+    for (const Trace* trace : plot.traces) samples.push_back(Sampled(source, plot.view, *trace));
+    return samples;
 }
 
-Picture ResponsePicture(const Design& state, const View& view, Quantity quantity, CurveLook look,
-                        const Samples& samples) {
-    const Texts texts = TextsOf(quantity);
+Picture ResponsePicture(const Design& state, const ResponsePlot& plot) {
+    return ResponsePicture(state, plot, SampledTraces(state, plot));
+}
+
+Picture ResponsePicture(const Design& state, const ResponsePlot& plot,
+                        const std::vector<Samples>& samples) {
+    const Trace& leading = *plot.traces.front();
     Picture picture;
-    picture.view = view;
-    picture.title = texts.title;
+    picture.view = plot.view;
+    picture.title = TitleOf(plot.traces);
     picture.xName = "f in Hz";
-    picture.yName = texts.yName;
-    picture.curves.push_back(MainCurve(samples, look));
-    picture.hairLines.push_back({Harmonics(state.fo, view.x.max), kHarmonicColour});
-    const Curve& curve = picture.curves.front();
-    picture.legend = {{texts.legend, curve.colour, curve.style},
-                      {"Harmonics of fo :", kHarmonicColour}};
-    const double peak = PeakOf(samples);
-    if (quantity != Quantity::Phase && std::isfinite(peak)) {
+    picture.yName = leading.axisName();
+    picture.yLabels = LabelsOf(leading);
+    AddCurves(picture, plot, samples);
+    if (const Trace* right = RightTrace(plot.traces)) {
+        picture.rightName = right->axisName();
+        picture.rightLabels = LabelsOf(*right);
+    }
+    picture.hairLines.push_back({Harmonics(state.fo, plot.view.x.max), kHarmonicColour});
+    picture.legend.push_back({"Harmonics of fo :", kHarmonicColour});
+    const double peak = PeakOf(samples.front());
+    if (leading.levels && std::isfinite(peak)) {
         picture.marks = {{peak - 1, "-1dB", kMarkLineColour, kMarkLabelColour},
                          {peak - 3, "-3dB", kMarkLineColour, kMarkLabelColour}};
     }
@@ -141,21 +198,19 @@ Picture ResponsePicture(const Design& state, const View& view, Quantity quantity
 }
 
 Curve ScatterCurve(const Samples& samples) {
-    return {.x = {samples.validX().begin(), samples.validX().end()},
-            .y = {samples.validY().begin(), samples.validY().end()},
-            .colour = kScatterColour,
-            .turn = samples.turn};
+    return CurveOf(samples, kScatterColour, 1);
 }
 
-std::string ReadOut(const Design& design, double v, Quantity quantity, WorldPoint place) {
-    const std::string start = "Position : f=" + FormatEngShort(2, place.x) + "Hz, ";
-    if (quantity == Quantity::Phase) return start + "phi=" + FormatFixed(0, 3, place.y) + "°";
-    const bool power = quantity == Quantity::PowerGain;
-    const double reference = power ? v / std::sqrt(design.R2 / design.R1) : v;
-    return start + (power ? "GT=" : "Vu=") + FormatFixed(0, 3, place.y) + "dB (" +
-           FormatEngShort(2, std::pow(10.0, place.y / 20)) + "), " +
-           (power ? "GT-GTo=" : "Vu-Vuo=") + FormatFixed(0, 3, place.y - MagnitudeDb(reference)) +
-           "dB";
+std::string ReadOut(const Design& design, double v, const TraceList& traces, WorldPoint place) {
+    std::string text = "Position : f=" + FormatEngShort(2, place.x) + "Hz, " +
+                       LeadingReadOut(design, v, *traces.front(), place.y);
+    if (traces.size() < 2) return text;
+    const TraceSource source(design);
+    for (std::size_t i = 1; i < traces.size(); ++i) {
+        text += "; " + std::string(traces[i]->readOutName()) + '=' +
+                traces[i]->text(traces[i]->value(source, place.x));
+    }
+    return text;
 }
 
 }  // namespace kelvro

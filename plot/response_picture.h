@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/trace.h"
 #include "design/design.h"
 #include "plot/picture.h"
 
@@ -12,19 +13,23 @@
 
 namespace kelvro {
 
-enum class Quantity { VoltageGain, PowerGain, Phase };
-
 /// The states through which a window's button steps.
 enum class CurveLook { Line, LineWithDots, Alternative };
 CurveLook NextLook(CurveLook look);
 
-/// Hz and dB, or degrees for the phase.
-View DefaultView(Quantity quantity, double fo);
+/// The view with which traces open: Hz, and the ranges of the leading trace and of the right axis.
+View DefaultView(const TraceList& traces, const TraceSource& source);
+View DefaultView(const Trace& trace, const Design& state);
 
-/// The quantity at one frequency.
-double ValueAt(const Design& state, Quantity quantity, double f);
+/// The view with the right axis that other traces need: it stays where one is there already, it
+/// opens with its range where there is none, and it goes where none is needed.
+View WithRightAxis(View view, const TraceList& before, const TraceList& traces,
+                   const TraceSource& source);
 
-/// A curve as sampled over a view: frequencies in Hz, values in dB or degrees.
+/// The trace of a design at one frequency.
+double ValueAt(const Design& state, const Trace& trace, double f);
+
+/// A curve as sampled over a view: frequencies in Hz, values in the unit of its trace.
 struct Samples {
     std::vector<double> x;
     std::vector<double> y;
@@ -35,23 +40,37 @@ struct Samples {
     std::span<const double> validY() const { return std::span(y).subspan(first); }
 };
 /// Samples 0 to the view's sample count.
-Samples Sampled(const Design& state, const View& view, Quantity quantity);
+Samples Sampled(const TraceSource& source, const View& view, const Trace& trace);
+Samples Sampled(const Design& state, const View& view, const Trace& trace);
 
-/// The y axis scaled to the samples; zeros of the response (hundreds of decades down) do not count.
-Axis AutoscaledToSamples(const Axis& y, const Samples& samples);
+/// The view with each y axis scaled to the traces that it carries; zeros of the response (hundreds
+/// of decades down) do not count.
+View AutoscaledToTraces(const Design& state, const TraceList& traces, View view);
 
 /// Highest valid sample; -infinity without any.
 double PeakOf(const Samples& samples);
 
-/// The whole picture: curve, harmonics of fo, and for the gains the -1 dB and -3 dB levels.
-Picture ResponsePicture(const Design& state, const View& view, Quantity quantity, CurveLook look);
-Picture ResponsePicture(const Design& state, const View& view, Quantity quantity, CurveLook look,
-                        const Samples& samples);
+/// What a plot shows of a design.
+struct ResponsePlot {
+    TraceList traces;  ///< at least one; the first leads
+    View view;
+    CurveLook look = CurveLook::Line;
+};
+
+/// The curves of a plot, in the order of its traces.
+std::vector<Samples> SampledTraces(const Design& state, const ResponsePlot& plot);
+
+/// The whole picture: curves, harmonics of fo, and the -1 dB and -3 dB levels where the leading
+/// trace has them.
+Picture ResponsePicture(const Design& state, const ResponsePlot& plot);
+Picture ResponsePicture(const Design& state, const ResponsePlot& plot,
+                        const std::vector<Samples>& samples);
 
 /// The thin grey curve of a Monte Carlo run.
 Curve ScatterCurve(const Samples& samples);
 
-/// The status line for a place in the plot; `v` is V2/V1 at fo.
-std::string ReadOut(const Design& design, double v, Quantity quantity, WorldPoint place);
+/// The status line for a place in the plot: the leading trace there, the others as their curves
+/// run; v is the design's V2/V1 at fo.
+std::string ReadOut(const Design& design, double v, const TraceList& traces, WorldPoint place);
 
 }  // namespace kelvro

@@ -1,8 +1,10 @@
 #include "plot/response_table.h"
 
+#include <array>
 #include <cmath>
+#include <string_view>
 
-#include "analysis/response.h"
+#include "analysis/trace.h"
 #include "core/number_text.h"
 
 namespace kelvro {
@@ -12,16 +14,25 @@ namespace {
 constexpr int kSteps = 512;
 constexpr const char* kHeader = "Calculated by Kelvro : f/Hz GT/dB V/dB Phi(Vu)/°\r\n";
 
-std::string Line(const Response& response, double f) {
-    return FormatEng(7, 3, f) + ' ' + FormatFixed(7, 3, response.relativeDb(f)) + ' ' +
-           FormatFixed(7, 3, response.magnitudeDb(f)) + ' ' + FormatFixed(7, 4, response.phase(f)) +
-           "\r\n";
+struct Column {
+    std::string_view trace;
+    int decimals;
+};
+/// The file is read by other programs: its columns stay these.
+constexpr std::array kColumns{Column{"gt", 3}, Column{"v", 3}, Column{"phi", 4}};
+
+std::string Line(const TraceSource& source, double f) {
+    std::string line = FormatEng(7, 3, f);
+    for (const auto& [trace, decimals] : kColumns) {
+        line += ' ' + FormatFixed(7, decimals, TraceOf(trace).value(source, f));
+    }
+    return line + "\r\n";
 }
 
 }  // namespace
 
 std::string ResponseTable(const Design& state, double xmin, double xmax, bool logarithmic) {
-    const Response response(state);
+    const TraceSource source(state);
     const long double low = xmin;
     const long double high = xmax;
     const long double ratio = std::pow(high / low, 1.0L / kSteps);
@@ -30,7 +41,7 @@ std::string ResponseTable(const Design& state, double xmin, double xmax, bool lo
     // Extended precision, so that the last frequency reads as the range says.
     long double f = logarithmic ? low : low + step;
     for (int i = 0; i <= kSteps; ++i) {
-        table += Line(response, static_cast<double>(f));
+        table += Line(source, static_cast<double>(f));
         f = logarithmic ? f * ratio : f + step;
     }
     return table;

@@ -61,6 +61,8 @@ TEST_F(PlotCommands, OptionsOfTheViewChangeThePicture) {
     std::vector<std::string> pictures{plot({}, "a.png")};
     for (const std::vector<std::string>& options : {std::vector<std::string>{"--quantity", "v"},
                                                     {"--quantity", "phi"},
+                                                    {"--trace", "gt,v"},
+                                                    {"--trace", "gt,delay"},
                                                     {"--linear"},
                                                     {"--from", "1M", "--to", "20M"},
                                                     {"--autoscale"},
@@ -128,6 +130,8 @@ TEST_F(PlotCommands, WhatCannotBeDoneEndsWithOneLineAndItsCode) {
                         {2, {"plot", "pi", "-o", png, "--size", "300"}},
                         {2, {"plot", "pi", "-o", png, "--size", "300x99999999999"}},
                         {2, {"plot", "pi", "-o", png, "--quantity", "s21"}},
+                        {2, {"plot", "pi", "-o", png, "--trace", "gt,s21"}},
+                        {2, {"plot", "pi", "-o", png, "--trace", "gt,phi,delay"}},
                         {2, {"plot", "pi", "-o", png, "--from", "0"}},
                         {2, {"plot", "pi", "-o", png, "--from", "2M", "--to", "1M"}},
                         {2, {"plot", "pi", "-o", png, "--mc", "-1"}},

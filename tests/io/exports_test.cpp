@@ -132,7 +132,7 @@ TEST(ResponseCsv, ReadsBackAsTheResponse) {
     std::istringstream lines(ResponseCsv(Exported(state), range));
     std::string line;
     std::getline(lines, line);
-    EXPECT_EQ(line, "f_Hz,re,im,V_dB,GT_dB,phase_deg");
+    EXPECT_EQ(line, "f_Hz,re,im,V_dB,GT_dB,phase_deg,group_delay_s");
     const Response response(state);
     int rows = 0;
     for (; std::getline(lines, line); ++rows) {

@@ -17,6 +17,11 @@ Axis MakeAxis(AxisMode mode, double min, double max, double origin = 0) {
     return {.mode = mode, .min = min, .max = max, .origin = origin};
 }
 
+/// As a gain window opens for a design at 1 MHz.
+View GainView(double ymax) {
+    return {.x = DefaultFrequencyAxis(1e6), .y = {.min = -40, .max = ymax, .step = 1}};
+}
+
 void CompareAxis(const Axis& axis, double min, double max, double origin, double step) {
     const auto near = [](double a, double b) { return std::fabs(a - b) <= 1e-12 * std::fabs(b); };
     const auto text = QString("min %1 max %2 origin %3 step %4")
@@ -61,7 +66,7 @@ class FrameTest : public QObject {
 
     void aPixelInsideThePlotConvertsToAValueThatComesBackToIt() {
         const PlotRect plot{37, 21, 611, 403};
-        Frame frame{plot, DefaultGainView(1e6, true)};
+        Frame frame{plot, GainView(10)};
         for (const AxisMode mode : {AxisMode::Linear, AxisMode::Logarithmic}) {
             frame.view.x.mode = mode;
             for (int px = plot.left + 1; px < plot.right; ++px) {
@@ -173,7 +178,7 @@ class FrameTest : public QObject {
     }
 
     void theValueDialogAsksForEachEndWithItsLimits() {
-        View view = DefaultGainView(1e6, false);
+        View view = GainView(20);
         const ValueEdit start = EndEdit(view, Zone::XStart, 1e6);
         QCOMPARE(start.caption, std::string("xmin="));
         QCOMPARE(start.low, 1.0);
@@ -186,11 +191,11 @@ class FrameTest : public QObject {
     }
 
     void anEditedEndTakesTheOtherAlongWhenItPassesIt() {
-        View log = DefaultGainView(1e6, true);
+        View log = GainView(10);
         log = WithEnd(log, Zone::XStart, 1e8);
         QVERIFY(std::fabs(log.x.max / 1e11 - 1) < 1e-12);  // three decades as before
         QCOMPARE(log.x.min, 1e8);
-        View linear = DefaultGainView(1e6, true);
+        View linear = GainView(10);
         linear.x = MakeAxis(AxisMode::Linear, 10, 50);
         CompareAxis(WithEnd(linear, Zone::XEnd, 30).x, 10, 30, 20, 0.5);
         CompareAxis(WithEnd(linear, Zone::XEnd, 5).x, 0, 5, 0, 0.1);
@@ -213,7 +218,7 @@ class FrameTest : public QObject {
     }
 
     void viewsOpenWithTheRangeOfTheDesign() {
-        const View view = DefaultGainView(1e6, false);
+        const View view = GainView(20);
         CompareAxis(view.x, 5e4, 5e7, 5e4, 1e6);
         CompareAxis(view.y, -40, 20, 0, 1);
         const auto f = SampleFrequencies(view);

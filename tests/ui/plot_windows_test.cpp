@@ -109,29 +109,29 @@ class PlotWindowsTest : public QObject {
         QVERIFY2(status().startsWith("Position : f="), qPrintable(status()));
         QVERIFY2(status().contains("Hz, Vu="), qPrintable(status()));
         const WorldPoint at = image().frame().toWorld(pixel(1e6, 0).x(), pixel(1e6, 0).y());
-        QCOMPARE(status(), QString::fromStdString(ReadOut(host_->state(), host_->result().v,
-                                                          Quantity::VoltageGain, at)));
+        QCOMPARE(status(), QString::fromStdString(
+                               ReadOut(host_->state(), host_->result().v, {&TraceOf("v")}, at)));
     }
 
     void readOutTextsAreThoseOfTheWindows_data() {
-        QTest::addColumn<int>("quantity");
+        QTest::addColumn<QByteArray>("trace");
         QTest::addColumn<double>("y");
         QTest::addColumn<QString>("text");
         // v = 2 is 6.0206 dB, of an ideal ratio of 2; 10^(-6/20) = 0.5012.
-        QTest::addRow("V") << int(Quantity::VoltageGain) << -6.0
+        QTest::addRow("V") << QByteArray("v") << -6.0
                            << "Position : f=1.50MHz, Vu=-6.000dB (0.50), Vu-Vuo=-12.021dB";
-        QTest::addRow("GT") << int(Quantity::PowerGain) << -6.0
+        QTest::addRow("GT") << QByteArray("gt") << -6.0
                             << "Position : f=1.50MHz, GT=-6.000dB (0.50), GT-GTo=-6.000dB";
-        QTest::addRow("phi") << int(Quantity::Phase) << -90.5
-                             << "Position : f=1.50MHz, phi=-90.500°";
+        QTest::addRow("phi") << QByteArray("phi") << -90.5 << "Position : f=1.50MHz, phi=-90.500°";
     }
     void readOutTextsAreThoseOfTheWindows() {
-        QFETCH(int, quantity);
+        QFETCH(QByteArray, trace);
         QFETCH(double, y);
         Design state;
         state.R1 = 50;
         state.R2 = 200;
-        QTEST(QString::fromStdString(ReadOut(state, 2, Quantity(quantity), {1.5e6, y})), "text");
+        QTEST(QString::fromStdString(ReadOut(state, 2, {&TraceOf(trace.constData())}, {1.5e6, y})),
+              "text");
     }
 
     void draggingABoxToTheLowerRightZoomsIntoIt() {
@@ -305,7 +305,7 @@ class PlotWindowsTest : public QObject {
         const auto text = [&](std::ptrdiff_t index) {
             const auto i = static_cast<std::size_t>(index);
             return QString::fromStdString(ReadOut(host_->state(), host_->result().v,
-                                                  Quantity::VoltageGain, {curve.x[i], curve.y[i]}));
+                                                  {&TraceOf("v")}, {curve.x[i], curve.y[i]}));
         };
         QCOMPARE(status(), text(peak));
         QTest::keyClick(&image(), Qt::Key_Right, Qt::ShiftModifier);

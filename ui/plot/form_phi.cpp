@@ -6,6 +6,6 @@ TFormPhi::TFormPhi(DesignHost& host, QWidget* parent)
     : PlotForm(host,
                {"TFormPhi", tr("Phase Response"), "Bitmap Dateien (*.bmp)|*.bmp",
                 "Meta Dateien (*.wmf)|*.wmf"},
-               Quantity::Phase, parent) {}
+               TraceOf("phi"), parent) {}
 
 }  // namespace kelvro

@@ -17,7 +17,7 @@ namespace kelvro {
 TFormVu::TFormVu(DesignHost& host, QWidget* parent)
     : PlotForm(host,
                {"TFormVu", tr("Gain"), "Bitmap Files (*.bmp)|*.bmp", "Meta Files (*.wmf)|*.wmf"},
-               Quantity::VoltageGain, parent) {
+               TraceOf("v"), parent) {
     buildQuantityButtons();
     buildMonteCarloButtons();
 }
@@ -84,9 +84,9 @@ void TFormVu::runMonteCarlo(int runs) {
     for (int run = 0; run < runs; ++run) {
         ToleranceRuns drawn(nominal, host().tolerances(), ClockSeed());
         const Design& varied = drawn.next();
-        image().addCurve(ScatterCurve(Sampled(varied, view(), quantity())));
+        image().addCurve(ScatterCurve(Sampled(varied, view(), leading())));
         ++runs_;
-        if (ValueAt(varied, quantity(), nominal.fo) >= limit) ++goodRuns_;
+        if (ValueAt(varied, leading(), nominal.fo) >= limit) ++goodRuns_;
         showYield();
         image().repaint();
     }
@@ -106,15 +106,15 @@ void TFormVu::RadioButtonVuClick() {
     constexpr double kHighest = 10;
     View changed = view();
     // A range wholly above the limit is left alone: cut there it would have no extent.
-    if (quantity() == Quantity::PowerGain && changed.y.min < kHighest) {
+    if (&leading() == &TraceOf("gt") && changed.y.min < kHighest) {
         changed.y.max = std::min(changed.y.max, kHighest);
     }
-    setQuantity(Quantity::VoltageGain);
+    setLeading(TraceOf("v"));
     setView(changed);
 }
 
 void TFormVu::RadioButtonGTClick() {
-    setQuantity(Quantity::PowerGain);
+    setLeading(TraceOf("gt"));
     setView(view());
 }
 

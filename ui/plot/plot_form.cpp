@@ -1,10 +1,8 @@
 #include "ui/plot/plot_form.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMouseEvent>
 #include <QScreen>
 #include <QShowEvent>
 #include <QStatusBar>
@@ -12,20 +10,15 @@
 #include <QToolButton>
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 #include "design/cycle.h"
 #include "design/pages.h"
 #include "ui/plot/icons.h"
 #include "ui/plot/plot_image.h"
-#include "ui/plot/xmax_dialog.h"
 
 namespace kelvro {
 
 namespace {
-
-/// Larger windows would only cost memory.
-constexpr int kLargestSide = 8192;
 
 struct ToolEntry {
     const char* name;
@@ -100,21 +93,17 @@ constexpr std::array kHelpEntries{
     MenuEntry{"GRHilfe1", "&Help on plots", "F1", nullptr},
 };
 
-constexpr const char* kZoneHints[] = {"", "Click to set xmin", "Click to set xmax",
-                                      "Click to set ymin", "Click to set ymax"};
-
-bool IsLogX(const View& view) {
-    return view.x.mode == AxisMode::Logarithmic;
+QString TraceAction(const Trace& trace) {
+    return "Trace_" + QString::fromLatin1(trace.key.data(), qsizetype(trace.key.size()));
 }
 
 }  // namespace
 
-PlotForm::PlotForm(DesignHost& host, const Texts& texts, Quantity quantity, QWidget* parent)
+PlotForm::PlotForm(DesignHost& host, const Texts& texts, const Trace& leading, QWidget* parent)
     : QMainWindow(parent, Qt::Window),
       host_(host),
       texts_(texts),
-      quantity_(quantity),
-      view_(DefaultView(quantity, host.design().fo)),
+      plot_{{&leading}, DefaultView(leading, host.design())},
       image_(new PlotImage(this)),
       toolBar_(addToolBar(tr("Tools"))),
       status_(new QLabel(this)) {
@@ -180,7 +169,34 @@ void PlotForm::buildMenus() {
     file->addAction(tr("&Close"), QKeySequence("Ctrl+W"), this, &QWidget::close);
     fill(menuBar()->addMenu(tr("&Edit")), kEditEntries);
     fill(menuBar()->addMenu(tr("&View")), kViewEntries);
+    fillTraceMenu(*menuBar()->addMenu(tr("&Traces")));
     fill(menuBar()->addMenu(tr("&Help")), kHelpEntries);
+}
+
+void PlotForm::fillTraceMenu(QMenu& menu) {
+    menu.setObjectName("Traces1");
+    const Trace* last = nullptr;
+    for (const Trace& trace : Traces()) {
+        if (last != nullptr && last->axis != trace.axis) menu.addSeparator();
+        last = &trace;
+        const QString title = QString::fromUtf8(trace.title.data(), qsizetype(trace.title.size()));
+        QAction* action = menu.addAction(title);
+        action->setObjectName(TraceAction(trace));
+        action->setCheckable(true);
+        connect(action, &QAction::toggled, this,
+                [this, &trace](bool shown) { showTrace(trace, shown); });
+    }
+    showTraceState();
+}
+
+/// The leading trace is chosen by the window, not by the menu.
+void PlotForm::showTraceState() {
+    for (const Trace& trace : Traces()) {
+        auto* action = findChild<QAction*>(TraceAction(trace));
+        const QSignalBlocker blocked(action);
+        action->setChecked(std::ranges::find(plot_.traces, &trace) != plot_.traces.end());
+        action->setEnabled(&trace != plot_.traces.front());
+    }
 }
 
 void PlotForm::showEvent(QShowEvent* event) {
@@ -191,7 +207,7 @@ void PlotForm::showEvent(QShowEvent* event) {
 void PlotForm::FormShow() {
     stopReading();
     cancelDrag();
-    setView(DefaultView(quantity_, host_.design().fo));
+    setView(DefaultView(plot_.traces, TraceSource(host_.design())));
     image_->setFocus();
 }
 
@@ -200,257 +216,42 @@ void PlotForm::designChanged() {
 }
 
 void PlotForm::setView(const View& view) {
-    view_ = view;
-    host_.publish(Published(view_));
+    plot_.view = view;
+    host_.publish(Published(view));
     showLogState();
     redraw();
+}
+
+void PlotForm::setTraces(TraceList traces) {
+    const View view = WithRightAxis(plot_.view, plot_.traces, traces, TraceSource(host_.design()));
+    plot_.traces = std::move(traces);
+    showTraceState();
+    setView(view);
+}
+
+void PlotForm::setLeading(const Trace& trace) {
+    std::erase(plot_.traces, &trace);
+    plot_.traces.insert(plot_.traces.begin(), &trace);
+    plot_.traces.erase(plot_.traces.begin() + 1);
+    showTraceState();
+}
+
+void PlotForm::showTrace(const Trace& trace, bool shown) {
+    TraceList traces = plot_.traces;
+    std::erase_if(traces, [&](const Trace* other) {
+        const bool inItsPlace = other->axis != leading().axis && other->axis != trace.axis;
+        return other == &trace || (shown && trace.axis != leading().axis && inItsPlace);
+    });
+    if (shown) traces.push_back(&trace);
+    setTraces(std::move(traces));
 }
 
 void PlotForm::redraw() {
     const std::string_view page = PageOf(host_.design()).caption;
     setWindowTitle(texts_.caption + " - " + QString::fromUtf8(page.data(), qsizetype(page.size())));
-    samples_ = Sampled(host_.design(), view_, quantity_);
-    image_->setPicture(ResponsePicture(host_.design(), view_, quantity_, look_, samples_));
+    samples_ = SampledTraces(host_.design(), plot_);
+    image_->setPicture(ResponsePicture(host_.design(), plot_, samples_));
     if (reading_) moveReading(sampleNearest(*reading_));
-}
-
-void PlotForm::showLogState() {
-    findChild<QAction*>("xlog1")->setChecked(IsLogX(view_));
-    findChild<QToolButton*>("xlogButton")->setChecked(IsLogX(view_));
-}
-
-void PlotForm::resizeTo(PixelSize size) {
-    resize(std::min(size.width, kLargestSide), std::min(size.height, kLargestSide));
-}
-
-void PlotForm::Vergroessern1Click() {
-    resizeTo(Enlarged({width(), height()}));
-}
-
-void PlotForm::Verkleinern1Click() {
-    resizeTo(Reduced({width(), height()}));
-}
-
-void PlotForm::Standardgroesse1Click() {
-    resizeTo(StandardSize(screen()->size().width()));
-}
-
-void PlotForm::Autoskalierung1Click() {
-    View view = view_;
-    view.x = AutoscaledX(view.x, samples_.validX());
-    view.y = AutoscaledToSamples(view.y, Sampled(host_.design(), view, quantity_));
-    setView(view);
-}
-
-void PlotForm::xAutoskalierung1Click() {
-    View view = view_;
-    view.x = AutoscaledX(view.x, samples_.validX());
-    setView(view);
-}
-
-void PlotForm::yAutoskalierung1Click() {
-    View view = view_;
-    view.y = AutoscaledToSamples(view.y, samples_);
-    setView(view);
-}
-
-void PlotForm::xlog1Click() {
-    View view = view_;
-    view.x.mode = IsLogX(view) ? AxisMode::Linear : AxisMode::Logarithmic;
-    view.x = AutoscaledX(view.x, samples_.x);
-    setView(view);
-}
-
-void PlotForm::Ursprungfestlegen1Click() {
-    const QPoint at(image_->frame().plot.left, image_->frame().plot.bottom);
-    View view = view_;
-    if (const auto x = askValue(XOriginEdit(view), true, at)) view.x.origin = *x;
-    if (const auto y = askValue(YOriginEdit(view), false, at)) view.y.origin = *y;
-    setView(view);
-}
-
-/// The sample that is read, else the one at fo, as far as it is in view: what a zoom is about.
-WorldPoint PlotForm::zoomCentre() const {
-    const auto at = static_cast<std::size_t>(sampleNearest(reading_.value_or(host_.design().fo)));
-    const auto visible = [](const Axis& axis, double value) {
-        return axis.min < value && value < axis.max ? value : Middle(axis);
-    };
-    return {visible(view_.x, samples_.x[at]), visible(view_.y, samples_.y[at])};
-}
-
-void PlotForm::zoomAll(double factor) {
-    View view = view_;
-    const WorldPoint centre = zoomCentre();
-    view.x = Zoomed(view.x, factor, centre.x, FrequencyLimits(view.x, host_.design().fo));
-    view.y = Zoomed(view.y, factor, centre.y, {});
-    setView(view);
-}
-
-void PlotForm::ZoomInButtonClick() {
-    zoomAll(kZoomStep);
-}
-
-void PlotForm::ZoomOutButtonClick() {
-    zoomAll(1 / kZoomStep);
-}
-
-void PlotForm::DotButtonClick() {
-    look_ = NextLook(look_);
-    redraw();
-}
-
-std::optional<double> PlotForm::askValue(const ValueEdit& edit, bool frequency, QPoint at) {
-    const QString unit = frequency ? "Hz" : quantity_ == Quantity::Phase ? "°" : "dB";
-    const double step = frequency ? 0 : view_.y.step * view_.y.labelEvery;
-    TXmaxDlg1 dialog(edit, unit, {host_.preferences().SweepFactor, step}, this);
-    const QRect screenArea = screen()->availableGeometry();
-    const QSize size = dialog.sizeHint();
-    const QPoint place = pos() + at + QPoint(48, -72);
-    dialog.move(std::clamp(place.x(), screenArea.left(),
-                           std::max(screenArea.left(), screenArea.right() - size.width())),
-                std::clamp(place.y(), screenArea.top(),
-                           std::max(screenArea.top(), screenArea.bottom() - size.height())));
-    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-    return dialog.value();
-}
-
-void PlotForm::editEnd(Zone zone, QPoint at) {
-    const bool frequency = zone == Zone::XStart || zone == Zone::XEnd;
-    const ValueEdit edit = EndEdit(view_, zone, host_.design().fo);
-    if (const auto value = askValue(edit, frequency, at)) setView(WithEnd(view_, zone, *value));
-}
-
-void PlotForm::showReadOut(WorldPoint place) {
-    status_->setText(
-        QString::fromStdString(ReadOut(host_.design(), host_.result().v, quantity_, place)));
-}
-
-void PlotForm::moveCursor(Zone zone, bool inside) {
-    image_->setToolTip(tr(kZoneHints[static_cast<std::size_t>(zone)]));
-    if (zone == Zone::XStart || zone == Zone::XEnd) {
-        image_->setCursor(Qt::SizeHorCursor);
-    } else if (zone == Zone::YStart || zone == Zone::YEnd) {
-        image_->setCursor(Qt::SizeVerCursor);
-    } else if (inside) {
-        static const QCursor kCross = PlotCursor();
-        image_->setCursor(kCross);
-    } else {
-        image_->unsetCursor();
-    }
-}
-
-void PlotForm::ImageMouseMove(QMouseEvent* event) {
-    const QPointF at = event->position();
-    const Frame& frame = image_->frame();
-    stopReading();
-    moveCursor(ZoneAt(frame.plot, at.x(), at.y()), frame.contains(at.x(), at.y()));
-    showReadOut(frame.toWorld(at.x(), at.y()));
-    if (dragStart_) {
-        const auto& plot = frame.plot;
-        const QPoint end(std::clamp(event->pos().x(), plot.left, plot.right),
-                         std::clamp(event->pos().y(), plot.top, plot.bottom));
-        image_->setRubberBand(QRect(*dragStart_, end));
-    }
-}
-
-void PlotForm::ImageMouseDown(QMouseEvent* event) {
-    const QPointF at = event->position();
-    const Frame& frame = image_->frame();
-    if (event->button() == Qt::LeftButton) {
-        const Zone zone = ZoneAt(frame.plot, at.x(), at.y());
-        if (zone != Zone::None) editEnd(zone, event->pos());
-    } else if (event->button() == Qt::RightButton && frame.contains(at.x(), at.y())) {
-        dragStart_ = event->pos();
-    }
-}
-
-void PlotForm::ImageMouseUp(QMouseEvent* event) {
-    if (event->button() != Qt::RightButton || !dragStart_) return;
-    const Frame frame = image_->frame();
-    const QPoint start = *dragStart_;
-    const QPointF end = event->position();
-    cancelDrag();
-    if (!frame.contains(end.x(), end.y())) return;
-    const auto zoomed =
-        DragZoomed(view_, frame.toWorld(start.x(), start.y()), frame.toWorld(end.x(), end.y()));
-    if (zoomed) {
-        setView(*zoomed);
-    } else {
-        redraw();
-    }
-}
-
-void PlotForm::ImageMouseWheel(QWheelEvent* event) {
-    const QPoint turned = event->angleDelta();
-    const double notches = std::clamp((turned.x() + turned.y()) / 120.0, -10.0, 10.0);
-    const double factor = std::pow(kZoomStep, notches);
-    const QPointF at = event->position();
-    const Frame& frame = image_->frame();
-    const WorldPoint fixed = frame.toWorld(at.x(), at.y());
-    const bool onlyX = event->modifiers() & Qt::ControlModifier || at.y() > frame.plot.bottom;
-    const bool onlyY = event->modifiers() & Qt::ShiftModifier || at.x() < frame.plot.left;
-    View view = view_;
-    if (!onlyY) {
-        view.x = Zoomed(view.x, factor, fixed.x, FrequencyLimits(view.x, host_.design().fo));
-    }
-    if (!onlyX) view.y = Zoomed(view.y, factor, fixed.y, {});
-    setView(view);
-    event->accept();
-}
-
-void PlotForm::ImageKeyDown(QKeyEvent* event) {
-    const int step = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
-    const int last = static_cast<int>(samples_.x.size()) - 1;
-    const auto moved = [&](int by) {
-        const int start = sampleNearest(reading_.value_or(host_.design().fo));
-        moveReading(reading_ ? start + by : start);
-    };
-    switch (event->key()) {
-        case Qt::Key_Escape:
-            return dragStart_ ? cancelDrag() : stopReading();
-        case Qt::Key_Left:
-            return moved(-step);
-        case Qt::Key_Right:
-            return moved(step);
-        case Qt::Key_Home:
-            return moveReading(0);
-        case Qt::Key_End:
-            return moveReading(last);
-        case Qt::Key_Up:
-            return moveReading(static_cast<int>(
-                std::max_element(samples_.validY().begin(), samples_.validY().end()) -
-                samples_.validY().begin() + static_cast<std::ptrdiff_t>(samples_.first)));
-        default:
-            event->ignore();
-    }
-}
-
-int PlotForm::sampleNearest(double frequency) const {
-    const auto distance = [=](double f) { return std::fabs(f - frequency); };
-    const auto nearest =
-        std::min_element(samples_.x.begin(), samples_.x.end(),
-                         [&](double a, double b) { return distance(a) < distance(b); });
-    return static_cast<int>(nearest - samples_.x.begin());
-}
-
-void PlotForm::moveReading(int index) {
-    const int last = static_cast<int>(samples_.x.size()) - 1;
-    const int first = std::min(static_cast<int>(samples_.first), last);
-    const auto at = static_cast<std::size_t>(std::clamp(index, first, last));
-    const Frame& frame = image_->frame();
-    reading_ = samples_.x[at];
-    image_->setCross(QPointF(frame.xPixel(samples_.x[at]), frame.yPixel(samples_.y[at])));
-    showReadOut({samples_.x[at], samples_.y[at]});
-}
-
-void PlotForm::stopReading() {
-    reading_.reset();
-    if (image_->hasCross()) image_->setCross(std::nullopt);
-}
-
-void PlotForm::cancelDrag() {
-    dragStart_.reset();
-    if (image_->rubberBand()) image_->setRubberBand(std::nullopt);
 }
 
 }  // namespace kelvro

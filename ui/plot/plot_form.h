@@ -7,6 +7,7 @@
 #include "ui/plot/design_host.h"
 
 class QLabel;
+class QMenu;
 class QPrinter;
 class QToolBar;
 class QToolButton;
@@ -22,8 +23,9 @@ class PlotForm : public QMainWindow {
     Q_OBJECT
 
   public:
-    const View& view() const { return view_; }
-    Quantity quantity() const { return quantity_; }
+    const View& view() const { return plot_.view; }
+    /// The traces shown, the leading one first.
+    const TraceList& traces() const { return plot_.traces; }
 
     /// Fills a page with the picture as it stands.
     void print(QPrinter& printer);
@@ -49,6 +51,9 @@ class PlotForm : public QMainWindow {
     void ZoomInButtonClick();
     void ZoomOutButtonClick();
     void DotButtonClick();
+    /// Shows a trace beside the leading one, or no more. One that needs the right axis for itself
+    /// takes the place of those that had it.
+    void showTrace(const Trace& trace, bool shown);
 
     void ImageMouseMove(QMouseEvent* event);
     void ImageMouseDown(QMouseEvent* event);
@@ -77,13 +82,17 @@ class PlotForm : public QMainWindow {
         QString bitmapFilter;
         QString metafileFilter;
     };
-    PlotForm(DesignHost& host, const Texts& texts, Quantity quantity, QWidget* parent);
+    PlotForm(DesignHost& host, const Texts& texts, const Trace& leading, QWidget* parent);
 
     DesignHost& host() { return host_; }
     PlotImage& image() { return *image_; }
-    const Samples& samples() const { return samples_; }
+    const Trace& leading() const { return *plot_.traces.front(); }
+    /// Of the leading trace.
+    const Samples& samples() const { return samples_.front(); }
     QToolBar& toolBar() { return *toolBar_; }
-    void setQuantity(Quantity quantity) { quantity_ = quantity; }
+    /// Puts a trace of the same axis in the place of the leading one; takes effect with the next
+    /// redraw.
+    void setLeading(const Trace& trace);
 
     /// Takes the view, publishes it and draws.
     void setView(const View& view);
@@ -97,10 +106,13 @@ class PlotForm : public QMainWindow {
   private:
     void buildToolBar();
     void buildMenus();
+    void fillTraceMenu(QMenu& menu);
     void designChanged();
+    void setTraces(TraceList traces);
     void showLogState();
+    void showTraceState();
     void resizeTo(PixelSize size);
-    std::optional<double> askValue(const ValueEdit& edit, bool frequency, QPoint at);
+    std::optional<double> askValue(const ValueEdit& edit, Zone zone, QPoint at);
     void editEnd(Zone zone, QPoint at);
     void zoomAll(double factor);
     void showReadOut(WorldPoint place);
@@ -123,10 +135,8 @@ class PlotForm : public QMainWindow {
 
     DesignHost& host_;
     const Texts texts_;
-    Quantity quantity_;
-    CurveLook look_ = CurveLook::Line;
-    View view_;
-    Samples samples_;
+    ResponsePlot plot_;
+    std::vector<Samples> samples_;  ///< of each trace
 
     PlotImage* image_;
     QToolBar* toolBar_;

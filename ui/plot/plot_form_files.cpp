@@ -97,7 +97,7 @@ void PlotForm::SaveasPDF1Click() {
 void PlotForm::SaveasTable1Click() {
     const QString path = askFileName({"SaveDialogTabelle", "Table File|*.tab", "TAB", "*.TAB"});
     if (path.isEmpty()) return;
-    const Axis& x = view_.x;
+    const Axis& x = view().x;
     const std::string table =
         ResponseTable(host_.design(), x.min, x.max, x.mode == AxisMode::Logarithmic);
     if (const auto problem = WriteAtomically(path, QByteArray::fromStdString(table))) {

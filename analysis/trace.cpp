@@ -1,0 +1,144 @@
+#include "analysis/trace.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <cmath>
+
+#include "core/number_text.h"
+#include "core/rounding.h"
+
+namespace kelvro {
+
+namespace {
+
+template <double (Response::*value)(double) const>
+double OfResponse(const TraceSource& source, double f) {
+    return (source.response.*value)(f);
+}
+
+template <int top>
+TraceScale GainScale(const TraceSource&) {
+    return {-40, top, 1};
+}
+
+TraceScale PhaseScale(const TraceSource&) {
+    return {-180, 180, 10, 3};  // labels every 30°
+}
+
+/// Twice the delay at fo, rounded up: a resonance beside fo still has its peak in view.
+TraceScale DelayScale(const TraceSource& source) {
+    const double delay = 2 * std::fabs(source.response.groupDelay(source.fo));
+    const double top = RoundUpSig1(delay > 0 && std::isfinite(delay) ? delay : 1 / source.fo);
+    return {-top / 5, top, StepUp125(top / 50)};
+}
+
+double VoltageAtDesign(const Design&, double v) {
+    return MagnitudeDb(v);
+}
+
+double PowerAtDesign(const Design& design, double v) {
+    return MagnitudeDb(v / std::sqrt(design.R2 / design.R1));
+}
+
+constexpr std::array kTraces{
+    Trace{.key = "v",
+          .title = "Voltage Gain V(f)",
+          .symbol = "V",
+          .unit = "dB",
+          .column = "V_dB",
+          .axis = TraceAxis::Gain,
+          .value = OfResponse<&Response::magnitudeDb>,
+          .scale = GainScale<20>,
+          .levels = true,
+          .atDesign = VoltageAtDesign,
+          .readOut = "Vu"},
+    Trace{.key = "gt",
+          .title = "Power Gain GT(f)",
+          .symbol = "GT",
+          .unit = "dB",
+          .column = "GT_dB",
+          .axis = TraceAxis::Gain,
+          .value = OfResponse<&Response::relativeDb>,
+          .scale = GainScale<10>,
+          .levels = true,
+          .atDesign = PowerAtDesign},
+    Trace{.key = "phi",
+          .title = "Phase Response",
+          .symbol = "phi",
+          .unit = "°",
+          .column = "phase_deg",
+          .axis = TraceAxis::Phase,
+          .value = OfResponse<&Response::phase>,
+          .scale = PhaseScale,
+          .turn = 360},
+    Trace{.key = "delay",
+          .title = "Group Delay",
+          .symbol = "tau",
+          .unit = "s",
+          .column = "group_delay_s",
+          .axis = TraceAxis::Delay,
+          .value = OfResponse<&Response::groupDelay>,
+          .scale = DelayScale,
+          .engineering = true},
+};
+
+}  // namespace
+
+TraceSource::TraceSource(const Design& state) : response(state), fo(state.fo), R1(state.R1) {}
+
+std::string Trace::legend() const {
+    return std::string(symbol) + "(f) :";
+}
+
+std::string Trace::axisName() const {
+    return std::string(symbol) + (unit.empty() ? "" : " in " + std::string(unit));
+}
+
+std::string Trace::text(double y) const {
+    const std::string number =
+        engineering ? FormatEngShort(decimals, y) : FormatFixed(0, decimals, y);
+    return number + std::string(unit);
+}
+
+std::span<const Trace> Traces() {
+    return kTraces;
+}
+
+const Trace* FindTrace(std::string_view key) {
+    const auto found = std::ranges::find(kTraces, key, &Trace::key);
+    return found == kTraces.end() ? nullptr : &*found;
+}
+
+const Trace& TraceOf(std::string_view key) {
+    const Trace* trace = FindTrace(key);
+    assert(trace != nullptr);
+    return *trace;
+}
+
+std::string TraceKeys(std::string_view separator) {
+    std::string keys;
+    for (const Trace& trace : kTraces) {
+        if (!keys.empty()) keys += separator;
+        keys += trace.key;
+    }
+    return keys;
+}
+
+const Trace* RightTrace(const TraceList& traces) {
+    const auto other = [&](const Trace* trace) { return trace->axis != traces.front()->axis; };
+    const auto found = std::ranges::find_if(traces, other);
+    return found == traces.end() ? nullptr : *found;
+}
+
+const Trace* TraceWithoutAxis(const TraceList& traces) {
+    const Trace* right = RightTrace(traces);
+    if (right == nullptr) return nullptr;
+    const auto third = [&](const Trace* trace) {
+        return trace->axis != traces.front()->axis && trace->axis != right->axis;
+    };
+    const auto found = std::ranges::find_if(traces, third);
+    return found == traces.end() ? nullptr : *found;
+}
+
+}  // namespace kelvro

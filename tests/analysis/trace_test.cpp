@@ -1,0 +1,106 @@
+#include "analysis/trace.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+#include <set>
+#include <utility>
+
+#include "design/pages.h"
+
+namespace kelvro {
+namespace {
+
+/// A lossless quarter-wave line from 50 to 50 ohm: every frequency passes, delayed by the line's
+/// travelling time.
+Design MatchedLine() {
+    Design state;
+    EnterPage(state, 6);
+    state.R2 = state.R1;
+    state.fo = 100e6;
+    state.QB = state.QBC = 1e12;
+    ResponseServices services;
+    return Calculate(state, true, services).design;
+}
+
+TEST(Traces, KeysAndColumnsAreDistinctAndEveryRowIsWhole) {
+    std::set<std::string_view> keys;
+    std::set<std::string_view> columns;
+    for (const Trace& trace : Traces()) {
+        EXPECT_TRUE(keys.insert(trace.key).second) << trace.key;
+        EXPECT_TRUE(columns.insert(trace.column).second) << trace.column;
+        EXPECT_FALSE(trace.title.empty() || trace.symbol.empty()) << trace.key;
+        EXPECT_TRUE(trace.value && trace.scale) << trace.key;
+        EXPECT_EQ(FindTrace(trace.key), &trace);
+    }
+    EXPECT_EQ(FindTrace("s21"), nullptr);
+}
+
+TEST(Traces, DefaultRangesHoldTheValuesAtTheDesignFrequency) {
+    for (const int page : {1, 2, 3, 4, 5, 6, 13, 14, 17, 18}) {
+        Design state;
+        EnterPage(state, page);
+        ResponseServices services;
+        CycleResult result = Calculate(state, true, services);
+        if (result.message) {  // this page steps down
+            std::swap(state.R1, state.R2);
+            result = Calculate(state, true, services);
+        }
+        ASSERT_FALSE(result.message) << page;
+        const TraceSource source(result.design);
+        for (const Trace& trace : Traces()) {
+            const TraceScale scale = trace.scale(source);
+            const double value = trace.value(source, state.fo);
+            EXPECT_LT(scale.min, value) << page << trace.key;
+            EXPECT_GT(scale.max, value) << page << trace.key;
+            EXPECT_GT(scale.step, 0) << page << trace.key;
+        }
+    }
+}
+
+TEST(Traces, GroupDelayOfALineIsItsTravellingTime) {
+    const TraceSource source(MatchedLine());
+    const Trace& delay = TraceOf("delay");
+    // A quarter of the period of fo, whatever the frequency: 2.5 ns.
+    for (const double f : {1e6, 99e6, 100e6, 200e6, 3.3e9}) {
+        EXPECT_NEAR(delay.value(source, f), 2.5e-9, 1e-17) << f;
+    }
+    EXPECT_TRUE(std::isnan(delay.value(source, 0)));
+}
+
+TEST(Traces, GroupDelayOfACoilInSeriesFollowsItsClosedForm) {
+    // A Pi section without capacitors is a coil between two resistances R: H = 1/(1 + jωL/2R), with
+    // the delay (L/2R)/(1 + (ωL/2R)²). At 1 MHz ωL/2R = q here.
+    for (const double q : {0.1, 1.0, 30.0}) {
+        Design state;
+        EnterPage(state, 3);
+        state.R1 = state.R2 = 50;
+        state.QB = state.QBC = 1e12;
+        const double omega = 2 * std::numbers::pi * 1e6;
+        state.components[Slot::L] = q * 100 / omega;
+        const double delay = TraceOf("delay").value(TraceSource(state), 1e6);
+        EXPECT_NEAR(delay * omega * (1 + q * q) / q, 1, 1e-6) << q;
+    }
+}
+
+TEST(Traces, TwoKindsOfValuesHaveAnAxisAThirdHasNone) {
+    const Trace* gt = &TraceOf("gt");
+    const Trace* v = &TraceOf("v");
+    const Trace* phi = &TraceOf("phi");
+    const Trace* delay = &TraceOf("delay");
+    EXPECT_EQ(RightTrace({gt, v}), nullptr);
+    EXPECT_EQ(RightTrace({gt, v, phi}), phi);
+    EXPECT_EQ(TraceWithoutAxis({gt, phi, v}), nullptr);
+    EXPECT_EQ(TraceWithoutAxis({gt, phi, v, delay}), delay);
+}
+
+TEST(Traces, ValuesReadAsTheirRowSays) {
+    EXPECT_EQ(TraceOf("v").text(-6), "-6.000dB");
+    EXPECT_EQ(TraceOf("delay").text(2.5e-9), "2.500ns");
+    EXPECT_EQ(TraceOf("gt").axisName(), "GT in dB");
+    EXPECT_EQ(TraceOf("phi").legend(), "phi(f) :");
+}
+
+}  // namespace
+}  // namespace kelvro

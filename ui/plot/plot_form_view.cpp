@@ -1,0 +1,129 @@
+// The commands of the plot windows that change the view.
+
+#include <QAction>
+#include <QScreen>
+#include <QToolButton>
+#include <algorithm>
+
+#include "ui/plot/plot_form.h"
+#include "ui/plot/plot_image.h"
+#include "ui/plot/xmax_dialog.h"
+
+namespace kelvro {
+
+namespace {
+
+/// Larger windows would only cost memory.
+constexpr int kLargestSide = 8192;
+
+bool IsLogX(const View& view) {
+    return view.x.mode == AxisMode::Logarithmic;
+}
+
+}  // namespace
+
+void PlotForm::showLogState() {
+    findChild<QAction*>("xlog1")->setChecked(IsLogX(view()));
+    findChild<QToolButton*>("xlogButton")->setChecked(IsLogX(view()));
+}
+
+void PlotForm::resizeTo(PixelSize size) {
+    resize(std::min(size.width, kLargestSide), std::min(size.height, kLargestSide));
+}
+
+void PlotForm::Vergroessern1Click() {
+    resizeTo(Enlarged({width(), height()}));
+}
+
+void PlotForm::Verkleinern1Click() {
+    resizeTo(Reduced({width(), height()}));
+}
+
+void PlotForm::Standardgroesse1Click() {
+    resizeTo(StandardSize(screen()->size().width()));
+}
+
+void PlotForm::Autoskalierung1Click() {
+    View view = plot_.view;
+    view.x = AutoscaledX(view.x, samples().validX());
+    setView(AutoscaledToTraces(host_.design(), plot_.traces, view));
+}
+
+void PlotForm::xAutoskalierung1Click() {
+    View view = plot_.view;
+    view.x = AutoscaledX(view.x, samples().validX());
+    setView(view);
+}
+
+void PlotForm::yAutoskalierung1Click() {
+    setView(AutoscaledToTraces(host_.design(), plot_.traces, plot_.view));
+}
+
+void PlotForm::xlog1Click() {
+    View view = plot_.view;
+    view.x.mode = IsLogX(view) ? AxisMode::Linear : AxisMode::Logarithmic;
+    view.x = AutoscaledX(view.x, samples().x);
+    setView(view);
+}
+
+void PlotForm::Ursprungfestlegen1Click() {
+    const QPoint at(image_->frame().plot.left, image_->frame().plot.bottom);
+    View view = plot_.view;
+    if (const auto x = askValue(XOriginEdit(view), Zone::XStart, at)) view.x.origin = *x;
+    if (const auto y = askValue(YOriginEdit(view), Zone::YStart, at)) view.y.origin = *y;
+    setView(view);
+}
+
+/// The sample that is read, else the one at fo, as far as it is in view: what a zoom is about.
+WorldPoint PlotForm::zoomCentre() const {
+    const auto at = static_cast<std::size_t>(sampleNearest(reading_.value_or(host_.design().fo)));
+    const auto visible = [](const Axis& axis, double value) {
+        return axis.min < value && value < axis.max ? value : Middle(axis);
+    };
+    return {visible(view().x, samples().x[at]), visible(view().y, samples().y[at])};
+}
+
+void PlotForm::zoomAll(double factor) {
+    setView(ZoomedView(view(), factor, zoomCentre(), ZoomOf::Both, host_.design().fo));
+}
+
+void PlotForm::ZoomInButtonClick() {
+    zoomAll(kZoomStep);
+}
+
+void PlotForm::ZoomOutButtonClick() {
+    zoomAll(1 / kZoomStep);
+}
+
+void PlotForm::DotButtonClick() {
+    plot_.look = NextLook(plot_.look);
+    redraw();
+}
+
+/// A question about the axis beside which a zone lies.
+std::optional<double> PlotForm::askValue(const ValueEdit& edit, Zone zone, QPoint at) {
+    const bool frequency = zone == Zone::XStart || zone == Zone::XEnd;
+    const bool right = zone == Zone::RightStart || zone == Zone::RightEnd;
+    const Trace& trace = right ? *RightTrace(plot_.traces) : leading();
+    const Axis& axis = right ? *view().right : view().y;
+    const QString unit =
+        frequency ? "Hz" : QString::fromUtf8(trace.unit.data(), qsizetype(trace.unit.size()));
+    const double step = frequency ? 0 : axis.step * axis.labelEvery;
+    TXmaxDlg1 dialog(edit, unit, {host_.preferences().SweepFactor, step}, this);
+    const QRect screenArea = screen()->availableGeometry();
+    const QSize size = dialog.sizeHint();
+    const QPoint place = pos() + at + QPoint(48, -72);
+    dialog.move(std::clamp(place.x(), screenArea.left(),
+                           std::max(screenArea.left(), screenArea.right() - size.width())),
+                std::clamp(place.y(), screenArea.top(),
+                           std::max(screenArea.top(), screenArea.bottom() - size.height())));
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return dialog.value();
+}
+
+void PlotForm::editEnd(Zone zone, QPoint at) {
+    const ValueEdit edit = EndEdit(view(), zone, host_.design().fo);
+    if (const auto value = askValue(edit, zone, at)) setView(WithEnd(view(), zone, *value));
+}
+
+}  // namespace kelvro
