@@ -23,7 +23,7 @@ TraceScale GainScale(const TraceSource&) {
 }
 
 TraceScale PhaseScale(const TraceSource&) {
-    return {-180, 180, 10, 3};  // labels every 30°
+    return {-180, 180, 15, 3};
 }
 
 /// Twice the delay at fo, rounded up: a resonance beside fo still has its peak in view.
@@ -50,6 +50,7 @@ constexpr std::array kTraces{
           .axis = TraceAxis::Gain,
           .value = OfResponse<&Response::magnitudeDb>,
           .scale = GainScale<20>,
+          .tolerance = 0.1,
           .levels = true,
           .atDesign = VoltageAtDesign,
           .readOut = "Vu"},
@@ -61,6 +62,7 @@ constexpr std::array kTraces{
           .axis = TraceAxis::Gain,
           .value = OfResponse<&Response::relativeDb>,
           .scale = GainScale<10>,
+          .tolerance = 0.1,
           .levels = true,
           .atDesign = PowerAtDesign},
     Trace{.key = "phi",
@@ -71,6 +73,7 @@ constexpr std::array kTraces{
           .axis = TraceAxis::Phase,
           .value = OfResponse<&Response::phase>,
           .scale = PhaseScale,
+          .tolerance = 0.5,
           .turn = 360},
     Trace{.key = "delay",
           .title = "Group Delay",

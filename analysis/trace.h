@@ -46,6 +46,7 @@ struct Trace {
     int decimals = 3;          ///< of read-outs
     bool engineering = false;  ///< read-outs with prefix letters
     double farthest = 1000;    ///< greater values (those of zeros and poles) scale no axis
+    double tolerance = 0;      ///< by which a drawn curve may be off; 0: what cannot be seen
     double turn = 0;           ///< values come round again after so much: 360
     bool levels = false;       ///< a plot marks what lies 1 dB and 3 dB below its peak
     /// A gain in dB: read-outs add its ratio and the distance to this value, that at fo,

@@ -12,8 +12,6 @@ namespace {
 
 constexpr double kFirstStepDivisor = 30;  ///< grid lines of an autoscaled axis
 constexpr double kStepDivisor = 50;       ///< grid lines of an axis scaled by hand
-/// Limit of the right axis, which shows seconds as well as ohms.
-constexpr double kFarthestRight = 1e12;
 
 bool IsLog(const Axis& axis) {
     return axis.mode == AxisMode::Logarithmic;
@@ -25,12 +23,6 @@ bool IsSymmetric(const Axis& axis) {
 
 bool Holds(const Axis& axis, double value) {
     return axis.min <= value && value <= axis.max;
-}
-
-/// Axis after a change of its range by hand.
-Axis Rescaled(Axis axis) {
-    axis.step = StepUp125((axis.max - axis.min) / kStepDivisor);
-    return Recentred(axis);
 }
 
 /// The end of every autoscale.
@@ -85,28 +77,6 @@ Axis Autoscaled(const Axis& axis, std::span<const double> values, void (*scaleLi
         scaleLinear(scaled);
     }
     return WithFirstStep(scaled);
-}
-
-/// Takes the other end along when the edited one has passed it.
-Axis WithMin(Axis axis, double value) {
-    if (IsLog(axis) && value <= 0) return axis;
-    if (value >= axis.max) {
-        axis.max = IsLog(axis) ? value * (axis.max / axis.min) : value + (axis.max - axis.min);
-    }
-    axis.min = value;
-    return Rescaled(axis);
-}
-
-Axis WithMax(Axis axis, double value) {
-    if (IsLog(axis) && value <= 0) return axis;
-    if (value <= axis.min) {
-        const double span = axis.max - axis.min;
-        // An axis that starts at or above 0, as frequencies do, is not led below it.
-        const double lowest = axis.min >= 0 && value > 0 ? 0 : value - span;
-        axis.min = IsLog(axis) ? value / (axis.max / axis.min) : std::max(lowest, value - span);
-    }
-    axis.max = value;
-    return Rescaled(axis);
 }
 
 }  // namespace
@@ -193,6 +163,11 @@ std::optional<Range> RangeOf(std::span<const double> values) {
     return range;
 }
 
+Axis Rescaled(Axis axis) {
+    axis.step = StepUp125((axis.max - axis.min) / kStepDivisor);
+    return Recentred(axis);
+}
+
 Axis Recentred(Axis axis) {
     if (Holds(axis, axis.origin)) return axis;
     axis.origin = RoundUpSig1(axis.min + axis.max) / 2;
@@ -207,131 +182,6 @@ Axis AutoscaledX(Axis axis, std::span<const double> frequencies) {
 
 Axis AutoscaledY(Axis axis, std::span<const double> values) {
     return Autoscaled(axis, values, ScaleLinearY);
-}
-
-ZoomLimits FrequencyLimits(const Axis& axis, double fo) {
-    return {IsLog(axis) ? 1e-6 * fo : 0, 1000 * fo};
-}
-
-double Middle(const Axis& axis) {
-    return IsLog(axis) ? std::sqrt(axis.min) * std::sqrt(axis.max) : (axis.min + axis.max) / 2;
-}
-
-Axis Zoomed(Axis axis, double factor, double fixed, ZoomLimits limits) {
-    const bool log = IsLog(axis);
-    const auto moved = [=](double end) {
-        return log ? fixed * std::pow(end / fixed, factor) : fixed + (end - fixed) * factor;
-    };
-    // A view that was set beyond the limits by hand is not pulled back by zooming in.
-    const double min = std::max(moved(axis.min), std::min(limits.min, axis.min));
-    const double max = std::min(moved(axis.max), std::max(limits.max, axis.max));
-    // Closer ends could not be told apart in the labels, and soon not in the arithmetic either.
-    if (!(max - min > 1e-9 * std::max(std::fabs(min), std::fabs(max)))) return axis;
-    if (min == axis.min && max == axis.max) return axis;
-    axis.min = min;
-    axis.max = max;
-    return Rescaled(axis);
-}
-
-View ZoomedView(View view, double factor, WorldPoint centre, ZoomOf axes, double fo) {
-    const Axis before = view.y;
-    if (axes != ZoomOf::Y) {
-        view.x = Zoomed(view.x, factor, centre.x, FrequencyLimits(view.x, fo));
-    }
-    if (axes != ZoomOf::X) view.y = Zoomed(view.y, factor, centre.y, {});
-    return WithRightZoomed(view, before);
-}
-
-std::optional<View> DragZoomed(View view, WorldPoint from, WorldPoint to) {
-    if (!(to.x > from.x && to.y < from.y)) return std::nullopt;
-    view.x.min = IsLog(view.x) ? from.x / 10 : from.x;
-    view.x.max = to.x;
-    const Axis before = view.y;
-    view.y.min = to.y;
-    view.y.max = from.y;
-    view.x = Rescaled(view.x);
-    view.y = Rescaled(view.y);
-    return WithRightZoomed(view, before);
-}
-
-View WithRightZoomed(View view, const Axis& before) {
-    if (!view.right || view.y == before || !(before.max > before.min)) return view;
-    Axis& right = *view.right;
-    const double start = right.min;
-    const double scale = (right.max - right.min) / (before.max - before.min);
-    right.min = start + (view.y.min - before.min) * scale;
-    right.max = start + (view.y.max - before.min) * scale;
-    right = Rescaled(right);
-    return view;
-}
-
-Zone ZoneAt(const PlotRect& plot, double px, double py) {
-    // As deep as the labels beside an axis, and a fifth of it long: easily hit, never in the plot.
-    constexpr double kDepth = 36;
-    constexpr double kSide = 12;
-    const double xLength = (plot.right - plot.left) / 5.0;
-    const double yLength = (plot.bottom - plot.top) / 5.0;
-    if (py >= plot.bottom && py <= plot.bottom + kDepth) {
-        if (px > plot.right - xLength && px <= plot.right + kSide) return Zone::XEnd;
-        if (px >= plot.left && px < plot.left + xLength) return Zone::XStart;
-    }
-    if (px <= plot.left && px >= plot.left - kDepth) {
-        if (py >= plot.top - kSide && py < plot.top + yLength) return Zone::YEnd;
-        if (py > plot.bottom - yLength && py <= plot.bottom + kSide) return Zone::YStart;
-    }
-    if (px >= plot.right && px <= plot.right + kDepth) {
-        if (py >= plot.top - kSide && py < plot.top + yLength) return Zone::RightEnd;
-        if (py > plot.bottom - yLength && py < plot.bottom) return Zone::RightStart;
-    }
-    return Zone::None;
-}
-
-Zone ZoneAt(const Frame& frame, double px, double py) {
-    const Zone zone = ZoneAt(frame.plot, px, py);
-    const bool onRight = zone == Zone::RightStart || zone == Zone::RightEnd;
-    return onRight && !frame.view.right ? Zone::None : zone;
-}
-
-ValueEdit EndEdit(const View& view, Zone zone, double fo) {
-    const Axis right = view.right.value_or(Axis{});
-    const ZoomLimits frequencies = FrequencyLimits(view.x, fo);
-    switch (zone) {
-        case Zone::XStart:
-            return {"xmin=", view.x.min, frequencies.min, frequencies.max};
-        case Zone::XEnd:
-            return {"xmax=", view.x.max, 0, frequencies.max};
-        case Zone::YStart:
-            return {"ymin=", view.y.min, -1000, 1000};
-        case Zone::YEnd:
-            return {"ymax=", view.y.max, -1000, 1000};
-        case Zone::RightStart:
-            return {"ymin=", right.min, -kFarthestRight, kFarthestRight};
-        case Zone::RightEnd:
-            return {"ymax=", right.max, -kFarthestRight, kFarthestRight};
-        case Zone::None:
-            break;
-    }
-    return {};
-}
-
-ValueEdit XOriginEdit(const View& view) {
-    return {"xo=", view.x.origin, view.x.min, view.x.max};
-}
-
-ValueEdit YOriginEdit(const View& view) {
-    return {"yo=", view.y.origin, view.y.min, view.y.max};
-}
-
-View WithEnd(View view, Zone zone, double value) {
-    if (!std::isfinite(value)) return view;
-    if (zone == Zone::XStart) view.x = WithMin(view.x, value);
-    if (zone == Zone::XEnd && value > 0) view.x = WithMax(view.x, value);
-    if (zone == Zone::YStart) view.y = WithMin(view.y, value);
-    if (zone == Zone::YEnd) view.y = WithMax(view.y, value);
-    if (!view.right) return view;
-    if (zone == Zone::RightStart) view.right = WithMin(*view.right, value);
-    if (zone == Zone::RightEnd) view.right = WithMax(*view.right, value);
-    return view;
 }
 
 Axis DefaultFrequencyAxis(double fo) {

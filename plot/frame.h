@@ -116,55 +116,8 @@ Axis Recentred(Axis axis);
 Axis AutoscaledX(Axis axis, std::span<const double> frequencies);
 Axis AutoscaledY(Axis axis, std::span<const double> values);
 
-/// Limits within which zooming keeps an axis.
-struct ZoomLimits {
-    double min = -1000;
-    double max = 1000;
-};
-/// The frequency axis reaches from 0 (logarithmic: fo/10^6) to 1000·fo.
-ZoomLimits FrequencyLimits(const Axis& axis, double fo);
-
-/// Axis whose range is multiplied by `factor` (below 1 zooms in) with the value `fixed` keeping its
-/// place; on a logarithmic axis the decades are multiplied. Unchanged when nothing is left to zoom.
-Axis Zoomed(Axis axis, double factor, double fixed, ZoomLimits limits);
-/// Which axes a zoom changes.
-enum class ZoomOf { Both, X, Y };
-/// The view zoomed about a place: what lies there keeps its place. The right axis goes with the
-/// left one.
-View ZoomedView(View view, double factor, WorldPoint centre, ZoomOf axes, double fo);
-/// One click of a zoom button or notch of the wheel: two of them double or halve the range.
-inline constexpr double kZoomStep = 0.7071067811865476;
-/// The value in the middle of the axis as it is drawn.
-double Middle(const Axis& axis);
-
-/// View of the box dragged from its upper left to its lower right corner; nothing for any other
-/// direction. A logarithmic x axis keeps one decade more below the box.
-std::optional<View> DragZoomed(View view, WorldPoint from, WorldPoint to);
-
-/// The view, whose left axis was `before`, with its right axis zoomed alike: what stood at the same
-/// height still does.
-View WithRightZoomed(View view, const Axis& before);
-
-/// The places outside the plot area where a click edits an end of an axis.
-enum class Zone { None, XStart, XEnd, YStart, YEnd, RightStart, RightEnd };
-Zone ZoneAt(const PlotRect& plot, double px, double py);
-/// The same; None beside a right axis that the view does not have.
-Zone ZoneAt(const Frame& frame, double px, double py);
-
-/// One question of the value dialog.
-struct ValueEdit {
-    std::string caption;
-    double start = 0;
-    double low = 0;
-    double high = 0;
-};
-/// Question for an end of an axis; fo is the design's centre frequency.
-ValueEdit EndEdit(const View& view, Zone zone, double fo);
-ValueEdit XOriginEdit(const View& view);
-ValueEdit YOriginEdit(const View& view);
-/// View with the edited end. An end moved past the other one takes it along, so that the range
-/// keeps its extent; a value that a logarithmic axis cannot show changes nothing.
-View WithEnd(View view, Zone zone, double value);
+/// Axis after a change of its range by hand: fifty grid lines, the origin within it.
+Axis Rescaled(Axis axis);
 
 /// Frequency axis a window opens with: three decades, the uppermost one above fo.
 Axis DefaultFrequencyAxis(double fo);

@@ -272,12 +272,15 @@ void PlaceLabels(FramePainter::Layout& layout, const QFontMetricsF& metrics) {
 
 void DrawDots(QPainter& painter, const Frame& frame, const Curve& curve) {
     const double half = curve.dotSize / 2;
-    for (std::size_t i = 0; i < std::min(curve.x.size(), curve.y.size()); ++i) {
+    const auto draw = [&](std::size_t i) {
         const WorldPoint place = frame.place(curve.x[i], curve.y[i]);
-        if (!frame.contains(place.x, place.y)) continue;
+        if (!frame.contains(place.x, place.y)) return;
         painter.fillRect(QRectF(place.x - half, place.y - half, curve.dotSize, curve.dotSize),
                          ToColor(curve.dotColour));
-    }
+    };
+    for (const std::size_t i : curve.dots) draw(i);
+    if (!curve.dots.empty()) return;
+    for (std::size_t i = 0; i < std::min(curve.x.size(), curve.y.size()); ++i) draw(i);
 }
 
 }  // namespace

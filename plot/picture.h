@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -29,6 +30,7 @@ struct Curve {
     double width = 1;    ///< pixels; 0 draws no line, which leaves the dots
     double dotSize = 0;  ///< pixels; 0 draws no dots
     Rgb dotColour{0, 0, 255};
+    std::vector<std::size_t> dots = {};  ///< indices of the points that have them; none: all
     /// Values that come round again after so much (360 for degrees): a jump of more than half of it
     /// is drawn as leaving at one end and coming in at the other. 0: they do not.
     double turn = 0;

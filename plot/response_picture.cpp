@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <iterator>
-#include <limits>
 
 #include "core/number_text.h"
 
@@ -28,11 +27,21 @@ constexpr std::array kFurtherColours{Rgb{0x00, 0x50, 0xb4}, Rgb{0xc8, 0x46, 0x00
                                      Rgb{0x96, 0x28, 0x82}, Rgb{0x28, 0x8c, 0xc8},
                                      Rgb{0x8c, 0x6e, 0x00}, Rgb{0x50, 0x50, 0x50}};
 
+/// Dots stand at the prescribed samples, not at the points between them.
+std::vector<std::size_t> DotsOf(const Samples& samples) {
+    std::vector<std::size_t> dots;
+    for (const std::size_t at : samples.prescribed) {
+        if (at >= samples.first) dots.push_back(at - samples.first);
+    }
+    return dots;
+}
+
 Curve CurveOf(const Samples& samples, Rgb colour, double width) {
     return {.x = {samples.validX().begin(), samples.validX().end()},
             .y = {samples.validY().begin(), samples.validY().end()},
             .colour = colour,
             .width = width,
+            .dots = DotsOf(samples),
             .turn = samples.turn};
 }
 
@@ -56,6 +65,7 @@ Axis RangeAxis(const TraceScale& scale) {
 }
 
 LabelStyle LabelsOf(const Trace& trace) {
+    if (trace.turn == 360) return LabelStyle::Degrees;
     return trace.engineering ? LabelStyle::Engineering : LabelStyle::Plain;
 }
 
@@ -128,44 +138,33 @@ double ValueAt(const Design& state, const Trace& trace, double f) {
     return trace.value(TraceSource(state), f);
 }
 
-Samples Sampled(const TraceSource& source, const View& view, const Trace& trace) {
-    Samples samples{.x = SampleFrequencies(view), .y = {}, .turn = trace.turn};
-    samples.y.reserve(samples.x.size());
-    for (const double f : samples.x) samples.y.push_back(trace.value(source, f));
-    const auto isValid = [&](double f) { return f > 0; };
-    const auto first = std::find_if(samples.x.begin(), samples.x.end(), isValid);
-    samples.first = static_cast<std::size_t>(first - samples.x.begin());
-    return samples;
-}
-
-Samples Sampled(const Design& state, const View& view, const Trace& trace) {
-    return Sampled(TraceSource(state), view, trace);
-}
-
 View AutoscaledToTraces(const Design& state, const TraceList& traces, View view) {
     const TraceSource source(state);
     std::vector<double> left;
     std::vector<double> right;
     for (const Trace* trace : traces) {
         const Samples samples = Sampled(source, view, *trace);
-        std::copy_if(samples.validY().begin(), samples.validY().end(),
-                     std::back_inserter(trace->axis == traces.front()->axis ? left : right),
-                     [&](double value) { return std::fabs(value) <= trace->farthest; });
+        auto& values = trace->axis == traces.front()->axis ? left : right;
+        const auto add = [&](double value) {
+            if (std::fabs(value) <= trace->farthest) values.push_back(value);
+        };
+        for (const std::size_t at : samples.prescribed) add(samples.y[at]);
+        // The axis has room for a peak between samples, but not for the depth of a notch.
+        add(PeakOf(samples));
     }
     view.y = AutoscaledY(view.y, left);
     if (view.right) view.right = AutoscaledY(*view.right, right);
     return view;
 }
 
-double PeakOf(const Samples& samples) {
-    const auto range = RangeOf(samples.validY());
-    return range ? range->max : -std::numeric_limits<double>::infinity();
-}
-
 std::vector<Samples> SampledTraces(const Design& state, const ResponsePlot& plot) {
     const TraceSource source(state);
     std::vector<Samples> samples;
-    for (const Trace* trace : plot.traces) samples.push_back(Sampled(source, plot.view, *trace));
+    for (const Trace* trace : plot.traces) {
+        View own = plot.view;
+        if (trace->axis != plot.traces.front()->axis) own.y = own.right.value_or(own.y);
+        samples.push_back(Sampled(source, own, *trace));
+    }
     return samples;
 }
 

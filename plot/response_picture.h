@@ -1,12 +1,11 @@
 #pragma once
 
-#include <cstddef>
-#include <span>
 #include <string>
 #include <vector>
 
 #include "analysis/trace.h"
 #include "design/design.h"
+#include "plot/curve_sampling.h"
 #include "plot/picture.h"
 
 // The response of a design as a picture; the windows and the command line draw the same.
@@ -29,26 +28,9 @@ View WithRightAxis(View view, const TraceList& before, const TraceList& traces,
 /// The trace of a design at one frequency.
 double ValueAt(const Design& state, const Trace& trace, double f);
 
-/// A curve as sampled over a view: frequencies in Hz, values in the unit of its trace.
-struct Samples {
-    std::vector<double> x;
-    std::vector<double> y;
-    std::size_t first = 0;  ///< index of the first valid sample: a response has no value at f = 0
-    double turn = 0;        ///< 360 for the phase, see Curve
-
-    std::span<const double> validX() const { return std::span(x).subspan(first); }
-    std::span<const double> validY() const { return std::span(y).subspan(first); }
-};
-/// Samples 0 to the view's sample count.
-Samples Sampled(const TraceSource& source, const View& view, const Trace& trace);
-Samples Sampled(const Design& state, const View& view, const Trace& trace);
-
 /// The view with each y axis scaled to the traces that it carries; zeros of the response (hundreds
 /// of decades down) do not count.
 View AutoscaledToTraces(const Design& state, const TraceList& traces, View view);
-
-/// Highest valid sample; -infinity without any.
-double PeakOf(const Samples& samples);
 
 /// What a plot shows of a design.
 struct ResponsePlot {

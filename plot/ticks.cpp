@@ -45,6 +45,17 @@ double SparserStep(double step) {
     return std::fabs(readable - step) < 1e-9 * step ? StepUp125(1.5 * step) : 2 * step;
 }
 
+/// Parts of a turn near the given steps of grid and labels, where these are more than a few
+/// degrees.
+void TakeTurns(double& step, double& labelStep) {
+    constexpr double kFew = 15;
+    if (!(labelStep > kFew)) return;
+    double part = 45;
+    while (2 * part <= 1.2 * labelStep) part *= 2;
+    step = part <= 90 ? 15 : part / 4;
+    labelStep = part;
+}
+
 /// Multiples of the step within the axis, free of rounding noise around 0.
 std::vector<double> Multiples(const Axis& axis, double step) {
     const double slack = 1e-9 * (axis.max - axis.min);
@@ -97,6 +108,7 @@ Ticks LinearTicks(const Axis& axis, double pixels, LabelStyle style, const Label
     const double span = axis.max - axis.min;
     double step = axis.step > 0 && std::isfinite(axis.step) ? axis.step : StepUp125(span / 50);
     double labelStep = step * std::max(axis.labelEvery, 1);
+    if (style == LabelStyle::Degrees) TakeTurns(step, labelStep);
     while (step / span * pixels < kLeastGridPixels) step = SparserStep(step);
     while (labelStep < step) labelStep = SparserStep(labelStep);
     std::vector<Tick> major;

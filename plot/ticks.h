@@ -12,6 +12,7 @@ namespace kelvro {
 
 enum class LabelStyle {
     Engineering,  ///< with prefix letters: 500k, 1M, 2.5M
+    Degrees,      ///< fixed-point, in steps of 45, 90, 180 where the labels are that far apart
     Plain,        ///< fixed-point, all with the same decimals; powers of ten where that grows long
 };
 

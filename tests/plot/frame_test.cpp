@@ -160,63 +160,6 @@ class FrameTest : public QObject {
         QTEST(Recentred(MakeAxis(AxisMode::Linear, min, max, origin)).origin, "expected");
     }
 
-    void onlyADragToTheLowerRightZooms() {
-        View view;
-        view.x = MakeAxis(AxisMode::Logarithmic, 10, 1e5, 10);
-        view.y = MakeAxis(AxisMode::Linear, -40, 10);
-        QVERIFY(!DragZoomed(view, {5000, 0}, {1000, -20}));
-        QVERIFY(!DragZoomed(view, {1000, -20}, {5000, 0}));
-        QVERIFY(!DragZoomed(view, {1000, 0}, {1000, -20}));
-        QVERIFY(!DragZoomed(view, {1000, 0}, {5000, 0}));
-        const auto zoomed = DragZoomed(view, {1000, 0}, {5000, -20});
-        QVERIFY(zoomed);
-        // 4900/50 = 98 steps by 100, 20/50 = 0.4 by 0.5; (100 + 5000) rounds up to 6000.
-        CompareAxis(zoomed->x, 100, 5000, 3000, 100);
-        CompareAxis(zoomed->y, -20, 0, 0, 0.5);
-        view.x.mode = AxisMode::Linear;
-        CompareAxis(DragZoomed(view, {1000, 0}, {5000, -20})->x, 1000, 5000, 3000, 100);
-    }
-
-    void theValueDialogAsksForEachEndWithItsLimits() {
-        View view = GainView(20);
-        const ValueEdit start = EndEdit(view, Zone::XStart, 1e6);
-        QCOMPARE(start.caption, std::string("xmin="));
-        QCOMPARE(start.low, 1.0);
-        QCOMPARE(start.high, 1e9);
-        view.x.mode = AxisMode::Linear;
-        QCOMPARE(EndEdit(view, Zone::XStart, 1e6).low, 0.0);
-        const ValueEdit top = EndEdit(view, Zone::YEnd, 1e6);
-        QCOMPARE(top.start, 20.0);
-        QCOMPARE(top.low, -1000.0);
-    }
-
-    void anEditedEndTakesTheOtherAlongWhenItPassesIt() {
-        View log = GainView(10);
-        log = WithEnd(log, Zone::XStart, 1e8);
-        QVERIFY(std::fabs(log.x.max / 1e11 - 1) < 1e-12);  // three decades as before
-        QCOMPARE(log.x.min, 1e8);
-        View linear = GainView(10);
-        linear.x = MakeAxis(AxisMode::Linear, 10, 50);
-        CompareAxis(WithEnd(linear, Zone::XEnd, 30).x, 10, 30, 20, 0.5);
-        CompareAxis(WithEnd(linear, Zone::XEnd, 5).x, 0, 5, 0, 0.1);
-        QCOMPARE(WithEnd(linear, Zone::XEnd, 0).x.max, 50.0);
-        CompareAxis(WithEnd(linear, Zone::YEnd, -50).y, -100, -50, -100, 1);
-        QCOMPARE(WithEnd(linear, Zone::YEnd, kNaN), linear);
-    }
-
-    void zoomingKeepsTheFixedValueAndStaysWithinItsLimits() {
-        const Axis log = MakeAxis(AxisMode::Logarithmic, 1e3, 1e7, 1e3);
-        const Axis in = Zoomed(log, 0.5, 1e5, {1, 1e9});
-        QVERIFY(std::fabs(in.min / 1e4 - 1) < 1e-12 && std::fabs(in.max / 1e6 - 1) < 1e-12);
-        Axis axis = MakeAxis(AxisMode::Linear, -40, 10);
-        for (int click = 0; click < 100; ++click) axis = Zoomed(axis, 1 / kZoomStep, -10, {});
-        QCOMPARE(axis.min, -1000.0);
-        QCOMPARE(axis.max, 1000.0);
-        for (int click = 0; click < 1000; ++click) axis = Zoomed(axis, kZoomStep, -10, {});
-        QVERIFY(axis.max > axis.min);
-        QCOMPARE(axis.toPixel(-10, 0, 100), axis.toPixel(Middle(axis), 0, 100));
-    }
-
     void viewsOpenWithTheRangeOfTheDesign() {
         const View view = GainView(20);
         CompareAxis(view.x, 5e4, 5e7, 5e4, 1e6);
@@ -274,16 +217,6 @@ class FrameTest : public QObject {
         QVERIFY(!std::isnan(ends.front().back().x));
     }
 
-    void theEndsOfTheAxesAreEditedOutsideThePlotOnly() {
-        const PlotRect plot{50, 30, 550, 430};
-        QCOMPARE(ZoneAt(plot, 540, 440), Zone::XEnd);
-        QCOMPARE(ZoneAt(plot, 60, 440), Zone::XStart);
-        QCOMPARE(ZoneAt(plot, 40, 40), Zone::YEnd);
-        QCOMPARE(ZoneAt(plot, 40, 420), Zone::YStart);
-        QCOMPARE(ZoneAt(plot, 300, 440), Zone::None);
-        QCOMPARE(ZoneAt(plot, 51, 429), Zone::None);
-    }
-
     void labelsOfAllRangesAreApartAndDistinct_data() {
         QTest::addColumn<int>("mode");
         QTest::addColumn<double>("min");
@@ -323,6 +256,36 @@ class FrameTest : public QObject {
                 last = tick.label;
             }
         }
+    }
+
+    void degreesAreLabelledInPartsOfATurn_data() {
+        QTest::addColumn<double>("min");
+        QTest::addColumn<double>("max");
+        QTest::addColumn<double>("step");
+        QTest::addColumn<int>("every");
+        QTest::addColumn<double>("labelStep");
+        QTest::addRow("a whole turn") << -180.0 << 180.0 << 15.0 << 3 << 45.0;
+        QTest::addRow("autoscaled") << -200.0 << 200.0 << 20.0 << 5 << 90.0;
+        QTest::addRow("three quarters") << -200.0 << 80.0 << 10.0 << 5 << 45.0;
+        QTest::addRow("many turns") << -1000.0 << 1000.0 << 50.0 << 5 << 180.0;
+        QTest::addRow("a few degrees") << -100.0 << -50.0 << 1.0 << 5 << 5.0;
+    }
+    void degreesAreLabelledInPartsOfATurn() {
+        QFETCH(double, min);
+        QFETCH(double, max);
+        Axis axis = MakeAxis(AxisMode::Linear, min, max);
+        QFETCH(double, step);
+        axis.step = step;
+        QFETCH(int, every);
+        axis.labelEvery = every;
+        const auto line = [](const std::string&) { return 12.0; };
+        const Ticks ticks = TicksOf(axis, 400, LabelStyle::Degrees, line);
+        QFETCH(double, labelStep);
+        QVERIFY(ticks.major.size() >= 2);
+        for (std::size_t i = 1; i < ticks.major.size(); ++i) {
+            QCOMPARE(ticks.major[i].value - ticks.major[i - 1].value, labelStep);
+        }
+        QCOMPARE(std::remainder(ticks.major[0].value, labelStep), 0.0);
     }
 
     void axesWithoutExtentHaveNoTicks() {

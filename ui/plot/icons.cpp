@@ -89,6 +89,9 @@ constexpr std::array kDrawings = {
     Drawing{"zoom out",
             "<circle cx='10' cy='10' r='7' stroke='ink'/><path d='M15.2 15.2L21 21' "
             "stroke='ink'/><path d='M6.8 10h6.4' stroke='#1c7ed6'/>"},
+    Drawing{"home view",
+            "<path d='M3 11.5L12 4l9 7.5M5.5 10v10h13V10' stroke='ink'/><path d='M7.5 18c2.5 0 "
+            "2.5-6 4.5-6s2 6 4.5 6' stroke='#c92a2a'/>"},
     Drawing{"curve style",
             "<path d='M3 18L8 9l4-4 5 7 4 6' stroke='#2b8a3e'/><path d='M3 18h.01M8 9h.01M12 5h.01"
             "M17 12h.01M21 18h.01' stroke='#1c7ed6' stroke-width='4.5'/>"},

@@ -41,6 +41,8 @@ constexpr std::array kToolEntries{
               &PlotForm::ZoomInButtonClick},
     ToolEntry{"ZoomOutButton", "zoom out", "Zoom out (or turn the wheel at a place)",
               &PlotForm::ZoomOutButtonClick},
+    ToolEntry{"HomeButton", "home view", "Back to the whole view around fo (Home)",
+              &PlotForm::Home1Click},
     ToolEntry{"DotButton", "curve style", "Curve as line, line with dots, dashed line",
               &PlotForm::DotButtonClick},
 };
@@ -69,6 +71,9 @@ constexpr std::array kFileEntries{
 };
 
 constexpr std::array kEditEntries{
+    MenuEntry{"UndoView1", "&Undo", "Ctrl+Z", &PlotForm::UndoView1Click},
+    MenuEntry{"RedoView1", "&Redo", "Ctrl+Shift+Z", &PlotForm::RedoView1Click},
+    kSeparator,
     MenuEntry{"Copy1", "&Copy", "Ctrl+C", &PlotForm::Copy1Click},
 };
 
@@ -83,9 +88,13 @@ constexpr std::array kViewEntries{
     kSeparator,
     MenuEntry{"ZoomIn1", "Zoom &In", "+", &PlotForm::ZoomInButtonClick},
     MenuEntry{"ZoomOut1", "Zoom &Out", "-", &PlotForm::ZoomOutButtonClick},
+    MenuEntry{"Home1", "&Home View", "Home", &PlotForm::Home1Click},
     kSeparator,
     MenuEntry{"xlog1", "x &log", "L", &PlotForm::xlog1Click},
-    MenuEntry{"Ursprungfestlegen1", "Set O&rigin...", "", &PlotForm::Ursprungfestlegen1Click},
+    MenuEntry{"AxisLimits1", "Axis Li&mits...", "Ctrl+L", &PlotForm::AxisLimits1Click},
+    MenuEntry{"Ursprungfestlegen1", "Set Ori&gin...", "", &PlotForm::Ursprungfestlegen1Click},
+    kSeparator,
+    MenuEntry{"Dot1", "&Curve Style", "C", &PlotForm::DotButtonClick},
 };
 
 /// Opens a window that the plots do not know; whoever shows them connects it.
@@ -104,6 +113,7 @@ PlotForm::PlotForm(DesignHost& host, const Texts& texts, const Trace& leading, Q
       host_(host),
       texts_(texts),
       plot_{{&leading}, DefaultView(leading, host.design())},
+      views_(plot_.view),
       image_(new PlotImage(this)),
       toolBar_(addToolBar(tr("Tools"))),
       status_(new QLabel(this)) {
@@ -207,18 +217,38 @@ void PlotForm::showEvent(QShowEvent* event) {
 void PlotForm::FormShow() {
     stopReading();
     cancelDrag();
-    setView(DefaultView(plot_.traces, TraceSource(host_.design())));
+    views_.reset(DefaultView(plot_.traces, TraceSource(host_.design())));
+    showView();
     image_->setFocus();
 }
 
+/// The view follows the design where it is still the one with which the window opened.
 void PlotForm::designChanged() {
-    if (isVisible()) redraw();
+    if (!isVisible()) return;
+    const View now = DefaultView(plot_.traces, TraceSource(host_.design()));
+    const View followed = Followed(view(), home_, now);
+    if (followed == view()) return redraw();
+    setView(followed);
 }
 
 void PlotForm::setView(const View& view) {
-    plot_.view = view;
-    host_.publish(Published(view));
+    views_.amend(view);
+    showView();
+}
+
+void PlotForm::editView(const View& view, const char* step, const char* key) {
+    views_.edit(view, step, key);
+    showView();
+}
+
+/// A view of the history may come from other traces: it has the right axis that is needed now.
+void PlotForm::showView() {
+    views_.amend(
+        WithRightAxis(views_.present(), plot_.traces, plot_.traces, TraceSource(host_.design())));
+    plot_.view = views_.present();
+    host_.publish(Published(view()));
     showLogState();
+    showUndoState();
     redraw();
 }
 
@@ -249,9 +279,10 @@ void PlotForm::showTrace(const Trace& trace, bool shown) {
 void PlotForm::redraw() {
     const std::string_view page = PageOf(host_.design()).caption;
     setWindowTitle(texts_.caption + " - " + QString::fromUtf8(page.data(), qsizetype(page.size())));
+    home_ = DefaultView(plot_.traces, TraceSource(host_.design()));
     samples_ = SampledTraces(host_.design(), plot_);
     image_->setPicture(ResponsePicture(host_.design(), plot_, samples_));
-    if (reading_) moveReading(sampleNearest(*reading_));
+    if (reading_) moveReading(std::ptrdiff_t(NearestStop(samples(), *reading_)));
 }
 
 }  // namespace kelvro

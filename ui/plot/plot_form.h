@@ -1,9 +1,12 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 #include <optional>
 
+#include "core/history.h"
 #include "plot/response_picture.h"
+#include "plot/view_edit.h"
 #include "ui/plot/design_host.h"
 
 class QLabel;
@@ -50,6 +53,12 @@ class PlotForm : public QMainWindow {
     void Ursprungfestlegen1Click();
     void ZoomInButtonClick();
     void ZoomOutButtonClick();
+    /// Back to the view with which the window opens for the present design; from there on the
+    /// frequencies follow fo until they are changed.
+    void Home1Click();
+    void UndoView1Click();
+    void RedoView1Click();
+    void AxisLimits1Click();
     void DotButtonClick();
     /// Shows a trace beside the leading one, or no more. One that needs the right axis for itself
     /// takes the place of those that had it.
@@ -60,8 +69,8 @@ class PlotForm : public QMainWindow {
     void ImageMouseUp(QMouseEvent* event);
     /// Zooms at the mouse: Ctrl or over the x labels only x, Shift or over the y labels only y.
     void ImageMouseWheel(QWheelEvent* event);
-    /// Left, Right (with Shift by ten samples), Home and End move the reading along the curve from
-    /// fo on, Up moves it to the peak; Escape ends a drag or the reading.
+    /// Left, Right (with Shift by ten stops), Ctrl+Home and End move the reading along the curve
+    /// from fo on, Up moves it to the peak; Ctrl and arrows pan; Escape ends a drag or the reading.
     void ImageKeyDown(QKeyEvent* event);
 
     void Save1Click();
@@ -94,8 +103,11 @@ class PlotForm : public QMainWindow {
     /// redraw.
     void setLeading(const Trace& trace);
 
-    /// Takes the view, publishes it and draws.
+    /// Takes the view, publishes it and draws; no step to take back.
     void setView(const View& view);
+    /// The same as a step that can be taken back, under its name; steps of the same key that
+    /// follow each other are one.
+    void editView(const View& view, const char* step, const char* key = "");
     /// Samples the response and draws; everything drawn over the picture is gone.
     virtual void redraw();
 
@@ -109,6 +121,8 @@ class PlotForm : public QMainWindow {
     void fillTraceMenu(QMenu& menu);
     void designChanged();
     void setTraces(TraceList traces);
+    void showView();
+    void showUndoState();
     void showLogState();
     void showTraceState();
     void resizeTo(PixelSize size);
@@ -117,8 +131,10 @@ class PlotForm : public QMainWindow {
     void zoomAll(double factor);
     void showReadOut(WorldPoint place);
     void moveCursor(Zone zone, bool inside);
-    void moveReading(int index);
-    int sampleNearest(double frequency) const;
+    void pan(QPoint to);
+    void endPan();
+    bool panByKey(int key);
+    void moveReading(std::ptrdiff_t stop);
     WorldPoint zoomCentre() const;
     void stopReading();
     void cancelDrag();
@@ -137,12 +153,21 @@ class PlotForm : public QMainWindow {
     const Texts texts_;
     ResponsePlot plot_;
     std::vector<Samples> samples_;  ///< of each trace
+    History<View> views_;
+    View home_;  ///< with which the window would open for the design that is drawn
 
     PlotImage* image_;
     QToolBar* toolBar_;
     QLabel* status_;
 
     std::optional<QPoint> dragStart_;
+    struct Pan {
+        QPoint start;
+        Frame frame;
+        bool moved = false;
+    };
+    std::optional<Pan> pan_;
+    QElapsedTimer wheelPause_;
     QString lastBitmap_ = "GRAPH.BMP";
     QString lastMetafile_ = "GRAPH.WMF";
     std::optional<double> reading_;  ///< frequency that the keys have reached

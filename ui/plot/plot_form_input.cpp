@@ -1,9 +1,9 @@
 // Reading and editing the plot with the mouse and the keys.
 
+#include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "ui/plot/plot_form.h"
@@ -20,6 +20,9 @@ constexpr const char* kZoneHints[] = {"",
                                       "Click to set ymax",
                                       "Click to set ymin of the right axis",
                                       "Click to set ymax of the right axis"};
+
+/// Name of the step in the menu.
+constexpr const char* kPan = "Pan";
 
 }  // namespace
 
@@ -48,6 +51,7 @@ void PlotForm::ImageMouseMove(QMouseEvent* event) {
     stopReading();
     moveCursor(ZoneAt(frame, at.x(), at.y()), frame.contains(at.x(), at.y()));
     showReadOut(frame.toWorld(at.x(), at.y()));
+    if (pan_) pan(event->pos());
     if (dragStart_) {
         const auto& plot = frame.plot;
         const QPoint end(std::clamp(event->pos().x(), plot.left, plot.right),
@@ -62,12 +66,14 @@ void PlotForm::ImageMouseDown(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
         const Zone zone = ZoneAt(frame, at.x(), at.y());
         if (zone != Zone::None) editEnd(zone, event->pos());
+        if (frame.contains(at.x(), at.y())) pan_ = Pan{event->pos(), frame};
     } else if (event->button() == Qt::RightButton && frame.contains(at.x(), at.y())) {
         dragStart_ = event->pos();
     }
 }
 
 void PlotForm::ImageMouseUp(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && pan_) return endPan();
     if (event->button() != Qt::RightButton || !dragStart_) return;
     const Frame frame = image_->frame();
     const QPoint start = *dragStart_;
@@ -77,7 +83,7 @@ void PlotForm::ImageMouseUp(QMouseEvent* event) {
     const auto zoomed =
         DragZoomed(view(), frame.toWorld(start.x(), start.y()), frame.toWorld(end.x(), end.y()));
     if (zoomed) {
-        setView(*zoomed);
+        editView(*zoomed, "Zoom");
     } else {
         redraw();
     }
@@ -91,51 +97,83 @@ void PlotForm::ImageMouseWheel(QWheelEvent* event) {
     const Frame& frame = image_->frame();
     const WorldPoint fixed = frame.toWorld(at.x(), at.y());
     const bool onlyX = event->modifiers() & Qt::ControlModifier || at.y() > frame.plot.bottom;
-    const bool onlyY = event->modifiers() & Qt::ShiftModifier || at.x() < frame.plot.left;
+    const bool besideY = at.x() < frame.plot.left || at.x() > frame.plot.right;
+    const bool onlyY = event->modifiers() & Qt::ShiftModifier || besideY;
     const ZoomOf axes = onlyX == onlyY ? ZoomOf::Both : onlyX ? ZoomOf::X : ZoomOf::Y;
-    setView(ZoomedView(view(), factor, fixed, axes, host_.design().fo));
+    // The notches of one turn are one step to take back.
+    constexpr qint64 kPause = 700;  // ms
+    if (!wheelPause_.isValid() || wheelPause_.restart() > kPause) {
+        views_.close();
+        wheelPause_.start();
+    }
+    editView(ZoomedView(view(), factor, fixed, axes, host_.design().fo), "Zoom", "wheel");
     event->accept();
 }
 
+/// The plot goes with the mouse once that has moved further than a trembling hand.
+void PlotForm::pan(QPoint to) {
+    const QPoint way = to - pan_->start;
+    if (!pan_->moved && way.manhattanLength() < QApplication::startDragDistance()) return;
+    if (!pan_->moved) views_.close();
+    pan_->moved = true;
+    image_->setCursor(Qt::ClosedHandCursor);
+    editView(Panned(pan_->frame, way.x(), way.y(), host_.design().fo), kPan, "drag");
+}
+
+void PlotForm::endPan() {
+    if (pan_->moved) image_->unsetCursor();
+    pan_.reset();
+    views_.close();
+}
+
+/// Ctrl and an arrow look further by a tenth of the window; each stands for a step of its own.
+bool PlotForm::panByKey(int key) {
+    const auto& plot = image_->frame().plot;
+    const double dx = (plot.right - plot.left) / 10.0;
+    const double dy = (plot.bottom - plot.top) / 10.0;
+    const auto by = [&](double x, double y) {
+        editView(Panned(image_->frame(), x, y, host_.design().fo), kPan);
+        return true;
+    };
+    if (key == Qt::Key_Left) return by(dx, 0);
+    if (key == Qt::Key_Right) return by(-dx, 0);
+    if (key == Qt::Key_Up) return by(0, dy);
+    if (key == Qt::Key_Down) return by(0, -dy);
+    return false;
+}
+
 void PlotForm::ImageKeyDown(QKeyEvent* event) {
-    const int step = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
-    const int last = static_cast<int>(samples().x.size()) - 1;
-    const auto moved = [&](int by) {
-        const int start = sampleNearest(reading_.value_or(host_.design().fo));
-        moveReading(reading_ ? start + by : start);
+    const bool control = event->modifiers() & Qt::ControlModifier;
+    if (control && panByKey(event->key())) return;
+    const std::ptrdiff_t step = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
+    const auto moved = [&](std::ptrdiff_t by) {
+        const double start = reading_.value_or(host_.design().fo);
+        const auto stop = static_cast<std::ptrdiff_t>(NearestStop(samples(), start));
+        moveReading(reading_ ? stop + by : stop);
     };
     switch (event->key()) {
         case Qt::Key_Escape:
-            return dragStart_ ? cancelDrag() : stopReading();
+            return dragStart_ || pan_ ? cancelDrag() : stopReading();
         case Qt::Key_Left:
             return moved(-step);
         case Qt::Key_Right:
             return moved(step);
         case Qt::Key_Home:
-            return moveReading(0);
+            return control ? moveReading(0) : Home1Click();
         case Qt::Key_End:
-            return moveReading(last);
+            return moveReading(static_cast<std::ptrdiff_t>(samples().stops.size()) - 1);
         case Qt::Key_Up:
-            return moveReading(static_cast<int>(
-                std::max_element(samples().validY().begin(), samples().validY().end()) -
-                samples().validY().begin() + static_cast<std::ptrdiff_t>(samples().first)));
+            return moveReading(static_cast<std::ptrdiff_t>(PeakStop(samples())));
         default:
             event->ignore();
     }
 }
 
-int PlotForm::sampleNearest(double frequency) const {
-    const auto distance = [=](double f) { return std::fabs(f - frequency); };
-    const auto nearest =
-        std::min_element(samples().x.begin(), samples().x.end(),
-                         [&](double a, double b) { return distance(a) < distance(b); });
-    return static_cast<int>(nearest - samples().x.begin());
-}
-
-void PlotForm::moveReading(int index) {
-    const int last = static_cast<int>(samples().x.size()) - 1;
-    const int first = std::min(static_cast<int>(samples().first), last);
-    const auto at = static_cast<std::size_t>(std::clamp(index, first, last));
+void PlotForm::moveReading(std::ptrdiff_t stop) {
+    const auto last = static_cast<std::ptrdiff_t>(samples().stops.size()) - 1;
+    if (last < 0) return;
+    const auto at =
+        samples().stops[static_cast<std::size_t>(std::clamp(stop, std::ptrdiff_t{0}, last))];
     const Frame& frame = image_->frame();
     reading_ = samples().x[at];
     image_->setCross(QPointF(frame.xPixel(samples().x[at]), frame.yPixel(samples().y[at])));
@@ -148,6 +186,8 @@ void PlotForm::stopReading() {
 }
 
 void PlotForm::cancelDrag() {
+    if (pan_ && pan_->moved && views_.undoName() == kPan) UndoView1Click();
+    if (pan_) endPan();
     dragStart_.reset();
     if (image_->rubberBand()) image_->setRubberBand(std::nullopt);
 }

@@ -5,6 +5,7 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "ui/plot/axis_limits_dialog.h"
 #include "ui/plot/plot_form.h"
 #include "ui/plot/plot_image.h"
 #include "ui/plot/xmax_dialog.h"
@@ -46,24 +47,24 @@ void PlotForm::Standardgroesse1Click() {
 void PlotForm::Autoskalierung1Click() {
     View view = plot_.view;
     view.x = AutoscaledX(view.x, samples().validX());
-    setView(AutoscaledToTraces(host_.design(), plot_.traces, view));
+    editView(AutoscaledToTraces(host_.design(), plot_.traces, view), "Autoscale");
 }
 
 void PlotForm::xAutoskalierung1Click() {
     View view = plot_.view;
     view.x = AutoscaledX(view.x, samples().validX());
-    setView(view);
+    editView(view, "Autoscale of x");
 }
 
 void PlotForm::yAutoskalierung1Click() {
-    setView(AutoscaledToTraces(host_.design(), plot_.traces, plot_.view));
+    editView(AutoscaledToTraces(host_.design(), plot_.traces, plot_.view), "Autoscale of y");
 }
 
 void PlotForm::xlog1Click() {
     View view = plot_.view;
     view.x.mode = IsLogX(view) ? AxisMode::Linear : AxisMode::Logarithmic;
     view.x = AutoscaledX(view.x, samples().x);
-    setView(view);
+    editView(view, "x log");
 }
 
 void PlotForm::Ursprungfestlegen1Click() {
@@ -71,12 +72,13 @@ void PlotForm::Ursprungfestlegen1Click() {
     View view = plot_.view;
     if (const auto x = askValue(XOriginEdit(view), Zone::XStart, at)) view.x.origin = *x;
     if (const auto y = askValue(YOriginEdit(view), Zone::YStart, at)) view.y.origin = *y;
-    setView(view);
+    editView(view, "Origin");
 }
 
-/// The sample that is read, else the one at fo, as far as it is in view: what a zoom is about.
+/// The stop that is read, else fo, as far as it is in view: what a zoom is about.
 WorldPoint PlotForm::zoomCentre() const {
-    const auto at = static_cast<std::size_t>(sampleNearest(reading_.value_or(host_.design().fo)));
+    const std::size_t at =
+        samples().stops[NearestStop(samples(), reading_.value_or(host_.design().fo))];
     const auto visible = [](const Axis& axis, double value) {
         return axis.min < value && value < axis.max ? value : Middle(axis);
     };
@@ -84,7 +86,13 @@ WorldPoint PlotForm::zoomCentre() const {
 }
 
 void PlotForm::zoomAll(double factor) {
-    setView(ZoomedView(view(), factor, zoomCentre(), ZoomOf::Both, host_.design().fo));
+    const double fo = host_.design().fo;
+    WorldPoint centre = zoomCentre();
+    if (factor > 1) {
+        const double atFo = leading().value(TraceSource(host_.design()), fo);
+        centre = OutwardCentre(view(), centre, {fo, atFo});
+    }
+    editView(ZoomedView(view(), factor, centre, ZoomOf::Both, fo), "Zoom");
 }
 
 void PlotForm::ZoomInButtonClick() {
@@ -93,6 +101,34 @@ void PlotForm::ZoomInButtonClick() {
 
 void PlotForm::ZoomOutButtonClick() {
     zoomAll(1 / kZoomStep);
+}
+
+void PlotForm::Home1Click() {
+    editView(DefaultView(plot_.traces, TraceSource(host_.design())), "Home View");
+}
+
+void PlotForm::UndoView1Click() {
+    if (views_.undo()) showView();
+}
+
+void PlotForm::RedoView1Click() {
+    if (views_.redo()) showView();
+}
+
+void PlotForm::showUndoState() {
+    const auto show = [this](const char* action, const QString& text, const std::string& step) {
+        auto* entry = findChild<QAction*>(action);
+        entry->setText(step.empty() ? text : text + ' ' + QString::fromStdString(step));
+        entry->setEnabled(!step.empty());
+    };
+    show("UndoView1", tr("&Undo"), views_.undoName());
+    show("RedoView1", tr("&Redo"), views_.redoName());
+}
+
+void PlotForm::AxisLimits1Click() {
+    const Trace* right = RightTrace(plot_.traces);
+    AxisLimitsDialog dialog(view(), host_.design().fo, leading(), right, this);
+    if (dialog.exec() == QDialog::Accepted) editView(dialog.view(), "Axis Limits");
 }
 
 void PlotForm::DotButtonClick() {
@@ -123,7 +159,8 @@ std::optional<double> PlotForm::askValue(const ValueEdit& edit, Zone zone, QPoin
 
 void PlotForm::editEnd(Zone zone, QPoint at) {
     const ValueEdit edit = EndEdit(view(), zone, host_.design().fo);
-    if (const auto value = askValue(edit, zone, at)) setView(WithEnd(view(), zone, *value));
+    const auto value = askValue(edit, zone, at);
+    if (value) editView(WithEnd(view(), zone, *value, host_.design().fo), "Axis Limits");
 }
 
 }  // namespace kelvro

@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-#include "plot/frame.h"
+#include "plot/view_edit.h"
 
 class QLineEdit;
 

@@ -1,0 +1,218 @@
+#include "plot/view_edit.h"
+
+#include <QTest>
+#include <cmath>
+#include <limits>
+
+using namespace kelvro;
+
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kFo = 1e6;
+
+Axis MakeAxis(AxisMode mode, double min, double max, double origin = 0) {
+    return {.mode = mode, .min = min, .max = max, .origin = origin};
+}
+
+/// As a gain window opens for a design at 1 MHz.
+View GainView(double ymax) {
+    return {.x = DefaultFrequencyAxis(kFo), .y = {.min = -40, .max = ymax, .step = 1}};
+}
+
+bool Near(double a, double b) {
+    return std::fabs(a - b) <= 1e-12 * std::fabs(b);
+}
+
+void CompareAxis(const Axis& axis, double min, double max, double origin, double step) {
+    const auto text = QString("min %1 max %2 origin %3 step %4")
+                          .arg(axis.min)
+                          .arg(axis.max)
+                          .arg(axis.origin)
+                          .arg(axis.step);
+    QVERIFY2(Near(axis.min, min) && Near(axis.max, max) && Near(axis.origin, origin) &&
+                 Near(axis.step, step),
+             qPrintable(text));
+}
+
+}  // namespace
+
+class ViewEditTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void onlyADragToTheLowerRightZooms() {
+        View view;
+        view.x = MakeAxis(AxisMode::Logarithmic, 10, 1e5, 10);
+        view.y = MakeAxis(AxisMode::Linear, -40, 10);
+        QVERIFY(!DragZoomed(view, {5000, 0}, {1000, -20}));
+        QVERIFY(!DragZoomed(view, {1000, -20}, {5000, 0}));
+        QVERIFY(!DragZoomed(view, {1000, 0}, {1000, -20}));
+        QVERIFY(!DragZoomed(view, {1000, 0}, {5000, 0}));
+        const auto zoomed = DragZoomed(view, {1000, 0}, {5000, -20});
+        QVERIFY(zoomed);
+        // 4900/50 = 98 steps by 100, 20/50 = 0.4 by 0.5; (100 + 5000) rounds up to 6000.
+        CompareAxis(zoomed->x, 100, 5000, 3000, 100);
+        CompareAxis(zoomed->y, -20, 0, 0, 0.5);
+        view.x.mode = AxisMode::Linear;
+        CompareAxis(DragZoomed(view, {1000, 0}, {5000, -20})->x, 1000, 5000, 3000, 100);
+    }
+
+    void theValueDialogAsksForEachEndWithItsLimits() {
+        View view = GainView(20);
+        const ValueEdit start = EndEdit(view, Zone::XStart, 1e6);
+        QCOMPARE(start.caption, std::string("xmin="));
+        QCOMPARE(start.low, 1.0);
+        QCOMPARE(start.high, 1e9);
+        view.x.mode = AxisMode::Linear;
+        QCOMPARE(EndEdit(view, Zone::XStart, 1e6).low, 0.0);
+        const ValueEdit top = EndEdit(view, Zone::YEnd, 1e6);
+        QCOMPARE(top.start, 20.0);
+        QCOMPARE(top.low, -1000.0);
+    }
+
+    void anEditedEndTakesTheOtherAlongWhenItPassesIt() {
+        View log = GainView(10);
+        log = WithEnd(log, Zone::XStart, 1e8, kFo);
+        QCOMPARE(log.x.max, 1e9);  // three decades as before would pass 1000 fo
+        QCOMPARE(log.x.min, 1e8);
+        View linear = GainView(10);
+        linear.x = MakeAxis(AxisMode::Linear, 10, 50);
+        CompareAxis(WithEnd(linear, Zone::XEnd, 30, kFo).x, 10, 30, 20, 0.5);
+        CompareAxis(WithEnd(linear, Zone::XEnd, 5, kFo).x, 0, 5, 0, 0.1);
+        QCOMPARE(WithEnd(linear, Zone::XEnd, 0, kFo).x.max, 50.0);
+        CompareAxis(WithEnd(linear, Zone::YEnd, -50, kFo).y, -100, -50, -100, 1);
+        QCOMPARE(WithEnd(linear, Zone::YEnd, kNaN, kFo), linear);
+    }
+
+    void zoomingKeepsTheFixedValueAndStaysWithinItsLimits() {
+        const Axis log = MakeAxis(AxisMode::Logarithmic, 1e3, 1e7, 1e3);
+        const Axis in = Zoomed(log, 0.5, 1e5, {1, 1e9});
+        QVERIFY(std::fabs(in.min / 1e4 - 1) < 1e-12 && std::fabs(in.max / 1e6 - 1) < 1e-12);
+        Axis axis = MakeAxis(AxisMode::Linear, -40, 10);
+        for (int click = 0; click < 100; ++click) axis = Zoomed(axis, 1 / kZoomStep, -10, {});
+        QCOMPARE(axis.min, -1000.0);
+        QCOMPARE(axis.max, 1000.0);
+        for (int click = 0; click < 1000; ++click) axis = Zoomed(axis, kZoomStep, -10, {});
+        QVERIFY(axis.max > axis.min);
+        QCOMPARE(axis.toPixel(-10, 0, 100), axis.toPixel(Middle(axis), 0, 100));
+    }
+
+    void endsTypedByHandStayWithinTheReachOfTheirAxis_data() {
+        QTest::addColumn<bool>("log");
+        QTest::addColumn<int>("zone");
+        QTest::addColumn<double>("value");
+        QTest::addColumn<double>("min");
+        QTest::addColumn<double>("max");
+        const auto row = [](const char* name, bool log, Zone zone, double value, double min,
+                            double max) {
+            QTest::addRow("%s", name) << log << int(zone) << value << min << max;
+        };
+        // 50 kHz to 50 MHz, -40 to 10 dB; x reaches from 1 Hz or 0 to 1 GHz, y to +-1000.
+        row("xmin inside", true, Zone::XStart, 1e5, 1e5, 5e7);
+        row("xmin beyond xmax", true, Zone::XStart, 1e8, 1e8, 1e9);
+        row("xmin at the very end", true, Zone::XStart, 1e9, 1e6, 1e9);
+        row("xmax below xmin", true, Zone::XEnd, 1e3, 1, 1e3);
+        row("xmax at the very start", true, Zone::XEnd, 1, 1, 1e3);
+        row("linear xmin at the very end", false, Zone::XStart, 1e9, 950050000, 1e9);
+        row("ymin at the top", true, Zone::YStart, 1000, 950, 1000);
+        row("ymin near the top", true, Zone::YStart, 980, 980, 1000);
+        row("ymax at the bottom", true, Zone::YEnd, -1000, -1000, -950);
+    }
+    void endsTypedByHandStayWithinTheReachOfTheirAxis() {
+        QFETCH(bool, log);
+        View view = GainView(10);
+        if (!log) view.x.mode = AxisMode::Linear;
+        QFETCH(int, zone);
+        QFETCH(double, value);
+        view = WithEnd(view, Zone(zone), value, kFo);
+        const bool onX = Zone(zone) == Zone::XStart || Zone(zone) == Zone::XEnd;
+        const Axis& axis = onX ? view.x : view.y;
+        QFETCH(double, min);
+        QFETCH(double, max);
+        QVERIFY2(Near(axis.min, min) && Near(axis.max, max),
+                 qPrintable(QString("%1 to %2").arg(axis.min).arg(axis.max)));
+    }
+
+    void panningMovesByWhatTheMouseMovedAndStopsAtTheLimits() {
+        const Frame frame{{0, 0, 300, 100}, GainView(10)};
+        // A third of three decades to the right shows one decade less; a tenth of 50 dB up.
+        const View moved = Panned(frame, 100, -10, kFo);
+        QVERIFY(Near(moved.x.min, 5e3) && Near(moved.x.max, 5e6));
+        QVERIFY(Near(moved.y.min, -45) && Near(moved.y.max, 5));
+        const View end = Panned(frame, -3000, 0, kFo);
+        QVERIFY(Near(end.x.max, 1e9) && Near(end.x.min, 1e6));
+        Frame two = frame;
+        two.view.right = Axis{.min = 0, .max = 100};
+        const View both = Panned(two, 0, 50, kFo);
+        QVERIFY(Near(both.right->min, 50) && Near(both.right->max, 150));
+    }
+
+    void zoomingOutBringsBackWhatHasLeftTheView() {
+        // fo has moved from 1 MHz to 1 kHz, and to 1 GHz.
+        for (const double fo : {1e3, 1e9}) {
+            View view = GainView(10);
+            const WorldPoint home{fo, 15};
+            for (int click = 0; click < 40; ++click) {
+                const WorldPoint centre = OutwardCentre(view, {Middle(view.x), 0}, home);
+                view = ZoomedView(view, 1 / kZoomStep, centre, ZoomOf::Both, fo);
+            }
+            QVERIFY(view.x.min < fo && fo < view.x.max);
+            QVERIFY(view.y.max > 15);
+        }
+        // What is in view does not draw the zoom to itself.
+        const WorldPoint centre = OutwardCentre(GainView(10), {2e6, -3}, {1e6, 0});
+        QCOMPARE(centre.x, 2e6);
+        QCOMPARE(centre.y, -3.0);
+    }
+
+    void theRightAxisZoomsWithTheLeftOne() {
+        View view = GainView(10);
+        view.right = Axis{.min = 0, .max = 200};
+        // The upper half of the left axis is the upper half of the right one.
+        const auto box = DragZoomed(view, {1e5, 10}, {1e6, -15});
+        QVERIFY(Near(box->right->min, 100) && Near(box->right->max, 200));
+        const View out = ZoomedView(view, 2, {1e6, -40}, ZoomOf::Y, kFo);
+        QVERIFY(Near(out.right->max, 400) && out.right->min == 0);
+        QCOMPARE(ZoomedView(view, 2, {1e6, -40}, ZoomOf::X, kFo).right, view.right);
+    }
+
+    void axesThatWereNotChangedFollowTheDesign() {
+        const View before = GainView(10);
+        View now = before;
+        now.x = DefaultFrequencyAxis(1e9);
+        QCOMPARE(Followed(before, before, now), now);
+        View zoomed = before;
+        zoomed.y.min = -3;
+        QCOMPARE(Followed(zoomed, before, now).x, now.x);
+        QCOMPARE(Followed(zoomed, before, now).y, zoomed.y);
+        zoomed.x.max = 2e6;
+        QCOMPARE(Followed(zoomed, before, now), zoomed);
+    }
+
+    void aRangeSetByHandIsOneThatTheAxisCanShow() {
+        const Axis log = MakeAxis(AxisMode::Logarithmic, 1e3, 1e6, 1e3);
+        CompareAxis(WithRange(log, 1e4, 2e6), 1e4, 2e6, 1.5e6, 5e4);
+        for (const auto& [min, max] : {std::pair(0.0, 1.0), {5.0, 5.0}, {6.0, 5.0}, {1.0, kNaN}}) {
+            QCOMPARE(WithRange(log, min, max), log);
+        }
+    }
+
+    void theEndsOfTheAxesAreEditedOutsideThePlotOnly() {
+        const PlotRect plot{50, 30, 550, 430};
+        QCOMPARE(ZoneAt(plot, 540, 440), Zone::XEnd);
+        QCOMPARE(ZoneAt(plot, 60, 440), Zone::XStart);
+        QCOMPARE(ZoneAt(plot, 40, 40), Zone::YEnd);
+        QCOMPARE(ZoneAt(plot, 40, 420), Zone::YStart);
+        QCOMPARE(ZoneAt(plot, 300, 440), Zone::None);
+        QCOMPARE(ZoneAt(plot, 51, 429), Zone::None);
+        Frame frame{plot, GainView(10)};
+        QCOMPARE(ZoneAt(frame, 560, 40), Zone::None);
+        frame.view.right = Axis{};
+        QCOMPARE(ZoneAt(frame, 560, 40), Zone::RightEnd);
+        QCOMPARE(ZoneAt(frame, 560, 420), Zone::RightStart);
+    }
+};
+
+QTEST_GUILESS_MAIN(ViewEditTest)
+#include "view_edit_test.moc"
