@@ -115,19 +115,18 @@ double Imbalance(double a, double b) {
 }
 
 double TransformerPenalty(const Design& s, const GoalOptions& options) {
-    const TransformerOptions& wish = s.transformer;
     const double L1 = s.components[Slot::L];
     const double L2 = s.components[Slot::L2];
     double penalty = 0;
-    if (wish.equalInductances || options.transformer) {
-        penalty += Square(wish.equalInductancesWeight / 10.0 * Imbalance(L1, L2));
+    if (s.equalInductances || options.transformer) {
+        penalty += Square(s.equalInductancesWeight / 10.0 * Imbalance(L1, L2));
     }
-    if (wish.smallInductances) {
-        penalty += Square(wish.smallInductancesWeight / 50.0 * Omega(s) * (L1 + L2) / (2 * s.R2));
+    if (s.smallInductances) {
+        penalty += Square(s.smallInductancesWeight / 50.0 * Omega(s) * (L1 + L2) / (2 * s.R2));
     }
-    if (wish.smallCapacitance) {
-        penalty += Square(wish.smallCapacitanceWeight / 100.0 * s.components[Slot::C1] * s.R1 *
-                          1e9 / s.fo * 1e9);
+    if (s.smallCapacitance) {
+        penalty += Square(s.smallCapacitanceWeight / 100.0 * s.components[Slot::C1] * s.R1 * 1e9 /
+                          s.fo * 1e9);
     }
     return penalty;
 }

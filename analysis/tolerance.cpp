@@ -4,6 +4,8 @@
 #include <chrono>
 #include <cmath>
 #include <limits>
+#include <optional>
+#include <utility>
 
 #include "analysis/response.h"
 #include "core/scalar.h"
@@ -22,29 +24,13 @@ constexpr std::size_t kInductanceDraws[] = {2, 3, 6, 7};
 constexpr std::size_t kLineDraw = 8;
 constexpr std::size_t kNamedDraws = 9;
 
-double Design::*InputOf(const Page& page, std::string_view object) {
-    const auto found = std::ranges::find(page.inputs, object, &InputField::object);
-    if (found == page.inputs.end()) return nullptr;
-    const auto* member = std::get_if<double Design::*>(&found->value);
-    return member ? *member : nullptr;
-}
-
-/// The part behind an element; a group of None where nothing can be varied.
-TolerancePart PartOf(const Page& page, const Element& element, bool dual) {
-    TolerancePart part{.name = element.name,
-                       .group = element.group(),
-                       .slot = element.slot,
-                       .output = page.output(element.field),
-                       .dual = dual};
-    if (part.slot == Slot::None) part.input = InputOf(page, element.field);
-    if (part.slot == Slot::None && !part.input) part.group = ToleranceGroup::None;
+/// The part behind an element; nothing where it cannot be varied.
+std::optional<TolerancePart> VariedPart(const Page& page, const Element& element) {
+    const auto ref = PartOf(page, element);
+    if (!ref || element.group() == ToleranceGroup::None) return std::nullopt;
     // An input that several elements share stands for all of them.
-    if (part.input) part.name = part.name.substr(0, 1);
-    return part;
-}
-
-bool IsSamePart(const TolerancePart& x, const TolerancePart& y) {
-    return x.slot == y.slot && x.input == y.input;
+    std::string name = ref->input ? element.name.substr(0, 1) : element.name;
+    return TolerancePart{std::move(name), element.group(), *ref};
 }
 
 /// Tells each part its random number.
@@ -95,32 +81,18 @@ std::uint64_t ClockSeed() {
     return static_cast<std::uint64_t>(now.count()) + (++calls << 48);
 }
 
-double TolerancePart::value(const Design& state) const {
-    if (input) return state.*input;
-    return output ? output->component(state) : state.components[slot];
-}
-
-void TolerancePart::setValue(Design& state, double value) const {
-    if (input) {
-        state.*input = value;
-    } else if (output) {
-        output->setComponent(state, value);
-    } else {
-        state.components[slot] = value;
-    }
-}
-
 std::vector<TolerancePart> ToleranceParts(const Design& state) {
     const Page& page = PageOf(state);
     if (!page.circuit) return {};
     std::vector<TolerancePart> parts;
     for (const Element& element : page.builtCircuit(state).elements) {
-        const TolerancePart part = PartOf(page, element, page.showsDuals(state));
-        const auto same = [&part](const TolerancePart& other) { return IsSamePart(part, other); };
-        if (part.group == ToleranceGroup::None || std::ranges::any_of(parts, same)) continue;
-        parts.push_back(part);
+        auto part = VariedPart(page, element);
+        const auto same = [&part](const TolerancePart& other) { return other.ref == part->ref; };
+        if (!part || std::ranges::any_of(parts, same)) continue;
+        part->dual = page.showsDuals(state);
+        parts.push_back(*std::move(part));
     }
-    std::ranges::stable_sort(parts, {}, &TolerancePart::slot);
+    std::ranges::stable_sort(parts, {}, [](const TolerancePart& part) { return part.ref.slot; });
     Number(parts);
     std::ranges::sort(parts, {}, &TolerancePart::draw);
     return parts;
@@ -144,8 +116,8 @@ const Design& ToleranceRuns::next() {
         const double tolerance = tolerances_.of(part.group) / 100;
         const double off = (draws_[part.draw] - 0.5) * 2 * tolerance;
         const double factor = std::max(kSmallestFactor, 1 + off);
-        const double nominal = part.value(nominal_);
-        part.setValue(varied_, part.dual ? nominal / factor : nominal * factor);
+        const double nominal = part.ref.read(nominal_);
+        part.ref.write(varied_, part.dual ? nominal / factor : nominal * factor);
         deviations_[i] = off;
     }
     return varied_;

@@ -9,6 +9,7 @@
 #include "design/circuit.h"
 #include "design/design.h"
 #include "design/page.h"
+#include "design/part_ref.h"
 
 // Monte Carlo analysis: how a response spreads when parts deviate from their values.
 
@@ -46,14 +47,9 @@ std::uint64_t ClockSeed();
 struct TolerancePart {
     std::string name;
     ToleranceGroup group = ToleranceGroup::None;
-    Slot slot = Slot::None;
-    const OutputField* output = nullptr;  ///< stores the part where it is not just its slot
-    double Design::*input = nullptr;      ///< the part is an input of its page
-    bool dual = false;                    ///< the design keeps the reciprocal part
-    std::size_t draw = 0;                 ///< which random number of a run it takes
-
-    double value(const Design& state) const;
-    void setValue(Design& state, double value) const;
+    PartRef ref;           ///< keeps the part, or the reciprocal one
+    bool dual = false;     ///< the design keeps the reciprocal part
+    std::size_t draw = 0;  ///< which random number of a run it takes
 };
 
 /// The parts of a design that a run varies, in the order of their random numbers: capacitances 1

@@ -108,9 +108,9 @@ void ApplyCheck(Design& state, const std::string& text) {
     const auto [name, weight] = SplitAtEquals(text);
     const SwitchField* box = FindSwitch(name);
     if (!box) return;
-    box->flag(state) = true;
+    state.*box->flag = true;
     if (box->weight && !weight.empty()) {
-        box->weight(state) = static_cast<int>(std::clamp(ParseValue(weight), 0.0, 100.0));
+        state.*box->weight = static_cast<int>(std::clamp(ParseValue(weight), 0.0, 100.0));
     }
 }
 

@@ -4,35 +4,25 @@
 
 #include "analysis/response.h"
 #include "design/pages.h"
+#include "design/part_ref.h"
 #include "optimize/page_optimizer.h"
 
 namespace kelvro {
 
 namespace {
 
-/// A component that a page designs: kept by an output field or by a row of the element table.
+/// A component that a page designs, and what --take says of it.
 struct Component {
     std::string name;
-    std::variant<const OutputField*, TableRow> place;
+    PartRef part;
     std::string taken = {};  ///< text of --take, empty where it is not named
-
-    void take(Design& state) const {
-        if (const auto* field = std::get_if<const OutputField*>(&place)) {
-            TakeText(state, **field, taken);
-        } else {
-            TakeText(state, std::get<TableRow>(place), taken);
-        }
-    }
 };
 
+/// Those of the fields always, those of the table where the page could design it.
 std::vector<Component> ComponentsOf(const DesignRun& run) {
     std::vector<Component> components;
-    for (const OutputField& field : run.page().outputs) {
-        if (field.slot == Slot::None || !field.isShown(run.state)) continue;
-        components.push_back({std::string(field.name), &field});
-    }
-    for (const TableRow& row : run.cycle.table.value_or(std::vector<TableRow>())) {
-        if (row.slot != Slot::None) components.push_back({row.element, row});
+    for (const PartRef& part : PartsOf(run.state)) {
+        if (part.field || !run.refused()) components.push_back({part.name(run.state), part});
     }
     return components;
 }
@@ -79,7 +69,8 @@ std::variant<DesignRun, Problem> RunTaken(DesignRun run, const DesignOptions& op
                        *run.cycle.message + " (--take gives no value for " + missing + ")"};
     }
     for (const Component& component : components) {
-        if (!component.taken.empty()) component.take(run.state);
+        if (component.taken.empty()) continue;
+        component.part.type(run.state, ParseComponent(component.taken));
     }
     run.cycle =
         run.refused() ? ShowComponents(run.state, services) : Calculate(run.state, false, services);

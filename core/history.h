@@ -25,8 +25,7 @@ class History {
         if (next == present_) return;
         const bool joins = !key.empty() && key == openKey_ && !past_.empty() && future_.empty();
         if (!joins) {
-            past_.push_back({std::move(present_), std::move(name)});
-            if (past_.size() > most_) past_.erase(past_.begin());
+            push(past_, {std::move(present_), std::move(name)});
         }
         present_ = std::move(next);
         future_.clear();
@@ -41,14 +40,23 @@ class History {
     /// Replaces the present without a step: values derived from the design that it belongs to.
     void amend(State present) { present_ = std::move(present); }
 
+    /// A change that nobody would call an edit (looking at another page, which calculates it). Undo
+    /// and redo pass over it, and what was undone can still be redone behind it.
+    void pass(State next) {
+        openKey_.clear();
+        const bool behindAnother = !past_.empty() && past_.back().passing;
+        if (next == present_ || behindAnother || !future_.empty()) return amend(std::move(next));
+        push(past_, {std::exchange(present_, std::move(next)), {}, true});
+    }
+
     /// Another document: nothing to undo.
     void reset(State present) { *this = History(std::move(present), most_); }
 
-    bool canUndo() const { return !past_.empty(); }
-    bool canRedo() const { return !future_.empty(); }
+    bool canUndo() const { return nextOf(past_) != nullptr; }
+    bool canRedo() const { return nextOf(future_) != nullptr; }
     /// Name of the step that undo takes back; empty without one.
-    std::string undoName() const { return past_.empty() ? std::string() : past_.back().name; }
-    std::string redoName() const { return future_.empty() ? std::string() : future_.back().name; }
+    std::string undoName() const { return nameOf(nextOf(past_)); }
+    std::string redoName() const { return nameOf(nextOf(future_)); }
 
     /// False without a step.
     bool undo() { return move(past_, future_); }
@@ -58,14 +66,35 @@ class History {
     struct Step {
         State state;
         std::string name;
+        bool passing = false;
     };
 
+    void push(std::vector<Step>& steps, Step step) {
+        steps.push_back(std::move(step));
+        if (steps.size() > most_) steps.erase(steps.begin());
+    }
+
+    /// The step that is next to be taken; passing ones lie singly between others.
+    static const Step* nextOf(const std::vector<Step>& steps) {
+        for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
+            if (!step->passing) return &*step;
+        }
+        return nullptr;
+    }
+
+    static std::string nameOf(const Step* step) { return step ? step->name : std::string(); }
+
     bool move(std::vector<Step>& from, std::vector<Step>& to) {
-        if (from.empty()) return false;
-        Step step = std::move(from.back());
-        from.pop_back();
-        to.push_back({std::exchange(present_, std::move(step.state)), std::move(step.name)});
+        if (!nextOf(from)) return false;
         openKey_.clear();
+        bool passing = true;
+        while (passing) {
+            Step step = std::move(from.back());
+            from.pop_back();
+            passing = step.passing;
+            step.state = std::exchange(present_, std::move(step.state));
+            to.push_back(std::move(step));
+        }
         return true;
     }
 

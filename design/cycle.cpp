@@ -7,6 +7,7 @@
 #include "core/number_text.h"
 #include "core/scalar.h"
 #include "design/pages.h"
+#include "design/part_ref.h"
 
 namespace kelvro {
 
@@ -75,10 +76,6 @@ CycleResult RunCycle(const Design& design, bool storeComponents, CycleServices& 
     return result;
 }
 
-double TakenValue(std::string_view text) {
-    return text == kInfinite ? std::numeric_limits<double>::infinity() : ParseValue(text);
-}
-
 }  // namespace
 
 double MatchedRatio(const Design& design) {
@@ -109,11 +106,16 @@ CycleResult Calculate(const Design& design, bool storeComponents, CycleServices&
 CycleResult ShowComponents(const Design& design, CycleServices& services) {
     IdleServices idle;
     const double bandwidth = Calculate(design, true, idle).bandwidth;
-    return RunCycle(design, false, services, [=](DesignPass& pass) {
+    CycleResult result = RunCycle(design, false, services, [=](DesignPass& pass) {
         pass.evaluate();
         pass.showComponents();
         pass.setBandwidth(bandwidth);
     });
+    for (const PartRef& part : PartsOf(design)) {
+        const ShownPart* shown = design.shown.find(part.key());
+        if (shown && shown->form == ShownPart::Form::Typed) result.design.shown.set(*shown);
+    }
+    return result;
 }
 
 DesignPass::DesignPass(const Page& designPage, bool store, CycleServices& services,
@@ -139,13 +141,19 @@ void DesignPass::evaluate() {
 }
 
 void DesignPass::showComponents() {
-    const bool duals = page.showsDuals(state);
+    state.shown.clear(page.number);
     for (const OutputField& field : page.outputs) {
         if (field.slot == Slot::None) continue;
-        const double value = field.component(state);
-        showOrInfinite(field.object, duals ? 1 / (omega * omega * value) : value);
+        const PartRef part{&page, field.slot, &field};
+        const double value = part.built(state);
+        state.shown.set({part.key(), value});
+        showOrInfinite(field.object, value);
     }
-    if (!page.table.empty()) result_.table = TableRows(state, page);
+    if (page.table.empty()) return;
+    result_.table = TableRows(state, page);
+    for (const TableRow& row : *result_.table) {
+        if (row.slot != Slot::None) state.shown.set({{page.number, row.slot}, row.value});
+    }
 }
 
 void DesignPass::show(std::string_view object, double value) {
@@ -184,14 +192,6 @@ void DesignPass::finish() {
     showComponents();
 }
 
-void TakeText(Design& state, const OutputField& field, std::string_view text) {
-    field.setComponent(state, TakenValue(text));
-}
-
-void TakeText(Design& state, const TableRow& row, std::string_view text) {
-    if (row.slot != Slot::None && !text.empty()) state.components[row.slot] = TakenValue(text);
-}
-
 std::vector<TableRow> TableRows(const Design& state, const Page& page) {
     std::vector<TableRow> rows;
     if (page.table.empty()) return rows;
@@ -200,10 +200,6 @@ std::vector<TableRow> TableRows(const Design& state, const Page& page) {
                         element.unit(), element.slot});
     }
     return rows;
-}
-
-std::string RowObject(const Page& page, const TableRow& row) {
-    return std::string(page.table) + '.' + row.element;
 }
 
 }  // namespace kelvro

@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "design/design.h"
@@ -72,7 +71,8 @@ class CycleServices {
 CycleResult Calculate(const Design& design, bool storeComponents, CycleServices& services);
 
 /// The outputs for the components as they stand in the slots, nothing designed, judged or
-/// optimized; the bandwidth is the one that the page gives its inputs.
+/// optimized; the bandwidth is the one that the page gives its inputs. A field into which the user
+/// types keeps showing that.
 CycleResult ShowComponents(const Design& design, CycleServices& services);
 
 /// What fields show in place of a value at infinity.
@@ -125,33 +125,7 @@ class DesignPass {
     CycleResult& result_;
 };
 
-/// Component values read back from field texts: each slot takes the value of the field that the
-/// page names. `textOf` gives a field's present text. Fields that are not shown are left out.
-template <typename TextOf>
-void Take(Design& state, const Page& page, TextOf&& textOf);
-
-/// Stores one taken text. "infinite" is a resistor that is left out.
-void TakeText(Design& state, const OutputField& field, std::string_view text);
-
-/// Stores one taken text of an element table; rows without a slot or a text stay as they are.
-void TakeText(Design& state, const TableRow& row, std::string_view text);
-
 /// The rows of a page's element table: its circuit as it is to be built; none without a table.
 std::vector<TableRow> TableRows(const Design& state, const Page& page);
-
-/// How the texts of table rows are asked for: "Bp17Tabelle.C01".
-std::string RowObject(const Page& page, const TableRow& row);
-
-template <typename TextOf>
-void Take(Design& state, const Page& page, TextOf&& textOf) {
-    for (const OutputField& field : page.outputs) {
-        if (field.slot == Slot::None || !field.isShown(state)) continue;
-        const auto source = field.takenFrom.empty() ? field.object : field.takenFrom;
-        TakeText(state, field, textOf(source));
-    }
-    for (const TableRow& row : TableRows(state, page)) {
-        TakeText(state, row, textOf(RowObject(page, row)));
-    }
-}
 
 }  // namespace kelvro

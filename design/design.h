@@ -1,58 +1,9 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
-#include <cstdint>
+#include "design/shown_parts.h"
+#include "design/slots.h"
 
 namespace kelvro {
-
-/// Places for component values. The first eight are X1..X8 of the response formulas and of the
-/// optimizer; a page decides what it keeps in them (see its OutputFields and its circuit).
-enum class Slot : std::uint8_t {
-    C1,
-    C2,
-    L,
-    L2,
-    X5,
-    X6,
-    X7,
-    X8,
-    ZL,                ///< characteristic impedance of the line, ohm
-    NormalizedLength,  ///< of the line, in wavelengths
-    Length,            ///< of the line, m
-    M,                 ///< coupling inductance of the transformer's closed form, H
-    FirstCoupling,     ///< band-pass couplings: this slot and the eight behind it, F
-    FirstResonator = FirstCoupling + 9,  ///< band-pass resonator capacitors: eight slots, F
-    Count = FirstResonator + 8,
-    None = 255,
-};
-
-inline constexpr Slot SlotBehind(Slot first, int offset) {
-    return static_cast<Slot>(static_cast<int>(first) + offset);
-}
-
-/// Component values by slot; SI units.
-class Slots {
-  public:
-    double& operator[](Slot slot) { return values_[static_cast<std::size_t>(slot)]; }
-    double operator[](Slot slot) const { return values_[static_cast<std::size_t>(slot)]; }
-    bool operator==(const Slots&) const = default;
-
-  private:
-    std::array<double, static_cast<std::size_t>(Slot::Count)> values_{};
-};
-
-/// Choices of the Transformer page that steer the closed form and the optimizer. The weights are
-/// the positions of the page's scroll bars.
-struct TransformerOptions {
-    bool equalInductances = false;    ///< CheckBoxL1L2
-    bool smallInductances = false;    ///< CheckBoxLtot
-    bool smallCapacitance = false;    ///< CheckBoxC1Null, "C1 = 0"
-    int equalInductancesWeight = 10;  ///< ScrollBarW
-    int smallInductancesWeight = 10;  ///< ScrollBarLtot
-    int smallCapacitanceWeight = 10;  ///< ScrollBarWC
-    bool operator==(const TransformerOptions&) const = default;
-};
 
 /// What a design consists of: the inputs of its page and the components. A plain value in SI units
 /// that holds nothing derived (see CycleResult) and no preference of the user (see Preferences).
@@ -69,7 +20,14 @@ struct Design {
 
     // Inputs of single pages.
     double k = 0.9;  ///< coupling coefficient (Transformer)
-    TransformerOptions transformer;
+    // Choices of the Transformer page that steer the closed form and the optimizer, with the
+    // positions of their scroll bars.
+    bool equalInductances = false;  ///< CheckBoxL1L2
+    int equalInductancesWeight = 10;
+    bool smallInductances = false;  ///< CheckBoxLtot
+    int smallInductancesWeight = 10;
+    bool smallCapacitance = false;  ///< CheckBoxC1Null, "C1 = 0"
+    int smallCapacitanceWeight = 10;
     double er = 1;      ///< dielectric constant (TRL)
     double v8 = 0.5;    ///< wanted voltage ratio (Passive Pi/T Section)
     double P = 1;       ///< output power (RLopt, Class-E PA)
@@ -99,6 +57,7 @@ struct Design {
     double Ibg = 100e-6;
 
     Slots components;
+    ShownParts shown;  ///< the components as their fields show them
 
     bool LCSwapped = false;
     /// CheckBoxQ: the optimizer takes the loaded Q from the drop at the band edges; cleared, from

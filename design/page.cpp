@@ -18,11 +18,14 @@ double InputField::read(const Design& state) const {
 }
 
 void InputField::write(Design& state, double x) const {
-    const double clamped = Clamp(x, limits.low, limits.high);
+    store(state, Clamp(x, limits.low, limits.high));
+}
+
+void InputField::store(Design& state, double x) const {
     if (const auto* real = std::get_if<double Design::*>(&value)) {
-        state.** real = clamped;
+        state.** real = x;
     } else {
-        state.*std::get<int Design::*>(value) = static_cast<int>(std::lround(clamped));
+        state.*std::get<int Design::*>(value) = static_cast<int>(std::lround(x));
     }
 }
 

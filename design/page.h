@@ -50,8 +50,10 @@ struct InputField {
     TextFormat format = kEngineering;
 
     double read(const Design& state) const;
-    /// Stores the value clamped to the limits (rounded first where the input is a whole number).
+    /// Stores the value clamped to the limits.
     void write(Design& state, double x) const;
+    /// Stores the value as it is; rounded where the input is a whole number.
+    void store(Design& state, double x) const;
 };
 
 /// A check box of a page, bound to one flag of the state, with a weight where it has one.
@@ -59,9 +61,9 @@ struct SwitchField {
     std::string_view object;
     std::string_view caption;
     std::string_view hint;
-    bool& (*flag)(Design&);
+    bool Design::*flag;
     std::string_view weightObject = {};  ///< scroll bar, empty where the switch has none
-    int& (*weight)(Design&) = nullptr;   ///< 0..100
+    int Design::*weight = nullptr;       ///< 0..100
     std::string_view option = {};        ///< command-line option without dashes, where it has one
 };
 
@@ -85,8 +87,8 @@ struct OutputField {
     Slot slot = Slot::None;
     TextFormat format = kEngineering;
     bool editable = false;
-    std::string_view initial = {};    ///< text until the first successful design
-    std::string_view takenFrom = {};  ///< field that Take reads instead of this one
+    std::string_view initial = {};          ///< text until the first successful design
+    std::optional<PartKey> takenFrom = {};  ///< component whose field Take reads instead
     /// Shown only while this says so; null: always.
     bool (*shown)(const Design&) = nullptr;
     /// Where the component is not simply what its slot holds: reads and stores it.

@@ -8,6 +8,7 @@
 #include "core/number_text.h"
 #include "core/series.h"
 #include "design/pages.h"
+#include "design/part_ref.h"
 
 namespace kelvro {
 
@@ -24,16 +25,14 @@ std::string SeriesText(Series series, double value) {
     return value > 0 && std::isfinite(value) ? Trimmed(SeriesNearest(series, value)) : "";
 }
 
-ShownComponent Shown(const OutputField& field, const DesignRun& run) {
-    const Design& state = run.state;
-    const bool dual = run.page().showsDuals(state);
-    const double omega = Omega(state);
-    const double stored = field.component(state);
+ShownComponent Shown(const PartRef& part, const DesignRun& run) {
+    const OutputField& field = *part.field;
+    const bool dual = run.page().showsDuals(run.state);
     ShownComponent shown;
     shown.name = field.name;
     shown.shownName = dual ? DualName(field.name) : shown.name;
     shown.label = dual ? DualLabel(field.label) : std::string(field.label);
-    shown.value = dual ? 1 / (omega * omega * stored) : stored;
+    shown.value = part.built(run.state);
     shown.unit = dual ? DualUnit(field.unit) : field.unit;
     const std::string* text = run.cycle.text(field.object);
     shown.text = Trimmed(text ? *text : field.format.text(shown.value));
@@ -150,9 +149,8 @@ const Page& DesignRun::page() const {
 std::vector<ShownComponent> ShownComponents(const DesignRun& run) {
     std::vector<ShownComponent> components;
     if (run.refused()) return components;
-    for (const OutputField& field : run.page().outputs) {
-        if (field.slot == Slot::None || !field.isShown(run.state)) continue;
-        components.push_back(Shown(field, run));
+    for (const PartRef& part : PartsOf(run.state)) {
+        if (part.field) components.push_back(Shown(part, run));
     }
     if (run.cycle.table) {
         for (const TableRow& row : *run.cycle.table) {

@@ -8,6 +8,7 @@
 #include "core/number_text.h"
 #include "core/series.h"
 #include "design/pages.h"
+#include "design/part_ref.h"
 #include "io/circuit_two_port.h"
 #include "io/design_report.h"
 
@@ -17,30 +18,12 @@ namespace {
 
 constexpr std::string_view kNothingYet = "There are no component values to export yet.";
 
-/// Stores the value of a built element where the design keeps it: in its component field, in its
-/// slot, or in the input that it comes from.
-void StoreElement(Design& state, const Page& page, const Element& element, double value) {
-    if (page.showsDuals(state)) {
-        const double omega = Omega(state);
-        value = 1 / (omega * omega * value);
-    }
-    if (const OutputField* field = page.output(element.field); field && field->slot != Slot::None) {
-        return field->setComponent(state, value);
-    }
-    if (element.slot != Slot::None) {
-        state.components[element.slot] = value;
-        return;
-    }
-    const auto input = std::ranges::find(page.inputs, element.field, &InputField::object);
-    if (input != page.inputs.end()) input->write(state, value);
-}
-
 void UseStandardValues(Design& state, const Page& page, const Circuit& circuit, Series series) {
     for (const Element& element : circuit.elements) {
         const bool sold = element.kind != ElementKind::Line && element.kind != ElementKind::Switch;
         if (!sold || !(element.value > 0) || std::isinf(element.value)) continue;
         const std::string nearest = SeriesNearest(series, element.value);
-        StoreElement(state, page, element, ParseValue(nearest));
+        if (const auto part = PartOf(page, element)) part->build(state, ParseValue(nearest));
     }
 }
 
@@ -112,28 +95,17 @@ std::variant<ExportDesign, std::string> PrepareExport(Design state, ExportChoice
     return design;
 }
 
-void TakeShownValues(Design& state,
-                     const std::function<std::string(std::string_view object)>& shownText) {
-    const CycleResult cycle = OutputsOf(state, true);
-    if (cycle.message) return;
-    // A field that shows what was written there keeps the digits that its text leaves out.
-    const auto changed = [&](std::string_view object, std::string_view written) {
-        const double shown = ParseValue(shownText(object));
-        return shown > 0 && shown != ParseValue(written) ? std::optional(shown) : std::nullopt;
-    };
-    const Page& page = PageOf(state);
-    for (const OutputField& field : page.outputs) {
-        const std::string* written = cycle.text(field.object);
-        if (field.slot == Slot::None || !field.isShown(state) || !written) continue;
-        const auto value = changed(field.object, *written);
-        const double omega = Omega(state);
-        if (!value) continue;
-        field.setComponent(state, page.showsDuals(state) ? 1 / (omega * omega * *value) : *value);
+Design AsShown(const Design& design) {
+    const CycleResult written = OutputsOf(design, true);
+    if (written.message) return design;
+    Design shown = design;
+    for (const PartRef& part : PartsOf(design)) {
+        // A field that shows what was written there keeps the digits that its text leaves out.
+        const double value = ParseValue(part.shownText(design));
+        if (!(value > 0) || value == ParseValue(part.shownText(written.design))) continue;
+        part.build(shown, value);
     }
-    for (const TableRow& row : TableRows(state, page)) {
-        const auto value = changed(RowObject(page, row), row.text);
-        if (value && row.slot != Slot::None) state.components[row.slot] = *value;
-    }
+    return shown;
 }
 
 ExportRange ExportRange::Around(double fo) {

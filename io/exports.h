@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -43,10 +42,9 @@ struct ExportChoice {
 /// The design of the state with the components it holds. A text: why there is nothing to export.
 std::variant<ExportDesign, std::string> PrepareExport(Design state, ExportChoice choice);
 
-/// Component values as the page's fields show them, where these differ from what the design wrote
-/// there (a field rounded to a standard value). `shownText` gives the text of an output field.
-void TakeShownValues(Design& state,
-                     const std::function<std::string(std::string_view object)>& shownText);
+/// The design with the components that its fields show, where these differ from what it keeps: a
+/// field rounded to a standard value. A design that the page refuses stays as it is.
+Design AsShown(const Design& design);
 
 /// Frequencies and reference of formats that need them.
 struct ExportRange {

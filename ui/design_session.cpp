@@ -8,49 +8,119 @@
 
 namespace kelvro {
 
+namespace {
+
+/// Do two designs differ in more than the page that stands before the user and its components?
+bool InputsDiffer(const Design& x, Design y) {
+    y.page = x.page;
+    y.components = x.components;
+    y.shown = x.shown;
+    return !(x == y);
+}
+
+bool OnlyShownDiffers(const Design& x, Design y) {
+    if (x.shown == y.shown) return false;
+    y.shown = x.shown;
+    return x == y;
+}
+
+}  // namespace
+
 DesignSession::DesignSession(QObject* parent) : DesignHost(parent), messageSink_(ShowMessageBox) {}
 
+void DesignSession::edit(const std::string& name, const Change& change,
+                         const EditOptions& options) {
+    const Design before = design();
+    Design changed = before;
+    change(changed);
+    State next = follow(std::move(changed), options.followup);
+    history_.edit(next, name, options.joins);
+    history_.amend(std::move(next));  // an equal design may have another result: a message again
+    announce(before, options);
+}
+
+void DesignSession::type(const PartRef& part, double value) {
+    const std::string name = part.name(design());
+    // Optimizing now would move the value that is being typed.
+    edit(name, [&](Design& design) { part.type(design, value); },
+         {.followup = Followup::Evaluation, .joins = "type " + name});
+}
+
+void DesignSession::round(const PartRef& part) {
+    edit("Round " + part.name(design()),
+         [&](Design& design) { part.round(design, preferences().ESeries); },
+         {.followup = Followup::Nothing});
+}
+
 void DesignSession::recalculate(bool storeComponents) {
-    show(Calculate(state_, storeComponents, optimizer_));
+    edit("Calculate", [](Design&) {},
+         {.followup = storeComponents ? Followup::Calculation : Followup::KeptComponents});
 }
 
-void DesignSession::showComponents() {
-    show(ShowComponents(state_, optimizer_));
-}
-
-void DesignSession::show(CycleResult result) {
-    result_ = std::move(result);
-    state_ = result_.design;
-    emit calculated(result_);
-    emit designChanged();
-    // Last, because a modal box runs its own event loop: every window is up to date behind it.
-    if (result_.message) showMessage(QString::fromStdString(*result_.message));
-}
-
-void DesignSession::goToPage(int page) {
-    EnterPage(state_, page);
-    showPage();
-}
-
-void DesignSession::showPage() {
+void DesignSession::goToPage(int number) {
+    const Design before = design();
+    Design changed = before;
+    EnterPage(changed, number);
+    State next = follow(std::move(changed), Followup::Calculation);
+    if (InputsDiffer(before, next.design)) {
+        history_.edit(std::move(next), std::string(PageOf(number).caption));
+    } else {
+        history_.pass(std::move(next));
+    }
     emit pageEntered();
-    recalculate();
+    announce(design(), {});
+}
+
+void DesignSession::open(const Design& design) {
+    history_.reset(follow(design, Followup::Calculation));
+    announceAll();
+    if (result().message) showMessage(QString::fromStdString(*result().message));
+}
+
+void DesignSession::undo() {
+    if (history_.undo()) announceAll();
+}
+
+void DesignSession::redo() {
+    if (history_.redo()) announceAll();
+}
+
+DesignSession::State DesignSession::follow(Design changed, Followup followup) {
+    if (followup == Followup::Nothing) return {std::move(changed), history_.present().result};
+    auto result = std::make_shared<CycleResult>(
+        followup == Followup::Evaluation
+            ? ShowComponents(changed, optimizer_)
+            : Calculate(changed, followup == Followup::Calculation, optimizer_));
+    return {result->design, std::move(result)};
+}
+
+void DesignSession::announce(const Design& before, const EditOptions& options) {
+    if (options.fields == Fields::Written) emit fieldsOutdated();
+    if (options.fields == Fields::Follow) emit inputsChanged();
+    if (design().page != before.page || options.fields == Fields::Written) emit pageEntered();
+    const bool outputs = options.followup != Followup::Nothing;
+    if (outputs) emit calculated(result());
+    if (!outputs) emit shownChanged();
+    if (outputs || !OnlyShownDiffers(before, design())) emit designChanged();
+    emit historyChanged();
+    // Last, because a modal box runs its own event loop: every window is up to date behind it.
+    if (outputs && result().message) showMessage(QString::fromStdString(*result().message));
+}
+
+void DesignSession::announceAll() {
+    emit fieldsOutdated();
+    emit pageEntered();
+    emit calculated(result());
+    emit designChanged();
+    emit historyChanged();
 }
 
 void DesignSession::showMessage(const QString& text) {
     messageSink_(text);
 }
 
-QString DesignSession::fieldText(std::string_view object) const {
-    return fieldTexts_ ? fieldTexts_(object) : QString();
-}
-
 void DesignSession::setMessageSink(MessageSink sink) {
     messageSink_ = std::move(sink);
-}
-
-void DesignSession::announceInputs() {
-    emit inputsWritten();
 }
 
 void ShowMessageBox(const QString& text) {

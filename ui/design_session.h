@@ -1,68 +1,110 @@
 #pragma once
 
 #include <functional>
-#include <utility>
+#include <memory>
+#include <string>
 
+#include "core/history.h"
 #include "design/cycle.h"
 #include "design/design.h"
+#include "design/part_ref.h"
 #include "optimize/page_optimizer.h"
 #include "ui/plot/design_host.h"
 
 namespace kelvro {
 
-/// The program's one design together with what changes it: the calculation cycle, page
-/// switches and messages. The main window shows what the session says; plot windows and dialogs
-/// reach the design through it.
+/// What follows a change of the design.
+enum class Followup : unsigned char {
+    Calculation,     ///< the page designs its components anew
+    KeptComponents,  ///< the page is calculated with the components as they are
+    Evaluation,      ///< outputs of the components as they are; nothing is designed or optimized
+    Nothing,         ///< outputs stay as they are
+};
+
+/// Which input fields follow a change of the design.
+enum class Fields : unsigned char {
+    Stay,    ///< the change comes from one of them
+    Follow,  ///< those that show another value
+    Written  ///< all, as when a file is loaded
+};
+
+struct EditOptions {
+    Followup followup = Followup::Calculation;
+    Fields fields = Fields::Stay;
+    std::string joins = {};  ///< edits of one key that follow each other are one step
+};
+
+/// The program's one design together with what changes it: one door for edits with the calculation
+/// cycle behind it, undo and redo, page visits and messages. The main window shows what the session
+/// says; plot windows and dialogs reach the design through it.
 class DesignSession : public DesignHost {
     Q_OBJECT
 
   public:
     using MessageSink = std::function<void(const QString&)>;
+    using Change = std::function<void(Design&)>;
 
     explicit DesignSession(QObject* parent = nullptr);
 
-    const Design& design() const override { return state_; }
-    const CycleResult& result() const override { return result_; }
-    Design& state() { return state_; }
+    const Design& design() const override { return history_.present().design; }
+    const CycleResult& result() const override { return *history_.present().result; }
+
+    /// Changes the design. The name is what Undo will say of it: "R1".
+    void edit(const std::string& name, const Change& change, const EditOptions& options = {});
+    /// Keeps a value that the user types into the field of a component.
+    void type(const PartRef& part, double value);
+    /// Rounds what the field of a component shows to the preferred standard series.
+    void round(const PartRef& part);
     void recalculate(bool storeComponents = true) override;
     void goToPage(int page) override;
-    /// Shows the state's page and calculates it as it stands, without what entering it would
-    /// change.
-    void showPage();
-    /// Shows what the components as they stand do: nothing is designed or optimized.
-    void showComponents();
+    /// Begins with a design, which is calculated as it stands: nothing can be undone.
+    void open(const Design& design);
+
+    /// What comes next is a step of its own, though it has the key of the last one.
+    void closeStep() { history_.close(); }
+    void undo();
+    void redo();
+    /// Name of the step that would be taken back or forth; empty without one.
+    std::string undoName() const { return history_.undoName(); }
+    std::string redoName() const { return history_.redoName(); }
+
     void showMessage(const QString& text) override;
-    QString fieldText(std::string_view object) const override;
+    /// What showMessage does; by default a modal box with the active window as parent.
+    void setMessageSink(MessageSink sink);
 
     /// The optimizer of all calculations: its settings, files and last run.
     OptimizerServices& optimizer() { return optimizer_; }
     const PageOptimization& lastOptimization() const { return optimizer_.last(); }
-    /// Where fieldText finds the texts of the window's output fields.
-    using FieldTexts = std::function<QString(std::string_view object)>;
-    void setFieldTexts(FieldTexts texts) { fieldTexts_ = std::move(texts); }
-    /// What showMessage does; by default a modal box with the active window as parent.
-    void setMessageSink(MessageSink sink);
-
-    /// Inputs were written into the state by the program: fields that show something else are
-    /// rewritten. Does not recalculate.
-    void announceInputs();
 
   signals:
     /// Texts of a calculation, before its message is shown.
     void calculated(const CycleResult& result);
-    /// The state's page has changed; its calculation follows.
+    /// The design's page has changed; its result follows.
     void pageEntered();
-    /// The program itself has written inputs of the state.
-    void inputsWritten();
+    /// The program itself has changed inputs: fields that show other values are to follow.
+    void inputsChanged();
+    /// All fields are to be written anew.
+    void fieldsOutdated();
+    /// The steps to undo and redo are others.
+    void historyChanged();
 
   private:
-    void show(CycleResult result);
+    /// A design and what its last calculation said.
+    struct State {
+        Design design;
+        std::shared_ptr<const CycleResult> result = std::make_shared<CycleResult>();
 
-    Design state_;
-    CycleResult result_;
+        bool operator==(const State& other) const { return design == other.design; }
+    };
+
+    State follow(Design changed, Followup followup);
+    /// Tells of a new present; `before` is the design that it replaces.
+    void announce(const Design& before, const EditOptions& options);
+    void announceAll();
+
+    History<State> history_;
     OptimizerServices optimizer_;
     MessageSink messageSink_;
-    FieldTexts fieldTexts_;
 };
 
 /// Title of the program's message boxes and print jobs.

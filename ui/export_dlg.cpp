@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDir>
-#include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDatabase>
@@ -62,6 +61,7 @@ TExportDlg::TExportDlg(DesignHost& host, QWidget* parent)
     connect(formats_, &QComboBox::activated, this, &TExportDlg::FormatChange);
     connect(standardValues_, &QCheckBox::clicked, this, &TExportDlg::CheckBoxExportEClick);
     connect(&host_, &DesignHost::designChanged, this, &TExportDlg::designChanged);
+    connect(&host_, &DesignHost::shownChanged, this, &TExportDlg::designChanged);
     connect(&host_, &DesignHost::standardValuesChanged, this, &TExportDlg::designChanged);
 }
 
@@ -118,12 +118,6 @@ void TExportDlg::showEvent(QShowEvent* event) {
     designChanged();
     formats_->setFocus();
     QDialog::showEvent(event);
-}
-
-/// Fields of the main window may have been rounded, which changes no design.
-void TExportDlg::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) designChanged();
-    QDialog::changeEvent(event);
 }
 
 void TExportDlg::designChanged() {
@@ -221,11 +215,9 @@ void TExportDlg::refresh() {
 std::string TExportDlg::contentOrProblem(bool& problem) const {
     problem = true;
     if (const auto wrong = RangeProblem(range_); wrong && takesRange()) return *wrong;
-    Design state = host_.design();
-    TakeShownValues(
-        state, [this](std::string_view object) { return host_.fieldText(object).toStdString(); });
-    auto prepared = PrepareExport(std::move(state), {.standardValues = host_.standardValues(),
-                                                     .series = host_.preferences().ESeries});
+    auto prepared = PrepareExport(
+        AsShown(host_.design()),
+        {.standardValues = host_.standardValues(), .series = host_.preferences().ESeries});
     if (auto* refusal = std::get_if<std::string>(&prepared)) return std::move(*refusal);
     problem = false;
     return format().content(std::get<ExportDesign>(prepared), range_);

@@ -34,7 +34,6 @@ class TExportDlg : public QDialog {
 
   protected:
     void showEvent(QShowEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
   private:
     struct RangeRow {

@@ -35,11 +35,28 @@ void SetUpField(QLineEdit& edit, const QString& objectName, QColor base) {
     SetFieldColours(edit, base);
 }
 
+/// The keys of Undo and Redo belong to the window's menu, which comes back to the edit first. Edits
+/// of windows without such a menu get them all the same.
+bool LeavesToMenu(QEvent& event) {
+    if (event.type() != QEvent::ShortcutOverride) return false;
+    auto& key = static_cast<QKeyEvent&>(event);
+    if (!key.matches(QKeySequence::Undo) && !key.matches(QKeySequence::Redo)) return false;
+    event.ignore();
+    return true;
+}
+
 double ParsedText(const QLineEdit& edit) {
     return ParseValue(edit.text().toStdString());
 }
 
 }  // namespace
+
+std::string StepName(const InputField& field, int page) {
+    std::string name(field.object.substr(0, field.object.find("Eingabe")));
+    const std::string number = std::to_string(page);
+    if (name.ends_with(number)) name.resize(name.size() - number.size());
+    return name;
+}
 
 void SetHint(QWidget& widget, const QString& hint) {
     if (hint.isEmpty()) return;
@@ -53,6 +70,10 @@ int FieldWidth(const QWidget& widget) {
 
 InputEdit::InputEdit(const QString& objectName, QWidget* parent) : QLineEdit(parent) {
     SetUpField(*this, objectName, kInputColour);
+}
+
+bool InputEdit::event(QEvent* event) {
+    return LeavesToMenu(*event) || QLineEdit::event(event);
 }
 
 void InputEdit::keyPressEvent(QKeyEvent* event) {
@@ -77,6 +98,10 @@ OutputEdit::OutputEdit(const QString& objectName, bool editable, QWidget* parent
     setReadOnly(!editable);
     // Read-only fields are left out of the tab order; a click still lets their text be copied.
     if (!editable) setFocusPolicy(Qt::ClickFocus);
+}
+
+bool OutputEdit::event(QEvent* event) {
+    return LeavesToMenu(*event) || QLineEdit::event(event);
 }
 
 void OutputEdit::mouseDoubleClickEvent(QMouseEvent* event) {

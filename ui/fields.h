@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 #include <QString>
+#include <string>
 #include <string_view>
 
 #include "design/design.h"
@@ -14,6 +15,10 @@ namespace kelvro {
 inline QString ToQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+
+/// What Undo calls a change of the input: "R1", "k", "Vlow1"; the object's name without the number
+/// of the page that it belongs to.
+std::string StepName(const InputField& field, int page = 0);
 
 /// Tool tip and status-panel hint of a widget in one; an empty text changes nothing.
 void SetHint(QWidget& widget, const QString& hint);
@@ -34,6 +39,7 @@ class InputEdit : public QLineEdit {
     void stepped(int direction);
 
   protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };
@@ -49,6 +55,7 @@ class OutputEdit : public QLineEdit {
     void doubleClicked();
 
   protected:
+    bool event(QEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 };
 

@@ -15,6 +15,7 @@
 #include <cmath>
 
 #include "core/number_text.h"
+#include "design/pages.h"
 #include "ui/design_session.h"
 #include "ui/fields.h"
 #include "ui/form_parts.h"
@@ -195,7 +196,7 @@ Wishes TFormProposal::wishes() const {
 }
 
 void TFormProposal::refresh() {
-    const Design& state = session_.state();
+    const Design& state = session_.design();
     inputs_->setText(Text("R1 " + FormatQuantity(2, state.R1, "Ω") + ", R2 " +
                           FormatQuantity(2, state.R2, "Ω") + ", fo " +
                           FormatQuantity(2, state.fo, "Hz") + ", ideal ratio v " +
@@ -243,10 +244,11 @@ const Proposal* TFormProposal::current() const {
 void TFormProposal::ButtonGoClick() {
     const Proposal* proposal = current();
     if (!proposal || !proposal->suited) return;
-    const int page = proposal->page;
-    Apply(*proposal, session_.state());
-    session_.announceInputs();
-    session_.goToPage(page);
+    const auto apply = [&](Design& design) {
+        Apply(*proposal, design);
+        EnterPage(design, proposal->page);
+    };
+    session_.edit(Title(*proposal), apply, {.fields = Fields::Follow});
 }
 
 void TFormProposal::ButtonCopyClick() {

@@ -39,6 +39,7 @@ constexpr std::array kFileItems = {
 constexpr std::array kEditItems = {
     Item{"Rechnen1", "&Calculate", "", &TSDIAppForm::OKClick},
     Item{"Undo1", "&Undo", "Ctrl+Z", &TSDIAppForm::Undo1Click},
+    Item{"Redo1", "&Redo", "Ctrl+Shift+Z", &TSDIAppForm::Redo1Click},
 };
 
 constexpr std::array kOptionItems = {

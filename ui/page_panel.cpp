@@ -42,8 +42,11 @@ QString SpinName(QString edit) {
     return QStringLiteral("SpinButton") + edit.remove(QStringLiteral("Eingabe"));
 }
 
-QString SeriesText(const Preferences& preferences, double value) {
-    return "  " + QString::fromStdString(SeriesNearest(preferences.ESeries, value));
+/// A table's value with its unit. Two leading spaces mark a rounded value, as in fields.
+QString CellText(const std::string& text, const TableRow& row) {
+    const QString value = QString::fromStdString(text);
+    const bool rounded = text.starts_with("  ") && !text.starts_with("   ");
+    return (rounded ? value : value.trimmed()) + ' ' + ToQString(row.unit);
 }
 
 }  // namespace
@@ -178,9 +181,8 @@ void PagePanel::addSwitches(FieldGrid& grid) {
         box->setObjectName(ToQString(field.object));
         SetHint(*box, ToQString(field.hint));
         connect(box, &QCheckBox::clicked, this, [this, &field](bool checked) {
-            field.flag(session_.state()) = checked;
-            session_.recalculate();
-            refresh();
+            session_.edit(std::string(field.caption),
+                          [&](Design& design) { design.*field.flag = checked; });
         });
         const int row = grid.nextRow(0);
         grid.layout->addWidget(box, row, 0);
@@ -193,9 +195,10 @@ void PagePanel::addSwitches(FieldGrid& grid) {
             weight->setFocusPolicy(Qt::TabFocus);
             SetHint(*weight, tr("Weight"));
             connect(weight, &QScrollBar::valueChanged, this, [this, &field](int position) {
-                if (field.weight(session_.state()) == position) return;
-                field.weight(session_.state()) = position;
-                session_.recalculate();
+                if (session_.design().*field.weight == position) return;
+                session_.edit("Weight of " + std::string(field.caption),
+                              [&](Design& design) { design.*field.weight = position; },
+                              {.joins = std::string(field.weightObject)});
             });
             grid.layout->addWidget(weight, row, 1);
         }
@@ -290,46 +293,42 @@ void PagePanel::changeEvent(QEvent* event) {
 }
 
 void PagePanel::EingabeChange(const BoundInput& input) {
-    input.read(session_.state());
-    session_.recalculate();
+    session_.edit(StepName(input.field(), page_.number),
+                  [&](Design& design) { input.read(design); },
+                  {.joins = "type " + std::string(input.field().object)});
 }
 
 void PagePanel::SpinButtonClick(const BoundInput& input, int direction) {
-    Design& state = session_.state();
-    const double x = input.field().read(state);
+    Design stepped = session_.design();
+    const double x = input.field().read(stepped);
     const bool whole = std::holds_alternative<int Design::*>(input.field().value);
     const double f = session_.preferences().SweepFactor;
-    const double stepped = whole           ? x + direction
-                           : direction > 0 ? SpinStepUp(x, f)
-                                           : SpinStepDown(x, f);
-    input.field().write(state, stepped);
-    input.write(state);
-    session_.recalculate();
+    input.field().write(stepped, whole           ? x + direction
+                                 : direction > 0 ? SpinStepUp(x, f)
+                                                 : SpinStepDown(x, f));
+    input.write(stepped);
+    session_.edit(StepName(input.field(), page_.number), [&](Design& design) { design = stepped; },
+                  {.joins = "spin " + std::string(input.field().object)});
 }
 
 void PagePanel::AusgabeChange(const FieldRow& row) {
-    TakeText(session_.state(), *row.field, row.edit->text().toStdString());
-    edited_ = row.edit;
-    session_.showComponents();  // optimizing now would move the value that is being typed
-    edited_ = nullptr;
+    session_.type(row.part(page_), ParseComponent(row.edit->text().toStdString()));
 }
 
 void PagePanel::AusgabeDblClick(const FieldRow& row) {
-    const double value = ParseValue(row.edit->text().toStdString());
-    if (value > 0) row.edit->setText(SeriesText(session_.preferences(), value));
+    session_.round(row.part(page_));
 }
 
 void PagePanel::runAction(const ActionField& action) {
-    const std::string message = action.run(session_.state());
+    Design changed = session_.design();
+    const std::string message = action.run(changed);
     if (!message.empty()) return session_.showMessage(QString::fromStdString(message));
-    session_.announceInputs();
-    session_.recalculate();
+    session_.edit(std::string(action.caption), [&](Design& design) { design = changed; },
+                  {.fields = Fields::Follow});
 }
 
 void PagePanel::CheckBoxClick(bool checked) {
-    session_.state().LCSwapped = checked;
-    refresh();
-    session_.recalculate();
+    session_.edit("L <--> C", [=](Design& design) { design.LCSwapped = checked; });
 }
 
 void PagePanel::showResult(const CycleResult& result) {
@@ -346,37 +345,34 @@ bool PagePanel::setText(const QString& object, const QString& text) {
         return true;
     }
     OutputEdit* edit = outputs_.value(object);
-    if (!edit || edit == edited_) return false;
-    edit->setText(text);
+    if (!edit) return false;
+    const OutputField* field = page_.output(object.toStdString());
+    if (field->slot == Slot::None) edit->setText(text);  // components show the design: showParts
     return true;
 }
 
-QString PagePanel::text(const QString& object) const {
-    if (const QTableWidgetItem* cell = tableCell(object)) return cell->text();
-    const OutputEdit* edit = outputs_.value(object);
-    return edit ? edit->text() : QString();
-}
-
 void PagePanel::writeInputs() {
-    for (const BoundInput& input : inputs_) input.write(session_.state());
+    for (const BoundInput& input : inputs_) input.write(session_.design());
 }
 
 void PagePanel::refresh() {
-    Design& state = session_.state();
+    const Design& state = session_.design();
     for (const BoundInput& input : inputs_)
         if (!input.edit().hasFocus()) input.refresh(state);
     for (const SwitchRow& row : switches_) {
-        row.box->setChecked(row.field->flag(state));
-        if (row.weight) row.weight->setValue(row.field->weight(state));
+        row.box->setChecked(state.*row.field->flag);
+        if (row.weight) row.weight->setValue(state.*row.field->weight);
     }
     if (swapBox_) swapBox_->setChecked(state.LCSwapped);
     showCaptions();
+    showParts();
     if (picture_) showPicture();
 }
 
 void PagePanel::showPicture() {
-    const Design& state = session_.state();
-    std::vector<Circuit> circuits = page_.builtCircuits(state);
+    const Design& state = session_.design();
+    if (state.page != page_.number) return;
+    std::vector<Circuit> circuits = ShownCircuits(state);
     // The slots of a refused design hold another page's values.
     for (Circuit& circuit : circuits)
         for (Element& element : circuit.elements)
@@ -386,7 +382,7 @@ void PagePanel::showPicture() {
 }
 
 void PagePanel::showCaptions() {
-    const Design& state = session_.state();
+    const Design& state = session_.design();
     const bool duals = page_.showsDuals(state);
     for (const FieldRow& row : rows_) {
         const OutputField& field = *row.field;
@@ -410,28 +406,37 @@ void PagePanel::showTable(const std::vector<TableRow>& rows) {
     table_->setRowCount(static_cast<int>(rows.size()));
     for (int i = 0; i < table_->rowCount(); ++i) {
         const TableRow& row = rows[static_cast<std::size_t>(i)];
-        auto* value = new QTableWidgetItem(QString::fromStdString(row.text).trimmed() + ' ' +
-                                           ToQString(row.unit));
+        auto* value = new QTableWidgetItem(CellText(row.text, row));
         value->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
         table_->setItem(i, 0, new QTableWidgetItem(QString::fromStdString(row.element)));
         table_->setItem(i, 1, value);
     }
 }
 
+void PagePanel::showParts() {
+    const Design& design = session_.design();
+    for (const FieldRow& row : rows_) {
+        if (row.field->slot == Slot::None) continue;
+        const ShownPart* shown = design.shown.find(row.part(page_).key());
+        const std::string text = row.edit->text().toStdString();
+        // What the user has typed stays in their own form.
+        const bool typed = shown && shown->form == ShownPart::Form::Typed;
+        if (typed && ParseComponent(text) == shown->value) continue;
+        const std::string shownText = row.part(page_).shownText(design);
+        if (shownText != text) row.edit->setText(QString::fromStdString(shownText));
+    }
+    for (std::size_t i = 0; i < tableRows_.size(); ++i) {
+        const TableRow& row = tableRows_[i];
+        const std::string text = PartRef{&page_, row.slot}.shownText(design);
+        if (row.slot == Slot::None || text.empty()) continue;
+        table_->item(static_cast<int>(i), 1)->setText(CellText(text, row));
+    }
+}
+
 void PagePanel::roundRowToSeries(int row) {
     const TableRow& element = tableRows_[static_cast<std::size_t>(row)];
     if (element.slot == Slot::None) return;  // an input
-    QTableWidgetItem* cell = table_->item(row, 1);
-    const double value = ParseValue(cell->text().toStdString());
-    if (value > 0)
-        cell->setText(SeriesText(session_.preferences(), value) + ' ' + ToQString(element.unit));
-}
-
-QTableWidgetItem* PagePanel::tableCell(const QString& object) const {
-    for (std::size_t i = 0; i < tableRows_.size(); ++i)
-        if (object == QString::fromStdString(RowObject(page_, tableRows_[i])))
-            return table_->item(static_cast<int>(i), 1);
-    return nullptr;
+    session_.round({&page_, element.slot});
 }
 
 QString FormulaMarkup(const QString& formula, const QColor& barColour) {

@@ -7,6 +7,7 @@
 
 #include "design/cycle.h"
 #include "design/page.h"
+#include "design/part_ref.h"
 #include "ui/design_session.h"
 #include "ui/fields.h"
 
@@ -15,7 +16,6 @@ class QCheckBox;
 class QLabel;
 class QScrollBar;
 class QTableWidget;
-class QTableWidgetItem;
 
 namespace kelvro {
 
@@ -33,13 +33,8 @@ class PagePanel : public QWidget {
     const Page& page() const { return page_; }
     /// Shows a calculation of this page.
     void showResult(const CycleResult& result);
-    /// Text of an output field; false when it is none of this page's, or under the user's cursor.
+    /// Text of an output field or note; false when it is none of this page's.
     bool setText(const QString& object, const QString& text);
-    /// Text of an output field or of a table row ("Bp17Tabelle.C01"), empty for a foreign name.
-    QString text(const QString& object) const;
-    bool owns(const QString& object) const {
-        return outputs_.contains(object) || tableCell(object);
-    }
     /// Rewrites all inputs from the state.
     void writeInputs();
     /// Follows the state where the page shows something else: inputs, switches, swap box, captions,
@@ -55,6 +50,8 @@ class PagePanel : public QWidget {
         QLabel* label;
         OutputEdit* edit;
         QLabel* unit;
+
+        PartRef part(const Page& page) const { return {&page, field->slot, field}; }
     };
     struct SwitchRow {
         const SwitchField* field;
@@ -84,8 +81,9 @@ class PagePanel : public QWidget {
     void showCaptions();
     void showPicture();
     void showTable(const std::vector<TableRow>& rows);
+    /// Components as the design says that they are shown.
+    void showParts();
     void roundRowToSeries(int row);
-    QTableWidgetItem* tableCell(const QString& object) const;
 
     const Page& page_;
     DesignSession& session_;
@@ -95,7 +93,6 @@ class PagePanel : public QWidget {
     QHash<QString, OutputEdit*> outputs_;
     QHash<QString, QLabel*> notes_;
     QHash<QString, FieldCaption> captions_;  ///< captions that the page's design has changed
-    const QLineEdit* edited_ = nullptr;      ///< output under the user's cursor
     bool refused_ = false;                   ///< the last calculation had no design to show
     QCheckBox* swapBox_ = nullptr;
     QTableWidget* table_ = nullptr;

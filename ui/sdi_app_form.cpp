@@ -15,6 +15,7 @@
 
 #include "core/number_text.h"
 #include "design/pages.h"
+#include "design/part_ref.h"
 #include "io/settings.h"
 #include "ui/hint_handler.h"
 #include "ui/menus.h"
@@ -46,8 +47,13 @@ TSDIAppForm::TSDIAppForm(QWidget* parent)
     connect(hints, &HintHandler::hintChanged, this, &TSDIAppForm::ShowHint);
     connect(&session_, &DesignSession::calculated, this, &TSDIAppForm::showResult);
     connect(&session_, &DesignSession::pageEntered, this, &TSDIAppForm::enterPage);
-    connect(&session_, &DesignSession::inputsWritten, this, &TSDIAppForm::refreshInputs);
-    session_.setFieldTexts([this](std::string_view object) { return fieldText(object); });
+    connect(&session_, &DesignSession::inputsChanged, this, &TSDIAppForm::refreshInputs);
+    connect(&session_, &DesignSession::fieldsOutdated, this, &TSDIAppForm::writeFields);
+    connect(&session_, &DesignSession::shownChanged, this,
+            [this] { panels_[static_cast<std::size_t>(notebook_->currentIndex())]->refresh(); });
+    connect(&session_, &DesignSession::historyChanged, this, &TSDIAppForm::nameSteps);
+    // With the session as context: the window loses its focus once more while it is torn down.
+    connect(qApp, &QApplication::focusChanged, &session_, [this] { session_.closeStep(); });
     auto* exportBox = findChild<QCheckBox*>(QStringLiteral("CheckBoxE"));
     connect(exportBox, &QCheckBox::toggled, &session_, &DesignSession::setStandardValues);
     connect(&session_, &DesignSession::standardValuesChanged, exportBox, &QCheckBox::setChecked);
@@ -61,11 +67,12 @@ TSDIAppForm::TSDIAppForm(QWidget* parent)
 TSDIAppForm::~TSDIAppForm() = default;
 
 void TSDIAppForm::startUp(const QStringList& arguments) {
-    takeOver(ReadSettings(DefaultSettingsFile(), settings()).settings);
+    const Settings read = ReadSettings(DefaultSettingsFile(), settings()).settings;
+    session_.preferences() = read.preferences;
     namePrinter();
     readArguments(arguments);
     setWindowTitle(QLatin1String(kProductTitle));
-    session_.showPage();
+    session_.open(read.design);
 }
 
 void TSDIAppForm::OKClick() {
@@ -82,10 +89,10 @@ void TSDIAppForm::TabSet1Click(int index) {
 }
 
 void TSDIAppForm::SpeedButtonVertauschenClick() {
-    Design& state = session_.state();
-    std::swap(state.R1, state.R2);
-    shared_->writeResistances();
-    session_.recalculate();
+    Design switched = session_.design();
+    std::swap(switched.R1, switched.R2);
+    shared_->writeResistances(switched);
+    session_.edit("Switch", [&](Design& design) { design = switched; });
 }
 
 void TSDIAppForm::SeriesClick(Series series) {
@@ -95,28 +102,32 @@ void TSDIAppForm::SeriesClick(Series series) {
 }
 
 void TSDIAppForm::ButtonTakeClick() {
-    take();
-    emit session_.designChanged();
+    session_.edit("Take Entries", Take, {.followup = Followup::Nothing});
 }
 
 void TSDIAppForm::ButtonTakeAndOptClick() {
-    take();
-    session_.recalculate(false);
-}
-
-void TSDIAppForm::take() {
-    // Pages with interchanged L and C are taken like all others, their dual texts read into the
-    // slots of the circuit as designed: users compare both with it.
-    Take(session_.state(), PageOf(session_.state()),
-         [this](std::string_view object) { return fieldText(object).toStdString(); });
-    const Page& page = PageOf(session_.state());
-    // On interchanged pages the picture stays with the fields, which show what is to be built.
-    if (!page.showsDuals(session_.state()))
-        panels_[static_cast<std::size_t>(page.number - 1)]->refresh();
+    session_.edit("Take and Optimize", Take, {.followup = Followup::KeptComponents});
 }
 
 void TSDIAppForm::Undo1Click() {
-    if (auto* edit = qobject_cast<QLineEdit*>(focusWidget())) edit->undo();
+    auto* edit = qobject_cast<QLineEdit*>(focusWidget());
+    if (edit && !edit->isReadOnly() && edit->isUndoAvailable()) return edit->undo();
+    session_.undo();
+}
+
+void TSDIAppForm::Redo1Click() {
+    auto* edit = qobject_cast<QLineEdit*>(focusWidget());
+    if (edit && !edit->isReadOnly() && edit->isRedoAvailable()) return edit->redo();
+    session_.redo();
+}
+
+void TSDIAppForm::nameSteps() {
+    const auto name = [this](const char* item, const QString& verb, const std::string& step) {
+        const QString text = step.empty() ? verb : verb + ' ' + ToQString(step).replace('&', "&&");
+        if (auto* action = findChild<QAction*>(QLatin1String(item))) action->setText(text);
+    };
+    name("Undo1", tr("&Undo"), session_.undoName());
+    name("Redo1", tr("&Redo"), session_.redoName());
 }
 
 void TSDIAppForm::ImVordergrundbleiben1Click() {
@@ -169,7 +180,7 @@ void TSDIAppForm::keyPressEvent(QKeyEvent* event) {
 }
 
 void TSDIAppForm::enterPage() {
-    const Page& page = PageOf(session_.state());
+    const Page& page = PageOf(session_.design());
     shared_->enterPage();
     enable("SpeedButtonExport", page.exportable);
     enable("VuButton", page.plottable);
@@ -200,16 +211,14 @@ void TSDIAppForm::writeInputs() {
     for (PagePanel* panel : panels_) panel->writeInputs();
 }
 
-void TSDIAppForm::refreshInputs() {
-    shared_->refreshInputs();
+void TSDIAppForm::writeFields() {
+    writeInputs();
     for (PagePanel* panel : panels_) panel->refresh();
 }
 
-QString TSDIAppForm::fieldText(std::string_view object) const {
-    const QString name = ToQString(object);
-    for (const PagePanel* panel : panels_)
-        if (panel->owns(name)) return panel->text(name);
-    return {};
+void TSDIAppForm::refreshInputs() {
+    shared_->refreshInputs();
+    for (PagePanel* panel : panels_) panel->refresh();
 }
 
 }  // namespace kelvro

@@ -53,6 +53,7 @@ class TSDIAppForm : public QMainWindow {
     void ButtonTakeClick();
     void ButtonTakeAndOptClick();
     void Undo1Click();
+    void Redo1Click();
     void ImVordergrundbleiben1Click();
     void ButtonCopyClick();
     void Drucken1Click();
@@ -82,13 +83,14 @@ class TSDIAppForm : public QMainWindow {
     void showResult(const CycleResult& result);
     void writeInputs();
     void refreshInputs();
-    void take();
+    /// Writes all inputs, and the components of all pages.
+    void writeFields();
+    /// Lets Undo and Redo name their steps.
+    void nameSteps();
     Settings settings() const;
-    void takeOver(const Settings& settings);
     void saveSettings(const QString& file);
     void FormClose();
     void enable(const char* control, bool on);
-    QString fieldText(std::string_view object) const;
     void readArguments(const QStringList& arguments);
     void namePrinter();
     QPrinter& printer();

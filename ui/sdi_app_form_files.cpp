@@ -2,7 +2,9 @@
 
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 
+#include "design/pages.h"
 #include "io/settings.h"
 #include "ui/sdi_app_form.h"
 #include "ui/window_place.h"
@@ -38,19 +40,18 @@ void TSDIAppForm::SpeedButtonINILadenClick() {
     const QString file = AskForFile(dialog, "OpenDialogIni", QFileDialog::AcceptOpen);
     if (file.isEmpty()) return;
     const SettingsRead read = ReadSettings(file, settings());
-    takeOver(read.settings);
-    session_.goToPage(session_.state().page);
+    session_.preferences() = read.settings.preferences;
+    const auto load = [&](Design& design) {
+        design = read.settings.design;
+        EnterPage(design, design.page);
+    };
+    session_.edit("Load " + QFileInfo(file).fileName().toStdString(), load,
+                  {.fields = Fields::Written});
     if (!read.message.isEmpty()) session_.showMessage(read.message);
 }
 
 Settings TSDIAppForm::settings() const {
     return {session_.design(), session_.preferences(), session_.result().v};
-}
-
-void TSDIAppForm::takeOver(const Settings& settings) {
-    session_.state() = settings.design;
-    session_.preferences() = settings.preferences;
-    writeInputs();
 }
 
 void TSDIAppForm::saveSettings(const QString& file) {

@@ -213,48 +213,50 @@ OutputEdit* SharedPanel::addOutput(QGridLayout* grid, int row, QWidget* label,
 }
 
 Limits SharedPanel::typedLimits(const BoundInput& input) const {
-    return input.field().object == kQInput ? PageOf(session_.state()).typedQ : input.field().limits;
+    return input.field().object == kQInput ? PageOf(session_.design()).typedQ
+                                           : input.field().limits;
 }
 
 void SharedPanel::EingabeChange(const BoundInput& input) {
-    input.read(session_.state(), typedLimits(input));
-    session_.recalculate();
+    session_.edit(StepName(input.field()),
+                  [&](Design& design) { input.read(design, typedLimits(input)); },
+                  {.joins = "type " + std::string(input.field().object)});
 }
 
 void SharedPanel::SpinButtonClick(const BoundInput& input, int direction) {
     const InputField& field = input.field();
-    Design& state = session_.state();
-    const double x = field.read(state);
+    Design stepped = session_.design();
+    const double x = field.read(stepped);
     const double f = session_.preferences().SweepFactor;
     InputField target = field;
     if (field.object == kQInput) target.limits = kSpunQ;
-    target.write(state, direction > 0 ? SpinStepUp(x, f) : SpinStepDown(x, f));
-    input.write(state, IsQuality(field) ? kQFormat : field.format);
-    session_.recalculate();
+    target.write(stepped, direction > 0 ? SpinStepUp(x, f) : SpinStepDown(x, f));
+    input.write(stepped, IsQuality(field) ? kQFormat : field.format);
+    session_.edit(StepName(field), [&](Design& design) { design = stepped; },
+                  {.joins = "spin " + std::string(field.object)});
 }
 
 void SharedPanel::CheckBoxQClick(bool checked) {
-    session_.state().QByBandwidth = checked;
-    session_.recalculate();
+    session_.edit("Q by d", [=](Design& design) { design.QByBandwidth = checked; });
 }
 
 void SharedPanel::writeInputs() {
-    for (const BoundInput& input : inputs_) input.write(session_.state());
-    checkBoxQ_->setChecked(session_.state().QByBandwidth);
+    for (const BoundInput& input : inputs_) input.write(session_.design());
+    checkBoxQ_->setChecked(session_.design().QByBandwidth);
 }
 
-void SharedPanel::writeResistances() {
+void SharedPanel::writeResistances(const Design& design) {
     for (const BoundInput& input : inputs_)
-        if (input.field().unit == "Ω") input.write(session_.state());
+        if (input.field().unit == "Ω") input.write(design);
 }
 
 void SharedPanel::refreshInputs() {
     for (const BoundInput& input : inputs_) {
         // Q may stand outside its typed limits, where the cycle or a spin button put it.
         const bool isQ = input.field().object == kQInput;
-        input.refresh(session_.state(), isQ ? Limits{0, kSpunQ.high} : input.field().limits);
+        input.refresh(session_.design(), isQ ? Limits{0, kSpunQ.high} : input.field().limits);
     }
-    checkBoxQ_->setChecked(session_.state().QByBandwidth);
+    checkBoxQ_->setChecked(session_.design().QByBandwidth);
 }
 
 bool SharedPanel::setText(const QString& object, const QString& text) {
@@ -266,10 +268,11 @@ bool SharedPanel::setText(const QString& object, const QString& text) {
 }
 
 void SharedPanel::enterPage() {
-    const Page& page = PageOf(session_.state());
+    const Page& page = PageOf(session_.design());
     qPanel_->setVisible(page.qPanel);
     for (const BoundInput& input : inputs_) {
-        if (page.entryQ && input.field().object == kQInput) input.write(session_.state(), kQFormat);
+        if (page.entryQ && input.field().object == kQInput)
+            input.write(session_.design(), kQFormat);
     }
     refreshInputs();
 }

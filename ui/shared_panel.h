@@ -26,7 +26,7 @@ class SharedPanel : public QWidget {
 
     /// Rewrites all inputs from the state.
     void writeInputs();
-    void writeResistances();
+    void writeResistances(const Design& design);
     /// Rewrites inputs that show something else than the state holds.
     void refreshInputs();
     /// Texts of shared outputs and of Q; false when there is no such field here.

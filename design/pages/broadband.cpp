@@ -164,7 +164,7 @@ Page BroadbandMatchPage() {
                    "Q up to 0.21: widest band; larger Q: the loaded Q is kept"}};
     page.switches = {{"CheckBoxExt16", "8 elements",
                       "Four sections instead of two: wider band, flatter response",
-                      [](Design& s) -> bool& { return s.eightElements; }}};
+                      &Design::eightElements}};
     page.switches[0].option = "ext";
     page.outputs = BroadbandOutputs();
     page.goalSlots = [](const Design& s) {

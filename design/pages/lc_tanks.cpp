@@ -132,7 +132,7 @@ Page LcSeriesTankPage() {
                     Component("C11Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
                     Component("C21Ausgabe", "C2", "Capacitance C2", "F", Slot::C2)};
     // Take reads C2 from the C1 field of the LC Parallel Tank page; users' habits rest on it.
-    page.outputs[2].takenFrom = "C12Ausgabe";
+    page.outputs[2].takenFrom = PartKey{2, Slot::C1};
     page.transferText =
         "V(s) = sC[1]G[1] / (s³LC[1]C[2]G[1] + s²C[1](LG[1]G[2] + C[2]) + "
         "s(C[2]G[1] + C[1]G[2] + C[1]G[1]) + G[1]G[2])";

@@ -23,8 +23,7 @@ void DesignTransformer(DesignPass& pass) {
         const long double XL1 = R1 / pass.Qe / 2;
         const long double L1 = XL1 / pass.omega;
         // "C1 = 0" stands for a value too small to matter.
-        const long double C1 =
-            s.transformer.smallCapacitance ? 0.0001L / s.fo : 1 / (pass.omega * XL1);
+        const long double C1 = s.smallCapacitance ? 0.0001L / s.fo : 1 / (pass.omega * XL1);
         const long double M = std::sqrt(R2 / R1) * L1;
         s.components[Slot::L] = static_cast<double>(L1);
         s.components[Slot::C1] = static_cast<double>(C1);
@@ -65,14 +64,11 @@ Circuit TransformerCircuit(const Design& s) {
 
 std::vector<SwitchField> TransformerSwitches() {
     return {{"CheckBoxL1L2", "L1 = L2", "Bandwidth often smaller when forcing equal values",
-             [](Design& s) -> bool& { return s.transformer.equalInductances; }, "ScrollBarW",
-             [](Design& s) -> int& { return s.transformer.equalInductancesWeight; }},
+             &Design::equalInductances, "ScrollBarW", &Design::equalInductancesWeight},
             {"CheckBoxLtot", "Min. L", "Try to keep sum of L small during optimization",
-             [](Design& s) -> bool& { return s.transformer.smallInductances; }, "ScrollBarLtot",
-             [](Design& s) -> int& { return s.transformer.smallInductancesWeight; }},
+             &Design::smallInductances, "ScrollBarLtot", &Design::smallInductancesWeight},
             {"CheckBoxC1Null", "C1 = 0", "Start from a negligible capacitance C1",
-             [](Design& s) -> bool& { return s.transformer.smallCapacitance; }, "ScrollBarWC",
-             [](Design& s) -> int& { return s.transformer.smallCapacitanceWeight; }}};
+             &Design::smallCapacitance, "ScrollBarWC", &Design::smallCapacitanceWeight}};
 }
 
 }  // namespace

@@ -69,7 +69,7 @@ TEST_P(PartsOfPages, VaryEvenlyWithinTheirTolerancesAndNothingElseDoes) {
         restored = runs.next();
         for (std::size_t p = 0; p < seen.size(); ++p) {
             const TolerancePart& part = runs.parts()[p];
-            const double ratio = part.value(restored) / part.value(state);
+            const double ratio = part.ref.read(restored) / part.ref.read(state);
             seen[p].push_back((part.dual ? 1 / ratio : ratio) - 1);
             EXPECT_NEAR(seen[p].back(), runs.deviations()[p], 1e-12);
         }
@@ -83,7 +83,7 @@ TEST_P(PartsOfPages, VaryEvenlyWithinTheirTolerancesAndNothingElseDoes) {
         EXPECT_NEAR(spread.mean, 0, 5 * percent / 100 / std::sqrt(3 * 2000.0));
         EXPECT_NEAR(spread.deviation, percent / 100 / std::sqrt(3.0), percent / 100 * 0.04);
         const TolerancePart& part = runs.parts()[p];
-        part.setValue(restored, part.value(state));
+        part.ref.write(restored, part.ref.read(state));
     }
     // Pairs kept as mean and ratio come back to within rounding; all else is untouched.
     for (int slot = 0; slot < static_cast<int>(Slot::Count); ++slot) {

@@ -60,6 +60,30 @@ TEST(History, TakesNoStepWhereNothingChanged) {
     EXPECT_TRUE(history.canRedo()) << "an edit without effect must not lose what was undone";
 }
 
+TEST(History, PassesOverLooksAtOtherPages) {
+    History<int> history(0);
+    history.pass(10);
+    EXPECT_FALSE(history.canUndo()) << "there is nothing but a look";
+    EXPECT_FALSE(history.undo());
+    history.edit(11, "R1");
+    history.pass(20);
+    history.pass(30);
+    history.edit(31, "R2");
+    history.pass(40);
+    EXPECT_EQ(history.undoName(), "R2");
+    EXPECT_TRUE(history.undo());
+    EXPECT_EQ(history.present(), 30) << "the page on which R2 was edited";
+    EXPECT_TRUE(history.undo());
+    EXPECT_EQ(history.present(), 10);
+    history.pass(50);
+    EXPECT_EQ(history.redoName(), "R1") << "looking elsewhere loses nothing";
+    EXPECT_TRUE(history.redo());
+    EXPECT_EQ(history.present(), 11);
+    EXPECT_TRUE(history.redo());
+    EXPECT_EQ(history.present(), 31);
+    EXPECT_FALSE(history.canRedo());
+}
+
 TEST(History, ForgetsTheOldestStepsBeyondItsLength) {
     History<int> history(0, 3);
     for (int i = 1; i <= 10; ++i) history.edit(i, "step");

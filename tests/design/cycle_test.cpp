@@ -7,6 +7,8 @@
 #include <cmath>
 #include <limits>
 
+#include "core/series.h"
+#include "design/part_ref.h"
 #include "page_input.h"
 
 namespace kelvro {
@@ -181,19 +183,58 @@ TEST(CycleTest, ComponentsCanBeShownWithoutBeingJudged) {
 }
 
 TEST(TakeTest, ReadsTheFieldsOfThePageAndOneOfAnother) {
-    const auto texts = [](std::string_view object) -> std::string {
-        if (object == "L1Ausgabe") return "  10.00u";
-        if (object == "C11Ausgabe") return "  1,50n";
-        if (object == "C12Ausgabe") return "  470p";  // of the parallel tank's page
-        if (object == "C21Ausgabe") return "  9.99n";
-        return "";
-    };
-    Design state;
-    state.LCSwapped = true;  // no reason to refuse
-    Take(state, PageOf(1), texts);
-    EXPECT_DOUBLE_EQ(state.components[Slot::L], 10e-6);
-    EXPECT_DOUBLE_EQ(state.components[Slot::C1], 1.5e-9);
-    EXPECT_DOUBLE_EQ(state.components[Slot::C2], 470e-12);
+    Design design;
+    design.LCSwapped = true;  // no reason to refuse
+    design.shown.set({{1, Slot::L}, 10.004e-6});
+    design.shown.set({{1, Slot::C1}, 1.5e-9, ShownPart::Form::Standard, Series::E12});
+    design.shown.set({{1, Slot::C2}, 9.99e-9});
+    design.shown.set({{2, Slot::C1}, 470e-12, ShownPart::Form::Standard, Series::E6});
+    Take(design);
+    EXPECT_DOUBLE_EQ(design.components[Slot::L], 10e-6) << "as its text says";
+    EXPECT_DOUBLE_EQ(design.components[Slot::C1], 1.5e-9);
+    EXPECT_DOUBLE_EQ(design.components[Slot::C2], 470e-12) << "C1 of the parallel tank's page";
+}
+
+TEST(TakeTest, IsZeroWhereAFieldHasShownNothingYet) {
+    Design design;
+    design.components[Slot::C2] = 1e-9;
+    Take(design);
+    EXPECT_EQ(design.components[Slot::C2], 0);
+}
+
+TEST(TakeTest, KeepsAllDigitsOfATypedValue) {
+    Design design = StateWith(5, {});
+    NoServices services;
+    design = Calculate(design, true, services).design;
+    const PartRef L1 = PartsOf(design).at(0);
+    L1.type(design, 1.23456789e-6);
+    Take(design);
+    EXPECT_EQ(design.components[Slot::L], 1.23456789e-6);
+}
+
+TEST(PartRefTest, RoundsWhatIsShownAndKeepsTheComponent) {
+    for (const bool swapped : {false, true}) {
+        Design design = StateWith(3, {{"fo", "10M"}});
+        design.LCSwapped = swapped;
+        NoServices services;
+        design = Calculate(design, true, services).design;
+        const Slots before = design.components;
+        for (const PartRef& part : PartsOf(design)) {
+            const std::string text = part.shownText(design);
+            EXPECT_EQ(text, kEngineering.text(part.built(design)));
+            part.round(design, Series::E24);
+            EXPECT_EQ(part.shownText(design), "  " + SeriesNearest(Series::E24, ParseValue(text)));
+            const Design once = design;
+            part.round(design, Series::E24);
+            EXPECT_EQ(design, once);
+            part.round(design, Series::E6);
+            EXPECT_EQ(part.shownText(design),
+                      "  " + SeriesNearest(Series::E6, ParseValue(part.shownText(once))));
+        }
+        EXPECT_EQ(design.components, before);
+        // Only a new calculation writes the fields anew.
+        EXPECT_NE(design.shown, Calculate(design, true, services).design.shown);
+    }
 }
 
 TEST(EnterPageTest, OnlyThreePagesChangeTheState) {

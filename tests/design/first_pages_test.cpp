@@ -153,7 +153,7 @@ TEST(PiPage, IsRoundNumbersAtOneRadianPerSecond) {
 
 TEST(TransformerPage, TakesAFixedSmallCapacitanceForNone) {
     Design state = StateWith(5, {{"r1", "7"}, {"r2", "3"}, {"q", "12"}, {"fo", "1M"}});
-    state.transformer.smallCapacitance = true;
+    state.smallCapacitance = true;
     NoServices services;
     state = Calculate(state, true, services).design;
     EXPECT_NEAR(ComponentOf(state, "C1"), 100e-12, 1e-24);

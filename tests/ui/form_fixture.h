@@ -36,7 +36,7 @@ class FormFixture {
     }
 
     TSDIAppForm& form() { return *form_; }
-    Design& state() { return form_->session().state(); }
+    const Design& state() const { return form_->session().design(); }
     Preferences& preferences() { return form_->session().preferences(); }
     QString configFolder() const { return config_.path(); }
 

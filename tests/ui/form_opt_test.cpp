@@ -77,7 +77,7 @@ class FormOptTest : public QObject {
         click("CheckBoxForceNoOpt");
         click("ButtonTrigger");
         // 2·Q/((sqrt(R1·R2) + R1)·ω) for 50 and 200 ohm, Q 5, 100 MHz
-        QVERIFY(std::abs(session_->state().components[Slot::C1] * 1e12 - 106.103) < 0.001);
+        QVERIFY(std::abs(session_->design().components[Slot::C1] * 1e12 - 106.103) < 0.001);
     }
 
     void twoRunsWithAnOddNumberOfIterationsAreRemarkedOn() {
@@ -134,7 +134,7 @@ class FormOptTest : public QObject {
         click("ButtonTrigger");
         QCOMPARE(label("LabelGoal"), QString("Optimization aborted : /dev/full: %1")
                                          .arg(QString::fromLocal8Bit(strerror(ENOSPC))));
-        QVERIFY(std::abs(session_->state().components[Slot::C1] * 1e12 - 106.103) < 0.001);
+        QVERIFY(std::abs(session_->design().components[Slot::C1] * 1e12 - 106.103) < 0.001);
     }
 
   private:

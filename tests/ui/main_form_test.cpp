@@ -140,21 +140,21 @@ void MainFormTest::spinButtonsStopAtTheirLimits() {
     QFETCH(double, low);
     QFETCH(double, high);
     FormFixture f;
-    Design& s = f.state();
     f.goTo(page);
     f.preferences().SweepFactor = 9;  // few clicks to a limit
-    const QHash<QString, double*> values = {{"R1", &s.R1}, {"R2", &s.R2}, {"fo", &s.fo},
-                                            {"Q", &s.Q},   {"QB", &s.QB}, {"QBC", &s.QBC}};
-    double& value = *values.value(button);
-    value = start;
+    const QHash<QString, double Design::*> values = {{"R1", &Design::R1}, {"R2", &Design::R2},
+                                                     {"fo", &Design::fo}, {"Q", &Design::Q},
+                                                     {"QB", &Design::QB}, {"QBC", &Design::QBC}};
+    const auto value = values.value(button);
+    f.form().session().edit("start", [&](Design& design) { design.*value = start; });
     const auto spin = [&](const char* direction) {
         for (int i = 0; i < 12; ++i)
             f.find<QAbstractButton>("SpinButton" + button + direction).click();
     };
     spin("Up");
-    QCOMPARE(value, high);
+    QCOMPARE(f.state().*value, high);
     spin("Down");
-    QCOMPARE(value, low);
+    QCOMPARE(f.state().*value, low);
 }
 
 void MainFormTest::spinButtonsWriteTheirFormat() {
@@ -174,7 +174,7 @@ void MainFormTest::spinButtonsWriteTheirFormat() {
 void MainFormTest::heldSpinButtonStopsAtAMessage() {
     FormFixture f;
     f.goTo(1);
-    f.state().R1 = 195;
+    f.type("R1Eingabe", "195");
     int boxes = 0;
     f.form().session().setMessageSink([&](const QString& text) {
         ++boxes;

@@ -98,8 +98,8 @@ void SettingsTest::startShowsThePageOfTheSettingsAsItWasLeft() {
     TSDIAppForm next;
     next.session().optimizer().files = {{}, {}};
     next.startUp({"nopt"});
-    QCOMPARE(next.session().state().page, 16);
-    QCOMPARE(next.session().state().Q, 1.5);  // entering the page anew would make it 0.2
+    QCOMPARE(next.session().design().page, 16);
+    QCOMPARE(next.session().design().Q, 1.5);  // entering the page anew would make it 0.2
     QCOMPARE(next.findChild<TabSet*>("TabSet1")->currentIndex(), 15);
     QCOMPARE(next.findChild<QLineEdit*>("BAusgabe")->text(), QString("   66.67M"));  // 100 MHz/1.5
 }

@@ -91,6 +91,7 @@ void WindowsTest::noMenuItemAndNoButtonLeadsNowhere() {
                            "ExitItem",
                            "Rechnen1",
                            "Undo1",
+                           "Redo1",
                            "Ausfhren1",
                            "ImVordergrundbleiben1",
                            "OK",

@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QString>
-#include <string_view>
 
 #include "analysis/tolerance.h"
 #include "design/design.h"
@@ -31,10 +30,6 @@ class DesignHost : public QObject {
     /// One modal message to the user; the only way in which messages are shown.
     virtual void showMessage(const QString& text) = 0;
 
-    /// Text of an output field as it stands, rounded by the user perhaps; rows of element tables go
-    /// by "table.element". Empty for unknown names.
-    virtual QString fieldText(std::string_view) const { return {}; }
-
     Preferences& preferences() { return preferences_; }
     const Preferences& preferences() const { return preferences_; }
 
@@ -57,6 +52,8 @@ class DesignHost : public QObject {
   signals:
     /// The design changed: inputs, components or page.
     void designChanged();
+    /// Fields show components otherwise than before, rounded perhaps.
+    void shownChanged();
     void standardValuesChanged(bool on);
 
   private:
