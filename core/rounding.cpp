@@ -98,4 +98,8 @@ double SpinStepDown(double x, double f) {
     return SpinStep(x, f, -1);
 }
 
+double SpinStep(double x, int direction, double f) {
+    return direction > 0 ? SpinStepUp(x, f) : SpinStepDown(x, f);
+}
+
 }  // namespace kelvro

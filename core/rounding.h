@@ -24,4 +24,7 @@ double SpinStepUp(double x, double f);
 /// The mirror image: 0 becomes 1 - f; f outside (1, 2) divides.
 double SpinStepDown(double x, double f);
 
+/// One step up for a direction above 0, else down: what spin buttons, cursor keys and the wheel do.
+double SpinStep(double x, int direction, double f);
+
 }  // namespace kelvro

@@ -14,9 +14,9 @@
 #include <limits>
 
 #include "core/number_text.h"
-#include "core/rounding.h"
 #include "core/series.h"
 #include "ui/circuit_view.h"
+#include "ui/form_row.h"
 #include "ui/plot/value_spin.h"
 
 namespace kelvro {
@@ -36,11 +36,6 @@ constexpr int kPictureWidth = 520;
 constexpr int kLineHeight = 26;
 
 constexpr int kTableLine = 21;
-
-/// "k5Eingabe" has the spin button "SpinButtonk5".
-QString SpinName(QString edit) {
-    return QStringLiteral("SpinButton") + edit.remove(QStringLiteral("Eingabe"));
-}
 
 /// A table's value with its unit. Two leading spaces mark a rounded value, as in fields.
 QString CellText(const std::string& text, const TableRow& row) {
@@ -150,28 +145,14 @@ void PagePanel::addChangingNotes(FieldGrid& grid) {
 
 void PagePanel::addInputs(FieldGrid& grid) {
     for (const InputField& field : page_.inputs) {
-        auto* edit = new InputEdit(ToQString(field.object));
-        auto* label = new QLabel(ToQString(field.label));
-        label->setBuddy(edit);
-        SetHint(*edit, ToQString(field.hint));
-        SetHint(*label, ToQString(field.hint));
-        const BoundInput input(field, *edit);
+        const InputRow row =
+            AddInputRow(*grid.layout, {grid.nextRow(0)}, field, ToQString(field.label));
+        const BoundInput input(field, *row.edit);
         inputs_.push_back(input);
-        connect(edit, &QLineEdit::textEdited, this, [this, input] { EingabeChange(input); });
-        connect(edit, &InputEdit::stepped, this,
-                [this, input](int direction) { SpinButtonClick(input, direction); });
-        auto* spin = new ValueSpin(SpinName(edit->objectName()));
-        SetHint(*spin, tr("Increase or decrease %1").arg(ToQString(field.label)));
-        connect(spin, &ValueSpin::clicked, this,
-                [this, input](int direction) { SpinButtonClick(input, direction); });
-        auto* pair = new QHBoxLayout;
-        pair->setSpacing(0);
-        pair->addWidget(edit);
-        pair->addWidget(spin);
-        const int row = grid.nextRow(0);
-        grid.layout->addWidget(label, row, 0);
-        grid.layout->addLayout(pair, row, 1);
-        grid.layout->addWidget(new QLabel(ToQString(field.unit)), row, 2);
+        const auto step = [this, input](int direction) { SpinButtonClick(input, direction); };
+        connect(row.edit, &QLineEdit::textEdited, this, [this, input] { EingabeChange(input); });
+        connect(row.edit, &InputEdit::stepped, this, step);
+        connect(row.spin, &ValueSpin::clicked, this, step);
     }
 }
 
@@ -300,12 +281,8 @@ void PagePanel::EingabeChange(const BoundInput& input) {
 
 void PagePanel::SpinButtonClick(const BoundInput& input, int direction) {
     Design stepped = session_.design();
-    const double x = input.field().read(stepped);
-    const bool whole = std::holds_alternative<int Design::*>(input.field().value);
-    const double f = session_.preferences().SweepFactor;
-    input.field().write(stepped, whole           ? x + direction
-                                 : direction > 0 ? SpinStepUp(x, f)
-                                                 : SpinStepDown(x, f));
+    StepInput(input.field(), stepped, direction, session_.preferences().SweepFactor,
+              input.field().limits);
     input.write(stepped);
     session_.edit(StepName(input.field(), page_.number), [&](Design& design) { design = stepped; },
                   {.joins = "spin " + std::string(input.field().object)});

@@ -9,9 +9,9 @@
 #include <QToolButton>
 
 #include "core/number_text.h"
-#include "core/rounding.h"
 #include "core/scalar.h"
 #include "design/pages.h"
+#include "ui/form_row.h"
 #include "ui/plot/icons.h"
 #include "ui/plot/value_spin.h"
 
@@ -176,28 +176,16 @@ QWidget* SharedPanel::buildSeries() {
 }
 
 void SharedPanel::addInput(QGridLayout* grid, int row, const InputField& field) {
-    auto* edit = new InputEdit(ToQString(field.object));
-    const QString name = edit->objectName().remove(QStringLiteral("Eingabe"));
-    SetHint(*edit, ToQString(field.hint));
-    auto* spinButton = new ValueSpin(QStringLiteral("SpinButton") + name);
-    auto* label = Caption(ToQString(field.label), ToQString(field.hint));
-    label->setBuddy(edit);
-    const BoundInput input(field, *edit);
-    inputs_.push_back(input);
-    edits_.insert(edit->objectName(), edit);
-    connect(spinButton, &ValueSpin::clicked, this,
-            [=, this](int step) { SpinButtonClick(input, step); });
-    connect(edit, &InputEdit::stepped, this, [=, this](int step) { SpinButtonClick(input, step); });
+    const QString name = ToQString(field.object).remove(QStringLiteral("Eingabe"));
     // The button of R2 shares the hint of R1, that of the element Qs the one of Q.
-    const QString hinted = name == "R2" ? QStringLiteral("R1") : name.left(1) == "Q" ? "Q" : name;
-    SetHint(*spinButton, tr("Increase or decrease %1").arg(hinted));
-    auto* pair = new QHBoxLayout;
-    pair->setSpacing(0);
-    pair->addWidget(edit);
-    pair->addWidget(spinButton);
-    grid->addWidget(label, row, kLabel);
-    grid->addLayout(pair, row, kEdit, 1, 2);
-    grid->addWidget(new QLabel(ToQString(field.unit)), row, kUnit);
+    const QString spun = name == "R2" ? QStringLiteral("R1") : name.left(1) == "Q" ? "Q" : name;
+    const InputRow made = AddInputRow(*grid, {row, kLabel, kUnit - kEdit}, field, spun);
+    const BoundInput input(field, *made.edit);
+    inputs_.push_back(input);
+    edits_.insert(made.edit->objectName(), made.edit);
+    const auto step = [this, input](int direction) { SpinButtonClick(input, direction); };
+    connect(made.edit, &InputEdit::stepped, this, step);
+    connect(made.spin, &ValueSpin::clicked, this, step);
 }
 
 OutputEdit* SharedPanel::addOutput(QGridLayout* grid, int row, QWidget* label,
@@ -226,11 +214,8 @@ void SharedPanel::EingabeChange(const BoundInput& input) {
 void SharedPanel::SpinButtonClick(const BoundInput& input, int direction) {
     const InputField& field = input.field();
     Design stepped = session_.design();
-    const double x = field.read(stepped);
-    const double f = session_.preferences().SweepFactor;
-    InputField target = field;
-    if (field.object == kQInput) target.limits = kSpunQ;
-    target.write(stepped, direction > 0 ? SpinStepUp(x, f) : SpinStepDown(x, f));
+    StepInput(field, stepped, direction, session_.preferences().SweepFactor,
+              field.object == kQInput ? kSpunQ : field.limits);
     input.write(stepped, IsQuality(field) ? kQFormat : field.format);
     session_.edit(StepName(field), [&](Design& design) { design = stepped; },
                   {.joins = "spin " + std::string(field.object)});

@@ -9,6 +9,7 @@
 #include "core/scalar.h"
 #include "ui/design_session.h"
 #include "ui/fields.h"
+#include "ui/form_row.h"
 
 namespace kelvro {
 
@@ -35,16 +36,13 @@ TSweepDlg::TSweepDlg(DesignSession& session, QWidget* parent)
     setWindowTitle(tr("Sweep Factor"));
     edit_ = new InputEdit(QStringLiteral("SweepEingabe"));
     edit_->setText(FactorText(before_));
-    SetHint(*edit_, tr("Factor of one click of a spin button, 1.0001 to 10"));
-    auto* label = new QLabel(tr("Sweep &Factor"));
-    label->setBuddy(edit_);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     auto* note = new QLabel(tr("Each click of a spin button changes a value by this factor."));
     auto* grid = new QGridLayout(this);
     grid->setVerticalSpacing(12);
     grid->addWidget(note, 0, 0, 1, 3);
-    grid->addWidget(label, 1, 0);
-    grid->addWidget(edit_, 1, 1);
+    AddRow(*grid, {1}, edit_,
+           {tr("Sweep &Factor"), {}, tr("Factor of one click of a spin button, 1.0001 to 10")});
     grid->addWidget(buttons, 2, 0, 1, 3);
     grid->setColumnStretch(2, 1);
     layout()->setSizeConstraint(QLayout::SetFixedSize);

@@ -60,8 +60,7 @@ void TXmaxDlg1::xmaxEingabeChange() {
 }
 
 void TXmaxDlg1::SpinButtonXmaxClick(int direction) {
-    const double swept = direction > 0 ? SpinStepUp(value_, spin_.sweepFactor)
-                                       : SpinStepDown(value_, spin_.sweepFactor);
+    const double swept = SpinStep(value_, direction, spin_.sweepFactor);
     const double moved = spin_.step > 0 ? value_ + direction * spin_.step : swept;
     value_ = Clamp(moved, edit_.low, edit_.high);
     xmaxEingabe_->setText(ValueText(value_));

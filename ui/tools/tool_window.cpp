@@ -107,14 +107,7 @@ void ToolWindow::beginGroup(const QString& title, Place place) {
 }
 
 void ToolWindow::addField(QWidget* field, const RowTexts& texts) {
-    Row row{new QLabel(texts.label), field, new QLabel(texts.unit)};
-    row.label->setBuddy(field);
-    if (!texts.hint.isEmpty()) SetHint(*field, texts.hint);
-    const int line = grid_->rowCount();
-    grid_->addWidget(row.label, line, 0);
-    grid_->addWidget(field, line, 1);
-    grid_->addWidget(row.unit, line, 2);
-    rows_.push_back(row);
+    rows_.push_back(AddRow(*grid_, {grid_->rowCount()}, field, texts));
 }
 
 InputEdit* ToolWindow::makeInput(const QString& name) {
@@ -231,20 +224,20 @@ void ToolWindow::writeFixed(OutputEdit* edit, int decimals, double value) {
     edit->setText(TextOf(value, FormatFixed(0, decimals, value)));
 }
 
-const ToolWindow::Row* ToolWindow::rowOf(const QWidget* field) const {
-    const auto row = std::ranges::find(rows_, field, &Row::field);
+const FormRow* ToolWindow::rowOf(const QWidget* field) const {
+    const auto row = std::ranges::find(rows_, field, &FormRow::field);
     return row == rows_.end() ? nullptr : &*row;
 }
 
 void ToolWindow::setShown(QWidget* field, bool shown) {
-    const Row* row = rowOf(field);
+    const FormRow* row = rowOf(field);
     row->label->setVisible(shown);
     row->field->setVisible(shown);
     row->unit->setVisible(shown);
 }
 
 void ToolWindow::setTexts(QWidget* field, const QString& label, const QString& unit) {
-    const Row* row = rowOf(field);
+    const FormRow* row = rowOf(field);
     row->label->setText(label);
     if (!unit.isEmpty()) row->unit->setText(unit);
 }
@@ -269,8 +262,7 @@ void ToolWindow::step(InputEdit* edit, int direction) {
     if (!stepsValues() || isEmpty(edit)) return;
     const double factor = host_ ? host_->preferences().SweepFactor : kUsualSweepFactor;
     const double value = number(edit);
-    edit->setText(ToQString(FormatEngShort(
-        kDecimals, direction > 0 ? SpinStepUp(value, factor) : SpinStepDown(value, factor))));
+    edit->setText(ToQString(FormatEngShort(kDecimals, SpinStep(value, direction, factor))));
 }
 
 void ToolWindow::followDesign(DesignHost& host) {
@@ -289,7 +281,7 @@ void ToolWindow::takeFrequency() {
 
 QString ToolWindow::resultText() const {
     QString text;
-    for (const Row& row : rows_) {
+    for (const FormRow& row : rows_) {
         if (row.field->isHidden()) continue;
         QStringList line{FieldText(row.field), row.unit->text()};
         text += row.label->text().remove('&') + '\t' + line.join(' ').trimmed() + '\n';

@@ -4,6 +4,8 @@
 #include <QString>
 #include <vector>
 
+#include "ui/form_row.h"
+
 class QComboBox;
 class QGridLayout;
 class QHBoxLayout;
@@ -19,13 +21,6 @@ class OutputEdit;
 /// Engineering text of an output, less the "0" that FormatEng puts in place of a prefix: behind
 /// three decimals it would read as a fourth. "-" and "infinite" for what is no finite number.
 QString EngineeringText(double value);
-
-/// Texts of a line in a tool window; the unit stands behind the field.
-struct RowTexts {
-    QString label;
-    QString unit;
-    QString hint;
-};
 
 /// A small window of the Tools menu: groups of labelled inputs and outputs, recalculated with every
 /// keystroke. A tool declares its rows and says in recalculate() what the outputs show; Copy,
@@ -103,23 +98,17 @@ class ToolWindow : public QDialog {
     virtual bool stepsValues() const { return true; }
 
   private:
-    struct Row {
-        QLabel* label;
-        QWidget* field;
-        QLabel* unit;
-    };
-
     template <typename Edit>
     Pair<Edit> addPair(const char* name, const QString& label);
     InputEdit* makeInput(const QString& name);
     OutputEdit* makeOutput(const QString& name);
-    const Row* rowOf(const QWidget* field) const;
+    const FormRow* rowOf(const QWidget* field) const;
     void step(InputEdit* edit, int direction);
     void takeFrequency();
     void colourNote();
     void copyResult();
 
-    std::vector<Row> rows_;
+    std::vector<FormRow> rows_;
     QHBoxLayout* columns_;
     QVBoxLayout* column_ = nullptr;
     QGridLayout* grid_ = nullptr;
