@@ -8,6 +8,7 @@
 #include "core/series.h"
 #include "design/cycle.h"
 #include "io/json_output.h"
+#include "io/text_table.h"
 
 // What there is to say about a calculated design, for people and for other programs.
 
@@ -66,8 +67,6 @@ Json JsonAchieved(const CycleResult& cycle);
 /// of values without a prefix goes, and "infinite" has no unit.
 std::string WithUnit(std::string text, std::string_view unit);
 std::string WithUnit(double value, std::string_view unit);
-
-using TextRows = std::vector<std::vector<std::string>>;
 
 /// Name, value and meaning of the inputs that the page works with: the shared ones where it does,
 /// then its own.

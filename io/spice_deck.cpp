@@ -1,17 +1,39 @@
 #include "io/spice_deck.h"
 
+#include <algorithm>
+
 #include "core/number_text.h"
 
 namespace kelvro {
 
-SpiceDeck::SpiceDeck(const ExportDesign& design) {
-    text_ = "Kelvro: " + design.title() + '\n';
+namespace {
+
+/// One line of plain ASCII; names of files may hold anything.
+std::string Plain(std::string_view text) {
+    std::string plain(text);
+    std::ranges::replace_if(
+        plain,
+        [](char c) {
+            const auto byte = static_cast<unsigned char>(c);
+            return byte >= 0x7F || byte < 0x20;
+        },
+        '?');
+    return plain;
+}
+
+}  // namespace
+
+SpiceDeck::SpiceDeck(std::string_view title) {
+    text_ = "Kelvro: " + Plain(title) + '\n';
+}
+
+SpiceDeck::SpiceDeck(const ExportDesign& design) : SpiceDeck(design.title()) {
     if (design.page().showsDuals(design.state)) comment("Inductors and capacitors interchanged");
     if (design.standardValues) comment("Standard values");
 }
 
 void SpiceDeck::comment(std::string_view text) {
-    text_ += "* " + std::string(text) + '\n';
+    text_ += "* " + Plain(text) + '\n';
 }
 
 void SpiceDeck::line(std::string_view text) {

@@ -10,6 +10,7 @@ namespace kelvro {
 /// A netlist in the making: title, lines, end. SPICE reads plain ASCII.
 class SpiceDeck {
   public:
+    explicit SpiceDeck(std::string_view title);
     explicit SpiceDeck(const ExportDesign& design);
 
     void comment(std::string_view text);

@@ -13,7 +13,7 @@ std::size_t Characters(const std::string& text) {
 
 }  // namespace
 
-std::string AlignedTable(const std::vector<std::vector<std::string>>& rows) {
+std::string AlignedTable(const TextRows& rows) {
     std::vector<std::size_t> widths;
     for (const auto& row : rows) {
         widths.resize(std::max(widths.size(), row.size()));

@@ -1,0 +1,184 @@
+#include "io/project_file.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "tests/temporary_folder.h"
+
+namespace kelvro {
+namespace {
+
+using Cx = std::complex<double>;
+using testing::HasSubstr;
+
+void Write(const std::filesystem::path& path, const std::string& text) {
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+std::string Read(const std::filesystem::path& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+std::shared_ptr<const PortData> Antenna() {
+    PortData data;
+    data.name = "antenna.s1p";
+    data.f = {1e9, 1.1e9, 2e9};
+    data.s = {{Cx(0.1, 1.0 / 3)}, {Cx(0.2, -0.7)}, {Cx(0.3, 0.4)}};
+    data.reference = {75, 75};
+    data.interpolation = Interpolation::MonotoneCubic;
+    return std::make_shared<const PortData>(data);
+}
+
+Network Example() {
+    Network network;
+    network.source = Cx(12, -45);
+    network.ladder = {
+        SeriesArm(Part::L(20.8e-9, "L1")), ShuntArm(Part::C(1e-12 / 3)), {Transformer{2}, "n2"}};
+    network.load = Impedance::Measured{Antenna()};
+    network.designFrequency = 1.5e9;
+    network.bands = {{1.2e9, 1.6e9}, {1.8e9, 1.9e9}};
+    network.caption = "Dipole";
+    return network;
+}
+
+TEST(ProjectFile, IsReadBackAsItWasWritten) {
+    const TemporaryFolder folder;
+    Project project;
+    project.network = Example();
+    ASSERT_EQ(WriteProject(folder / "a.kelvro", project).message(), "");
+    const auto read = ReadProject(folder / "a.kelvro");
+    ASSERT_TRUE(read.ok()) << read.message();
+    EXPECT_EQ(read->network, project.network);
+    EXPECT_TRUE(read->messages.empty());
+    EXPECT_FALSE(read->readOnly);
+}
+
+TEST(ProjectFile, KeepsWhatOthersWroteIntoIt) {
+    const TemporaryFolder folder;
+    const char* const text = R"({"version": 1, "window": {"zoom": [1, 2.5]},
+        "network": {"source": "50", "ladder": [], "load": "antenna.s1p", "tolerance": "E24"},
+        "data": {"antenna.s1p": {"touchstone": "# GHz S RI R 50\n1 0.1 0.2\n", "colour": "red"}}})";
+    Write(folder / "a.kelvro", text);
+    auto project = ReadProject(folder / "a.kelvro");
+    ASSERT_TRUE(project.ok()) << project.message();
+    project->network.source = 75;
+    ASSERT_TRUE(WriteProject(folder / "a.kelvro", *project).ok());
+    const Json written = Json::parse(Read(folder / "a.kelvro"));
+    EXPECT_EQ(written["window"]["zoom"][1], 2.5);
+    EXPECT_EQ(written["network"]["tolerance"], "E24");
+    EXPECT_EQ(written["network"]["source"], "75");
+    EXPECT_EQ(written["data"]["antenna.s1p"]["colour"], "red");
+    EXPECT_EQ(written.begin().key(), "version") << "keys stay in their order";
+}
+
+TEST(ProjectFile, LinksDataByARelativePath) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder / "parts");
+    Write(folder / "parts" / "antenna.s1p", "# GHz S RI R 50\n1 0.1 0.2\n2 0.3 0.4\n");
+    Write(folder / "a.kelvro", R"({"version": 1,
+        "network": {"source": "50", "ladder": [], "load": "whip"},
+        "data": {"whip": {"path": "parts/antenna.s1p"}}})");
+    // A name without ending has to be quoted in texts.
+    EXPECT_THAT(ReadProject(folder / "a.kelvro").message(), HasSubstr("network.load: column 1"));
+    Write(folder / "a.kelvro", R"({"version": 1,
+        "network": {"source": "50", "ladder": [], "load": "\"whip\""},
+        "data": {"whip": {"path": "parts/antenna.s1p"}}})");
+    auto project = ReadProject(folder / "a.kelvro");
+    ASSERT_TRUE(project.ok()) << project.message();
+    ASSERT_TRUE(WriteProject(folder / "a.kelvro", *project).ok());
+    const Json entry = Json::parse(Read(folder / "a.kelvro"))["data"]["whip"];
+    EXPECT_EQ(entry["path"], "parts/antenna.s1p");
+    EXPECT_THAT(entry["checksum"].get<std::string>(), testing::StartsWith("sha256:"));
+    EXPECT_FALSE(entry.contains("touchstone"));
+    EXPECT_TRUE(ReadProject(folder / "a.kelvro")->messages.empty());
+    Write(folder / "parts" / "antenna.s1p", "# GHz S RI R 50\n1 0.1 0.2\n2 0.3 0.5\n");
+    const auto changed = ReadProject(folder / "a.kelvro");
+    ASSERT_TRUE(changed.ok());
+    ASSERT_EQ(changed->messages.size(), 1U);
+    EXPECT_EQ(changed->messages[0], "whip has changed since a.kelvro was saved");
+}
+
+TEST(ProjectFile, OfALaterVersionIsLookedAtOnly) {
+    const TemporaryFolder folder;
+    const std::string text = R"({"version": 2, "network": {"source": "50", "load": "75"}})";
+    Write(folder / "a.kelvro", text);
+    auto project = ReadProject(folder / "a.kelvro");
+    ASSERT_TRUE(project.ok()) << project.message();
+    EXPECT_TRUE(project->readOnly);
+    EXPECT_THAT(project->messages.at(0), HasSubstr("later version"));
+    EXPECT_EQ(project->network.load, Impedance(75));
+    EXPECT_FALSE(WriteProject(folder / "a.kelvro", *project).ok());
+    EXPECT_EQ(Read(folder / "a.kelvro"), text);
+}
+
+TEST(ProjectFile, ThatCannotBeWrittenLeavesTheOldOne) {
+    const TemporaryFolder folder;
+    Project project;
+    std::filesystem::create_directory(folder / "taken.kelvro");
+    EXPECT_THAT(WriteProject(folder / "taken.kelvro", project).message(),
+                HasSubstr("Cannot write"));
+    EXPECT_FALSE(WriteProject(folder / "no folder" / "a.kelvro", project).ok());
+    EXPECT_FALSE(WriteProject("/dev/full", project).ok());
+    EXPECT_TRUE(std::filesystem::is_empty(folder / "taken.kelvro"));
+}
+
+struct FaultyProject {
+    const char* text;
+    const char* message;
+};
+
+void PrintTo(const FaultyProject& c, std::ostream* out) {
+    *out << c.text;
+}
+
+class FaultyProjects : public testing::TestWithParam<FaultyProject> {};
+
+TEST_P(FaultyProjects, AreRefusedWithTheirPlace) {
+    const auto read = ParseProject(GetParam().text, {}, "a.kelvro");
+    ASSERT_FALSE(read.ok());
+    EXPECT_THAT(read.message(), testing::StartsWith("a.kelvro, "));
+    EXPECT_THAT(read.message(), HasSubstr(GetParam().message));
+    EXPECT_EQ(read.message().find('\n'), std::string::npos);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Faults, FaultyProjects,
+    testing::Values(
+        FaultyProject{"", "line 1: this is not JSON"},
+        FaultyProject{"{\"version\": 1,\n\n \"network\": }", "line 3: this is not JSON"},
+        FaultyProject{"[]", "expected a JSON object"},
+        FaultyProject{"{}", "version: expected the version"},
+        FaultyProject{R"({"version": "1"})", "version: expected"},
+        FaultyProject{R"({"version": 1})", "network: expected an object with source"},
+        FaultyProject{R"({"version": 1, "network": {"source": 50}})", "source: expected"},
+        FaultyProject{R"({"version": 1, "network": {"source": "50", "load": "5x"}})",
+                      "network.load: column 2"},
+        FaultyProject{R"({"version": 1, "network": {"source": "50", "load": "no.s1p"}})",
+                      "network.load: column 1: there is no file \"no.s1p\""},
+        FaultyProject{R"({"version": 1, "network": {"source": "50", "load": "50",
+                          "ladder": ["series: L=1n", "shunt C=1p"]}})",
+                      "network.ladder[1]: column 1"},
+        FaultyProject{R"({"version": 1, "network": {"source": "50", "load": "50",
+                          "ladder": {}}})",
+                      "ladder: expected a list"},
+        FaultyProject{R"({"version": 1, "network": {"source": "50", "load": "50",
+                          "designFrequency": -1}})",
+                      "designFrequency: expected a frequency"},
+        FaultyProject{R"({"version": 1, "network": {"source": "50", "load": "50",
+                          "bands": [{"low": 2, "high": 1}]}})",
+                      "network.bands[0]: expected low"},
+        FaultyProject{R"({"version": 1, "data": {"a.s1p": {}}})",
+                      "data.a.s1p: expected \"touchstone\" or \"path\""},
+        FaultyProject{R"({"version": 1, "data": {"a.s1p": {"touchstone": "1 2"}}})",
+                      "data.a.s1p: a.s1p, line 1"},
+        FaultyProject{R"({"version": 1, "data": {"a.s1p":
+                          {"touchstone": "1 0 0", "interpolation": 3}}})",
+                      "data.a.s1p.interpolation: expected"}));
+
+}  // namespace
+}  // namespace kelvro
