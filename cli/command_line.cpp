@@ -11,9 +11,11 @@ namespace kelvro {
 namespace {
 
 constexpr void (*kCommands[])(CLI::App&, Session&) = {
-    AddNumberCommand, AddSeriesCommand,    AddPagesCommand, AddDesignCommand,   AddResponseCommand,
-    AddExportCommand, AddTourCommand,      AddGuideCommand, AddProposeCommand,  AddPlotCommand,
-    AddTableCommand,  AddToleranceCommand, AddGoalCommand,  AddOptimizeCommand,
+    AddNumberCommand,   AddSeriesCommand,   AddPagesCommand,      AddDesignCommand,
+    AddResponseCommand, AddExportCommand,   AddTourCommand,       AddGuideCommand,
+    AddProposeCommand,  AddPlotCommand,     AddTableCommand,      AddToleranceCommand,
+    AddGoalCommand,     AddOptimizeCommand, AddTouchstoneCommand, AddAnalyzeCommand,
+    AddMatchCommand,
 };
 
 /// Commands whose arguments are texts of any kind: "-2e2" is a number there and no option.

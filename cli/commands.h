@@ -24,5 +24,8 @@ void AddTableCommand(CLI::App& app, Session& session);
 void AddGoalCommand(CLI::App& app, Session& session);
 void AddOptimizeCommand(CLI::App& app, Session& session);
 void AddToleranceCommand(CLI::App& app, Session& session);
+void AddAnalyzeCommand(CLI::App& app, Session& session);
+void AddMatchCommand(CLI::App& app, Session& session);
+void AddTouchstoneCommand(CLI::App& app, Session& session);
 
 }  // namespace kelvro

@@ -2,9 +2,12 @@
 
 #include "cli/commands.h"
 #include "cli/design_run.h"
+#include "cli/network_options.h"
+#include "cli/sweep_options.h"
 #include "core/number_text.h"
 #include "io/atomic_file.h"
 #include "io/exports.h"
+#include "io/network_exports.h"
 
 namespace kelvro {
 
@@ -12,6 +15,7 @@ namespace {
 
 struct ExportOptions {
     std::shared_ptr<DesignOptions> design;
+    NetworkOptions network;
     std::string format = "listing";
     std::string from;
     std::string to;
@@ -63,8 +67,34 @@ std::variant<std::string, Problem> ContentOf(const ExportOptions& options,
     return format.content(std::get<ExportDesign>(prepared), range);
 }
 
+/// A network of a project file; its range is that of its bands, its frequency or its data.
+std::variant<std::string, Problem> NetworkContentOf(const ExportOptions& options,
+                                                    Session& session) {
+    const auto read = NetworkOf(options.network, session);
+    if (const auto* problem = std::get_if<Problem>(&read)) return *problem;
+    const auto& network = std::get<Network>(read);
+    const NetworkFormat& format = *FindNetworkFormat(options.format);
+    ExportRange range = RangeOf(options, 0);
+    if (!format.range) return format.content(network, range);
+    const SweepOptions sweep{{options.from, options.to, false}, options.range.points};
+    const auto frequencies = FrequenciesOf(sweep, network);
+    if (const auto* problem = std::get_if<Problem>(&frequencies)) return *problem;
+    range.from = std::get<std::vector<double>>(frequencies).front();
+    range.to = std::get<std::vector<double>>(frequencies).back();
+    if (const auto problem = RangeProblem(range)) return Problem{ExitCode::Usage, *problem};
+    return format.content(network, range);
+}
+
+std::variant<std::string, Problem> AnyContentOf(const ExportOptions& options, Session& session) {
+    const bool page = !options.design->page.empty();
+    const bool network = !options.network.file.empty();
+    if (page == network) return Problem{ExitCode::Usage, "PAGE or --network is required"};
+    return network ? NetworkContentOf(options, session)
+                   : ContentOf(options, *FindExportFormat(options.format), session);
+}
+
 ExitCode Export(const ExportOptions& options, Session& session) {
-    const auto outcome = ContentOf(options, *FindExportFormat(options.format), session);
+    const auto outcome = AnyContentOf(options, session);
     if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
     const auto& content = std::get<std::string>(outcome);
     if (options.file.empty()) {
@@ -96,10 +126,12 @@ void AddRangeOptions(CLI::App& command, ExportOptions& options) {
 }  // namespace
 
 void AddExportCommand(CLI::App& app, Session& session) {
-    CLI::App* command =
-        app.add_subcommand("export", "Design in a form that other tools read: " + FormatKeys());
+    CLI::App* command = app.add_subcommand(
+        "export", "Design or network in a form that other tools read: " + FormatKeys());
     auto options = std::make_shared<ExportOptions>();
     options->design = AddDesignOptions(*command);
+    command->get_option("PAGE")->required(false);
+    AddNetworkOptions(*command, options->network, false);
     command->add_option("--format", options->format, "One of: " + FormatKeys())
         ->capture_default_str()
         ->check(FormatProblem)

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <CLI/App.hpp>
+#include <string>
+
+#include "cli/network_options.h"
+#include "cli/session.h"
+
+namespace kelvro {
+
+/// What is to be matched, and how.
+struct MatchOptions {
+    NetworkOptions ends;  ///< source and load only
+    bool json = false;
+
+    std::string at;  ///< exact at this frequency
+    std::string topology = "l";
+    std::string Q;
+};
+
+/// Declares --at, --topology and --q.
+void AddExactMatchOptions(CLI::App& command, MatchOptions& options);
+
+/// The exact solutions at one frequency.
+ExitCode MatchAtFrequency(const MatchOptions& options, Session& session);
+
+}  // namespace kelvro

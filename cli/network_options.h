@@ -1,0 +1,38 @@
+#pragma once
+
+#include <CLI/App.hpp>
+#include <memory>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "cli/session.h"
+#include "network/network.h"
+
+namespace kelvro {
+
+/// A network as given on the command line: texts, or a project file whose terminations may be
+/// replaced.
+struct NetworkOptions {
+    std::string file;
+    std::string source;
+    std::string load;
+    std::vector<std::string> elements;
+};
+
+/// Declares --source and --load.
+void AddTerminationOptions(CLI::App& command, NetworkOptions& options);
+/// Declares --network, --source, --load and, if wanted, ELEMENT.
+void AddNetworkOptions(CLI::App& command, NetworkOptions& options, bool elements);
+
+/// The network of the options; remarks about its files go to the session. Texts that cannot be read
+/// are wrong usage, files that cannot be read a failure.
+std::variant<Network, Problem> NetworkOf(const NetworkOptions& options, Session& session);
+
+/// Why [low, high] is outside the data; nothing where it is inside.
+std::optional<Problem> OutsideData(const Network& network, double low, double high);
+
+/// Tells the session where the data between two frequencies are coarse or active.
+void TellDataWarnings(const Network& network, double low, double high, Session& session);
+
+}  // namespace kelvro
