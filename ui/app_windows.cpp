@@ -25,6 +25,7 @@
 #include "ui/tol_dlg.h"
 #include "ui/tools/tool_window.h"
 #include "ui/tools/tool_windows.h"
+#include "ui/workbench/network_window.h"
 
 namespace kelvro {
 
@@ -77,6 +78,7 @@ constexpr std::array kWindows = {
     WindowEntry{"THilfeBox", StartStage::BehindSplash, Dialog<THilfeBox>},
     WindowEntry{"TSweepDlg", StartStage::BehindSplash, Dialog<TSweepDlg>},
     WindowEntry{"TExportDlg", StartStage::BehindSplash, Dialog<TExportDlg>, "files"},
+    WindowEntry{"NetworkWindow", StartStage::WhenOpened, FreeWindow<NetworkWindow>},
 };
 
 // clang-format off
@@ -99,6 +101,8 @@ constexpr std::array kLinks = {
     WindowLink{"ButtonGuide", "TFormGuideGXL"},
     WindowLink{"Info1", "TAboutBox"},
     WindowLink{"ButtonDetails", "TInfoDlg"},
+    WindowLink{"Network1", "NetworkWindow"},
+    WindowLink{"NetworkBtn", "NetworkWindow"},
 };
 // clang-format on
 

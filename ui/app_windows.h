@@ -14,8 +14,8 @@ namespace kelvro {
 class DesignSession;
 
 /// When a window is made: the plot windows and dialogs with the main window, the boxes behind the
-/// splash screen.
-enum class StartStage : unsigned char { BeforeSplash, BehindSplash };
+/// splash screen, what not everybody uses when it is asked for.
+enum class StartStage : unsigned char { BeforeSplash, BehindSplash, WhenOpened };
 
 /// A control of the main window (button or menu item) and the window that it opens.
 struct WindowLink {

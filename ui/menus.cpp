@@ -58,6 +58,7 @@ constexpr std::array kToolItems = {
     Item{"GemischteKreise1", "Mixed Series/Parallel Circuits"},
     Item{"Dezibelrechnung1", "&Decibel Calculations"},
     Item{"Zweitore1", "&Two-Ports"},
+    Item{"Network1", "&Network"},
 };
 
 constexpr std::array kHelpItems = {
@@ -156,6 +157,8 @@ constexpr std::array kButtons = {
     Button{"", "", "", ""},
     Button{"SpeedButtonOptSettings", "optimize", "Optimization", "Optimization"},
     Button{"SpeedButtonGlobalOpt", "global", "Global Opt", "Global Opt"},
+    Button{"", "", "", ""},
+    Button{"NetworkBtn", "network", "Network", "Networks between any source and load, Smith chart"},
     Button{"", "", "", ""},
     Button{"SpeedButtonInfo", "info", "Info", "Sugestions for circuit topology"},
 };

@@ -54,6 +54,10 @@ constexpr std::array kDrawings = {
     Drawing{"info",
             "<path d='M12 3a6.5 6.5 0 0 0-3.5 12v2.5h7V15A6.5 6.5 0 0 0 12 3z' "
             "stroke='#e67700'/><path d='M9.5 20.5h5' stroke='ink'/>"},
+    Drawing{"network",
+            "<circle cx='12' cy='12' r='9' stroke='ink'/><circle cx='16.5' cy='12' r='4.5' "
+            "stroke='#1c7ed6'/><path d='M3 12h18' stroke='ink'/><path d='M21 12a9 9 0 0 1-9-9' "
+            "stroke='#c92a2a'/>"},
     Drawing{"optimize",
             "<path d='M3 5c3 12 6 14 9 14s6-2 9-14' stroke='ink'/><circle cx='12' cy='16.5' "
             "r='2' stroke='#c92a2a' fill='#c92a2a'/><path d='M5.5 5.5l4.5 6M10 8.2v3.3H6.8' "

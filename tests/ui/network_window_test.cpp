@@ -1,0 +1,275 @@
+// The Network window, driven as a user drives it.
+
+#include <QAction>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QSlider>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <cmath>
+
+#include "network/ladder_response.h"
+#include "tests/ui/plot_fixture.h"
+#include "ui/workbench/network_window.h"
+#include "ui/workbench/smith_view.h"
+#include "ui/workbench/sweep_view.h"
+
+using namespace kelvro;
+
+namespace {
+
+/// 100 ohm to 200 - j100 at 500 MHz, whose L section is 38.985 nH and 0.92277 pF.
+constexpr double kFrequency = 500e6;
+
+class Window {
+  public:
+    Window() {
+        qputenv("XDG_CONFIG_HOME", folder_.path().toLocal8Bit());
+        qputenv("XDG_STATE_HOME", folder_.path().toLocal8Bit());
+        window_ = std::make_unique<NetworkWindow>(host_);
+        window_->setMessageSink([this](const QString& text) { messages << text; });
+        window_->resize(1024, 600);
+        window_->show();
+        if (!QTest::qWaitForWindowExposed(window_.get())) qFatal("the window does not show");
+        type("SourceEingabe", "100");
+        type("LoadEingabe", "200-j100");
+        type("FrequencyEingabe", "500M");
+    }
+    ~Window() { window_->model().markSaved(); }
+
+    NetworkWindow& operator*() { return *window_; }
+    NetworkWindow* operator->() { return window_.get(); }
+    NetworkModel& model() { return window_->model(); }
+    QString path(const char* name) const { return folder_.filePath(QLatin1String(name)); }
+
+    template <typename Widget>
+    Widget& find(const char* name) {
+        auto* found = window_->findChild<Widget*>(QLatin1String(name));
+        if (!found) qFatal("no control %s", name);
+        return *found;
+    }
+    void trigger(const char* action) { find<QAction>(action).trigger(); }
+
+    void type(const char* edit, const char* text) {
+        auto& field = find<QLineEdit>(edit);
+        field.setFocus();
+        field.selectAll();
+        QTest::keyClicks(&field, QLatin1String(text));
+    }
+
+    /// Adds an element by its button and types its text over it.
+    void addElement(const char* action, const char* text) {
+        trigger(action);
+        auto& list = find<QListWidget>("LadderList");
+        list.setCurrentRow(list.count() - 1);
+        list.editItem(list.currentItem());
+        auto* editor = list.viewport()->findChild<QLineEdit*>();
+        if (!editor) qFatal("the list does not edit");
+        editor->selectAll();
+        QTest::keyClicks(editor, QLatin1String(text));
+        QTest::keyClick(editor, Qt::Key_Return);
+        QTest::qWait(1);  // the editor hands its text on behind the key
+    }
+    void addLowPass() {
+        addElement("ButtonSeriesL", "series: L1=20n");
+        addElement("ButtonShuntC", "shunt: C1=0.92277p");
+    }
+
+    double value(std::size_t index) {
+        const auto& ladder = model().network().ladder;
+        return ValueOf(ladder, TunablesOf(ladder).at(index));
+    }
+
+    QStringList messages;
+
+  private:
+    QTemporaryDir folder_;
+    Host host_;
+    std::unique_ptr<NetworkWindow> window_;
+};
+
+double Gain(Window& window) {
+    return LadderResponse(window.model().network()).GT(kFrequency);
+}
+
+}  // namespace
+
+class NetworkWindowTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void typedTextsBecomeTheNetwork() {
+        Window window;
+        window.addLowPass();
+        const Network& network = window.model().network();
+        QCOMPARE(network.ladder.size(), std::size_t(2));
+        QCOMPARE(window.value(0), 20e-9);
+        QCOMPARE(window.value(1), 0.92277e-12);
+        QCOMPARE(impedance(network.load, kFrequency), std::complex<double>(200, -100));
+        QCOMPARE(network.designFrequency, kFrequency);
+    }
+
+    void aTextThatCannotBeReadChangesNothingAndSaysWhere() {
+        Window window;
+        const Network before = window.model().network();
+        window.type("LoadEingabe", "200 + ");
+        QCOMPARE(impedance(window.model().network().load, 1e6), std::complex<double>(200, 0));
+        auto& problem = window.find<QLabel>("LoadEingabeProblem");
+        QVERIFY(problem.isVisible() && problem.text().contains("column"));
+        window.type("BandsEingabe", "130M:70M");
+        QVERIFY(window.find<QLabel>("NetworkProblem").isVisible());
+        QCOMPARE(window.model().network().bands, before.bands);
+    }
+
+    void draggingANodeTunesItsPartInOneStep() {
+        Window window;
+        window.addLowPass();
+        SmithView& chart = window->chart();
+        const QPointF from = chart.nodePosition(1);
+        const auto [x, y] = chart.frame().place(0);
+        QTest::mousePress(&chart, Qt::LeftButton, {}, from.toPoint());
+        for (int i = 1; i <= 5; ++i) {
+            const QPointF at = from + (QPointF(x, y) - from) * i / 5;
+            QTest::mouseMove(&chart, at.toPoint());
+            QTest::qWait(1);
+        }
+        // The plots follow while the button is down.
+        QVERIFY(window.value(0) > 35e-9);
+        QTest::mouseRelease(&chart, Qt::LeftButton, {}, QPoint(int(x), int(y)));
+        QVERIFY2(std::fabs(window.value(0) / 38.985e-9 - 1) < 0.02,
+                 qPrintable(QString::number(window.value(0))));
+        QVERIFY(Gain(window) > 0.999);
+        QVERIFY(window.find<QAction>("NetworkUndo").text().contains("L1"));
+        window.trigger("NetworkUndo");
+        QCOMPARE(window.value(0), 20e-9);
+        window.trigger("NetworkRedo");
+        QVERIFY(window.value(0) > 35e-9);
+    }
+
+    void escapeTakesADragBack() {
+        Window window;
+        window.addLowPass();
+        SmithView& chart = window->chart();
+        const QPoint from = chart.nodePosition(1).toPoint();
+        QTest::mousePress(&chart, Qt::LeftButton, {}, from);
+        QTest::mouseMove(&chart, from + QPoint(30, -40));
+        QTest::qWait(1);
+        QVERIFY(window.value(0) != 20e-9);
+        QTest::keyClick(&chart, Qt::Key_Escape);
+        QTest::mouseRelease(&chart, Qt::LeftButton, {}, from + QPoint(30, -40));
+        QCOMPARE(window.value(0), 20e-9);
+        QVERIFY(!window.find<QAction>("NetworkUndo").text().contains("Drag"));
+    }
+
+    void keysWalkTheNodesAndChangeValues() {
+        Window window;
+        window.addLowPass();
+        SmithView& chart = window->chart();
+        chart.setFocus();
+        // From the load: C1, then L1; the list may have chosen one before.
+        window.model().select(std::nullopt);
+        QTest::keyClick(&chart, Qt::Key_Tab);
+        QTest::keyClick(&chart, Qt::Key_Tab);
+        QVERIFY(chart.hasFocus());
+        QTest::keyClick(&chart, Qt::Key_Up);
+        QCOMPARE(window.value(0), 20e-9 * 1.01);
+        QTest::keyClick(&chart, Qt::Key_Up, Qt::ShiftModifier);
+        QCOMPARE(window.value(0), 22e-9);  // the next of E24
+    }
+
+    void slidersMoveValuesAndGangedOnesTogether() {
+        Window window;
+        window.addLowPass();
+        window.find<QCheckBox>("Gang1").click();
+        window.find<QCheckBox>("Gang2").click();
+        window.find<QSlider>("Slider1").setValue(250);
+        const double ratio = window.value(0) / 20e-9;
+        QVERIFY(ratio > 1.5);
+        QVERIFY(std::fabs(window.value(1) / 0.92277e-12 / ratio - 1) < 1e-9);
+        window.type("Value1", "27n");
+        QCOMPARE(window.value(0), 27e-9);
+    }
+
+    void elementsMoveAndGoByKeyboard() {
+        Window window;
+        window.addLowPass();
+        auto& list = window.find<QListWidget>("LadderList");
+        list.setCurrentRow(0);
+        list.setFocus();
+        QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
+        QVERIFY(list.item(0)->text().startsWith("shunt"));
+        QTest::keyClick(&list, Qt::Key_Delete);
+        QCOMPARE(list.count(), 1);
+        window.trigger("NetworkUndo");
+        window.trigger("NetworkUndo");
+        QVERIFY(list.item(0)->text().startsWith("series"));
+    }
+
+    void snapshotsStandBesideThePresentNetwork() {
+        Window window;
+        window.addLowPass();
+        window.trigger("NetworkSnapshot");
+        window.type("Value1", "39n");
+        auto& table = window.find<QTableWidget>("SnapshotTable");
+        QCOMPARE(table.columnCount(), 3);
+        QVERIFY(table.item(2, 2)->text().contains("20n"));
+        auto& plot = window.find<SweepView>("Plot1");
+        QCOMPARE(plot.picture().curves.size(), std::size_t(2));
+        table.item(0, 2)->setCheckState(Qt::Unchecked);
+        QCOMPARE(plot.picture().curves.size(), std::size_t(1));
+    }
+
+    void refiningRaisesTheWorstGainAndKeepsWhatIsLocked() {
+        Window window;
+        window.addLowPass();
+        window.type("BandsEingabe", "480M:520M");
+        const double before = *window.model().worstGainDb();
+        window.find<QCheckBox>("Lock2").click();
+        window.trigger("NetworkRefine");
+        QVERIFY(*window.model().worstGainDb() > before + 0.3);
+        QCOMPARE(window.value(1), 0.92277e-12);
+        QVERIFY2(window.messages.isEmpty(), qPrintable(window.messages.join('\n')));
+    }
+
+    void aProjectComesBackAsItWasWritten() {
+        Window window;
+        window.addLowPass();
+        window.type("BandsEingabe", "480M:520M");
+        const Network written = window.model().network();
+        const QString file = window.path("a match.kelvro");
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            dialog->selectFile(file);
+            dialog->findChild<QLineEdit*>()->setText(file);
+            static_cast<QDialog*>(dialog)->accept();
+        });
+        window.trigger("NetworkSaveAs");
+        QVERIFY(QFile::exists(file));
+        QVERIFY(!window->windowTitle().contains('*'));
+        window.type("LoadEingabe", "75");
+        QVERIFY(window->windowTitle().contains('*'));
+        QVERIFY(window->openFile(file));
+        QVERIFY(window.model().network() == written);
+        QVERIFY(!window->openFile(window.path("no such file.kelvro")));
+        QCOMPARE(window.messages.size(), 1);
+    }
+
+    void theCommandLineSaysWhatIsOnTheScreen() {
+        Window window;
+        window.addLowPass();
+        window.trigger("NetworkCopyCommand");
+        const QString call = QApplication::clipboard()->text();
+        QVERIFY2(
+            call.startsWith("kelvro-cli analyze 'series: L1=") && call.contains("--source '100'"),
+            qPrintable(call));
+    }
+};
+
+QTEST_MAIN(NetworkWindowTest)
+#include "network_window_test.moc"

@@ -1,0 +1,119 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/history.h"
+#include "core/series.h"
+#include "network/ladder_response.h"
+#include "network/network.h"
+#include "network/tunable.h"
+#include "plot/picture.h"
+
+namespace kelvro {
+
+/// A named variant beside the present network, kept to compare with.
+struct Snapshot {
+    QString name;
+    Network network;
+    Rgb colour;
+    bool shown = true;
+};
+
+/// The network that the Network window shows, and the one door through which it changes. Every view
+/// of the window reads it from here and nowhere else.
+class NetworkModel : public QObject {
+    Q_OBJECT
+
+  public:
+    explicit NetworkModel(QObject* parent = nullptr);
+
+    const Network& network() const { return history_.present(); }
+
+    /// Replaces the network by a changed copy. `name` stands in Edit > Undo; changes of one key
+    /// that follow each other are one step.
+    void edit(const QString& name, const std::function<void(Network&)>& change,
+              const QString& key = {});
+    /// One number of the ladder; within a drag all moves are one step.
+    void setValue(const Tunable& at, double value);
+    /// Another network as a step that can be undone: taken from a page, a search, a snapshot.
+    void take(const QString& name, Network network);
+    /// Another document: nothing left to undo.
+    void open(Network network);
+
+    // A drag: its moves are shown at once and are one step; cancelled it was none.
+    void beginDrag(const QString& name);
+    void endDrag(bool keep);
+    bool dragging() const { return drag_.has_value(); }
+
+    void undo();
+    void redo();
+    const History<Network>& history() const { return history_; }
+
+    /// Changed since the file was written?
+    bool modified() const { return !(network() == saved_); }
+    void markSaved() { saved_ = network(); }
+
+    const std::vector<Snapshot>& snapshots() const { return snapshots_; }
+    void addSnapshot(const QString& name);
+    void setSnapshots(std::vector<Snapshot> snapshots);
+    void removeSnapshot(std::size_t index);
+    void showSnapshot(std::size_t index, bool shown);
+    void renameSnapshot(std::size_t index, const QString& name);
+
+    /// The design whose ghost the chart shows; none until one was frozen.
+    const std::optional<Network>& ghost() const { return ghost_; }
+    void freeze();
+    void unfreeze();
+
+    /// Numbers that refining and centring leave alone.
+    bool locked(const Tunable& at) const;
+    void setLocked(const Tunable& at, bool on);
+
+    /// What is selected in list, chart and sliders alike; nothing, or a number of the ladder.
+    const std::optional<Tunable>& selected() const { return selected_; }
+    void select(std::optional<Tunable> at);
+
+    /// The frequency of path and exact matches: the chosen one, the middle of the bands, or 100
+    /// MHz.
+    double designFrequency() const;
+    /// Where the plots reach: the bands with half their width to each side, or a decade around the
+    /// design frequency.
+    FrequencyBand plotRange() const;
+    /// Lowest GT over the bands in dB; nothing without bands or values in them.
+    std::optional<double> worstGainDb() const { return WorstGainDb(network()); }
+
+    /// The same of any network, on 41 points a band.
+    static std::optional<double> WorstGainDb(const Network& network);
+
+  signals:
+    /// The network, or what belongs to it, has changed: views show it anew.
+    void changed();
+    void snapshotsChanged();
+    void selectionChanged();
+
+  private:
+    struct Drag {
+        QString name;
+        Network before;
+    };
+
+    History<Network> history_;
+    Network saved_;
+    std::vector<Snapshot> snapshots_;
+    std::optional<Network> ghost_;
+    std::vector<Tunable> locked_;
+    std::optional<Tunable> selected_;
+    std::optional<Drag> drag_;
+    int drags_ = 0;
+    int taken_ = 0;  ///< snapshots so far, for their colours
+};
+
+/// 50 ohm to 50 ohm around 100 MHz, straight through: what a new window shows.
+Network StartNetwork();
+
+}  // namespace kelvro

@@ -1,0 +1,422 @@
+#include "ui/workbench/network_window.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QEvent>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
+
+#include "core/number_text.h"
+#include "ui/fields.h"
+#include "ui/plot/design_host.h"
+#include "ui/workbench/ladder_panel.h"
+#include "ui/workbench/slider_panel.h"
+#include "ui/workbench/smith_view.h"
+#include "ui/workbench/sweep_view.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr int kAutosavePause = 3000;  // ms after the last change
+constexpr double kLowestFrequency = 1e-3;
+constexpr double kHighestFrequency = 1e13;
+
+QString Text(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+std::string Trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos) return {};
+    return std::string(text.substr(first, text.find_last_not_of(" \t") - first + 1));
+}
+
+}  // namespace
+
+Result<std::vector<FrequencyBand>> ParseBands(const std::string& text) {
+    std::vector<FrequencyBand> bands;
+    std::string_view rest = text;
+    while (!Trimmed(rest).empty()) {
+        const std::size_t comma = rest.find(',');
+        const std::string one = Trimmed(rest.substr(0, comma));
+        rest = comma == std::string_view::npos ? std::string_view() : rest.substr(comma + 1);
+        const std::size_t colon = one.find_first_of(":-");
+        if (colon == std::string::npos)
+            return Status::Failure('"' + one + "\" is no band: write 70M:130M");
+        const FrequencyBand band{ParseValue(one.substr(0, colon)),
+                                 ParseValue(one.substr(colon + 1))};
+        if (!(band.low >= kLowestFrequency && band.high > band.low &&
+              band.high <= kHighestFrequency))
+            return Status::Failure('"' + one + "\" does not rise");
+        bands.push_back(band);
+    }
+    return bands;
+}
+
+std::string BandsText(const std::vector<FrequencyBand>& bands) {
+    std::string text;
+    for (const FrequencyBand& band : bands) {
+        if (!text.empty()) text += ", ";
+        text += FormatEngShort(2, band.low) + ':' + FormatEngShort(2, band.high);
+    }
+    return text;
+}
+
+NetworkWindow::NetworkWindow(DesignHost& host, QWidget* parent)
+    : QMainWindow(parent), host_(host), autosaveTimer_(new QTimer(this)) {
+    setObjectName(QStringLiteral("NetworkWindow"));
+    setAcceptDrops(true);
+    message_ = [this](const QString& text) { host_.showMessage(text); };
+    buildContents();
+    buildMenus();
+    connect(&model_, &NetworkModel::changed, this, &NetworkWindow::showModel);
+    connect(&model_, &NetworkModel::snapshotsChanged, this, &NetworkWindow::showSnapshots);
+    autosaveTimer_->setSingleShot(true);
+    autosaveTimer_->setInterval(kAutosavePause);
+    connect(autosaveTimer_, &QTimer::timeout, this, &NetworkWindow::autosave);
+    restorePlace();
+    showModel();
+}
+
+NetworkWindow::~NetworkWindow() {
+    // The views speak to the model once more when they lose the focus; it is to be there still.
+    delete takeCentralWidget();
+}
+
+// ---------------------------------------------------------------- contents
+
+void NetworkWindow::buildContents() {
+    split_ = new QSplitter(Qt::Horizontal);
+    split_->setObjectName(QStringLiteral("NetworkSplit"));
+    split_->setChildrenCollapsible(false);
+    split_->addWidget(buildNetworkSide());
+    chart_ = new SmithView(model_);
+    split_->addWidget(chart_);
+    split_->addWidget(buildPlotSide());
+    split_->setStretchFactor(0, 0);
+    split_->setStretchFactor(1, 3);
+    split_->setStretchFactor(2, 2);
+    setCentralWidget(split_);
+    statusBar()->setObjectName(QStringLiteral("NetworkStatus"));
+    connect(chart_, &SmithView::hovered, statusBar(),
+            [this](const QString& text) { statusBar()->showMessage(text); });
+    for (SweepView* plot : plots_)
+        connect(plot, &SweepView::hovered, statusBar(),
+                [this](const QString& text) { statusBar()->showMessage(text); });
+    connect(sliders_, &SliderPanel::seriesChosen, this, &NetworkWindow::chooseSeries);
+}
+
+QWidget* NetworkWindow::buildNetworkSide() {
+    auto* side = new QWidget;
+    side->setMinimumWidth(230);
+    auto* column = new QVBoxLayout(side);
+    column->setContentsMargins(6, 6, 2, 6);
+    column->addWidget(new TerminationEdit("SourceEingabe", tr("So&urce"), model_, &Network::source,
+                                          data_.loader()));
+    ladder_ = new LadderPanel(model_, data_.loader());
+    column->addWidget(ladder_, 1);
+    column->addWidget(
+        new TerminationEdit("LoadEingabe", tr("&Load"), model_, &Network::load, data_.loader()));
+    auto* form = new QFormLayout;
+    frequency_ = new QLineEdit;
+    frequency_->setObjectName(QStringLiteral("FrequencyEingabe"));
+    SetHint(*frequency_, tr("Frequency of the path on the chart and of Match here; empty: the "
+                            "middle of the bands"));
+    bands_ = new QLineEdit;
+    bands_->setObjectName(QStringLiteral("BandsEingabe"));
+    SetHint(*bands_, tr("Where the network has to work: 70M:130M, 400M:410M"));
+    form->addRow(tr("&Frequency"), frequency_);
+    form->addRow(tr("&Bands"), bands_);
+    column->addLayout(form);
+    problem_ = new QLabel;
+    problem_->setObjectName(QStringLiteral("NetworkProblem"));
+    problem_->setWordWrap(true);
+    problem_->hide();
+    column->addWidget(problem_);
+    connect(ladder_, &LadderPanel::problem, this, [this](const QString& text) {
+        problem_->setText(text);
+        problem_->setVisible(!text.isEmpty());
+    });
+    connect(frequency_, &QLineEdit::textEdited, this, &NetworkWindow::applyFrequency);
+    connect(frequency_, &QLineEdit::editingFinished, this, &NetworkWindow::showModel);
+    connect(bands_, &QLineEdit::textEdited, this, &NetworkWindow::applyBands);
+    connect(bands_, &QLineEdit::editingFinished, this, &NetworkWindow::showModel);
+    return side;
+}
+
+QWidget* NetworkWindow::buildPlotSide() {
+    right_ = new QSplitter(Qt::Vertical);
+    right_->setObjectName(QStringLiteral("PlotSplit"));
+    right_->setChildrenCollapsible(false);
+    plots_ = {new SweepView("Plot1", "gt", model_), new SweepView("Plot2", "rl", model_)};
+    for (SweepView* plot : plots_) right_->addWidget(plot);
+    auto* tabs = new QTabWidget;
+    tabs->setObjectName(QStringLiteral("NetworkTabs"));
+    sliders_ = new SliderPanel(model_);
+    tabs->addTab(sliders_, tr("Sliders"));
+    tabs->addTab(buildSnapshots(), tr("Snapshots"));
+    right_->addWidget(tabs);
+    return right_;
+}
+
+QWidget* NetworkWindow::buildSnapshots() {
+    auto* page = new QWidget;
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(4, 4, 4, 4);
+    snapshots_ = new QTableWidget;
+    snapshots_->setObjectName(QStringLiteral("SnapshotTable"));
+    snapshots_->verticalHeader()->hide();
+    snapshots_->setEditTriggers(QAbstractItemView::DoubleClicked |
+                                QAbstractItemView::EditKeyPressed);
+    SetHint(*snapshots_, tr("Named variants beside the present network; ticked ones are drawn"));
+    column->addWidget(snapshots_, 1);
+    auto* row = new QHBoxLayout;
+    const auto button = [&](const char* object, const QString& caption, auto&& run) {
+        auto* made = new QPushButton(caption);
+        made->setObjectName(QLatin1String(object));
+        connect(made, &QPushButton::clicked, this, run);
+        row->addWidget(made);
+    };
+    button("ButtonSnapshot", tr("&Take snapshot"), [this] { takeSnapshot(); });
+    button("ButtonSnapshotRestore", tr("&Restore"), [this] {
+        const int at = snapshots_->currentColumn() - 2;
+        if (at < 0 || at >= static_cast<int>(model_.snapshots().size())) return;
+        const Snapshot& chosen = model_.snapshots()[static_cast<std::size_t>(at)];
+        model_.take(tr("Restore %1").arg(chosen.name), chosen.network);
+    });
+    button("ButtonSnapshotDelete", tr("&Delete"), [this] {
+        const int at = snapshots_->currentColumn() - 2;
+        if (at >= 0) model_.removeSnapshot(static_cast<std::size_t>(at));
+    });
+    row->addStretch();
+    column->addLayout(row);
+    connect(snapshots_, &QTableWidget::itemChanged, this, [this](QTableWidgetItem* item) {
+        if (item->row() != 0 || item->column() < 2) return;
+        const auto at = static_cast<std::size_t>(item->column() - 2);
+        model_.renameSnapshot(at, item->text());
+        model_.showSnapshot(at, item->checkState() == Qt::Checked);
+    });
+    return page;
+}
+
+// ---------------------------------------------------------------- menus
+
+QAction* NetworkWindow::add(QMenu& menu, const char* object, const QString& text,
+                            const QKeySequence& key, const std::function<void()>& run) {
+    QAction* action = menu.addAction(text);
+    action->setObjectName(QLatin1String(object));
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, this, run);
+    return action;
+}
+
+void NetworkWindow::buildMenus() {
+    QMenu& file = *menuBar()->addMenu(tr("&File"));
+    add(file, "NetworkNew", tr("&New"), QKeySequence::New, [this] { newProject(); });
+    add(file, "NetworkOpen", tr("&Open…"), QKeySequence::Open, [this] { chooseFile(); });
+    recent_ = file.addMenu(tr("Open &Recent"));
+    recent_->setObjectName(QStringLiteral("NetworkRecent"));
+    connect(recent_, &QMenu::aboutToShow, this, &NetworkWindow::fillRecent);
+    add(file, "NetworkSave", tr("&Save"), QKeySequence::Save, [this] { save(); });
+    add(file, "NetworkSaveAs", tr("Save &As…"), QKeySequence::SaveAs, [this] { saveAs(); });
+    file.addSeparator();
+    add(file, "NetworkSavePicture", tr("Save &Picture…"), {}, [this] { savePicture(); });
+    add(file, "NetworkPrint", tr("Prin&t…"), QKeySequence::Print, [this] { printPicture(); });
+    file.addSeparator();
+    add(file, "NetworkClose", tr("&Close"), QKeySequence::Close, [this] { close(); });
+
+    QMenu& edit = *menuBar()->addMenu(tr("&Edit"));
+    undo_ = add(edit, "NetworkUndo", tr("&Undo"), QKeySequence::Undo, [this] { model_.undo(); });
+    redo_ = add(edit, "NetworkRedo", tr("&Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+                [this] { model_.redo(); });
+    edit.addSeparator();
+    add(edit, "NetworkCopyPicture", tr("Copy &Picture"), {}, [this] { copyPicture(); });
+    add(edit, "NetworkCopyCommand", tr("Copy as &Command Line"), {}, [this] { copyCommandLine(); });
+
+    QMenu& network = *menuBar()->addMenu(tr("&Network"));
+    add(network, "NetworkMatchHere", tr("&Match Here…"), QKeySequence(Qt::CTRL | Qt::Key_M),
+        [this] { matchHere(); });
+    add(network, "NetworkRefine", tr("&Refine"), QKeySequence(Qt::CTRL | Qt::Key_R),
+        [this] { refine(); });
+    network.addSeparator();
+    add(network, "NetworkSnapshot", tr("Take &Snapshot"), QKeySequence(Qt::Key_F6),
+        [this] { takeSnapshot(); });
+    add(network, "NetworkFreeze", tr("&Freeze as Ghost"), QKeySequence(Qt::Key_F7),
+        [this] { model_.freeze(); });
+    add(network, "NetworkUnfreeze", tr("Remove &Ghost"), {}, [this] { model_.unfreeze(); });
+
+    QMenu& view = *menuBar()->addMenu(tr("&View"));
+    const auto toggle = [&](const char* object, const QString& text, bool on, auto&& run) {
+        QAction* action = view.addAction(text);
+        action->setObjectName(QLatin1String(object));
+        action->setCheckable(true);
+        action->setChecked(on);
+        connect(action, &QAction::toggled, this, run);
+    };
+    toggle("NetworkGridZ", tr("&Impedance Grid"), true, [this](bool on) {
+        ChartGrids grids = chart_->grids();
+        grids.impedance = on;
+        chart_->setGrids(grids);
+    });
+    toggle("NetworkGridY", tr("&Admittance Grid"), false, [this](bool on) {
+        ChartGrids grids = chart_->grids();
+        grids.admittance = on;
+        chart_->setGrids(grids);
+    });
+    toggle("NetworkDark", tr("&Dark Chart"), palette().color(QPalette::Window).lightness() < 128,
+           [this](bool on) { chart_->setDark(on); });
+    chart_->setDark(palette().color(QPalette::Window).lightness() < 128);
+    const auto numbers = [](const QStringList& texts) {
+        std::vector<double> values;
+        for (const QString& text : texts) values.push_back(ParseValue(text.toStdString()));
+        return values;
+    };
+    add(view, "NetworkVswr", tr("&VSWR Circles…"), {}, [this, numbers] {
+        auto values = numbers(circlesFromUser(tr("VSWR circles"), tr("VSWR values:"), "2"));
+        std::erase_if(values, [](double s) { return !(s > 1); });
+        chart_->setVswrCircles(values);
+    });
+    add(view, "NetworkQ", tr("Constant &Q…"), {}, [this, numbers] {
+        auto values = numbers(circlesFromUser(tr("Constant Q"), tr("Q values:"), "1 2 5"));
+        std::erase_if(values, [](double Q) { return !(Q > 0); });
+        chart_->setQualityCircles(values);
+    });
+    view.addSeparator();
+    add(view, "NetworkFit", tr("&Fit"), QKeySequence(Qt::Key_Home), [this] {
+        chart_->fit();
+        for (SweepView* plot : plots_) plot->fit();
+    });
+}
+
+QStringList NetworkWindow::circlesFromUser(const QString& title, const QString& label,
+                                           const QString& present) {
+    bool given = false;
+    const QString text =
+        QInputDialog::getText(this, title, label, QLineEdit::Normal, present, &given);
+    if (!given) return {};
+    return text.split(QRegularExpression(QStringLiteral("[ ;]+")), Qt::SkipEmptyParts);
+}
+
+// ---------------------------------------------------------------- the model
+
+void NetworkWindow::showModel() {
+    const Network& network = model_.network();
+    if (!frequency_->hasFocus() || !frequency_->isModified())
+        frequency_->setText(network.designFrequency > 0
+                                ? Text(FormatEngShort(3, network.designFrequency))
+                                : QString());
+    if (!bands_->hasFocus() || !bands_->isModified())
+        bands_->setText(Text(BandsText(network.bands)));
+    const auto name = [](const QString& verb, const std::string& step) {
+        return step.empty() ? verb : verb + ' ' + Text(step);
+    };
+    undo_->setText(name(tr("&Undo"), model_.history().undoName()));
+    undo_->setEnabled(model_.history().canUndo());
+    redo_->setText(name(tr("&Redo"), model_.history().redoName()));
+    redo_->setEnabled(model_.history().canRedo());
+    showTitle();
+    autosaveTimer_->start();
+}
+
+void NetworkWindow::showTitle() {
+    const QString name = file_.isEmpty() ? tr("untitled") : QFileInfo(file_).fileName();
+    setWindowTitle(name + (model_.modified() ? QStringLiteral(" *") : QString()) +
+                   tr(" - Network - Kelvro"));
+}
+
+void NetworkWindow::applyFrequency() {
+    const std::string text = frequency_->text().toStdString();
+    const double f = ParseValue(text);
+    if (!(f >= kLowestFrequency && f <= kHighestFrequency) && !Trimmed(text).empty()) return;
+    model_.edit(
+        tr("Frequency"),
+        [=](Network& network) { network.designFrequency = Trimmed(text).empty() ? 0 : f; },
+        QStringLiteral("frequency"));
+}
+
+void NetworkWindow::applyBands() {
+    auto bands = ParseBands(bands_->text().toStdString());
+    problem_->setVisible(!bands.ok());
+    problem_->setText(Text(bands.message()));
+    if (!bands) return;
+    model_.edit(
+        tr("Bands"), [&](Network& network) { network.bands = *bands; }, QStringLiteral("bands"));
+}
+
+void NetworkWindow::chooseSeries(Series series) {
+    const Series standard = series == Series::None ? Series::E24 : series;
+    chart_->setSeries(standard);
+    ladder_->setSeries(standard);
+}
+
+void NetworkWindow::takeSnapshot() {
+    model_.addSnapshot(tr("Variant %1").arg(model_.snapshots().size() + 1));
+}
+
+/// Rows: name, worst gain, then every value; columns: the quantity, now, and the snapshots.
+void NetworkWindow::showSnapshots() {
+    const QSignalBlocker blocker(snapshots_);
+    std::vector<std::pair<QString, const Network*>> columns{{tr("now"), &model_.network()}};
+    for (const Snapshot& snapshot : model_.snapshots())
+        columns.emplace_back(snapshot.name, &snapshot.network);
+    const auto rowsOf = [](const Network& network) { return network.ladder.size(); };
+    std::size_t elements = 0;
+    for (const auto& [name, network] : columns) elements = std::max(elements, rowsOf(*network));
+    snapshots_->setColumnCount(static_cast<int>(columns.size()) + 1);
+    snapshots_->setRowCount(static_cast<int>(elements) + 2);
+    snapshots_->horizontalHeader()->hide();
+    const auto put = [&](int row, int column, const QString& text) {
+        auto* item = new QTableWidgetItem(text);
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+        snapshots_->setItem(row, column, item);
+        return item;
+    };
+    put(0, 0, tr("Variant"));
+    put(1, 0, tr("Worst GT"));
+    for (std::size_t i = 0; i < elements; ++i)
+        put(static_cast<int>(i) + 2, 0, tr("Element %1").arg(i + 1));
+    for (std::size_t c = 0; c < columns.size(); ++c) {
+        const auto& [name, network] = columns[c];
+        const int column = static_cast<int>(c) + 1;
+        auto* head = put(0, column, name);
+        if (c > 0) {
+            const Snapshot& snapshot = model_.snapshots()[c - 1];
+            head->setFlags(head->flags() | Qt::ItemIsEditable | Qt::ItemIsUserCheckable);
+            head->setCheckState(snapshot.shown ? Qt::Checked : Qt::Unchecked);
+            head->setForeground(
+                QColor(snapshot.colour.red, snapshot.colour.green, snapshot.colour.blue));
+        }
+        const auto worst = NetworkModel::WorstGainDb(*network);
+        put(1, column, worst ? Text(FormatFixed(0, 3, *worst)) + tr(" dB") : tr("no bands"));
+        for (std::size_t i = 0; i < network->ladder.size(); ++i)
+            put(static_cast<int>(i) + 2, column, Text(ElementText(network->ladder[i], 4)));
+    }
+    snapshots_->resizeColumnsToContents();
+}
+
+void NetworkWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange && chart_)
+        chart_->setDark(palette().color(QPalette::Window).lightness() < 128);
+    QMainWindow::changeEvent(event);
+}
+
+}  // namespace kelvro

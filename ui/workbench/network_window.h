@@ -1,0 +1,127 @@
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+
+#include "core/series.h"
+#include "io/data_files.h"
+#include "io/project_file.h"
+#include "ui/workbench/network_model.h"
+
+class QAction;
+class QLabel;
+class QLineEdit;
+class QSplitter;
+class QTableWidget;
+
+namespace kelvro {
+
+class DesignHost;
+class LadderPanel;
+class SliderPanel;
+class SmithView;
+class SweepView;
+
+/// The Network window: any source and load, a ladder of any shape between them, the Smith chart to
+/// tune on, plots, sliders, snapshots. It shows the one network of its model; every change goes
+/// through that and can be undone.
+class NetworkWindow : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    explicit NetworkWindow(DesignHost& host, QWidget* parent = nullptr);
+    ~NetworkWindow() override;
+
+    NetworkModel& model() { return model_; }
+    SmithView& chart() { return *chart_; }
+
+    /// A project file; false, with a message shown, when it cannot be read.
+    bool openFile(const QString& path);
+    const QString& file() const { return file_; }
+
+    /// The call of the command-line program that analyses what is on the screen.
+    QString commandLine() const;
+
+    /// Where messages go; a box by default.
+    using MessageSink = std::function<void(const QString&)>;
+    void setMessageSink(MessageSink sink) { message_ = std::move(sink); }
+
+  public slots:
+    void newProject();
+    void chooseFile();
+    bool save();
+    bool saveAs();
+    void copyPicture();
+    void copyCommandLine();
+    void savePicture();
+    void printPicture();
+    void takeSnapshot();
+    void matchHere();
+    void refine();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void buildMenus();
+    void buildContents();
+    QWidget* buildNetworkSide();
+    QWidget* buildPlotSide();
+    QWidget* buildSnapshots();
+    QAction* add(class QMenu& menu, const char* object, const QString& text,
+                 const QKeySequence& key, const std::function<void()>& run);
+    void showModel();
+    void showTitle();
+    void showSnapshots();
+    void applyFrequency();
+    void applyBands();
+    void chooseSeries(Series series);
+    /// False when the user wants to keep what is not saved.
+    bool mayDiscard();
+    bool write(const QString& path);
+    void rememberRecent(const QString& path);
+    void fillRecent();
+    void autosave();
+    void offerAutosave();
+    void restorePlace();
+    void savePlace();
+    QStringList circlesFromUser(const QString& title, const QString& label, const QString& present);
+    /// What pictures, copies and prints show: chart and plots side by side.
+    void paintAll(class QPainter& painter, QSize size);
+    void say(const QString& text) { message_(text); }
+    /// The project as it is on the screen, snapshots included.
+    Project present() const;
+    void takeOver(Project project);
+
+    DesignHost& host_;
+    NetworkModel model_;
+    QString file_;
+    Project project_;  ///< as read: keys of others, links
+    DataFiles data_;
+    MessageSink message_;
+    QSplitter* split_ = nullptr;
+    QSplitter* right_ = nullptr;
+    SmithView* chart_ = nullptr;
+    LadderPanel* ladder_ = nullptr;
+    SliderPanel* sliders_ = nullptr;
+    std::vector<SweepView*> plots_;
+    QTableWidget* snapshots_ = nullptr;
+    QLineEdit* frequency_ = nullptr;
+    QLineEdit* bands_ = nullptr;
+    QLabel* problem_ = nullptr;
+    QAction* undo_ = nullptr;
+    QAction* redo_ = nullptr;
+    class QMenu* recent_ = nullptr;
+    class QTimer* autosaveTimer_ = nullptr;
+    bool offered_ = false;  ///< what a crash left behind, once a run
+};
+
+/// "70M:130M, 400M:410M"; a failure names what cannot be read.
+Result<std::vector<FrequencyBand>> ParseBands(const std::string& text);
+std::string BandsText(const std::vector<FrequencyBand>& bands);
+
+}  // namespace kelvro

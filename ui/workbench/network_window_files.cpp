@@ -1,0 +1,350 @@
+// Project files, pictures and copies of the Network window.
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QSettings>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTimer>
+#include <cmath>
+
+#include "core/number_text.h"
+#include "network/network_text.h"
+#include "plot/frame_painter.h"
+#include "plot/picture_files.h"
+#include "plot/smith_painter.h"
+#include "synthesis/refine.h"
+#include "ui/plot/design_host.h"
+#include "ui/window_place.h"
+#include "ui/workbench/match_dialog.h"
+#include "ui/workbench/network_window.h"
+#include "ui/workbench/smith_view.h"
+#include "ui/workbench/sweep_view.h"
+
+namespace kelvro {
+
+namespace {
+
+constexpr QSize kPictureSize(1200, 700);
+constexpr double kClipboardScale = 2;  // pixels per logical pixel of a copied picture
+constexpr int kMostRecent = 8;
+constexpr char kFilter[] = "Kelvro projects (*.kelvro)";
+
+QSettings Remembered() {
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("kelvro"),
+                     QStringLiteral("windows"));
+}
+
+QString AutosaveFile() {
+    QString folder = qEnvironmentVariable("XDG_STATE_HOME");
+    if (folder.isEmpty()) folder = QDir::homePath() + QStringLiteral("/.local/state");
+    return folder + QStringLiteral("/kelvro/autosave.kelvro");
+}
+
+std::filesystem::path PathOf(const QString& file) {
+    return std::filesystem::path(file.toStdString());
+}
+
+/// A word for a shell: in single quotes where it needs them.
+QString Quoted(const QString& text) {
+    QString inner = text;
+    return '\'' + inner.replace('\'', QStringLiteral("'\\''")) + '\'';
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------- projects
+
+Project NetworkWindow::present() const {
+    Project project = project_;
+    project.network = model_.network();
+    return project;
+}
+
+void NetworkWindow::takeOver(Project project) {
+    for (const std::string& message : project.messages) say(QString::fromStdString(message));
+    project_ = std::move(project);
+    model_.open(project_.network);
+}
+
+void NetworkWindow::newProject() {
+    if (!mayDiscard()) return;
+    file_.clear();
+    project_ = {};
+    model_.open(StartNetwork());
+}
+
+void NetworkWindow::chooseFile() {
+    if (!mayDiscard()) return;
+    QFileDialog dialog(this, tr("Open project"), QFileInfo(file_).path(), tr(kFilter));
+    dialog.setObjectName(QStringLiteral("OpenProjectDialog"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    if (dialog.exec() == QDialog::Accepted) openFile(dialog.selectedFiles().value(0));
+}
+
+bool NetworkWindow::openFile(const QString& path) {
+    auto read = ReadProject(PathOf(path));
+    if (!read) {
+        say(QString::fromStdString(read.message()));
+        return false;
+    }
+    file_ = path;
+    takeOver(std::move(read).value());
+    rememberRecent(path);
+    return true;
+}
+
+bool NetworkWindow::write(const QString& path) {
+    const Status written = WriteProject(PathOf(path), present());
+    if (!written) {
+        say(QString::fromStdString(written.message()));
+        return false;
+    }
+    file_ = path;
+    model_.markSaved();
+    rememberRecent(path);
+    QFile::remove(AutosaveFile());
+    showTitle();
+    return true;
+}
+
+bool NetworkWindow::save() {
+    return file_.isEmpty() ? saveAs() : write(file_);
+}
+
+bool NetworkWindow::saveAs() {
+    QFileDialog dialog(this, tr("Save project"), QFileInfo(file_).path(), tr(kFilter));
+    dialog.setObjectName(QStringLiteral("SaveProjectDialog"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("kelvro"));
+    if (dialog.exec() != QDialog::Accepted) return false;
+    return write(dialog.selectedFiles().value(0));
+}
+
+bool NetworkWindow::mayDiscard() {
+    if (!model_.modified()) return true;
+    QMessageBox box(QMessageBox::Question, tr("Network"),
+                    tr("The network has changed since it was saved."),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box.setObjectName(QStringLiteral("UnsavedBox"));
+    switch (box.exec()) {
+        case QMessageBox::Save:
+            return save();
+        case QMessageBox::Discard:
+            return true;
+        default:
+            return false;
+    }
+}
+
+void NetworkWindow::rememberRecent(const QString& path) {
+    QSettings settings = Remembered();
+    QStringList files = settings.value(QStringLiteral("recentProjects")).toStringList();
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    files.removeAll(absolute);
+    files.prepend(absolute);
+    while (files.size() > kMostRecent) files.removeLast();
+    settings.setValue(QStringLiteral("recentProjects"), files);
+}
+
+void NetworkWindow::fillRecent() {
+    recent_->clear();
+    const QSettings settings = Remembered();
+    const auto files = settings.value(QStringLiteral("recentProjects")).toStringList();
+    for (const QString& file : files) {
+        recent_
+            ->addAction(QString(QFileInfo(file).fileName()).replace('&', "&&"), this,
+                        [this, file] {
+                            if (mayDiscard()) openFile(file);
+                        })
+            ->setToolTip(file);
+    }
+    recent_->setToolTipsVisible(true);
+    if (files.isEmpty()) recent_->addAction(tr("none yet"))->setEnabled(false);
+}
+
+void NetworkWindow::autosave() {
+    if (!model_.modified()) return;
+    QDir().mkpath(QFileInfo(AutosaveFile()).path());
+    const Status written = WriteProject(PathOf(AutosaveFile()), present());
+    if (!written) statusBar()->showMessage(QString::fromStdString(written.message()));
+}
+
+/// What a crash or a power cut has left behind.
+void NetworkWindow::offerAutosave() {
+    if (!QFile::exists(AutosaveFile())) return;
+    QMessageBox box(QMessageBox::Question, tr("Network"),
+                    tr("The program ended before a network was saved. Take it up again?"),
+                    QMessageBox::Yes | QMessageBox::No, this);
+    box.setObjectName(QStringLiteral("AutosaveBox"));
+    const bool wanted = box.exec() == QMessageBox::Yes;
+    auto read = ReadProject(PathOf(AutosaveFile()));
+    QFile::remove(AutosaveFile());
+    if (!wanted) return;
+    if (!read) return say(QString::fromStdString(read.message()));
+    // Not saved anywhere yet: the change mark stands until it is.
+    const Network network = read->network;
+    read->network = StartNetwork();
+    takeOver(std::move(read).value());
+    model_.take(tr("Take up the network of before"), network);
+}
+
+void NetworkWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (!std::exchange(offered_, true)) QTimer::singleShot(0, this, [this] { offerAutosave(); });
+}
+
+void NetworkWindow::closeEvent(QCloseEvent* event) {
+    if (!mayDiscard()) return event->ignore();
+    autosaveTimer_->stop();
+    QFile::remove(AutosaveFile());
+    savePlace();
+    event->accept();
+}
+
+void NetworkWindow::savePlace() {
+    SavePlace(*this);
+    QSettings settings = Remembered();
+    settings.setValue(objectName() + QStringLiteral("/size"), size());
+    settings.setValue(objectName() + QStringLiteral("/split"), split_->saveState());
+    settings.setValue(objectName() + QStringLiteral("/plots"), right_->saveState());
+}
+
+void NetworkWindow::restorePlace() {
+    const QSettings settings = Remembered();
+    resize(settings.value(objectName() + QStringLiteral("/size"), QSize(1000, 560)).toSize());
+    split_->restoreState(settings.value(objectName() + QStringLiteral("/split")).toByteArray());
+    right_->restoreState(settings.value(objectName() + QStringLiteral("/plots")).toByteArray());
+    RestorePlace(*this);
+}
+
+void NetworkWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void NetworkWindow::dropEvent(QDropEvent* event) {
+    const QString file = event->mimeData()->urls().value(0).toLocalFile();
+    if (file.endsWith(QStringLiteral(".kelvro"), Qt::CaseInsensitive)) {
+        if (mayDiscard()) openFile(file);
+        return;
+    }
+    // Measured data become the load.
+    auto read = data_.load(file.toStdString());
+    if (!read) return say(QString::fromStdString(read.message()));
+    const Impedance::Measured load{*read, (*read)->ports == 1 ? 0 : 1, false};
+    model_.edit(tr("Load"), [&](Network& network) { network.load = load; });
+}
+
+// ---------------------------------------------------------------- networks
+
+void NetworkWindow::matchHere() {
+    MatchDialog dialog(model_, this);
+    if (dialog.exec() == QDialog::Accepted) model_.take(tr("Match here"), dialog.chosen());
+}
+
+void NetworkWindow::refine() {
+    std::vector<Tunable> locked;
+    for (const Tunable& at : TunablesOf(model_.network().ladder))
+        if (model_.locked(at)) locked.push_back(at);
+    Network start = model_.network();
+    start.designFrequency = model_.designFrequency();
+    auto refined = Refined(start, locked);
+    if (!refined) return say(QString::fromStdString(refined.message()));
+    const double before = WorstGain(start);
+    const double after = WorstGain(*refined);
+    refined->designFrequency = model_.network().designFrequency;
+    model_.take(tr("Refine"), std::move(refined).value());
+    const auto text = [](double GT) {
+        return QString::fromStdString(FormatFixed(0, 3, 10 * std::log10(GT)));
+    };
+    statusBar()->showMessage(tr("Worst GT %1 dB, was %2 dB").arg(text(after), text(before)));
+}
+
+// ---------------------------------------------------------------- pictures and copies
+
+void NetworkWindow::paintAll(QPainter& painter, QSize size) {
+    const int chartWidth = std::min(size.width() / 2, size.height());
+    SmithPicture picture = chart_->picture();
+    picture.dark = false;  // paper is white
+    DrawSmithChart(painter, QSize(chartWidth, size.height()), picture);
+    const QSize plot(size.width() - chartWidth, size.height() / static_cast<int>(plots_.size()));
+    for (std::size_t i = 0; i < plots_.size(); ++i) {
+        painter.save();
+        painter.translate(chartWidth, static_cast<int>(i) * plot.height());
+        FramePainter().draw(painter, plot, plots_[i]->picture());
+        painter.restore();
+    }
+}
+
+void NetworkWindow::copyPicture() {
+    const QImage image = ImageOf([this](QPainter& painter, QSize size) { paintAll(painter, size); },
+                                 kPictureSize, kClipboardScale);
+    QApplication::clipboard()->setImage(image);
+    statusBar()->showMessage(tr("Picture copied"));
+}
+
+void NetworkWindow::savePicture() {
+    QFileDialog dialog(this, tr("Save picture"), {},
+                       tr("Pictures (*.png *.svg *.pdf *.jpg *.bmp *.gif *.wmf)"));
+    dialog.setObjectName(QStringLiteral("SaveNetworkPictureDialog"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("png"));
+    if (dialog.exec() != QDialog::Accepted) return;
+    const QString file = dialog.selectedFiles().value(0);
+    const auto format = PictureFormatOf(file);
+    if (!format)
+        return say(tr("%1: the name has to end in one of %2")
+                       .arg(file, PictureSuffixes().join(QStringLiteral(", "))));
+    const auto failed = SavePicture(
+        file, *format, kPictureSize,
+        [this](QPainter& painter, QSize size) { paintAll(painter, size); }, kClipboardScale);
+    if (failed) say(*failed);
+}
+
+void NetworkWindow::printPicture() {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    QPainter painter(&printer);
+    if (!painter.isActive())
+        return say(tr("The picture cannot be printed to ") + printer.outputFileName());
+    const QRectF paper = painter.viewport();
+    const double scale =
+        std::min(paper.width() / kPictureSize.width(), paper.height() / kPictureSize.height());
+    painter.scale(scale, scale);
+    paintAll(painter, kPictureSize);
+}
+
+QString NetworkWindow::commandLine() const {
+    const Network& network = model_.network();
+    const FrequencyBand range = model_.plotRange();
+    QStringList words{QStringLiteral("kelvro-cli"), QStringLiteral("analyze")};
+    for (const LadderElement& element : network.ladder)
+        words << Quoted(QString::fromStdString(ElementText(element)));
+    words << QStringLiteral("--source")
+          << Quoted(QString::fromStdString(ImpedanceText(network.source)))
+          << QStringLiteral("--load") << Quoted(QString::fromStdString(ImpedanceText(network.load)))
+          << QStringLiteral("--from") << QString::fromStdString(FormatShortest(range.low))
+          << QStringLiteral("--to") << QString::fromStdString(FormatShortest(range.high))
+          << QStringLiteral("--linear");
+    return words.join(' ');
+}
+
+void NetworkWindow::copyCommandLine() {
+    QApplication::clipboard()->setText(commandLine());
+    statusBar()->showMessage(tr("Command line copied"));
+}
+
+}  // namespace kelvro
