@@ -67,6 +67,12 @@ std::string PolarText(double re, double im) {
            FormatFixed(0, 1, std::atan2(im, re) * kDegreesPerRadian) + "°";
 }
 
+/// Rounding may leave a lossless network a little less than nothing.
+std::string PercentText(double part) {
+    const double percent = 100 * part;
+    return FormatFixed(0, 1, std::fabs(percent) < 0.05 ? 0 : percent) + " %";
+}
+
 std::string OhmsText(double re, double im) {
     return FormatFixed(0, 2, re) + (im < 0 ? " - j" : " + j") + FormatFixed(0, 2, std::fabs(im));
 }
@@ -116,16 +122,15 @@ std::string SweepTable(const NetworkSweep& sweep) {
     std::vector<std::vector<std::string>> rows = {
         {"f", "GT/dB", "Γin", "VSWR", "Zin/Ω", "Γout", "Zout/Ω", "phase", "delay", "lost"}};
     for (std::size_t i = 0; i < sweep.size(); ++i) {
-        rows.push_back({FormatQuantity(4, sweep.f[i], "Hz"),
-                        FormatFixed(0, 3, Decibel(sweep.GT[i])),
-                        PolarText(sweep.gammaInRe[i], sweep.gammaInIm[i]),
-                        sweep.VSWR[i] > kLargestVswr ? "inf" : FormatFixed(0, 3, sweep.VSWR[i]),
-                        OhmsText(sweep.ZinRe[i], sweep.ZinIm[i]),
-                        PolarText(sweep.gammaOutRe[i], sweep.gammaOutIm[i]),
-                        OhmsText(sweep.ZoutRe[i], sweep.ZoutIm[i]),
-                        FormatFixed(0, 1, sweep.phase[i] * kDegreesPerRadian) + "°",
-                        FormatQuantity(2, sweep.groupDelay[i], "s"),
-                        FormatFixed(0, 1, 100 * sweep.dissipated[i]) + " %"});
+        rows.push_back(
+            {FormatQuantity(4, sweep.f[i], "Hz"), FormatFixed(0, 3, Decibel(sweep.GT[i])),
+             PolarText(sweep.gammaInRe[i], sweep.gammaInIm[i]),
+             sweep.VSWR[i] > kLargestVswr ? "inf" : FormatFixed(0, 3, sweep.VSWR[i]),
+             OhmsText(sweep.ZinRe[i], sweep.ZinIm[i]),
+             PolarText(sweep.gammaOutRe[i], sweep.gammaOutIm[i]),
+             OhmsText(sweep.ZoutRe[i], sweep.ZoutIm[i]),
+             FormatFixed(0, 1, sweep.phase[i] * kDegreesPerRadian) + "°",
+             FormatQuantity(2, sweep.groupDelay[i], "s"), PercentText(sweep.dissipated[i])});
     }
     return AlignedTable(rows);
 }

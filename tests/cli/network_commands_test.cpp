@@ -122,6 +122,21 @@ TEST(MatchCommand, PrintsElementsThatMatch) {
     }
 }
 
+/// Antennas that NEC-2 computed: a dipole, a short whip, a loop of a wavelength.
+TEST(MatchCommand, MatchesTheExampleAntennas) {
+    for (const auto& [name, f] : {std::pair{"dipole", "145M"}, {"whip", "27M"}, {"loop", "145M"}}) {
+        const std::string load = std::string(TEST_DATA) + "/../../examples/" + name + ".s1p";
+        const Json file = JsonOf({"touchstone", load, "--json"});
+        EXPECT_EQ(file["points"], 61) << name;
+        EXPECT_TRUE(file["active"][0].empty()) << name;
+        EXPECT_TRUE(file["warnings"].empty()) << name;
+        const Json networks =
+            JsonOf({"match", "--at", f, "--source", "50", "--load", load, "--json"})["networks"];
+        ASSERT_GE(networks.size(), 2U) << name;
+        EXPECT_NEAR(networks[0]["gt_db"].get<double>(), 0, 1e-6) << name;
+    }
+}
+
 TEST(TouchstoneCommand, TellsWhatIsInAFile) {
     const Json file = JsonOf({"touchstone", DataFile("references.s2p"), "--json"});
     EXPECT_EQ(file["ports"], 2);
