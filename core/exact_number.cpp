@@ -141,7 +141,8 @@ std::string FormatPrefixed(double value, int digits) {
         return sign + WithPoint(decimal.digits, 1) + 'e' + std::to_string(decimal.exponent);
     }
     std::string text = sign + WithPoint(decimal.digits, decimal.exponent - 3 * step + 1);
-    if (step != 0) text += letters[static_cast<std::size_t>(step + 6)];
+    const int letter = step + 6;
+    if (step != 0) text += letters[static_cast<std::size_t>(letter)];
     return text;
 }
 

@@ -174,7 +174,7 @@ std::optional<Period> PeriodOf(const Network& n) {
     if (!start) return std::nullopt;
     Period period;
     const auto follow = [](auto& states, const Matrix& step) {
-        for (int i = 0; i < kSteps; ++i) states[i + 1] = step * states[i];
+        for (std::size_t i = 0; i + 1 < states.size(); ++i) states[i + 1] = step * states[i];
     };
     period.open.front() = *start;
     follow(period.open, openStep);
@@ -189,8 +189,9 @@ double Mean(const Period& period, Value&& value) {
     double sum = 0;
     for (int i = 0; i <= kSteps; ++i) {
         const double weight = i == 0 || i == kSteps ? 1 : (i % 2 == 1 ? 4 : 2);
-        sum += weight * value(period.closed[i], i * kStep);
-        sum += weight * value(period.open[i], kPi + i * kStep);
+        const auto at = static_cast<std::size_t>(i);
+        sum += weight * value(period.closed[at], i * kStep);
+        sum += weight * value(period.open[at], kPi + i * kStep);
     }
     return sum / (6 * kSteps);
 }
@@ -232,12 +233,12 @@ std::vector<ClassEInstant> Waves(const Network& n, const Period& period, double 
     std::vector<ClassEInstant> waves;
     waves.reserve(2 * (kSteps + 1));
     for (int i = 0; i <= kSteps; ++i) {
-        const Vector& y = period.closed[i];
+        const Vector& y = period.closed[static_cast<std::size_t>(i)];
         waves.push_back({0.5 * i / kSteps, stage.saturation, amperes * SwitchCurrent(n, y),
                          amperes * y[kLoad]});
     }
     for (int i = 0; i <= kSteps; ++i) {
-        const Vector& y = period.open[i];
+        const Vector& y = period.open[static_cast<std::size_t>(i)];
         waves.push_back({0.5 + 0.5 * i / kSteps, stage.saturation + swing * SwitchVoltage(n, y), 0,
                          amperes * y[kLoad]});
     }

@@ -73,7 +73,7 @@ std::string ExportDesign::title() const {
     return text;
 }
 
-std::variant<ExportDesign, std::string> PrepareExport(Design state, ExportChoice choice) {
+std::variant<ExportDesign, std::string> PrepareExport(const Design& state, ExportChoice choice) {
     const Page& page = PageOf(state);
     ExportDesign design;
     design.state = state;

@@ -40,7 +40,7 @@ struct ExportChoice {
 };
 
 /// The design of the state with the components it holds. A text: why there is nothing to export.
-std::variant<ExportDesign, std::string> PrepareExport(Design state, ExportChoice choice);
+std::variant<ExportDesign, std::string> PrepareExport(const Design& state, ExportChoice choice);
 
 /// The design with the components that its fields show, where these differ from what it keeps: a
 /// field rounded to a standard value. A design that the page refuses stays as it is.

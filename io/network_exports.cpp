@@ -28,6 +28,7 @@ std::string TitleOf(const Network& network) {
 
 NetworkSweep SweepOf(const Network& network, const ExportRange& range) {
     std::vector<double> f;
+    f.reserve(static_cast<std::size_t>(range.points));
     for (int i = 0; i < range.points; ++i) f.push_back(range.frequency(i));
     return LadderResponse(network).sweep(f);
 }

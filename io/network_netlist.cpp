@@ -119,14 +119,14 @@ void NetworkNetlist::part(const Part& part, const std::string& from, const std::
     const bool open = part.kind == PartKind::Capacitor ? part.value == 0 : std::isinf(part.value);
     if (open) return;
     const double resonance = wire || resistor ? 0 : part.loss.SRF;
-    const std::string name = newName(LetterOf(part.kind), part.name);
+    std::string name = newName(LetterOf(part.kind), part.name);
     std::string inner = from;
     if (resonance > 0 && part.kind == PartKind::Capacitor) {
         inner = newNode();
         deck_.part(newName('L'), from, inner, ParasiticValue(part));
     }
     if (!resistor && part.loss.ESR > 0) {
-        const std::string behind = newNode();
+        std::string behind = newNode();
         deck_.part(newName('R'), inner, behind, part.loss.ESR);
         inner = behind;
     }
@@ -258,7 +258,7 @@ std::string NetworkNetlist::ladder(const std::vector<LadderElement>& ladder, std
 
 std::string NetworkNetlist::element(const LadderElement& element, const std::string& node) {
     if (const auto* arm = std::get_if<Arm>(&element.is)) {
-        const std::string behind = arm->place == Place::Series ? newNode() : node;
+        std::string behind = arm->place == Place::Series ? newNode() : node;
         impedance(arm->impedance, node, arm->place == Place::Series ? behind : "0");
         return behind;
     }
@@ -266,7 +266,7 @@ std::string NetworkNetlist::element(const LadderElement& element, const std::str
     if (const auto* ideal = std::get_if<Transformer>(&element.is)) return transformer(*ideal, node);
     if (const auto* pair = std::get_if<CoupledCoils>(&element.is)) return coils(*pair, node);
     if (const auto* two = std::get_if<MeasuredTwoPort>(&element.is)) {
-        const std::string behind = newNode();
+        std::string behind = newNode();
         twoPort(*two->data, node, behind, "0");
         return behind;
     }
@@ -309,7 +309,7 @@ std::string NetworkNetlist::line(const Line& line, const std::string& node) {
 /// V1 = n·V2 and I2 = n·I1.
 std::string NetworkNetlist::transformer(const Transformer& transformer, const std::string& node) {
     const std::string inner = newNode();
-    const std::string behind = newNode();
+    std::string behind = newNode();
     const std::string sense = newName('V');
     const std::string n = Number(transformer.n);
     deck_.line(sense + ' ' + node + ' ' + inner + " DC 0");
@@ -321,7 +321,7 @@ std::string NetworkNetlist::transformer(const Transformer& transformer, const st
 /// Losses of the windings in series with them; where both follow the page's law, so does what they
 /// share, and the resistor from their common end to ground stands for that.
 std::string NetworkNetlist::coils(const CoupledCoils& coils, const std::string& node) {
-    const std::string behind = newNode();
+    std::string behind = newNode();
     const bool page = coils.first.loss == coils.second.loss &&
                       coils.first.loss.law == PartLoss::Law::Page && coils.first.loss.Q > 0 &&
                       coils.first.loss.ESR == 0;
@@ -341,7 +341,7 @@ std::string NetworkNetlist::coils(const CoupledCoils& coils, const std::string& 
             inner = newNode();
             deck_.expression(newName('R'), at, inner, R);
         }
-        const std::string name = newName('L', part.name);
+        std::string name = newName('L', part.name);
         deck_.part(name, inner, common, part.value);
         if (part.loss.SRF > 0) deck_.part(newName('C'), at, "0", ParasiticValue(part));
         return name;

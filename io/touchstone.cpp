@@ -16,7 +16,7 @@ void AddNumbers(std::string& text, std::complex<double> x) {
 
 std::string Head(const PortData& data) {
     const bool unlike = data.ports == 2 && data.reference[0] != data.reference[1];
-    const std::string options = "# HZ S RI R " + FormatShortest(data.reference[0]) + '\n';
+    std::string options = "# HZ S RI R " + FormatShortest(data.reference[0]) + '\n';
     if (!unlike) return options;
     return "[Version] 2.0\n" + options +
            "[Number of Ports] 2\n[Two-Port Data Order] 21_12\n[Number of Frequencies] " +

@@ -35,7 +35,7 @@ QString TextOf(double value, const std::string& finite) {
 }
 
 /// What a field shows; of several edits side by side one after the other.
-QString FieldText(const QWidget* field) {
+QString ShownText(const QWidget* field) {
     if (const auto* box = qobject_cast<const QComboBox*>(field)) return box->currentText();
     if (const auto* edit = qobject_cast<const QLineEdit*>(field)) return edit->text().trimmed();
     QStringList texts;
@@ -283,7 +283,7 @@ QString ToolWindow::resultText() const {
     QString text;
     for (const FormRow& row : rows_) {
         if (row.field->isHidden()) continue;
-        QStringList line{FieldText(row.field), row.unit->text()};
+        QStringList line{ShownText(row.field), row.unit->text()};
         text += row.label->text().remove('&') + '\t' + line.join(' ').trimmed() + '\n';
     }
     return text;
