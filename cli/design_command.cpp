@@ -1,14 +1,22 @@
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iterator>
 
 #include "analysis/achieved.h"
 #include "cli/commands.h"
 #include "cli/design_run.h"
+#include "io/class_e_netlist.h"
+#include "io/exports.h"
 #include "io/text_table.h"
 
 namespace kelvro {
 
 namespace {
+
+struct ReportOptions {
+    std::shared_ptr<DesignOptions> design;
+    bool ngspice = false;
+};
 
 std::string HumanDesign(const DesignRun& run) {
     TextRows rows;
@@ -21,19 +29,53 @@ std::string HumanDesign(const DesignRun& run) {
     std::string text = Heading(run.state) + '\n' + AlignedTable(rows);
     if (const auto achieved = AchievedBy(run.cycle))
         text += "Achieved: " + AchievedText(*achieved, run.cycle.bandwidth) + '\n';
+    const TextRows harmonics = HarmonicRows(run.cycle);
+    if (!harmonics.empty()) text += "\nHarmonics of the load current\n" + AlignedTable(harmonics);
     return text;
 }
 
-ExitCode ReportDesign(const DesignOptions& options, Session& session) {
-    const auto outcome = RunDesign(options, session);
+Json JsonComparison(const std::vector<ComparedValue>& values) {
+    Json rows = Json::array();
+    for (const ComparedValue& value : values) {
+        rows.push_back({{"name", value.name},
+                        {"unit", value.unit},
+                        {"computed", JsonNumber(value.computed)},
+                        {"simulated", JsonNumber(value.simulated)}});
+    }
+    return rows;
+}
+
+/// The exported netlist of the design, run; nothing where that is not asked for.
+Result<std::vector<ComparedValue>> Comparison(const ReportOptions& options, const DesignRun& run) {
+    if (!options.ngspice || run.refused()) return std::vector<ComparedValue>();
+    const bool given = !options.design->takes.empty();
+    const auto prepared =
+        PrepareExport(run.state, {.componentsGiven = given, .series = run.series});
+    if (const auto* refusal = std::get_if<std::string>(&prepared)) {
+        return Status::Failure(*refusal);
+    }
+    return CompareWithNgspice(std::get<ExportDesign>(prepared));
+}
+
+ExitCode ReportDesign(const ReportOptions& options, Session& session) {
+    const auto outcome = RunDesign(*options.design, session);
     if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
     const auto& run = std::get<DesignRun>(outcome);
-    if (options.json) {
-        session.out << JsonText(JsonDesign(run));
+    const auto compared = Comparison(options, run);
+    const bool beside = compared && !compared->empty();
+    if (options.design->json) {
+        Json document = JsonDesign(run);
+        if (beside) document["ngspice"] = JsonComparison(*compared);
+        session.out << JsonText(document);
     } else if (!run.refused()) {
         session.out << HumanDesign(run);
+        if (beside) {
+            session.out << "\nParts with the element Q, computed and simulated\n"
+                        << AlignedTable(ComparisonRows(*compared));
+        }
     }
     if (run.refused()) return session.fail({ExitCode::Refused, *run.cycle.message});
+    if (!compared) return session.fail({ExitCode::Failed, compared.message()});
     return ExitCode::Done;
 }
 
@@ -41,8 +83,11 @@ ExitCode ReportDesign(const DesignOptions& options, Session& session) {
 
 void AddDesignCommand(CLI::App& app, Session& session) {
     CLI::App* command = app.add_subcommand("design", "Design one page and show its outputs");
-    const auto options = AddDesignOptions(*command);
-    AddJsonOption(*command, *options);
+    auto options = std::make_shared<ReportOptions>();
+    options->design = AddDesignOptions(*command);
+    AddJsonOption(*command, *options->design);
+    command->add_flag("--ngspice", options->ngspice,
+                      "Run the netlist of a class-E stage in ngspice and show both side by side");
     command->callback([&session, options] { session.status = ReportDesign(*options, session); });
 }
 

@@ -186,6 +186,10 @@ void DesignPass::setBandwidth(double B) {
     result_.bandwidth = B;
 }
 
+void DesignPass::setOperation(ClassEOperation operation) {
+    result_.operation = std::move(operation);
+}
+
 void DesignPass::finish() {
     optimize();
     evaluate();

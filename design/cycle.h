@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "design/class_e.h"
 #include "design/design.h"
 #include "design/page.h"
 
@@ -43,6 +44,7 @@ struct CycleResult {
     std::vector<FieldText> texts;
     std::vector<FieldCaption> captions;
     std::optional<std::vector<TableRow>> table;  ///< new contents of the element table
+    std::optional<ClassEOperation> operation;    ///< of a switched stage of parts without loss
 
     // Shared outputs.
     double bandwidth = 0;
@@ -117,6 +119,7 @@ class DesignPass {
     /// Q follows from the design on this page: stores it and rewrites its field.
     void showQ(double Q);
     void setBandwidth(double B);
+    void setOperation(ClassEOperation operation);
     /// Optimize, evaluate, show: the usual end of a matching page.
     void finish();
 

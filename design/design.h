@@ -28,12 +28,14 @@ struct Design {
     int smallInductancesWeight = 10;
     bool smallCapacitance = false;  ///< CheckBoxC1Null, "C1 = 0"
     int smallCapacitanceWeight = 10;
-    double er = 1;      ///< dielectric constant (TRL)
-    double v8 = 0.5;    ///< wanted voltage ratio (Passive Pi/T Section)
-    double P = 1;       ///< output power (RLopt, Class-E PA)
-    double Ub = 12;     ///< supply voltage
-    double Usat = 0.5;  ///< saturation voltage
-    double L = 100e-9;  ///< real coil or capacitor (Leff/Ceff)
+    double er = 1;               ///< dielectric constant (TRL)
+    double v8 = 0.5;             ///< wanted voltage ratio (Passive Pi/T Section)
+    double P = 1;                ///< output power (RLopt, Class-E PA)
+    double Ub = 12;              ///< supply voltage
+    double Usat = 0.5;           ///< saturation voltage
+    double chokeRatio = 143;     ///< reactance of the choke at fo in units of R (Class-E PA)
+    bool infiniteChoke = false;  ///< no ripple in the choke, whatever the ratio says
+    double L = 100e-9;           ///< real coil or capacitor (Leff/Ceff)
     double C = 1e-12;
     double R = 1;
     double Ls = 1e-6;  ///< combined tank (Comb. LC)

@@ -48,7 +48,10 @@ struct InputField {
     std::variant<double Design::*, int Design::*> value;
     Limits limits;
     TextFormat format = kEngineering;
+    /// Without effect, and not to be typed, while this says no; null: never.
+    bool (*applies)(const Design&) = nullptr;
 
+    bool hasEffect(const Design& state) const { return !applies || applies(state); }
     double read(const Design& state) const;
     /// Stores the value clamped to the limits.
     void write(Design& state, double x) const;
@@ -141,6 +144,7 @@ struct Page {
     std::vector<SwitchField> switches = {};
     std::vector<ActionField> actions = {};
     std::vector<OutputField> outputs = {};
+    bool switched = false;               ///< a switched stage: waves and harmonics are shown
     std::string_view table = {};         ///< object of a table of the circuit's elements
     std::string_view pictureHint = {};   ///< of the circuit picture
     std::string_view transferText = {};  ///< the printed transfer function

@@ -93,6 +93,7 @@ Matrix2 CircuitTwoPort::element(const Element& part, double f) const {
         return {{std::cosh(angle), part.value * std::sinh(angle), std::sinh(angle) / part.value,
                  std::cosh(angle)}};
     }
+    if (part.kind == ElementKind::Choke && std::isinf(part.value)) return Across(0);
     const Cx Z = losses_.impedance(part, f);
     // The choke hangs between the supply, which is ground for signals, and the switch.
     const bool across = part.place == Place::Shunt || part.kind == ElementKind::Choke;

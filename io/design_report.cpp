@@ -94,6 +94,20 @@ Json JsonOutputs(const DesignRun& run) {
     };
 }
 
+/// Amplitudes of the load current of a switched stage, in A.
+Json JsonHarmonics(const CycleResult& cycle) {
+    Json harmonics = Json::array();
+    if (!cycle.operation) return harmonics;
+    for (int n = 1; n <= kClassEHarmonics; ++n) {
+        const double amplitude = cycle.operation->harmonics[static_cast<std::size_t>(n - 1)];
+        harmonics.push_back({{"n", n},
+                             {"frequency", JsonNumber(n * cycle.design.fo)},
+                             {"amplitude", JsonNumber(amplitude)},
+                             {"dbc", JsonNumber(cycle.operation->harmonicDb(n))}});
+    }
+    return harmonics;
+}
+
 /// The texts of the window's output fields as the calculation leaves them.
 Json JsonTexts(const DesignRun& run) {
     Json texts = Json::object();
@@ -166,7 +180,7 @@ Json JsonInputs(const Design& state) {
                    {"QB", JsonNumber(state.QB)}, {"QBC", JsonNumber(state.QBC)},
                    {"k", JsonNumber(state.k)},   {"er", JsonNumber(state.er)}};
     for (const InputField& field : PageOf(state).inputs) {
-        if (!field.option.empty())
+        if (!field.option.empty() && field.hasEffect(state))
             inputs[std::string(field.option)] = JsonNumber(field.read(state));
     }
     return inputs;
@@ -195,6 +209,7 @@ Json JsonDesign(const DesignRun& run) {
             {"components", JsonComponents(run)},
             {"outputs", JsonOutputs(run)},
             {"texts", JsonTexts(run)},
+            {"harmonics", JsonHarmonics(run.cycle)},
             {"goal", JsonGoal(run)},
             {"achieved", JsonAchieved(run.cycle)}};
 }
@@ -243,6 +258,7 @@ TextRows InputRows(const Design& state) {
         rows.push_back({"Q(C)", FormatFixed(0, 2, state.QBC), "Element Q of the capacitors"});
     }
     for (const InputField& field : page.inputs) {
+        if (!field.hasEffect(state)) continue;
         rows.push_back({std::string(field.option.empty() ? "Q" : field.option),
                         InputText(field, state), std::string(field.label)});
     }
@@ -255,6 +271,19 @@ TextRows OutputRows(const CycleResult& cycle, const Page& page) {
         if (field.slot == Slot::None) AddTextRow(rows, cycle, field);
     }
     for (const OutputField& field : kSharedOutputs) AddTextRow(rows, cycle, field);
+    return rows;
+}
+
+TextRows HarmonicRows(const CycleResult& cycle) {
+    TextRows rows;
+    if (!cycle.operation) return rows;
+    rows.push_back({"n", "Frequency", "Load current", "Relative"});
+    for (int n = 1; n <= kClassEHarmonics; ++n) {
+        const double amplitude = cycle.operation->harmonics[static_cast<std::size_t>(n - 1)];
+        rows.push_back({std::to_string(n), WithUnit(n * cycle.design.fo, "Hz"),
+                        WithUnit(amplitude, "A"),
+                        FormatFixed(0, 1, cycle.operation->harmonicDb(n)) + " dB"});
+    }
     return rows;
 }
 

@@ -78,4 +78,8 @@ std::string Heading(const Design& state);
 /// Name, value and label of all outputs that are no components, as the calculation wrote them.
 TextRows OutputRows(const CycleResult& cycle, const Page& page);
 
+/// Number, frequency, amplitude and decibels of the load current's harmonics, with a heading; none
+/// where the calculation has no switched stage.
+TextRows HarmonicRows(const CycleResult& cycle);
+
 }  // namespace kelvro

@@ -80,7 +80,8 @@ std::string ListingOf(const ExportDesign& design, const ExportRange&) {
     text += Section(components(design.designed), elements(design.designed));
     text += Section(components(design.alternative), elements(design.alternative));
     const auto title = design.standardValues ? "Outputs with standard values" : "Outputs";
-    return text + Section(title, OutputRows(design.cycle, page));
+    text += Section(title, OutputRows(design.cycle, page));
+    return text + Section("Harmonics of the load current", HarmonicRows(design.cycle));
 }
 
 }  // namespace kelvro

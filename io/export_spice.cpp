@@ -6,6 +6,7 @@
 #include "core/number_text.h"
 #include "core/scalar.h"
 #include "io/circuit_two_port.h"
+#include "io/class_e_netlist.h"
 #include "io/exports.h"
 #include "io/spice_deck.h"
 
@@ -214,16 +215,11 @@ void WriteSweep(SpiceDeck& deck, const ExportDesign& design, const ExportRange& 
     deck.line(".meas ac gt_db PARAM='v_db-(" + FormatShortest(20 * std::log10(match)) + ")'");
 }
 
-void WriteLossComment(SpiceDeck& deck, const ElementLosses& losses) {
-    if (losses.tangent == 0) return;
-    deck.comment("Q of inductors and capacitors at fo: " + FormatFixed(0, 1, 1 / losses.tangent));
-}
-
 std::string SweptNetlist(const ExportDesign& design, const ExportRange& range) {
     const Design& s = design.state;
     SpiceDeck deck(design);
     const ElementLosses losses = ElementLosses::Of(s);
-    WriteLossComment(deck, losses);
+    deck.elementQ(losses.tangent);
     deck.comment("Source of 2 V, so that the voltage at the load is v=V2/V1");
     deck.line("VS source 0 DC 0 AC 2");
     deck.part("RS", "source", "in", s.R1);
@@ -232,59 +228,6 @@ std::string SweptNetlist(const ExportDesign& design, const ExportRange& range) {
     deck.part("RLOAD", out, "0", s.R2);
     if (design.circuit.topology == Topology::Balun) deck.part("RLOADM", "outm", "0", s.R2);
     WriteSweep(deck, design, range, out);
-    return deck.text();
-}
-
-const Element& PartOf(const ExportDesign& design, std::string_view name) {
-    return *std::ranges::find(design.circuit.elements, name, &Element::name);
-}
-
-/// A part with its loss at fo in series, which passes no direct current where the part passes none.
-void WriteLossy(SpiceDeck& deck, const ExportDesign& design, const std::string& name,
-                const std::string& from, const std::string& to) {
-    const ElementLosses losses = ElementLosses::Of(design.state);
-    const Element& element = PartOf(design, name);
-    if (losses.tangent == 0) return deck.part(name, from, to, element.value);
-    const std::string inner = "loss" + name;
-    deck.part(name, from, inner, element.value);
-    const double X = std::abs(losses.impedance(element, design.state.fo));
-    deck.part("R" + name, inner, to, X * losses.tangent);
-}
-
-/// Switching transient of a class-E stage, measured when it has settled. The choke has no
-/// loss: what it has at fo is nothing to the direct current that it carries.
-std::string ClassENetlist(const ExportDesign& design) {
-    constexpr int settling = 200;  // periods; the choke with the load takes about 25
-    constexpr int measured = 20;
-    const Design& s = design.state;
-    const double T = 1 / s.fo;
-    SpiceDeck deck(design);
-    const double R = PartOf(design, "R").value;
-    WriteLossComment(deck, ElementLosses::Of(s));
-    deck.comment("The switch is driven for half of each period");
-    deck.line("VDD supply 0 DC " + FormatShortest(s.Ub));
-    deck.line("Lc supply drain " + FormatShortest(PartOf(design, "Lc").value) +
-              " IC=" + FormatShortest(s.P / (s.Ub - s.Usat)));
-    deck.line("VGATE gate 0 PULSE(0 1 0 " + FormatShortest(T / 1000) + ' ' +
-              FormatShortest(T / 1000) + ' ' + FormatShortest(T / 2 - T / 1000) + ' ' +
-              FormatShortest(T) + ")");
-    deck.line("S1 drain sat gate 0 SWITCH");
-    deck.line(".model SWITCH SW(RON=" + FormatShortest(R / 1000) +
-              " ROFF=" + FormatShortest(R * 1e6) + " VT=0.5 VH=0)");
-    deck.line("VSAT sat 0 DC " + FormatShortest(s.Usat));
-    WriteLossy(deck, design, "C1", "drain", "0");
-    WriteLossy(deck, design, "C2", "drain", "n1");
-    WriteLossy(deck, design, "L2", "n1", "out");
-    deck.part("RLOAD", "out", "0", R);
-    const std::string window = " FROM=" + FormatShortest((settling - measured) * T) +
-                               " TO=" + FormatShortest(settling * T);
-    deck.line(".tran " + FormatShortest(T / 200) + ' ' + FormatShortest(settling * T) + ' ' +
-              FormatShortest((settling - measured) * T) + ' ' + FormatShortest(T / 400) + " UIC");
-    deck.line(".meas tran vrms RMS v(out)" + window);
-    deck.line(".meas tran pout PARAM='vrms*vrms/" + FormatShortest(R) + "'");
-    deck.line(".meas tran vpeak MAX v(drain)" + window);
-    deck.line(".meas tran isupply AVG i(VDD)" + window);
-    deck.line(".meas tran efficiency PARAM='-100*pout/(isupply*" + FormatShortest(s.Ub) + ")'");
     return deck.text();
 }
 

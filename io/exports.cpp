@@ -44,6 +44,7 @@ Circuit WithoutWires(Circuit circuit) {
 bool CanBeBuilt(const Circuit& circuit) {
     return std::ranges::all_of(circuit.elements, [](const Element& element) {
         if (element.kind == ElementKind::Switch) return true;
+        if (element.kind == ElementKind::Choke) return element.value > 0;  // infinite, if chosen
         if (element.kind != ElementKind::Resistor) {
             return element.value > 0 && std::isfinite(element.value);
         }

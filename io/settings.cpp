@@ -13,6 +13,7 @@
 
 #include "core/number_text.h"
 #include "core/scalar.h"
+#include "design/cycle.h"
 #include "design/pages.h"
 #include "io/atomic_file.h"
 #include "io/profile_text.h"
@@ -36,6 +37,7 @@ struct SettingsKey {
         ByPhase,  ///< written "Yes" or "No", read "Ja"
         Ratio,    ///< V2/V1, as Compact
         Sweep,    ///< sweep factor, as Compact
+        Choke,    ///< of the class-E stage, as Compact, or "infinite"
     };
     const char* name;
     Kind kind = Kind::Compact;
@@ -84,6 +86,7 @@ constexpr SettingsKey kKeys[] = {
     {"Vmid2", SettingsKey::Kind::Field, &Design::Vmid2},
     {"Vhi1", SettingsKey::Kind::Field, &Design::Vhi1},
     {"Vhi2", SettingsKey::Kind::Field, &Design::Vhi2},
+    {"Choke", SettingsKey::Kind::Choke, &Design::chokeRatio},
 };
 
 /// Limits of the input field that is bound to a variable.
@@ -119,6 +122,9 @@ std::string TextOf(const SettingsKey& key, const Settings& settings) {
             return FormatEngShort(2, settings.v);
         case SettingsKey::Kind::Sweep:
             return FormatEngShort(2, settings.preferences.SweepFactor);
+        case SettingsKey::Kind::Choke:
+            return state.infiniteChoke ? std::string(kInfinite)
+                                       : FormatEngShort(2, state.chokeRatio);
         case SettingsKey::Kind::ByPhase:
             break;
     }
@@ -160,6 +166,11 @@ void ReadKey(const SettingsKey& key, const std::optional<std::string>& text, Set
             break;
         case SettingsKey::Kind::Sweep:
             if (text) settings.preferences.SweepFactor = ReadNumber(key, *text);
+            break;
+        case SettingsKey::Kind::Choke:
+            if (!text) break;
+            state.infiniteChoke = *text == kInfinite;
+            if (!state.infiniteChoke) state.chokeRatio = ReadNumber(key, *text);
             break;
         case SettingsKey::Kind::PageNumber:
             state.page = ReadPageNumber(text.value_or("1"));

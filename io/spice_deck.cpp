@@ -36,6 +36,11 @@ void SpiceDeck::comment(std::string_view text) {
     text_ += "* " + Plain(text) + '\n';
 }
 
+void SpiceDeck::elementQ(double tangent) {
+    if (tangent == 0) return;
+    comment("Q of inductors and capacitors at fo: " + FormatFixed(0, 1, 1 / tangent));
+}
+
 void SpiceDeck::line(std::string_view text) {
     text_ += std::string(text) + '\n';
 }

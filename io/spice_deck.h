@@ -14,6 +14,8 @@ class SpiceDeck {
     explicit SpiceDeck(const ExportDesign& design);
 
     void comment(std::string_view text);
+    /// Says which Q parts of a loss tangent have; nothing for parts without loss.
+    void elementQ(double tangent);
     void line(std::string_view text);
     /// A part between two nodes; its kind is the first letter of its name. A resistor of 0 ohm in a
     /// series arm is written as a source of 0 V, which is a wire.

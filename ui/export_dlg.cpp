@@ -32,6 +32,11 @@ constexpr const char* kSeriesNames[] = {"", "E6", "E12", "E24", "E48", "E96"};
 
 }  // namespace
 
+std::variant<ExportDesign, std::string> ExportAsShown(const DesignHost& host) {
+    return PrepareExport(AsShown(host.design()), {.standardValues = host.standardValues(),
+                                                  .series = host.preferences().ESeries});
+}
+
 TExportDlg::TExportDlg(DesignHost& host, QWidget* parent)
     : QDialog(parent),
       host_(host),
@@ -215,9 +220,7 @@ void TExportDlg::refresh() {
 std::string TExportDlg::contentOrProblem(bool& problem) const {
     problem = true;
     if (const auto wrong = RangeProblem(range_); wrong && takesRange()) return *wrong;
-    auto prepared = PrepareExport(
-        AsShown(host_.design()),
-        {.standardValues = host_.standardValues(), .series = host_.preferences().ESeries});
+    auto prepared = ExportAsShown(host_);
     if (auto* refusal = std::get_if<std::string>(&prepared)) return std::move(*refusal);
     problem = false;
     return format().content(std::get<ExportDesign>(prepared), range_);

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "io/exports.h"
@@ -16,6 +17,10 @@ class QPushButton;
 namespace kelvro {
 
 class InputEdit;
+
+/// The design with the component values that the window shows, of the standard series where exports
+/// take these. A text: why there is nothing to export.
+std::variant<ExportDesign, std::string> ExportAsShown(const DesignHost& host);
 
 /// The design of the present page in the forms that other tools read: choice of format, frequencies
 /// where they matter, preview, Copy and Save. Follows the design while it is open.

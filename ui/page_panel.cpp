@@ -18,6 +18,7 @@
 #include "ui/circuit_view.h"
 #include "ui/form_row.h"
 #include "ui/plot/value_spin.h"
+#include "ui/stage_view.h"
 
 namespace kelvro {
 
@@ -91,8 +92,12 @@ PagePanel::PagePanel(const Page& page, DesignSession& session, QWidget* parent)
     if (table) grid->addWidget(table, kTable, 0);
     if (QWidget* picture = buildPicture()) grid->addWidget(picture, kFields, 1, table ? 2 : 1, 1);
     if (QLabel* formula = buildTransferText()) grid->addWidget(formula, kFormula, 0, 1, 2);
+    if (page.switched) {
+        stage_ = new StageView(session);
+        grid->addWidget(stage_, kTable, 0, 1, 2);
+    }
     grid->setColumnStretch(1, 1);
-    grid->setRowStretch(table ? kTable : kFields, 1);
+    grid->setRowStretch(table || stage_ ? kTable : kFields, 1);
     refresh();
 }
 
@@ -312,6 +317,7 @@ void PagePanel::showResult(const CycleResult& result) {
     for (const FieldCaption& caption : result.captions)
         captions_.insert(ToQString(caption.object), caption);
     if (result.table && table_) showTable(*result.table);
+    if (stage_) stage_->showStage(result);
     refused_ = result.message.has_value();
     refresh();
 }
@@ -334,8 +340,10 @@ void PagePanel::writeInputs() {
 
 void PagePanel::refresh() {
     const Design& state = session_.design();
-    for (const BoundInput& input : inputs_)
+    for (const BoundInput& input : inputs_) {
         if (!input.edit().hasFocus()) input.refresh(state);
+        input.edit().setEnabled(input.field().hasEffect(state));
+    }
     for (const SwitchRow& row : switches_) {
         row.box->setChecked(state.*row.field->flag);
         if (row.weight) row.weight->setValue(state.*row.field->weight);

@@ -21,6 +21,7 @@ namespace kelvro {
 
 class CircuitView;
 class FieldGrid;
+class StageView;
 
 /// One design page of the notebook, built from its record: notes, inputs, switches, actions,
 /// outputs, element table, circuit picture and transfer function.
@@ -96,6 +97,7 @@ class PagePanel : public QWidget {
     bool refused_ = false;                   ///< the last calculation had no design to show
     QCheckBox* swapBox_ = nullptr;
     QTableWidget* table_ = nullptr;
+    StageView* stage_ = nullptr;
     std::vector<TableRow> tableRows_;  ///< as last calculated
     CircuitView* picture_ = nullptr;
     QLabel* formula_ = nullptr;

@@ -244,6 +244,22 @@ TEST(DesignCommand, ClampsItsInputsLikeTheWindow) {
     EXPECT_EQ(JsonOf({"design", "broadband", "--no-optimize"})["inputs"]["Q"], 0.2);
 }
 
+TEST(DesignCommand, SimulatesAClassEStageBesideItsComputation) {
+    const json document = JsonOf({"design", "class-e", "--p", "10", "--fo", "10M", "--usat", "0",
+                                  "--choke", "20", "--ngspice"});
+    EXPECT_EQ(document["harmonics"].size(), 10U);
+    const json& rows = document["ngspice"];
+    ASSERT_GE(rows.size(), 7U);
+    for (const json& row : rows) {
+        const double computed = row["computed"];
+        EXPECT_NEAR(row["simulated"], computed, 0.01 + 0.003 * std::fabs(computed)) << row["name"];
+    }
+    EXPECT_FALSE(JsonOf({"design", "class-e"}).contains("ngspice"));
+    EXPECT_EQ(JsonOf({"design", "class-e", "--infinite-choke"})["components"][1]["text"],
+              "infinite");
+    EXPECT_EQ(RunWith({"design", "pi", "--ngspice"}).code, 1);
+}
+
 TEST(DesignCommand, InterchangedComponentsKeepTheNamesOfTheirFields) {
     const json design = JsonOf({"design", "pi", "--fo", "1M", "--swap-lc", "--no-optimize"});
     const json& C1 = design["components"].at(0);

@@ -53,7 +53,8 @@ constexpr const char* kDefaults =
     "R1=50.00\nR2=200.00\nP=1.00\nUb=12.00\nUsat=0.50\nL=0.10u\nC=1.00p\nR=1.00\nLs=1.00u\n"
     "Cs=0.10n\nLp=1.00u\nL(BP)=50.00n\nN(BP)=3\nRipple(BP)=0.50\nSweep=1.05\nTyp=1\n"
     "Q by phase=Yes\nVbg=   1.200\nIbg= 100.00u\nRtot= 100.00k\nVref=   2.400\nVlow1= 400.00m\n"
-    "Vlow2= 600.00m\nVmid1=   1.100\nVmid2=   1.300\nVhi1=   1.800\nVhi2=   2.000\n";
+    "Vlow2= 600.00m\nVmid1=   1.100\nVmid2=   1.300\nVhi1=   1.800\nVhi2=   2.000\n"
+    "Choke=143.00\n";
 
 TEST_F(SettingsTest, ANewFileHoldsEveryKeyInItsOrderAndFormat) {
     const fs::path target = folder_ / "new" / "folders" / "kelvro.ini";
@@ -96,6 +97,25 @@ TEST_F(SettingsTest, WhatAFileDoesNotNameStaysExceptThePage) {
     EXPECT_EQ(stateAfterReading("[Other]\nfo=10M\n", before), expected);
     EXPECT_EQ(ReadSettings(path(file("missing.ini")), {before}).settings.design, expected);
     EXPECT_EQ(ReadSettings(path(file("missing.ini")), {before}).status, ReadStatus::Missing);
+}
+
+TEST_F(SettingsTest, KeepTheChokeOfTheClassEStageFiniteOrNot) {
+    const auto after = [&](const std::string& line) {
+        Design before;
+        before.chokeRatio = 20;
+        before.infiniteChoke = true;
+        return stateAfterReading("[Variablen]\n" + line, before);
+    };
+    EXPECT_TRUE(after("").infiniteChoke);
+    EXPECT_FALSE(after("Choke=57.5").infiniteChoke);
+    EXPECT_EQ(after("Choke=57.5").chokeRatio, 57.5);
+    EXPECT_EQ(after("Choke=1k").chokeRatio, 200);
+    EXPECT_TRUE(after("Choke=infinite").infiniteChoke);
+    EXPECT_EQ(after("Choke=infinite").chokeRatio, 20);
+    Settings written;
+    written.design.infiniteChoke = true;
+    ASSERT_EQ(WriteSettings(path(file()), written).status, SaveStatus::Saved);
+    EXPECT_TRUE(ReadSettings(path(file()), {}).settings.design.infiniteChoke);
 }
 
 TEST_F(SettingsTest, OnlyJaSetsTheFlagByPhase) {
