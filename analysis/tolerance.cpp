@@ -43,6 +43,10 @@ void Number(std::vector<TolerancePart>& parts) {
             part.draw = kLineDraw;
             continue;
         }
+        if (part.group == ToleranceGroup::Resistance) {
+            part.draw = further++;
+            continue;
+        }
         const bool capacitance = part.group == ToleranceGroup::Capacitance;
         const std::size_t place = capacitance ? capacitances++ : inductances++;
         const auto& draws = capacitance ? kCapacitanceDraws : kInductanceDraws;
@@ -60,6 +64,8 @@ double Tolerances::of(ToleranceGroup group) const {
             return inductance;
         case ToleranceGroup::LineImpedance:
             return lineImpedance;
+        case ToleranceGroup::Resistance:
+            return resistance;
         case ToleranceGroup::None:
             break;
     }
@@ -186,15 +192,27 @@ double Correlation(std::span<const double> x, std::span<const double> y) {
     return scale > 0 ? std::clamp(xy / scale, -1.0, 1.0) : kNaN;
 }
 
+double BuildGain(const Response& nominal, const Design& build) {
+    // A page may refer to its own gain at fo: that of the nominal design, or no build would differ.
+    return Response(build).magnitudeDb(build.fo) - nominal.referenceDb();
+}
+
+double YieldLimit(const Response& nominal, const Design& design) {
+    return nominal.relativeDb(design.fo) - kYieldMargin;
+}
+
 ToleranceReport AnalyseTolerance(const Design& nominal, const Tolerances& tolerances, int runs,
-                                 std::uint64_t seed, double limitDb) {
+                                 std::uint64_t seed, std::optional<double> limitDb) {
     ToleranceReport report;
-    report.nominalGain = Response(nominal).relativeDb(nominal.fo);
+    const Response reference(nominal);
+    report.nominalGain = reference.relativeDb(nominal.fo);
+    report.limit = limitDb.value_or(YieldLimit(reference, nominal));
     ToleranceRuns draws(nominal, tolerances, seed);
+    if (draws.parts().empty()) runs = 0;
     std::vector<double> gains;
     std::vector<std::vector<double>> deviations(draws.parts().size());
     for (int i = 0; i < runs; ++i) {
-        gains.push_back(Response(draws.next()).relativeDb(nominal.fo));
+        gains.push_back(BuildGain(reference, draws.next()));
         for (std::size_t part = 0; part < deviations.size(); ++part) {
             deviations[part].push_back(draws.deviations()[part]);
         }
@@ -205,7 +223,7 @@ ToleranceReport AnalyseTolerance(const Design& nominal, const Tolerances& tolera
         influence.correlationOfSize = Correlation(deviations[i], gains);
         report.parts.push_back(std::move(influence));
     }
-    report.gain = SpreadOf(std::move(gains), limitDb);
+    report.gain = SpreadOf(std::move(gains), report.limit);
     return report;
 }
 

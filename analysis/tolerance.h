@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <random>
 #include <span>
 #include <string>
@@ -15,11 +16,14 @@
 
 namespace kelvro {
 
+class Response;
+
 /// Tolerances of the part groups in percent.
 struct Tolerances {
     double capacitance = 5;
     double inductance = 5;
     double lineImpedance = 5;
+    double resistance = 5;
 
     bool operator==(const Tolerances&) const = default;
     double of(ToleranceGroup group) const;
@@ -54,8 +58,8 @@ struct TolerancePart {
 
 /// The parts of a design that a run varies, in the order of their random numbers: capacitances 1
 /// and 2, inductances 1 and 2, capacitances 3 and 4, inductances 3 and 4, line impedance; behind
-/// them, on pages with more, capacitances and inductances from the fifth on. A design without some
-/// of them leaves their numbers unused.
+/// them, on pages with more, capacitances and inductances from the fifth on, and resistances. A
+/// design without some of them leaves their numbers unused.
 std::vector<TolerancePart> ToleranceParts(const Design& state);
 
 /// Draws part values around those of a design, which stays as it is.
@@ -110,12 +114,23 @@ struct PartInfluence {
 
 struct ToleranceReport {
     double nominalGain = 0;  ///< GT at fo in dB
-    Spread gain;             ///< of GT at fo in dB
+    double limit = 0;        ///< lowest GT that counts as good, dB
+    Spread gain;             ///< of GT at fo in dB; empty where there is no part to vary
     std::vector<PartInfluence> parts;
 };
 
-/// `runs` runs of a design, judged by the transducer gain at fo against a limit in dB.
+/// How far a good build may fall below the nominal gain at fo where no limit is given, dB.
+inline constexpr double kYieldMargin = 1;
+
+/// The gain of a build at its fo as all judge it: against the reference of the nominal design, dB.
+double BuildGain(const Response& nominal, const Design& build);
+
+/// The lowest gain at fo that counts as good where no limit is given, dB.
+double YieldLimit(const Response& nominal, const Design& design);
+
+/// `runs` runs of a design, judged by the transducer gain at fo against a limit in dB, or by
+/// YieldLimit. No runs where there is no part to vary.
 ToleranceReport AnalyseTolerance(const Design& nominal, const Tolerances& tolerances, int runs,
-                                 std::uint64_t seed, double limitDb);
+                                 std::uint64_t seed, std::optional<double> limitDb = {});
 
 }  // namespace kelvro

@@ -18,7 +18,7 @@ struct AnalysisOptions {
     std::shared_ptr<DesignOptions> design;
     ToleranceOptions tolerance;
     int runs = 1000;
-    std::string limitDb = "-1";
+    std::string limitDb;
 };
 
 /// What was analysed, and what came of it.
@@ -26,7 +26,6 @@ struct Analysis {
     const Page& page;
     Tolerances tolerances;
     std::uint64_t seed;
-    double limitDb;
     ToleranceReport report;
 };
 
@@ -46,6 +45,8 @@ std::string_view GroupName(ToleranceGroup group) {
             return "inductance";
         case ToleranceGroup::LineImpedance:
             return "line impedance";
+        case ToleranceGroup::Resistance:
+            return "resistance";
         case ToleranceGroup::None:
             break;
     }
@@ -61,7 +62,6 @@ const PartInfluence& MostInfluential(const ToleranceReport& report) {
 }
 
 std::string PartsText(const Analysis& analysis) {
-    if (analysis.report.parts.empty()) return "\nNo part of this page has a tolerance.\n";
     std::vector<std::vector<std::string>> rows{{"Part", "Tolerance", "Correlation", "of the size"}};
     for (const PartInfluence& influence : analysis.report.parts) {
         rows.push_back({influence.part.name,
@@ -75,6 +75,9 @@ std::string PartsText(const Analysis& analysis) {
 }
 
 std::string Text(const Analysis& analysis) {
+    if (analysis.report.parts.empty()) {
+        return "No part of this design has a tolerance: there is nothing to vary.\n";
+    }
     const Spread& gain = analysis.report.gain;
     const auto good = static_cast<int>(std::lround(gain.yield * static_cast<double>(gain.count)));
     std::vector<std::vector<std::string>> rows{
@@ -87,7 +90,7 @@ std::string Text(const Analysis& analysis) {
         {"Standard deviation", Decibels(gain.deviation)},
         {"Yield", FormatFixed(8, 1, 100 * gain.yield) + " % (" + std::to_string(good) + " of " +
                       std::to_string(gain.count) + " at or above " +
-                      FormatFixed(0, 2, analysis.limitDb) + " dB)"}};
+                      FormatFixed(0, 2, analysis.report.limit) + " dB)"}};
     if (gain.finite < gain.count) {
         rows.push_back({"Not finite", std::to_string(gain.count - gain.finite)});
     }
@@ -113,7 +116,7 @@ Json Document(const Analysis& analysis, const Design& state) {
             {"inputs", JsonInputs(state)},
             {"runs", gain.count},
             {"seed", analysis.seed},
-            {"limit_db", JsonNumber(analysis.limitDb)},
+            {"limit_db", JsonNumber(analysis.report.limit)},
             {"nominal_db", JsonNumber(analysis.report.nominalGain)},
             {"minimum_db", JsonNumber(gain.min)},
             {"mean_db", JsonNumber(gain.mean)},
@@ -130,13 +133,12 @@ ExitCode ReportTolerance(const AnalysisOptions& options, Session& session) {
     const auto outcome = RunRespondingDesign(*options.design, session);
     if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
     const DesignRun& run = std::get<DesignRun>(outcome);
-    Analysis analysis{run.page(),
-                      options.tolerance.tolerances(),
-                      options.tolerance.seedOrClock(),
-                      ParseValue(options.limitDb),
-                      {}};
-    analysis.report = AnalyseTolerance(run.state, analysis.tolerances, options.runs, analysis.seed,
-                                       analysis.limitDb);
+    Analysis analysis{
+        run.page(), options.tolerance.tolerances(), options.tolerance.seedOrClock(), {}};
+    std::optional<double> limit;
+    if (!options.limitDb.empty()) limit = ParseValue(options.limitDb);
+    analysis.report =
+        AnalyseTolerance(run.state, analysis.tolerances, options.runs, analysis.seed, limit);
     session.out << (options.design->json ? JsonText(Document(analysis, run.state))
                                          : Text(analysis));
     return ExitCode::Done;
@@ -154,8 +156,9 @@ void AddToleranceCommand(CLI::App& app, Session& session) {
     command->add_option("--runs", options->runs, "Number of runs")
         ->capture_default_str()
         ->check(CLI::Range(1, kMostRuns));
-    command->add_option("--limit-db", options->limitDb, "Lowest GT at fo that counts as good (dB)")
-        ->capture_default_str()
+    command
+        ->add_option("--limit-db", options->limitDb,
+                     "Lowest GT at fo that counts as good (dB); default 1 dB below the nominal one")
         ->check(NumberProblem)
         ->type_name("NUMBER");
     command->callback([&session, options] { session.status = ReportTolerance(*options, session); });

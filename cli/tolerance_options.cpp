@@ -34,6 +34,7 @@ Tolerances ToleranceOptions::tolerances() const {
     take(capacitance, result.capacitance);
     take(inductance, result.inductance);
     take(lineImpedance, result.lineImpedance);
+    take(resistance, result.resistance);
     return result;
 }
 
@@ -51,6 +52,7 @@ void AddToleranceOptions(CLI::App& command, ToleranceOptions& options) {
     add("--ctol", options.capacitance, "capacitances", standard.capacitance);
     add("--ltol", options.inductance, "inductances", standard.inductance);
     add("--zltol", options.lineImpedance, "the line's impedance", standard.lineImpedance);
+    add("--rtol", options.resistance, "resistors", standard.resistance);
     command.add_option("--seed", options.seed, "Seed of the random numbers; else from the clock")
         ->check(SeedProblem)
         ->type_name("NUMBER");

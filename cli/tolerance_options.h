@@ -13,6 +13,7 @@ struct ToleranceOptions {
     std::string capacitance;
     std::string inductance;
     std::string lineImpedance;
+    std::string resistance;
     std::string seed;
 
     /// Those of the window where none are given, held to the same limits.
@@ -21,7 +22,7 @@ struct ToleranceOptions {
     std::uint64_t seedOrClock() const;
 };
 
-/// Declares --ctol, --ltol, --zltol and --seed.
+/// Declares --ctol, --ltol, --zltol, --rtol and --seed.
 void AddToleranceOptions(CLI::App& command, ToleranceOptions& options);
 
 }  // namespace kelvro

@@ -12,6 +12,8 @@ ToleranceGroup Element::group() const {
             return ToleranceGroup::Inductance;
         case ElementKind::Line:
             return ToleranceGroup::LineImpedance;
+        case ElementKind::Resistor:
+            return ToleranceGroup::Resistance;
         default:
             return ToleranceGroup::None;
     }

@@ -12,7 +12,13 @@ namespace kelvro {
 enum class ElementKind : std::uint8_t { Resistor, Inductor, Capacitor, Line, Choke, Switch };
 
 /// Which tolerance varies an element.
-enum class ToleranceGroup : std::uint8_t { None, Capacitance, Inductance, LineImpedance };
+enum class ToleranceGroup : std::uint8_t {
+    None,
+    Capacitance,
+    Inductance,
+    LineImpedance,
+    Resistance
+};
 
 /// One part of a network. Values are SI units: ohm, henry, farad; of a line ZL in ohm.
 struct Element {

@@ -32,6 +32,7 @@ TToldlg::TToldlg(DesignHost& host, QWidget* parent)
     LTolEingabe_ = addRow(tr("Inductance Tolerances"), "LTolEingabe", &TToldlg::LTolEingabeChange);
     ZLTolEingabe_ =
         addRow(tr("Charac. Imp. Tolerance"), "ZLTolEingabe", &TToldlg::ZLTolEingabeChange);
+    RTolEingabe_ = addRow(tr("Resistance Tolerances"), "RTolEingabe", &TToldlg::RTolEingabeChange);
     auto* note = new QLabel(tr("The buttons of the gain window draw the runs."));
     note->setEnabled(false);
     grid->addWidget(note, grid->rowCount(), 0, 1, 3);
@@ -69,6 +70,7 @@ void TToldlg::FormActivate() {
     CTolEingabe_->setText(PercentText(working_.capacitance));
     LTolEingabe_->setText(PercentText(working_.inductance));
     ZLTolEingabe_->setText(PercentText(working_.lineImpedance));
+    RTolEingabe_->setText(PercentText(working_.resistance));
     CTolEingabe_->setFocus();
     CTolEingabe_->selectAll();
 }
@@ -83,6 +85,10 @@ void TToldlg::LTolEingabeChange() {
 
 void TToldlg::ZLTolEingabeChange() {
     working_.lineImpedance = TypedTolerance(*ZLTolEingabe_);
+}
+
+void TToldlg::RTolEingabeChange() {
+    working_.resistance = TypedTolerance(*RTolEingabe_);
 }
 
 void TToldlg::OKBtnClick() {

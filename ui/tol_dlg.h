@@ -22,6 +22,7 @@ class TToldlg : public QDialog {
     void CTolEingabeChange();
     void LTolEingabeChange();
     void ZLTolEingabeChange();
+    void RTolEingabeChange();
     void OKBtnClick();
     void CancelBtnClick() { reject(); }
 
@@ -36,6 +37,7 @@ class TToldlg : public QDialog {
     InputEdit* CTolEingabe_;
     InputEdit* LTolEingabe_;
     InputEdit* ZLTolEingabe_;
+    InputEdit* RTolEingabe_;
 };
 
 }  // namespace kelvro

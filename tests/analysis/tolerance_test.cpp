@@ -61,7 +61,8 @@ TEST_P(PartsOfPages, VaryEvenlyWithinTheirTolerancesAndNothingElseDoes) {
     const PartsCase& row = GetParam();
     Design state = Designed(row.page, row.R1, row.R2);
     state.LCSwapped = row.swapped;
-    const Tolerances tolerances{.capacitance = 1, .inductance = 20, .lineImpedance = 35};
+    const Tolerances tolerances{
+        .capacitance = 1, .inductance = 20, .lineImpedance = 35, .resistance = 10};
     ToleranceRuns runs(state, tolerances, 1);
     std::vector<std::vector<double>> seen(runs.parts().size());
     Design restored;
@@ -101,7 +102,8 @@ INSTANTIATE_TEST_SUITE_P(
                     PartsCase{"Pi, swapped", 3, 50, 200, true, {{"C", 0}, {"L1", 2}, {"L2", 3}}},
                     PartsCase{"T", 4, 200, 50, false, {{"C", 0}, {"L1", 2}, {"L2", 3}}},
                     PartsCase{"line", 6, 50, 200, false, {{"ZL", 8}}},
-                    PartsCase{"resistors", 7, 200, 50, false, {}},
+                    PartsCase{"resistors", 7, 200, 50, false, {{"R1´", 9}, {"R2´", 10}}},
+                    PartsCase{"matched pad", 8, 50, 50, false, {{"Ra", 9}, {"Rp", 10}, {"Rb", 11}}},
                     PartsCase{"balun: two of each", 9, 50, 200, false, {{"C", 0}, {"L", 2}}},
                     PartsCase{"eight elements",
                               16,
@@ -203,6 +205,46 @@ TEST(Tolerance, QuarterWaveLineFollowsItsClosedForm) {
     const double deviation = std::sqrt(4.0 / 45 + 0.04 / 7);
     EXPECT_NEAR(report.parts[0].correlation, 0.2 / 5 * std::sqrt(3.0) / deviation, 0.035);
     EXPECT_NEAR(report.parts[0].correlationOfSize, -std::sqrt(12.0) / 12 / deviation, 0.01);
+}
+
+/// A T of Ra = 50·(√10 - 1)/(√10 + 1) twice and Rp = 100·√10/9 attenuates by 10 dB in 50 ohm.
+TEST(Tolerance, ResistorsOfAPadVaryItsAttenuation) {
+    Design state = Designed(8, 50, 50);
+    state.v8 = std::sqrt(0.1);
+    ResponseServices services;
+    state = Calculate(state, true, services).design;
+    const ToleranceReport report = AnalyseTolerance(state, {.resistance = 10}, 5000, 3, -10.5);
+    EXPECT_NEAR(report.nominalGain, -10, 1e-9);
+    const auto gain = [](double arms, double shunt) {
+        const double Ra = 50 * (std::sqrt(10.0) - 1) / (std::sqrt(10.0) + 1) * arms;
+        const double Rp = 100 * std::sqrt(10.0) / 9 * shunt;
+        return 20 * std::log10(2 * 50 / (2 * (50 + Ra) + (50 + Ra) * (50 + Ra) / Rp));
+    };
+    EXPECT_NEAR(report.gain.min, gain(1.1, 0.9), 0.1);
+    EXPECT_GE(report.gain.min, gain(1.1, 0.9));
+    EXPECT_NEAR(report.gain.max, gain(0.9, 1.1), 0.1);
+    EXPECT_GT(report.gain.yield, 0.8);
+    EXPECT_LT(report.gain.yield, 1);
+    EXPECT_EQ(report.parts.size(), 3U);
+    EXPECT_LT(report.parts[0].correlation, -0.3);
+    EXPECT_GT(report.parts[1].correlation, 0.3);
+}
+
+/// Either output of the balun has half the power: 3 dB below a match, which is no fault of a build.
+TEST(Tolerance, TheLimitFollowsTheNominalGain) {
+    const Design balun = Designed(9, 50, 100);
+    EXPECT_EQ(AnalyseTolerance(balun, {0.1, 0.1, 0.1}, 50, 1).gain.yield, 1);
+    EXPECT_EQ(AnalyseTolerance(balun, {0.1, 0.1, 0.1}, 50, 1, 0.5).gain.yield, 0);
+    const Design tank = Designed(1);
+    EXPECT_NEAR(AnalyseTolerance(tank, {}, 1, 1).limit, Response(tank).relativeDb(tank.fo) - 1,
+                1e-12);
+}
+
+TEST(Tolerance, ADesignWithoutPartsHasNoYield) {
+    const ToleranceReport report = AnalyseTolerance(Designed(10), {}, 100, 1);
+    EXPECT_TRUE(report.parts.empty());
+    EXPECT_EQ(report.gain.count, 0U);
+    EXPECT_TRUE(std::isnan(report.gain.yield));
 }
 
 TEST(Tolerance, ValuesThatAreNoNumbersLeaveTheDesignAloneAndCountAsFailed) {

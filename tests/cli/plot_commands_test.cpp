@@ -110,6 +110,22 @@ TEST_F(PlotCommands, ToleranceReportsSpreadYieldAndParts) {
     EXPECT_EQ(nlohmann::json::parse(RunWith(lenient).out)["yield"], 1);
 }
 
+TEST_F(PlotCommands, ToleranceVariesResistorsAndJudgesByTheNominalGain) {
+    const auto document = [](std::vector<std::string> args) {
+        args.insert(args.end(), {"--runs", "200", "--seed", "1", "--json"});
+        return nlohmann::json::parse(RunWith(args).out);
+    };
+    const auto pad =
+        document({"tolerance", "passive-pi-t", "--r1", "50", "--r2", "50", "--rtol", "1"});
+    EXPECT_EQ(pad["parts"].size(), 3U);
+    EXPECT_EQ(pad["parts"][0]["group"], "resistance");
+    EXPECT_EQ(pad["parts"][0]["tolerance_percent"], 1);
+    EXPECT_GT(pad["standard_deviation_db"].get<double>(), 0);
+    const auto balun = document({"tolerance", "lc-balun", "--ctol", "1", "--ltol", "1"});
+    EXPECT_NEAR(balun["limit_db"].get<double>(), balun["nominal_db"].get<double>() - 1, 1e-9);
+    EXPECT_EQ(balun["yield"], 1);
+}
+
 TEST_F(PlotCommands, ToleranceWithoutASeedSaysWhichOneItTook) {
     const auto seed = [] {
         const Output output = RunWith({"tolerance", "pi", "--runs", "2", "--json"});

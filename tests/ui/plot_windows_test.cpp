@@ -379,6 +379,23 @@ class PlotWindowsTest : public QObject {
         }
     }
 
+    /// A detuned design has its peak elsewhere in the view: its builds are judged by what it has at
+    /// fo.
+    void theYieldIsJudgedAtTheDesignFrequency() {
+        host_->state().components[Slot::C1] *= 1.5;
+        emit host_->designChanged();
+        host_->setTolerances({0.1, 0.1, 0.1, 0.1});
+        press("SpeedButtonMC10");
+        QCOMPARE(vu_->findChild<QLabel*>("YieldLabel")->text(),
+                 QString("Yield: 100.0 % (10 of 10)"));
+    }
+
+    void aDesignWithoutPartsSaysSo() {
+        host_->goToPage(10);
+        press("SpeedButtonMC10");
+        QCOMPARE(vu_->findChild<QLabel*>("YieldLabel")->text(), QString("No part to vary"));
+    }
+
     void runsThatMeetNoFiniteValueLeaveTheDesignAsItWas() {
         host_->state().components[Slot::C1] = std::numeric_limits<double>::quiet_NaN();
         host_->state().components[Slot::L] = std::numeric_limits<double>::infinity();

@@ -53,10 +53,12 @@ class ToleranceDialogTest : public QObject {
         QFETCH(QString, text);
         type("CTolEingabe", text);
         type("ZLTolEingabe", "7");
+        type("RTolEingabe", "1");
         press("OKBtn");
         QTEST(tolerances().capacitance, "percent");
         QCOMPARE(tolerances().inductance, 5.0);
         QCOMPARE(tolerances().lineImpedance, 7.0);
+        QCOMPARE(tolerances().resistance, 1.0);
     }
 
     void cancelKeepsTheTolerances() {

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 
+#include "analysis/response.h"
 #include "analysis/tolerance.h"
 #include "core/number_text.h"
 #include "ui/plot/plot_image.h"
@@ -62,7 +63,7 @@ void TFormVu::buildMonteCarloButtons() {
     }
     yield_ = new QLabel(this);
     yield_->setObjectName("YieldLabel");
-    yield_->setToolTip(tr("Runs that stay within 1 dB of the nominal peak at fo"));
+    yield_->setToolTip(tr("Runs whose gain at fo is at most 1 dB below the nominal one"));
     statusBar()->addPermanentWidget(yield_);
 }
 
@@ -80,13 +81,15 @@ void TFormVu::SpeedButtonMC100Click() {
 
 void TFormVu::runMonteCarlo(int runs) {
     const Design& nominal = host().design();
-    const double limit = PeakOf(samples()) - 1;
+    if (ToleranceParts(nominal).empty()) return yield_->setText(tr("No part to vary"));
+    const Response response(nominal);
+    const double limit = YieldLimit(response, nominal);
     for (int run = 0; run < runs; ++run) {
         ToleranceRuns drawn(nominal, host().tolerances(), ClockSeed());
         const Design& varied = drawn.next();
         image().addCurve(ScatterCurve(Sampled(varied, view(), leading())));
         ++runs_;
-        if (ValueAt(varied, leading(), nominal.fo) >= limit) ++goodRuns_;
+        if (BuildGain(response, varied) >= limit) ++goodRuns_;
         showYield();
         image().repaint();
     }
