@@ -19,35 +19,33 @@ enum class Role : std::uint8_t { Match, Pad, Balun, Amplifier, Other };
 struct Trait {
     int page;
     Role role;
-    bool adjustableQ;  ///< the design follows the wanted Q
-    bool floats;       ///< the load need not share the ground of the source
+    bool floats;  ///< the load need not share the ground of the source
     std::string_view character;
 };
 
 constexpr std::array<Trait, kPageCount> kTraits = {{
-    {1, Role::Match, true, false, "Tapped series tank whose Q can be chosen"},
-    {2, Role::Match, true, false, "Tapped parallel tank whose Q can be chosen"},
-    {3, Role::Match, true, false,
+    {1, Role::Match, false, "Tapped series tank whose Q can be chosen"},
+    {2, Role::Match, false, "Tapped parallel tank whose Q can be chosen"},
+    {3, Role::Match, false,
      "Pi section whose Q can be chosen, absorbs shunt parasitics of both ends"},
-    {4, Role::Match, true, false,
+    {4, Role::Match, false,
      "T section whose Q can be chosen, absorbs series parasitics of both ends"},
-    {5, Role::Match, true, true, "Two coupled tanks that isolate source and load from each other"},
-    {6, Role::Match, false, false, "Quarter-wave line without any lumped part"},
-    {7, Role::Pad, false, false,
-     "Resistive L pad, flat from DC up, with the least loss of all pads"},
-    {8, Role::Pad, false, false, "Resistive pad, flat from DC up, matched at both ends"},
-    {9, Role::Balun, false, false, "Lattice balun with two outputs of opposite phase"},
-    {10, Role::Amplifier, false, false,
+    {5, Role::Match, true, "Two coupled tanks that isolate source and load from each other"},
+    {6, Role::Match, false, "Quarter-wave line without any lumped part"},
+    {7, Role::Pad, false, "Resistive L pad, flat from DC up, with the least loss of all pads"},
+    {8, Role::Pad, false, "Resistive pad, flat from DC up, matched at both ends"},
+    {9, Role::Balun, false, "Lattice balun with two outputs of opposite phase"},
+    {10, Role::Amplifier, false,
      "Load resistance that the amplifier wants, to be matched to the real load afterwards"},
-    {11, Role::Other, false, false, "Looks at the parasitics of one coil or capacitor"},
-    {12, Role::Other, false, false, "Designs a trap for one frequency"},
-    {13, Role::Match, false, false, "Two parts only, the fewest possible"},
-    {14, Role::Match, false, false, "Low-pass and high-pass L-section whose phase shifts cancel"},
-    {15, Role::Amplifier, true, false, "Complete output network of a class-E stage"},
-    {16, Role::Match, false, false, "Ladder of L-sections for a wide band"},
-    {17, Role::Match, true, false, "Coupled resonators with steep skirts"},
-    {18, Role::Match, false, false, "Two high-pass L-sections, wider than a single one"},
-    {19, Role::Other, false, false, "Divides a reference voltage"},
+    {11, Role::Other, false, "Looks at the parasitics of one coil or capacitor"},
+    {12, Role::Other, false, "Designs a trap for one frequency"},
+    {13, Role::Match, false, "Two parts only, the fewest possible"},
+    {14, Role::Match, false, "Low-pass and high-pass L-section whose phase shifts cancel"},
+    {15, Role::Amplifier, false, "Complete output network of a class-E stage"},
+    {16, Role::Match, false, "Ladder of L-sections for a wide band"},
+    {17, Role::Match, false, "Coupled resonators with steep skirts"},
+    {18, Role::Match, false, "Two high-pass L-sections, wider than a single one"},
+    {19, Role::Other, false, "Divides a reference voltage"},
 }};
 
 const Trait& TraitOf(int page) {
@@ -130,11 +128,18 @@ std::string WhyImpractical(const Element& element, double omega) {
     return part + " has a reactance of " + FormatQuantity(2, X, "Ω") + ", where parasitics decide";
 }
 
+bool HasLine(const Circuit& circuit) {
+    return std::ranges::any_of(circuit.elements,
+                               [](const Element& e) { return e.kind == ElementKind::Line; });
+}
+
 void MeasureParts(Proposal& proposal, const Circuit& circuit) {
     const double omega = Omega(proposal.state);
     for (const Element& element : circuit.elements) {
         // A capacitance of exactly 0 is one that the design leaves out.
         if (element.kind == ElementKind::Switch || element.value == 0) continue;
+        // An infinite choke is one that is chosen so.
+        if (element.kind == ElementKind::Choke && std::isinf(element.value)) continue;
         ++proposal.parts;
         const SizedPart part{element.name, element.value, std::string(element.unit()),
                              ImpedanceAt(element, omega)};
@@ -146,10 +151,8 @@ void MeasureParts(Proposal& proposal, const Circuit& circuit) {
         }
         if (proposal.impractical.empty()) proposal.impractical = WhyImpractical(element, omega);
     }
-    const bool line = std::ranges::any_of(
-        circuit.elements, [](const Element& e) { return e.kind == ElementKind::Line; });
     const double length = proposal.state.components[Slot::Length];
-    if (line && !(length >= kLineLength.low && length <= kLineLength.high)) {
+    if (HasLine(circuit) && !(length >= kLineLength.low && length <= kLineLength.high)) {
         proposal.impractical = "the line would be " + FormatQuantity(1, length, "m") + " long";
     }
     proposal.practical = proposal.impractical.empty();
@@ -184,6 +187,7 @@ Proposal DesignedAs(Design inputs, const Page& page, bool swapped, CycleServices
     proposal.LCSwapped = inputs.LCSwapped;
     proposal.cycle = Calculate(inputs, true, services);
     proposal.state = proposal.cycle.design;
+    proposal.v = proposal.cycle.v;
     return proposal;
 }
 
@@ -193,9 +197,12 @@ Proposal Designed(const Design& inputs, const Page& page, bool swapped, CycleSer
     if (!proposal.cycle.message || inputs.R1 == inputs.R2) return proposal;
     Design exchanged = inputs;
     std::swap(exchanged.R1, exchanged.R2);
+    // The same gain the other way round: v is to √(R2/R1) as before.
+    exchanged.v8 *= inputs.R1 / inputs.R2;
     Proposal turned = DesignedAs(exchanged, page, swapped, services);
     if (turned.cycle.message) return proposal;
     turned.turned = true;
+    turned.v = turned.cycle.v * inputs.R2 / inputs.R1;
     return turned;
 }
 
@@ -262,7 +269,7 @@ double ScoreOf(const Proposal& proposal, const Wishes& wishes) {
         score -= std::min(kMostForOneWish, kPerOctaveOfBandwidth * octaves);
     }
     if (wishes.voltageRatio && proposal.gtDb) {
-        const double octaves = OctavesBetween(proposal.cycle.v, *wishes.voltageRatio);
+        const double octaves = OctavesBetween(proposal.v, *wishes.voltageRatio);
         score -= std::min(kMostForOneWish, kPerOctaveOfRatio * octaves);
     }
     if (wishes.suppressHarmonics && proposal.secondHarmonicDb) {
@@ -274,21 +281,41 @@ double ScoreOf(const Proposal& proposal, const Wishes& wishes) {
     return score;
 }
 
+/// Does the band of the page follow the Q that is typed there? Tried with one half as large again.
+bool FollowsQ(const Proposal& proposal, double wantedBandwidth, CycleServices& services) {
+    constexpr double trial = 1.5;
+    constexpr double leastOctaves = 0.07;  // 5 % of the width
+    Design other = proposal.state;
+    const Limits limits = PageOf(other).typedQ;
+    const double Q = Clamp(other.fo / wantedBandwidth, limits.low, limits.high);
+    other.Q = Q * trial <= limits.high ? Q * trial : Q / trial;
+    const CycleResult cycle = Calculate(other, true, services);
+    if (cycle.message) return false;
+    const double width = PassbandAround(Response(cycle.design), other.fo).width();
+    const double present = proposal.passband->width();
+    if (!std::isfinite(width) || !std::isfinite(present)) return false;
+    return OctavesBetween(width, present) > leastOctaves;
+}
+
 // ---------------------------------------------------------------- words
 
-std::string BandwidthClause(const Proposal& proposal, const Wishes& wishes) {
+std::string BandwidthClause(const Proposal& proposal, const Wishes& wishes,
+                            CycleServices& services) {
     if (!proposal.passband) return "";
     const Passband& band = *proposal.passband;
     const bool toDc = band.low == 0;
     const bool open = std::isinf(band.high);
     if (toDc && open) return "";
     std::string clause = TraitOf(proposal.page).role == Role::Balun ? "; its + output is " : "; ";
-    clause += toDc   ? "low-pass up to " + FormatQuantity(1, band.high, "Hz")
-              : open ? "high-pass from " + FormatQuantity(1, band.low, "Hz")
-                     : FormatQuantity(1, band.width(), "Hz") + " wide";
+    // A line matches again at all odd multiples of fo.
+    const bool line = HasLine(PageOf(proposal.state).builtCircuit(proposal.state));
+    clause += toDc && line ? "within 3 dB from DC to " + FormatQuantity(1, band.high, "Hz")
+              : toDc       ? "low-pass up to " + FormatQuantity(1, band.high, "Hz")
+              : open       ? "high-pass from " + FormatQuantity(1, band.low, "Hz")
+                           : FormatQuantity(1, band.width(), "Hz") + " wide";
     if (const auto wanted = wishes.wantedBandwidth(proposal.state.fo)) {
         clause += " where " + FormatQuantity(1, *wanted, "Hz") + " is wanted";
-        if (!TraitOf(proposal.page).adjustableQ) clause += " and cannot be chosen";
+        if (!FollowsQ(proposal, *wanted, services)) clause += " and cannot be chosen";
     }
     return clause;
 }
@@ -302,7 +329,7 @@ std::string LoadClause(const Proposal& proposal) {
            FormatQuantity(2, ParseValue(*text), field.unit);
 }
 
-std::string ReasonOf(const Proposal& proposal, const Wishes& wishes) {
+std::string ReasonOf(const Proposal& proposal, const Wishes& wishes, CycleServices& services) {
     const Trait& trait = TraitOf(proposal.page);
     std::string reason(trait.character);
     if (trait.role == Role::Amplifier) reason += LoadClause(proposal);
@@ -312,10 +339,11 @@ std::string ReasonOf(const Proposal& proposal, const Wishes& wishes) {
     if (wishes.suppressHarmonics && proposal.secondHarmonicDb) {
         reason += "; 2·fo is " + Decibels(*proposal.secondHarmonicDb) + " down";
     }
-    reason += BandwidthClause(proposal, wishes);
+    reason += BandwidthClause(proposal, wishes, services);
     if (wishes.voltageRatio && proposal.gtDb) {
-        reason += "; v is " + FormatFixed(0, 3, proposal.cycle.v);
+        reason += "; v is " + FormatFixed(0, 3, proposal.v);
     }
+    if (proposal.turned) reason += "; built from the load's side";
     if (!proposal.practical) reason += "; but " + proposal.impractical;
     return reason + ".";
 }
@@ -324,11 +352,12 @@ std::string Unsuited(const Proposal& proposal, const std::string& why) {
     return std::string(TraitOf(proposal.page).character) + "; not suited: " + why + ".";
 }
 
-void Judge(Proposal& proposal, const Wishes& wishes) {
+void Judge(Proposal& proposal, const Wishes& wishes, CycleServices& services) {
     if (proposal.cycle.message) {
-        // The page's own words, which end in a sign of their own.
         proposal.reason =
             std::string(TraitOf(proposal.page).character) + "; refused: " + *proposal.cycle.message;
+        if (!proposal.reason.ends_with('!') && !proposal.reason.ends_with('.'))
+            proposal.reason += '.';
         return;
     }
     MeasureParts(proposal, PageOf(proposal.state).builtCircuit(proposal.state));
@@ -339,7 +368,7 @@ void Judge(Proposal& proposal, const Wishes& wishes) {
     }
     proposal.suited = true;
     proposal.score = ScoreOf(proposal, wishes);
-    proposal.reason = ReasonOf(proposal, wishes);
+    proposal.reason = ReasonOf(proposal, wishes, services);
 }
 
 /// The proposals of one page; pages whose kind is not wanted are not designed.
@@ -358,7 +387,7 @@ void AddProposals(std::vector<Proposal>& proposals, const Design& state, const P
         Proposal proposal = Designed(inputs, page, swapped, services);
         // Some pages do not keep the interchange when they are entered.
         if (proposal.LCSwapped != swapped) continue;
-        Judge(proposal, wishes);
+        Judge(proposal, wishes, services);
         proposals.push_back(std::move(proposal));
     }
 }
@@ -406,9 +435,9 @@ std::string Title(const Proposal& proposal) {
     return title;
 }
 
-void Apply(const Proposal& proposal, Design& state) {
+void Apply(const Proposal& proposal, Design& state, bool exchange) {
     const Design& designed = proposal.state;
-    if (proposal.turned) std::swap(state.R1, state.R2);
+    if (proposal.turned && exchange) std::swap(state.R1, state.R2);
     state.Q = designed.Q;
     state.v8 = designed.v8;
     state.LCSwapped = proposal.LCSwapped;

@@ -46,12 +46,15 @@ struct SizedPart {
 struct Proposal {
     int page = 1;
     bool LCSwapped = false;
-    bool turned = false;  ///< R1 and R2 are exchanged: the network is used the other way round
+    bool turned = false;  ///< designed for exchanged R1 and R2, and used the other way round
     Design state;         ///< designed; what going to the page shows
     bool suited = false;
     std::string reason;  ///< one sentence; of an unsuited page why it is not
     double score = 0;    ///< higher is better
     CycleResult cycle;   ///< what the page's calculation says: v, loss, bandwidth
+
+    /// V2/V1 at fo from the user's source to his load, also where the design runs the other way.
+    double v = 0;
 
     // Achievable numbers; empty where the page has no response of its own.
     std::optional<double> gtDb;  ///< transducer gain at fo
@@ -76,7 +79,8 @@ std::vector<Proposal> Propose(const Design& state, const Wishes& wishes, CycleSe
 /// "LC Gamma, L and C interchanged, R1 and R2 switched".
 std::string Title(const Proposal& proposal);
 
-/// Puts the inputs and the variant of a proposal into the state. The caller enters its page.
-void Apply(const Proposal& proposal, Design& state);
+/// Puts the inputs and the variant of a proposal into the state. The caller enters its page. R1 and
+/// R2 are exchanged for a turned proposal only where `exchange` says so; else its page will refuse.
+void Apply(const Proposal& proposal, Design& state, bool exchange);
 
 }  // namespace kelvro

@@ -70,7 +70,7 @@ Json JsonProposal(const Proposal& proposal) {
     if (!proposal.suited) return document;
     document.update({{"score", JsonNumber(proposal.score)},
                      {"gt_db", JsonOptional(proposal.gtDb)},
-                     {"v", proposal.gtDb ? JsonNumber(proposal.cycle.v) : Json(nullptr)},
+                     {"v", proposal.gtDb ? JsonNumber(proposal.v) : Json(nullptr)},
                      {"passband", JsonPassband(proposal.passband)},
                      {"second_harmonic_db", JsonOptional(proposal.secondHarmonicDb)},
                      {"parts", proposal.parts},

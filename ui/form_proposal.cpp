@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTreeWidget>
@@ -62,7 +63,7 @@ std::optional<double> WishedNumber(const QLineEdit& edit) {
 }  // namespace
 
 TFormProposal::TFormProposal(DesignSession& session, QWidget* parent)
-    : QDialog(parent), session_(session) {
+    : QDialog(parent), session_(session), mayExchange_([this] { return askToExchange(); }) {
     setObjectName(QStringLiteral("TFormProposal"));
     setWindowTitle(tr("Suggestions for circuit topology"));
     inputs_ = new QLabel;
@@ -241,11 +242,21 @@ const Proposal* TFormProposal::current() const {
     return &proposals_[static_cast<std::size_t>(item->data(0, Qt::UserRole).toInt())];
 }
 
+bool TFormProposal::askToExchange() {
+    QMessageBox box(QMessageBox::Question, windowTitle(),
+                    tr("This circuit is designed from your load to your source.\n"
+                       "Switch R1 and R2 for its page?"),
+                    QMessageBox::Yes | QMessageBox::No, this);
+    box.setObjectName(QStringLiteral("MessageExchange"));
+    return box.exec() == QMessageBox::Yes;
+}
+
 void TFormProposal::ButtonGoClick() {
     const Proposal* proposal = current();
     if (!proposal || !proposal->suited) return;
+    const bool exchange = proposal->turned && mayExchange_();
     const auto apply = [&](Design& design) {
-        Apply(*proposal, design);
+        Apply(*proposal, design, exchange);
         EnterPage(design, proposal->page);
     };
     session_.edit(Title(*proposal), apply, {.fields = Fields::Follow});

@@ -2,6 +2,8 @@
 
 #include <QDialog>
 #include <QTimer>
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "advise/proposal.h"
@@ -29,6 +31,11 @@ class TFormProposal : public QDialog {
 
     const std::vector<Proposal>& proposals() const { return proposals_; }
 
+    /// May R1 and R2 be switched for a page? By default the user is asked.
+    void setMayExchange(std::function<bool()> mayExchange) {
+        mayExchange_ = std::move(mayExchange);
+    }
+
   public slots:
     void ButtonGoClick();
     void ButtonCopyClick();
@@ -43,12 +50,14 @@ class TFormProposal : public QDialog {
     InputEdit* addInput(const char* name, const QString& hint);
 
     Wishes wishes() const;
+    bool askToExchange();
     void refresh();
     void addRow(const Proposal& proposal, int index);
     /// The proposal of the current row; null without one.
     const Proposal* current() const;
 
     DesignSession& session_;
+    std::function<bool()> mayExchange_;
     QLabel* inputs_;
     InputEdit* Q_;
     InputEdit* bandwidth_;

@@ -75,7 +75,10 @@ WorkedDesign Match(int page, double R1, double R2, double fo, double Q) {
 }
 
 std::string Say(double value, std::string_view unit) {
-    std::string text = FormatQuantity(3, value, unit);
+    // Decibels, percents and plain numbers take no prefix.
+    const bool plain = unit.empty() || unit == "dB" || unit == "%";
+    std::string text = plain ? FormatFixed(0, 3, value) : FormatQuantity(3, value, unit);
+    if (plain && !unit.empty()) text += ' ' + std::string(unit);
     const auto point = text.find('.');
     auto end = text.find(' ');
     if (end == std::string::npos) end = text.size();

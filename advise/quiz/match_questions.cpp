@@ -88,7 +88,8 @@ Question PiInput(Numbers& n) {
                "A pi section with Q = " + Say(Q, "") + " matches " + task.text() +
                    ". How large is C1 across the source?",
                Match(3, task.R1, task.R2, task.fo, Q).state.components[Slot::C1], "F",
-               "XC1 = (R1 + √(R1·R2))/(2·Q): the two ends share 2·Q in the ratio √R1 : √R2.");
+               "C1 = 1/(2π·f·XC1) with XC1 = (R1 + √(R1·R2))/(2·Q): the two ends share 2·Q in the "
+               "ratio √R1 : √R2.");
 }
 
 Question SeriesTankL(Numbers& n) {
@@ -99,8 +100,7 @@ Question SeriesTankL(Numbers& n) {
         "A tapped series tank with Q = " + Say(Q, "") + " matches " + task.text() +
             ". How large is its coil?",
         Match(1, task.R1, task.R2, task.fo, Q).state.components[Slot::L], "H",
-        "At resonance its reactance is 2·Q·R1: the source damps it together with the equally "
-        "large matched load.");
+        "L = 2·Q·R1/(2π·f): the source damps it together with the equally large matched load.");
 }
 
 Question NeedsLargerLoad(Numbers& n) {
@@ -118,7 +118,9 @@ Question NeedsLargerLoad(Numbers& n) {
     return Choose(n, kMatching,
                   "Which of these circuits cannot match from " + Say(task.R1, "Ω") + " down to " +
                       Say(task.R2, "Ω") + " unless R1 and R2 are switched?",
-                  choices, "It steps the resistance up from source to load, so it needs R2 > R1.");
+                  choices,
+                  "The tapped series tank and LCCL only step up from source to load, so they need "
+                  "R2 > R1; pi section, line and gamma go both ways, the double L only down.");
 }
 
 Question MiddleResistance(Numbers& n) {
@@ -158,7 +160,7 @@ Question BalunL(Numbers& n) {
                "A lattice balun feeds two loads of " + Say(R2, "Ω") + " each from " + Say(R1, "Ω") +
                    " at " + Say(fo, "Hz") + ". How large are its coils?",
                Match(9, R1, R2, fo).state.components[Slot::L], "H",
-               "All four reactances are √(2·R1·R2).");
+               "All four reactances are X = √(2·R1·R2), so L = X/(2π·f).");
 }
 
 Question BandwidthOfQ(Numbers& n) {

@@ -64,11 +64,13 @@ Question ReadPrefix(Numbers& n) {
 Question NearestStandardValue(Numbers& n) {
     const auto series = n.below(2) == 0 ? Series::E12 : Series::E24;
     const double value = n.oneOf({13.8, 26.1, 36.5, 41.7, 53.1, 62.8, 79.6, 98}) * 1e-12;
-    return Ask(kValues,
-               "Which value of the series " + std::string(series == Series::E12 ? "E12" : "E24") +
-                   " is nearest to " + Say(value, "F") + "?",
-               ParseValue(SeriesNearest(series, value)), "F",
-               "The series divides each decade into 12 or 24 equal ratios.");
+    return Ask(
+        kValues,
+        "Which value of the series " + std::string(series == Series::E12 ? "E12" : "E24") +
+            " is nearest to " + Say(value, "F") + "?",
+        ParseValue(SeriesNearest(series, value)), "F",
+        "E12: 10, 12, 15, 18, 22, 27, 33, 39, 47, 56, 68, 82; E24 has 11, 13, 16, 20, 24, 30, "
+        "36, 43, 51, 62, 75, 91 between them.");
 }
 
 Question NextStandardValue(Numbers& n) {
@@ -99,13 +101,14 @@ Question WhichOptimizer(Numbers& n) {
     const bool local = GuideAdvice(situation).find("local") != std::string::npos;
     std::vector<std::string> choices = {"a local optimizer", "a global optimizer"};
     if (!local) std::swap(choices[0], choices[1]);
-    return Choose(n, kOptimizing,
-                  situation.goodStartPoint
-                      ? "The designer has found a good starting point. Which optimizer first?"
-                      : "The starting point is probably bad. Which optimizer first?",
-                  choices,
-                  "A local optimizer is faster but ends in the optimum next to its start; a global "
-                  "one gets out of local optima and takes more simulations.");
+    return Choose(
+        n, kOptimizing,
+        situation.goodStartPoint
+            ? "The designer has found a good starting point. Which optimizer first?"
+            : "The starting point is probably bad. Which optimizer first?",
+        choices,
+        "From a good start a local optimizer is faster, as it ends in the optimum next to "
+        "it; from a bad one only a global optimizer gets out of local optima.");
 }
 
 constexpr QuestionMaker kQuestions[] = {

@@ -102,9 +102,11 @@ Question ClassEPeak(Numbers& n) {
     WorkedDesign design = Amplifier(n, 15);
     design.calculate();
     return Ask(kAmplifiers,
-               "Which voltage must the switch of a class-E stage stand at a supply of " +
-                   Say(design.state.Ub, "V") + " (saturation " + Say(design.state.Usat, "V") + ")?",
-               design.output("Upk15Ausgabe"), "V", "About 3.56 times the supply.");
+               "Which voltage must the switch of a class-E stage with a loaded Q of " +
+                   Say(design.state.Q, "") + " stand at a supply of " + Say(design.state.Ub, "V") +
+                   " (saturation " + Say(design.state.Usat, "V") + ")?",
+               design.output("Upk15Ausgabe"), "V",
+               "About 3.6 times the swing above the saturation voltage: 3.6·(Ub - Usat) + Usat.");
 }
 
 Question ClassELoad(Numbers& n) {
@@ -115,7 +117,7 @@ Question ClassELoad(Numbers& n) {
                "Which load resistance needs a class-E stage for " + StageText(design.state) +
                    " with a loaded Q of " + Say(design.state.Q, "") + "?",
                design.output("R15Ausgabe"), "Ω",
-               "0.5768·(Ub - Usat)²/P, less a correction for low Q.");
+               "With the usual choke 0.585·(1 - 0.45/Q - 0.4/Q²)·(Ub - Usat)²/P.");
 }
 
 Question DividerTap(Numbers& n) {

@@ -66,8 +66,11 @@ bool Quiz::choose(int choice) {
 
 void Quiz::next() {
     if (++position_ == order_.size()) {
+        const int last = order_.back();
         position_ = 0;
         shuffle();
+        // No question twice in a row.
+        if (order_.front() == last) std::swap(order_.front(), order_.back());
     }
     question_ = DrawQuestion(order_[position_], stream_);
     answered_ = false;

@@ -44,7 +44,7 @@ Question DirectConnection(Numbers& n) {
     return AskDecibels(kResponse,
                        "A source of " + Say(R1, "Ω") + " is connected to a load of " +
                            Say(R2, "Ω") + " without any match. What is GT?",
-                       GainDb(line, 2 * line.state.fo), "GT = 4·R1·R2/(R1 + R2)².");
+                       GainDb(line, 2 * line.state.fo), "GT = 10·log(4·R1·R2/(R1 + R2)²).");
 }
 
 Question HarmonicOfLSection(Numbers& n) {
@@ -71,8 +71,8 @@ Question WidestMatch(Numbers& n) {
         "Q is set to 10 where it can be chosen. Which match from " + Say(R1, "Ω") + " to " +
             Say(R2, "Ω") + " has the widest band?",
         BestFirst(contenders),
-        "Two L-sections through √(R1·R2) have the lowest Q that two steps allow, whatever "
-        "the Q field says; the others follow the chosen Q.");
+        "The two L-sections of LCCL through √(R1·R2) have the lowest Q that two steps allow, "
+        "whatever the Q field says; the others follow the chosen Q.");
 }
 
 Question BestHarmonicSuppression(Numbers& n) {
@@ -106,15 +106,17 @@ Question PassesDc(Numbers& n) {
     std::vector<std::string> choices = {
         fitting[static_cast<std::size_t>(n.below(static_cast<int>(fitting.size())))]};
     choices.insert(choices.end(), others.begin(), others.end());
-    return Choose(n, kResponse,
-                  "A match from " + Say(R1, "Ω") + " to " + Say(R2, "Ω") +
-                      (pass ? " shall carry the supply current of the stage as well."
-                            : " shall keep the supply of the stage away from the load.") +
-                      " Which circuit does?",
-                  choices,
-                  pass ? "Its path from source to load holds no capacitor, and no coil lies across "
-                         "it."
-                       : "A series capacitor, or coupled coils, let no direct current through.");
+    return Choose(
+        n, kResponse,
+        "A match from " + Say(R1, "Ω") + " to " + Say(R2, "Ω") +
+            (pass ? " shall carry the supply current of the stage as well."
+                  : " shall keep the supply of the stage away from the load.") +
+            " Which circuit does?",
+        choices,
+        pass ? "The path from source to load of the line, of the low-pass gamma and of the "
+               "pi section holds no capacitor, and no coil lies across it."
+             : "A series capacitor (series tank, LCCL, band-pass), or coupled coils "
+               "(transformer), let no direct current through.");
 }
 
 Question LossOfFiniteQ(Numbers& n) {
@@ -135,8 +137,9 @@ Question LossOfFiniteQ(Numbers& n) {
             Say(design.state.R2, "Ω") + " is built of parts with an element Q of " +
             Say(elementQ, "") + ". About what does it lose at fo?",
         {say(loss), say(loss / 4), say(loss * 3), say(loss * 10)},
-        "Roughly the part Q(loaded)/Q(element) of the power turns to heat; the exact number "
-        "is the program's response with lossy parts.");
+        "Coil and capacitors take Q(loaded)/Q(element) each of what the resistances damp: about "
+        "20·log(1 + 2·Q(loaded)/Q(element)). The exact number is the program's response with lossy "
+        "parts.");
 }
 
 Question LosesLeast(Numbers& n) {

@@ -123,7 +123,7 @@ TEST_P(ProposalTest, PromisesWhatItsPageCalculates) {
         if (!p.suited) continue;
         Design state = row.inputs;
         state.LCSwapped = true;  // as some other page left it
-        Apply(p, state);
+        Apply(p, state, true);
         EnterPage(state, p.page);
         ResponseServices services;
         const CycleResult cycle = Calculate(state, true, services);
@@ -156,6 +156,57 @@ TEST(ProposalNumbersTest, OfAnLSectionAreThoseOfItsFormulas) {
     EXPECT_NEAR(gamma.largest->impedance, 115.47, 0.01);
     EXPECT_TRUE(gamma.practical);
     EXPECT_EQ(Title(Of(proposals, 18)), "Double-L Section, R1 and R2 switched");
+}
+
+/// The L pad steps down only: from 50 to 200 ohm it stands reversed. Its least loss of 11.44 dB
+/// leaves √(200/50)·0.268 = 0.536 of the voltage, not the 0.134 of its own direction.
+TEST(ProposalNumbersTest, TurnedNetworksAreJudgedInTheDirectionOfUse) {
+    const auto proposals =
+        ProposalsFor(Inputs(50, 200), With([](Wishes& w) { w.voltageRatio = 0.536; }));
+    const Proposal& pad = Of(proposals, 7);
+    ASSERT_TRUE(pad.suited) << pad.reason;
+    EXPECT_TRUE(pad.turned);
+    EXPECT_NEAR(pad.v, 0.536, 1e-3);
+    EXPECT_NE(pad.reason.find("v is 0.536"), std::string::npos) << pad.reason;
+    EXPECT_NE(pad.reason.find("built from the load's side"), std::string::npos) << pad.reason;
+    EXPECT_GT(pad.score, 85);
+    // A matched pad of less loss than the least does not exist in either direction.
+    const auto impossible =
+        ProposalsFor(Inputs(200, 50), With([](Wishes& w) { w.voltageRatio = 0.4; }));
+    EXPECT_FALSE(Of(impossible, 8).suited);
+}
+
+TEST(ProposalNumbersTest, ResistancesStayUnlessTheirExchangeIsAgreed) {
+    const auto proposals = ProposalsFor(Inputs(50, 200), {});
+    const Proposal& turned = Of(proposals, 18);
+    ASSERT_TRUE(turned.turned);
+    Design kept = Inputs(50, 200);
+    Apply(turned, kept, false);
+    EXPECT_EQ(kept.R1, 50);
+    Apply(turned, kept, true);
+    EXPECT_EQ(kept.R1, 200);
+    EXPECT_EQ(kept.R2, 50);
+}
+
+/// "Cannot be chosen" is said exactly where another Q gives the same band.
+TEST(ProposalNumbersTest, OnlyFixedBandsCannotBeChosen) {
+    const auto proposals =
+        ProposalsFor(Inputs(50, 200), With([](Wishes& w) { w.bandwidth = 10e6; }));
+    const auto says = [&](int page) {
+        return Of(proposals, page).reason.find("cannot be chosen") != std::string::npos;
+    };
+    for (const int page : {1, 3, 17}) EXPECT_FALSE(says(page)) << Of(proposals, page).reason;
+    for (const int page : {6, 13, 14}) EXPECT_TRUE(says(page)) << Of(proposals, page).reason;
+}
+
+TEST(ProposalNumbersTest, ALineIsNoLowPass) {
+    for (const double elementQ : {20.0, 100.0}) {
+        Design inputs = Inputs(50, 270);
+        inputs.QB = inputs.QBC = elementQ;
+        const auto proposals = ProposalsFor(inputs, {});
+        EXPECT_EQ(Of(proposals, 6).reason.find("low-pass"), std::string::npos)
+            << Of(proposals, 6).reason;
+    }
 }
 
 TEST(ProposalNumbersTest, ValuesThatCannotBeBuiltAreNamed) {

@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <regex>
 #include <set>
+
+#include "core/number_text.h"
 
 namespace kelvro {
 namespace {
@@ -99,6 +102,77 @@ TEST(QuizTest, EveryQuestionIsSoundWhateverNumbersAreDrawn) {
             EXPECT_FALSE(q.accepts("")) << q.text;
         }
         EXPECT_GE(texts.size(), 2U) << "always the same: " << *texts.begin();
+    }
+}
+
+/// The numbers of a text with the prefixes of their units: "5 from 50 Ω at 500 mW" gives 5, 50,
+/// 0.5.
+std::vector<double> NumbersIn(const std::string& text) {
+    static const std::regex number("([0-9.]+)(?: ([kMGmunp]?)(W|V|Hz|Ω|F|H))?");
+    std::vector<double> numbers;
+    for (std::sregex_iterator at(text.begin(), text.end(), number), end; at != end; ++at) {
+        numbers.push_back(ParseValue(at->str(1) + at->str(2)));
+    }
+    return numbers;
+}
+
+/// All draws of the question that asks for something.
+std::vector<Question> DrawsOf(const std::string& asks) {
+    std::vector<Question> draws;
+    for (int number = 0; number < QuizQuestionCount(); ++number) {
+        if (Drawn(number, 0).text.find(asks) == std::string::npos) continue;
+        for (std::uint64_t seed = 0; seed < 300; ++seed) draws.push_back(Drawn(number, seed));
+    }
+    EXPECT_FALSE(draws.empty()) << asks;
+    return draws;
+}
+
+TEST(QuizTest, ExplanationsOfApproximateRulesLeadToTheAnswer) {
+    for (const Question& question : DrawsOf("Which voltage must the switch")) {
+        const auto n = NumbersIn(question.text);  // Q, Ub, Usat
+        const double rule = 3.6 * (n.at(1) - n.at(2)) + n.at(2);
+        EXPECT_TRUE(question.accepts(FormatExact(rule))) << question.text << question.explanation;
+    }
+    for (const Question& question : DrawsOf("Which load resistance needs a class-E")) {
+        const auto n = NumbersIn(question.text);  // P, Ub, Usat, Q
+        const double swing = n.at(1) - n.at(2);
+        const double Q = n.at(3);
+        const double rule = 0.585 * (1 - 0.45 / Q - 0.4 / (Q * Q)) * swing * swing / n.at(0);
+        EXPECT_TRUE(question.accepts(FormatExact(rule))) << question.text << question.explanation;
+    }
+    for (const Question& question : DrawsOf("About what does it lose")) {
+        const auto n = NumbersIn(question.text);  // Q, R1, R2, element Q
+        const double rule = 20 * std::log10(1 + 2 * n.at(0) / n.at(3));
+        const auto distance = [rule](const std::string& choice) {
+            return std::fabs(std::log(ParseValue(choice.substr(0, choice.find(' '))) / rule));
+        };
+        const auto nearest = std::ranges::min_element(question.choices, {}, distance);
+        EXPECT_EQ(nearest - question.choices.begin(), question.correct)
+            << question.text << question.explanation;
+    }
+}
+
+TEST(QuizTest, DecibelsAndPlainNumbersTakeNoPrefix) {
+    static const std::regex prefixed("mdB|[0-9] [kMGmunp][^A-Za-zΩ]");
+    for (int number = 0; number < QuizQuestionCount(); ++number) {
+        for (std::uint64_t seed = 0; seed < 100; ++seed) {
+            const Question question = Drawn(number, seed);
+            EXPECT_FALSE(std::regex_search(question.text, prefixed)) << question.text;
+        }
+    }
+}
+
+TEST(QuizTest, ANewRoundDoesNotBeginWithTheQuestionThatEndedTheLast) {
+    const auto what = [](const Quiz& quiz) {
+        const std::string& text = quiz.question().explanation;
+        return text.substr(0, text.find(" The answer is"));
+    };
+    for (std::uint64_t seed = 0; seed < 400; ++seed) {
+        Quiz quiz(seed);
+        for (int i = 1; i < QuizQuestionCount(); ++i) quiz.next();
+        const std::string last = what(quiz);
+        quiz.next();
+        EXPECT_NE(what(quiz), last) << seed;
     }
 }
 

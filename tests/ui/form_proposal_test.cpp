@@ -23,6 +23,7 @@ class FormProposalTest : public QObject {
         messages_.clear();
         session_->setMessageSink([this](const QString& text) { messages_ << text; });
         form_ = std::make_unique<TFormProposal>(*session_);
+        form_->setMayExchange([] { return true; });
         form_->show();
     }
 
@@ -83,6 +84,23 @@ class FormProposalTest : public QObject {
             QCOMPARE(session_->result().v, promised.cycle.v);
             QCOMPARE(messages_, QStringList());
         }
+    }
+
+    void resistancesStayWhereTheUserDoesNotAgree() {
+        form_->setMayExchange([] { return false; });
+        for (int row = 0; row < table().topLevelItemCount(); ++row) {
+            if (!form_->proposals()[static_cast<std::size_t>(row)].turned) continue;
+            table().setCurrentItem(table().topLevelItem(row));
+            const int page = form_->proposals()[static_cast<std::size_t>(row)].page;
+            form_->ButtonGoClick();
+            QCOMPARE(session_->design().page, page);
+            QCOMPARE(session_->design().R1, 50.0);
+            QCOMPARE(session_->design().R2, 200.0);
+            QCOMPARE(messages_.size(), 1);  // of the page, which needs them switched
+            messages_.clear();
+            return;
+        }
+        QFAIL("no circuit runs the other way");
     }
 
     void unsuitedCircuitsShowTheirReasonAndLeadNowhere() {
