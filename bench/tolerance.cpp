@@ -5,7 +5,7 @@
 #include "analysis/response.h"
 #include "analysis/tolerance.h"
 #include "design/pages.h"
-#include "plot/frame.h"
+#include "plot/response_picture.h"
 
 namespace kelvro {
 namespace {
@@ -22,7 +22,7 @@ Design Designed(int page) {
 
 void SampledRuns(benchmark::State& bench) {
     const Design state = Designed(static_cast<int>(bench.range(0)));
-    const auto frequencies = SampleFrequencies(DefaultGainView(state.fo, true));
+    const auto frequencies = SampleFrequencies(DefaultView(TraceOf("gt"), state));
     for (auto _ : bench) {
         ToleranceRuns runs(state, {}, 1);
         double sum = 0;

@@ -22,6 +22,10 @@ target_compile_definitions(kelvro_options INTERFACE KELVRO_VERSION="${PROJECT_VE
 target_link_options(kelvro_options INTERFACE
                     $<$<BOOL:${KELVRO_SANITIZE}>:-fsanitize=address,undefined>)
 
+set(kelvro_std_headers <algorithm> <array> <complex> <functional> <map> <optional> <span> <string>
+                       <variant> <vector>)
+set(kelvro_qt_headers <QtWidgets/QtWidgets> ${kelvro_std_headers})
+
 # kelvro_room(NAME [QT] [LINKS libraries...]): the library kelvro_NAME of all sources below NAME/,
 # main.cpp excepted. QT runs moc and rcc over them.
 function(kelvro_room name)
@@ -37,5 +41,7 @@ function(kelvro_room name)
   target_link_libraries(kelvro_${name} PUBLIC kelvro_options ${room_LINKS})
   if(room_QT)
     set_target_properties(kelvro_${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+    # Reading Qt's headers is more than half of what compiling a window costs.
+    target_precompile_headers(kelvro_${name} PRIVATE ${kelvro_qt_headers})
   endif()
 endfunction()
