@@ -1,7 +1,6 @@
 #include "advise/proposal.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <string_view>
 #include <utility>
@@ -14,42 +13,12 @@ namespace kelvro {
 
 namespace {
 
-enum class Role : std::uint8_t { Match, Pad, Balun, Amplifier, Other };
+const Suggestion& SuggestionOf(const Proposal& proposal) {
+    return PageOf(proposal.page).suggestion;
+}
 
-struct Trait {
-    int page;
-    Role role;
-    bool floats;  ///< the load need not share the ground of the source
-    std::string_view character;
-};
-
-constexpr std::array<Trait, kPageCount> kTraits = {{
-    {1, Role::Match, false, "Tapped series tank whose Q can be chosen"},
-    {2, Role::Match, false, "Tapped parallel tank whose Q can be chosen"},
-    {3, Role::Match, false,
-     "Pi section whose Q can be chosen, absorbs shunt parasitics of both ends"},
-    {4, Role::Match, false,
-     "T section whose Q can be chosen, absorbs series parasitics of both ends"},
-    {5, Role::Match, true, "Two coupled tanks that isolate source and load from each other"},
-    {6, Role::Match, false, "Quarter-wave line without any lumped part"},
-    {7, Role::Pad, false, "Resistive L pad, flat from DC up, with the least loss of all pads"},
-    {8, Role::Pad, false, "Resistive pad, flat from DC up, matched at both ends"},
-    {9, Role::Balun, false, "Lattice balun with two outputs of opposite phase"},
-    {10, Role::Amplifier, false,
-     "Load resistance that the amplifier wants, to be matched to the real load afterwards"},
-    {11, Role::Other, false, "Looks at the parasitics of one coil or capacitor"},
-    {12, Role::Other, false, "Designs a trap for one frequency"},
-    {13, Role::Match, false, "Two parts only, the fewest possible"},
-    {14, Role::Match, false, "Low-pass and high-pass L-section whose phase shifts cancel"},
-    {15, Role::Amplifier, false, "Complete output network of a class-E stage"},
-    {16, Role::Match, false, "Ladder of L-sections for a wide band"},
-    {17, Role::Match, false, "Coupled resonators with steep skirts"},
-    {18, Role::Match, false, "Two high-pass L-sections, wider than a single one"},
-    {19, Role::Other, false, "Divides a reference voltage"},
-}};
-
-const Trait& TraitOf(int page) {
-    return kTraits[static_cast<std::size_t>(page - 1)];
+std::string CharacterOf(const Proposal& proposal) {
+    return std::string(SuggestionOf(proposal).character);
 }
 
 // Ranking, in points; a lossless two-part match that meets every wish has about 100.
@@ -213,11 +182,11 @@ std::string Decibels(double value) {
 }
 
 /// Why the kind of page does not suit; empty when it does.
-std::string WrongRole(const Trait& trait, const Design& state, const Wishes& wishes) {
+std::string WrongRole(const Suggestion& kind, const Design& state, const Wishes& wishes) {
     const double matched = std::sqrt(state.R2 / state.R1);
     const bool attenuate =
         wishes.voltageRatio && *wishes.voltageRatio < matched * (1 - kRatioTolerance);
-    switch (trait.role) {
+    switch (kind.role) {
         case Role::Other:
             return "it is no matching network";
         case Role::Amplifier:
@@ -233,7 +202,7 @@ std::string WrongRole(const Trait& trait, const Design& state, const Wishes& wis
             break;
     }
     if (wishes.resistive) return "it is no resistive network";
-    return wishes.balancedOutput && !trait.floats ? "its output is not balanced" : "";
+    return wishes.balancedOutput && !kind.floats ? "its output is not balanced" : "";
 }
 
 /// Why a designed network misses a wish that leaves no choice; empty when it does not.
@@ -247,7 +216,7 @@ std::string MissedWish(const Proposal& proposal, const Wishes& wishes) {
         *proposal.secondHarmonicDb < kLeastHarmonicDb) {
         return "at 2·fo it is only " + Decibels(*proposal.secondHarmonicDb) + " down";
     }
-    const Role role = TraitOf(proposal.page).role;
+    const Role role = SuggestionOf(proposal).role;
     if (role != Role::Pad && proposal.gtDb && !(*proposal.gtDb >= -kHighestLoss)) {
         return "it loses " + Decibels(-*proposal.gtDb) + " with these inputs";
     }
@@ -260,7 +229,7 @@ double OctavesBetween(double a, double b) {
 }
 
 double ScoreOf(const Proposal& proposal, const Wishes& wishes) {
-    const Role role = TraitOf(proposal.page).role;
+    const Role role = SuggestionOf(proposal).role;
     double score = kFullScore - kPerPart * proposal.parts;
     if (proposal.gtDb && role != Role::Pad) score += kPerDbOfLoss * *proposal.gtDb;
     const auto wanted = wishes.wantedBandwidth(proposal.state.fo);
@@ -306,7 +275,7 @@ std::string BandwidthClause(const Proposal& proposal, const Wishes& wishes,
     const bool toDc = band.low == 0;
     const bool open = std::isinf(band.high);
     if (toDc && open) return "";
-    std::string clause = TraitOf(proposal.page).role == Role::Balun ? "; its + output is " : "; ";
+    std::string clause = SuggestionOf(proposal).role == Role::Balun ? "; its + output is " : "; ";
     // A line matches again at all odd multiples of fo.
     const bool line = HasLine(PageOf(proposal.state).builtCircuit(proposal.state));
     clause += toDc && line ? "within 3 dB from DC to " + FormatQuantity(1, band.high, "Hz")
@@ -330,10 +299,10 @@ std::string LoadClause(const Proposal& proposal) {
 }
 
 std::string ReasonOf(const Proposal& proposal, const Wishes& wishes, CycleServices& services) {
-    const Trait& trait = TraitOf(proposal.page);
-    std::string reason(trait.character);
-    if (trait.role == Role::Amplifier) reason += LoadClause(proposal);
-    if (trait.floats && wishes.balancedOutput) reason += "; its secondary may float";
+    const Suggestion& kind = SuggestionOf(proposal);
+    std::string reason = CharacterOf(proposal);
+    if (kind.role == Role::Amplifier) reason += LoadClause(proposal);
+    if (kind.floats && wishes.balancedOutput) reason += "; its secondary may float";
     if (proposal.parts > 0 && wishes.dc == Wishes::Dc::Pass) reason += "; passes DC";
     if (proposal.parts > 0 && wishes.dc == Wishes::Dc::Block) reason += "; blocks DC";
     if (wishes.suppressHarmonics && proposal.secondHarmonicDb) {
@@ -349,13 +318,12 @@ std::string ReasonOf(const Proposal& proposal, const Wishes& wishes, CycleServic
 }
 
 std::string Unsuited(const Proposal& proposal, const std::string& why) {
-    return std::string(TraitOf(proposal.page).character) + "; not suited: " + why + ".";
+    return CharacterOf(proposal) + "; not suited: " + why + ".";
 }
 
 void Judge(Proposal& proposal, const Wishes& wishes, CycleServices& services) {
     if (proposal.cycle.message) {
-        proposal.reason =
-            std::string(TraitOf(proposal.page).character) + "; refused: " + *proposal.cycle.message;
+        proposal.reason = CharacterOf(proposal) + "; refused: " + *proposal.cycle.message;
         if (!proposal.reason.ends_with('!') && !proposal.reason.ends_with('.'))
             proposal.reason += '.';
         return;
@@ -375,7 +343,7 @@ void Judge(Proposal& proposal, const Wishes& wishes, CycleServices& services) {
 void AddProposals(std::vector<Proposal>& proposals, const Design& state, const Page& page,
                   const Wishes& wishes, CycleServices& services) {
     const Design inputs = WishedInputs(state, wishes, page);
-    if (std::string why = WrongRole(TraitOf(page.number), inputs, wishes); !why.empty()) {
+    if (std::string why = WrongRole(page.suggestion, inputs, wishes); !why.empty()) {
         Proposal& proposal = proposals.emplace_back();
         proposal.page = page.number;
         proposal.state = inputs;

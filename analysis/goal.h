@@ -7,6 +7,7 @@
 #include "analysis/objective.h"
 #include "analysis/response.h"
 #include "design/design.h"
+#include "design/page_goal.h"
 
 namespace kelvro {
 
@@ -32,6 +33,7 @@ class Goal : public Objective {
     double designed(std::span<const double> x);
     double network() const;
 
+    const PageGoal& page_;
     Design trial_;  ///< with the components of the last x
     GoalOptions options_;
     std::vector<Slot> slots_;
@@ -40,8 +42,7 @@ class Goal : public Objective {
     CallCounts calls_;
 };
 
-/// Goal functions with known minima on the pages whose components are not optimized: 6 (four
-/// parameters), 7 (two), 9 (six) and 10 (two, Rosenbrock's valley).
+/// The function with a known minimum that a page has in place of a goal; 0 on other pages.
 double TestFunction(int page, std::span<const double> x);
 
 /// exp x, cut off below -300 and continued in a straight line above 300.

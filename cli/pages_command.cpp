@@ -7,7 +7,8 @@ void AddPagesCommand(CLI::App& app, Session& session) {
     CLI::App* command = app.add_subcommand("pages", "List the design pages: number, key, caption");
     command->callback([&session] {
         for (const Page& page : Pages()) {
-            session.out << page.number << '\t' << page.key << '\t' << page.caption << '\n';
+            session.out << page.number << '\t' << std::string_view(page.key) << '\t'
+                        << std::string_view(page.caption) << '\n';
         }
     });
 }

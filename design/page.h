@@ -1,13 +1,16 @@
 #pragma once
 
+#include <concepts>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
 #include "design/circuit.h"
 #include "design/design.h"
+#include "design/page_goal.h"
 #include "design/transfer.h"
 
 // What a design page is, as data. The window, the menus, the command line, the settings keys and
@@ -16,6 +19,19 @@
 namespace kelvro {
 
 class DesignPass;
+
+/// A member that a record has to give: leaving it out does not compile.
+template <typename T>
+class Required {
+  public:
+    template <typename U>
+    requires std::convertible_to<U, T>
+    constexpr Required(U&& value) : value_(std::forward<U>(value)) {}
+    constexpr operator const T&() const { return value_; }
+
+  private:
+    T value_;
+};
 
 /// How a field writes its value; every text begins with one added space.
 struct TextFormat {
@@ -115,6 +131,23 @@ struct NoteField {
 
 enum class MenuGroup : std::uint8_t { None, Matching, Attenuator, Amplifier, Options };
 
+/// What a page is for, where networks are suggested.
+enum class Role : std::uint8_t { Match, Pad, Balun, Amplifier, Other };
+
+struct Suggestion {
+    Required<Role> role;
+    Required<std::string_view> character;  ///< first words of the reason: "Two parts only, ..."
+    bool floats = false;                   ///< the load need not share the ground of the source
+};
+
+/// What an engineer tells a colleague about a network before he builds it.
+struct CircuitHint {
+    Required<std::string_view> use;         ///< what the network is good for
+    Required<std::string_view> limits;      ///< where it stops being good
+    Required<std::string_view> parasitics;  ///< where pads, leads and parasitics of parts go
+    Required<std::string_view> values;      ///< values that can be built
+};
+
 /// Which of the shared outputs (B, v, 20·log v, loss, Q) a page fills; the rest show "     -".
 enum class SharedOutputs : std::uint8_t { All, None, BandwidthOnly };
 
@@ -122,10 +155,9 @@ enum class SharedOutputs : std::uint8_t { All, None, BandwidthOnly };
 inline constexpr std::string_view kNoValueYet = "        -";
 
 struct Page {
-    int number = 0;
-    std::string_view key;       ///< command-line name: "lc-series"
-    std::string_view caption;   ///< tab
-    std::string_view menuItem;  ///< object name; empty where the page has no menu item
+    Required<std::string_view> key;      ///< command-line name: "lc-series"
+    Required<std::string_view> caption;  ///< tab
+    std::string_view menuItem;           ///< object name; empty where the page has no menu item
     std::string_view menuText;
     MenuGroup menuGroup = MenuGroup::None;
     bool qPanel = false;
@@ -139,6 +171,12 @@ struct Page {
     std::optional<double> entryQ = {};  ///< Q that the page starts from
     bool unswapsLC = false;             ///< entering the page clears LCSwapped
 
+    Suggestion suggestion;
+    CircuitHint hint;
+    PageGoal goal;
+
+    int number = 0;  ///< its place in the table of pages, from 1 on
+
     std::vector<NoteField> notes = {};
     std::vector<InputField> inputs = {};
     std::vector<SwitchField> switches = {};
@@ -148,11 +186,6 @@ struct Page {
     std::string_view table = {};         ///< object of a table of the circuit's elements
     std::string_view pictureHint = {};   ///< of the circuit picture
     std::string_view transferText = {};  ///< the printed transfer function
-
-    /// Number of parameters of the optimizer's test function; 0 on pages whose components it moves.
-    int testParameters = 0;
-    /// Components that the optimizer moves, in the order of its parameters.
-    std::vector<Slot> (*goalSlots)(const Design&) = nullptr;
 
     void (*design)(DesignPass&) = nullptr;
     Transfer (*transfer)(const Design&) = nullptr;  ///< null: the ideal network

@@ -8,19 +8,29 @@
 
 namespace kelvro {
 
-const std::array<Page, kPageCount>& Pages() {
-    static const std::array<Page, kPageCount> pages = {
-        LcSeriesTankPage(), LcParallelTankPage(), PiSectionPage(), TSectionPage(),
-        TransformerPage(),  LinePage(),           PassiveLPage(),  PassivePiTPage(),
-        LcBalunPage(),      RlOptPage(),          LeffCeffPage(),  CombLcPage(),
-        LcGammaPage(),      LcclMatchPage(),      ClassEPage(),    BroadbandMatchPage(),
-        BandPassPage(),     DoubleLPage(),        RDividerPage(),
-    };
+namespace {
+
+std::vector<Page> NumberedPages() {
+#define KELVRO_MAKE_PAGE(NAME) NAME(),
+    std::vector<Page> pages = {KELVRO_PAGES(KELVRO_MAKE_PAGE)};
+#undef KELVRO_MAKE_PAGE
+    for (std::size_t i = 0; i < pages.size(); ++i) pages[i].number = static_cast<int>(i) + 1;
     return pages;
 }
 
+}  // namespace
+
+std::span<const Page> Pages() {
+    static const std::vector<Page> pages = NumberedPages();
+    return pages;
+}
+
+int PageCount() {
+    return static_cast<int>(Pages().size());
+}
+
 const Page& PageOf(int number) {
-    const bool known = number >= 1 && number <= kPageCount;
+    const bool known = number >= 1 && number <= PageCount();
     return Pages()[static_cast<std::size_t>(known ? number - 1 : 0)];
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -9,12 +8,11 @@
 
 namespace kelvro {
 
-inline constexpr int kPageCount = 19;
-
 /// All pages in notebook order; Pages()[i] has the number i + 1.
-const std::array<Page, kPageCount>& Pages();
+std::span<const Page> Pages();
+int PageCount();
 
-/// The page of a number; numbers outside 1..19 give page 1.
+/// The page of a number; numbers of no page give page 1.
 const Page& PageOf(int number);
 inline const Page& PageOf(const Design& state) {
     return PageOf(state.page);

@@ -147,7 +147,7 @@ int ReadResonators(const std::string& text, int present) {
 
 int ReadPageNumber(const std::string& text) {
     const double number = ParseValue(text);
-    return number >= 1 && number < kPageCount + 1 ? static_cast<int>(number) : 1;
+    return number >= 1 && number < PageCount() + 1 ? static_cast<int>(number) : 1;
 }
 
 /// Takes one key; `text` is nothing where the file does not hold it.

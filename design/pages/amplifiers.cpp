@@ -53,16 +53,37 @@ std::string UseOptimumLoad(Design& s) {
     return {};
 }
 
+/// H. H. Rosenbrock, "An automatic method for finding the greatest or least value of a function",
+/// The Computer Journal 3, 1960: a curved valley, 0 at (1, 1).
+double RosenbrocksValley(std::span<const double> x) {
+    const auto square = [](double y) { return y * y; };
+    return square(1 - x[0]) + 100 * square(x[1] - x[0] * x[0]);
+}
+
 }  // namespace
 
 Page RlOptPage() {
-    Page page{.number = 10,
-              .key = "rlopt",
-              .caption = "RLopt",
-              .menuItem = "RLoptberechnen1",
-              .menuText = "Calculate &RLopt",
-              .menuGroup = MenuGroup::Amplifier,
-              .shared = SharedOutputs::None};
+    Page page{
+        .key = "rlopt",
+        .caption = "RLopt",
+        .menuItem = "RLoptberechnen1",
+        .menuText = "Calculate &RLopt",
+        .menuGroup = MenuGroup::Amplifier,
+        .shared = SharedOutputs::None,
+        .suggestion = {.role = Role::Amplifier,
+                       .character = "Load resistance that the amplifier wants, to be matched to "
+                                    "the real load afterwards"},
+        .hint = {.use =
+                     "The load resistance that a power amplifier wants to see for a given output "
+                     "power and supply: enter it as R1 of a matching page (the button does that).",
+                 .limits = "Holds for full voltage swing in class A or B without harmonics; real "
+                           "efficiency is lower by the losses of the network.",
+                 .parasitics =
+                     "The output capacitance of the transistor lies across this resistance; tune "
+                     "it out with the feed choke or absorb it in the network.",
+                 .values =
+                     "Battery devices of 1 W at 3.6 V want about 5 ohm, 12 V stages 60 to 70 ohm."},
+        .goal = PageGoal::Test(2, RosenbrocksValley)};
     page.inputs = SupplyInputs("P10Eingabe", "Ub10Eingabe", "Usat10Eingabe");
     page.actions = {{"ButtonTakeRL10", "Use as R1",
                      "Make RL the source resistance R1 of the matching pages", UseOptimumLoad}};
@@ -75,7 +96,6 @@ Page RlOptPage() {
         {"IB10Ausgabe", "IB", "Supply Current Class B", "A", "Mean supply current at full drive"}};
     page.outputs[2].format = page.outputs[3].format = Fixed(7, 2);
     for (OutputField& field : page.outputs) field.initial = kNoValueYet;
-    page.testParameters = 2;
     page.design = DesignOptimumLoad;
     return page;
 }

@@ -54,6 +54,12 @@ Circuit PassiveLCircuit(const Design& s) {
              PagePart(Resistor, Place::Shunt, "R2´", s, Slot::C2, "R27Ausgabe")}};
 }
 
+/// The optimizer's exercise on this page: a quadratic form, 0 at (1, -4).
+double TiltedBowl(std::span<const double> x) {
+    const auto square = [](double y) { return y * y; };
+    return square(x[0] - 1) + square(0.5 * x[1] + x[0] + 1);
+}
+
 // ---------------------------------------------------------------- Pi and T
 
 // The T keeps its resistors in the first three slots, which the response reads; the Pi of the same
@@ -173,19 +179,31 @@ std::vector<OutputField> PadOutputs() {
 }  // namespace
 
 Page PassiveLPage() {
-    Page page{.number = 7,
-              .key = "passive-l",
-              .caption = "Passive L Section",
-              .menuItem = "PassivesLGlied1",
-              .menuText = "Passive &L Section",
-              .menuGroup = MenuGroup::Attenuator,
-              .exportable = true,
-              .plottable = true};
+    Page page{
+        .key = "passive-l",
+        .caption = "Passive L Section",
+        .menuItem = "PassivesLGlied1",
+        .menuText = "Passive &L Section",
+        .menuGroup = MenuGroup::Attenuator,
+        .exportable = true,
+        .plottable = true,
+        .suggestion = {.role = Role::Pad,
+                       .character =
+                           "Resistive L pad, flat from DC up, with the least loss of all pads"},
+        .hint = {.use = "The L-pad with the least loss that matches both ends, from direct current "
+                        "to the highest frequencies. Good for measurement set-ups.",
+                 .limits = "R1 must be larger than R2. The attenuation follows from the ratio: 50 "
+                           "to 75 ohm costs 5.7 dB, 50 to 200 ohm 11.4 dB.",
+                 .parasitics = "The stray capacitance across the series resistor bypasses it at "
+                               "high frequencies, the lead inductance of the shunt resistor blocks "
+                               "it. Small chip resistors reach several GHz.",
+                 .values =
+                     "Use E96 values with 1 %: parts of 5 % limit the return loss to about 32 dB."},
+        .goal = PageGoal::Test(2, TiltedBowl)};
     page.notes = {{"Damping not adjustable, depending on R ratio"}};
     page.outputs = {Component("R17Ausgabe", "R1", "Resistance R1´", "Ω", Slot::C1),
                     Component("R27Ausgabe", "R2", "Resistance R2´", "Ω", Slot::C2)};
     for (OutputField& field : page.outputs) field.initial = kNoValueYet;
-    page.testParameters = 2;
     page.design = DesignPassiveL;
     page.transfer = PassiveLTransfer;
     page.refersToItself = IsPad;
@@ -194,14 +212,23 @@ Page PassiveLPage() {
 }
 
 Page PassivePiTPage() {
-    Page page{.number = 8,
-              .key = "passive-pi-t",
+    Page page{.key = "passive-pi-t",
               .caption = "Passive Pi/T Section",
               .menuItem = "PassivesPiGlied1",
               .menuText = "Passive &Pi/T Section",
               .menuGroup = MenuGroup::Attenuator,
               .exportable = true,
-              .plottable = true};
+              .plottable = true,
+              .suggestion = {.role = Role::Pad,
+                             .character = "Resistive pad, flat from DC up, matched at both ends"},
+              .hint = {.use = "A pad that matches two resistances with a chosen attenuation. Pi "
+                              "and T give the same result; choose the one whose values are easier.",
+                       .limits = "The attenuation cannot be smaller than that of the minimum-loss "
+                                 "pad of this ratio.",
+                       .parasitics = "In Pi form the shunt strays of the pads join the resistors' "
+                                     "ends and disturb less; in T form the lead inductances do.",
+                       .values = "Resistors between 5 ohm and 1 kohm behave well up to some GHz."},
+              .goal = PageGoal::Nothing()};
     page.notes = {{"matched at both ends; build either the T or the Pi",
                    "Both have the same attenuation at every frequency"}};
     page.inputs = {

@@ -131,14 +131,25 @@ Circuit BandPassCircuit(const Design& s) {
 }  // namespace
 
 Page BandPassPage() {
-    Page page{.number = 17,
-              .key = "band-pass",
-              .caption = "Band-Pass",
-              .menuItem = "Bandpass1",
-              .menuText = "&Capacitive Coupled Band-Pass",
-              .menuGroup = MenuGroup::Matching,
-              .qPanel = true,
-              .exportable = true};
+    Page page{
+        .key = "band-pass",
+        .caption = "Band-Pass",
+        .menuItem = "Bandpass1",
+        .menuText = "&Capacitive Coupled Band-Pass",
+        .menuGroup = MenuGroup::Matching,
+        .qPanel = true,
+        .exportable = true,
+        .suggestion = {.role = Role::Match, .character = "Coupled resonators with steep skirts"},
+        .hint = {.use = "Capacitively coupled resonators: a real band-pass filter that also "
+                        "matches. Butterworth or Chebyshev, 1 to 8 resonators with equal coils.",
+                 .limits =
+                     "Relative bandwidth 1/Q up to about 20 %. The upper stop-band is less steep "
+                     "than the lower. Losses grow with the number of resonators and with Q/QL.",
+                 .parasitics = "Pads and coil capacitances belong to the resonator capacitors. "
+                               "Couple the coils by distance or shields as little as possible.",
+                 .values = "Choose L so that the resonator capacitors can be bought and the "
+                           "couplings stay above about 0.5 pF."},
+        .goal = PageGoal::Nothing()};
     page.notes = {{"Resonators from L(BP) and C across, coupled by capacitors",
                    "Relative bandwidth 1/Q; exact in narrow bands"}};
     page.inputs = {{"L17Eingabe",

@@ -119,6 +119,81 @@ Transfer BroadbandTransfer(const Design& s) {
          G1 * (R1 * C1 * L2 * C2 + L1 * C1 * L2 * G2), G1 * L1 * C1 * L2 * C2});
 }
 
+// ---------------------------------------------------------------- goal
+
+constexpr double kLowestBandEdge = 0.02;  // relative to fo
+
+Band LadderBand(const Design& s) {
+    const double m = TransformationTerm(s);
+    // Beyond a resistance ratio of nine the formula leaves the positive frequencies.
+    const double d = std::max(1 - std::pow(m, 0.333) * 0.8, kLowestBandEdge);
+    const double half = std::sqrt(d);
+    const double wide = std::pow(d, 0.75);
+    return {.points = {{{s.fo * d, m / 2},
+                        {s.fo, 1},
+                        {s.fo / d, m / 2},
+                        {s.fo * half, 1},
+                        {s.fo / half, 1},
+                        {s.fo * wide, 1},
+                        {s.fo / wide, 1}}},
+            .count = 7,
+            .scale = 1};
+}
+
+/// The eight slots of four sections come in pairs of mean and ratio; the elements C1, C2, L1, L2,
+/// C3, C4, L3, L4 are what the parameters move. Each further element of a group is reckoned
+/// relative to the first.
+constexpr std::array<std::size_t, 8> kFirstOfGroup = {0, 0, 2, 2, 0, 0, 2, 2};
+
+std::vector<double> LadderValues(const Design& s, const std::vector<Slot>& slots) {
+    std::vector<double> values;
+    if (!s.eightElements) {
+        for (const Slot slot : slots) values.push_back(s.components[slot]);
+        return values;
+    }
+    for (std::size_t i = 0; i + 1 < slots.size(); i += 2) {
+        const double mean = s.components[slots[i]];
+        const double ratio = s.components[slots[i + 1]];
+        values.insert(values.end(), {mean / ratio, mean * ratio});
+    }
+    // The first of each group stands before those that are divided by it.
+    const std::vector<double> elements = values;
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        if (kFirstOfGroup[i] != i) values[i] = elements[i] / elements[kFirstOfGroup[i]];
+    }
+    return values;
+}
+
+void SetLadderValues(Design& s, const std::vector<Slot>& slots, std::span<const double> values) {
+    if (!s.eightElements) {
+        for (std::size_t i = 0; i < slots.size(); ++i) s.components[slots[i]] = values[i];
+        return;
+    }
+    std::vector<double> elements(values.begin(), values.end());
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        if (kFirstOfGroup[i] != i) elements[i] *= elements[kFirstOfGroup[i]];
+    }
+    for (std::size_t i = 0; i + 1 < elements.size(); i += 2) {
+        const double mean = std::sqrt(elements[i] * elements[i + 1]);
+        s.components[slots[i]] = mean;
+        s.components[slots[i + 1]] = elements[i + 1] / mean;
+    }
+}
+
+PageGoal BroadbandGoal() {
+    PageGoal goal = PageGoal::Components([](const Design& s) {
+        using enum Slot;
+        return s.eightElements ? std::vector{C1, C2, L, L2, X5, X6, X7, X8}
+                               : std::vector{C1, C2, L, L2};
+    });
+    goal.values = LadderValues;
+    goal.setValues = SetLadderValues;
+    goal.band = LadderBand;
+    return goal;
+}
+
+// ---------------------------------------------------------------- fields
+
 template <typename Pair>
 void AddPair(std::vector<OutputField>& outputs, OutputField first, OutputField second) {
     first.get = Pair::first;
@@ -150,16 +225,26 @@ std::vector<OutputField> BroadbandOutputs() {
 }  // namespace
 
 Page BroadbandMatchPage() {
-    Page page{.number = 16,
-              .key = "broadband",
-              .caption = "Broadband Match",
-              .menuItem = "BroadbandMatch1",
-              .menuText = "&Broadband Match",
-              .menuGroup = MenuGroup::Matching,
-              .qPanel = true,
-              .exportable = true,
-              .plottable = true,
-              .entryQ = 0.2};
+    Page page{
+        .key = "broadband",
+        .caption = "Broadband Match",
+        .menuItem = "BroadbandMatch1",
+        .menuText = "&Broadband Match",
+        .menuGroup = MenuGroup::Matching,
+        .qPanel = true,
+        .exportable = true,
+        .plottable = true,
+        .entryQ = 0.2,
+        .suggestion = {.role = Role::Match, .character = "Ladder of L-sections for a wide band"},
+        .hint = {.use = "Low-pass ladder of two or four L-sections, refined over the band: broad "
+                        "match with harmonic suppression.",
+                 .limits = "R2 must be larger than R1. The flatter the wider it is asked to be, "
+                           "the lower the best transmission (Bode and Fano). Q is set to 0.2 on "
+                           "entry: the optimizer then weighs the whole band.",
+                 .parasitics = "Every shunt capacitor takes the pad at its node. Coils of low "
+                               "impedance sections are small: count leads in.",
+                 .values = "Eight elements cover an octave and more at a ratio of 4."},
+        .goal = BroadbandGoal()};
     page.notes = {{"Suited for R1<R2, low-pass; the optimizer spreads the match over the band",
                    "Q up to 0.21: widest band; larger Q: the loaded Q is kept"}};
     page.switches = {{"CheckBoxExt16", "8 elements",
@@ -167,11 +252,6 @@ Page BroadbandMatchPage() {
                       &Design::eightElements}};
     page.switches[0].option = "ext";
     page.outputs = BroadbandOutputs();
-    page.goalSlots = [](const Design& s) {
-        using enum Slot;
-        return s.eightElements ? std::vector{C1, C2, L, L2, X5, X6, X7, X8}
-                               : std::vector{C1, C2, L, L2};
-    };
     page.design = DesignBroadband;
     page.transfer = BroadbandTransfer;
     page.circuit = BroadbandCircuit;

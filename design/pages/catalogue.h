@@ -2,29 +2,34 @@
 
 #include "design/page.h"
 
-// One function per page; each page group has a file of its own. The table of pages.cpp calls them.
+// The table of pages in notebook order: one row per page, the function that makes its record.
+
+#define KELVRO_PAGES(ROW)   \
+    ROW(LcSeriesTankPage)   \
+    ROW(LcParallelTankPage) \
+    ROW(PiSectionPage)      \
+    ROW(TSectionPage)       \
+    ROW(TransformerPage)    \
+    ROW(LinePage)           \
+    ROW(PassiveLPage)       \
+    ROW(PassivePiTPage)     \
+    ROW(LcBalunPage)        \
+    ROW(RlOptPage)          \
+    ROW(LeffCeffPage)       \
+    ROW(CombLcPage)         \
+    ROW(LcGammaPage)        \
+    ROW(LcclMatchPage)      \
+    ROW(ClassEPage)         \
+    ROW(BroadbandMatchPage) \
+    ROW(BandPassPage)       \
+    ROW(DoubleLPage)        \
+    ROW(RDividerPage)
 
 namespace kelvro {
 
-Page LcSeriesTankPage();
-Page LcParallelTankPage();
-Page PiSectionPage();
-Page TSectionPage();
-Page TransformerPage();
-Page LinePage();
-Page PassiveLPage();
-Page PassivePiTPage();
-Page LcBalunPage();
-Page RlOptPage();
-Page LeffCeffPage();
-Page CombLcPage();
-Page LcGammaPage();
-Page LcclMatchPage();
-Page ClassEPage();
-Page BroadbandMatchPage();
-Page BandPassPage();
-Page DoubleLPage();
-Page RDividerPage();
+#define KELVRO_DECLARE_PAGE(NAME) Page NAME();
+KELVRO_PAGES(KELVRO_DECLARE_PAGE)
+#undef KELVRO_DECLARE_PAGE
 
 // Texts that several pages share.
 
@@ -39,6 +44,9 @@ inline constexpr std::string_view kNeedsDifferentR =
 inline constexpr std::string_view kNeedsSupply = "It must be Ub>Usat!";
 inline constexpr NoteField kQNotAdjustable{"Q-factor is not adjustable, depends on R ratio",
                                            "depends on ratio R1/R2"};
+
+/// Broad bands of four reactances, see FivePointBand.
+inline constexpr double kWideBand = 0.5;
 
 /// An output with a slot, written in engineering form: a component of the network.
 OutputField Component(std::string_view object, std::string_view name, std::string_view label,

@@ -132,15 +132,30 @@ ClassEStage ClassEStageOf(const Design& design, bool lossy) {
 }
 
 Page ClassEPage() {
-    Page page{.number = 15,
-              .key = "class-e",
-              .caption = "Class-E PA",
-              .menuItem = "KlasseEVerstrker1",
-              .menuText = "&Class-E Amplifier",
-              .menuGroup = MenuGroup::Amplifier,
-              .exportable = true,
-              .shared = SharedOutputs::BandwidthOnly,
-              .typedQ = {1.9, 500}};
+    Page page{
+        .key = "class-e",
+        .caption = "Class-E PA",
+        .menuItem = "KlasseEVerstrker1",
+        .menuText = "&Class-E Amplifier",
+        .menuGroup = MenuGroup::Amplifier,
+        .exportable = true,
+        .shared = SharedOutputs::BandwidthOnly,
+        .typedQ = {1.9, 500},
+        .suggestion = {.role = Role::Amplifier,
+                       .character = "Complete output network of a class-E stage"},
+        .hint =
+            {.use =
+                 "A switching power stage with efficiency up to 90 %: the switch closes when its "
+                 "voltage is zero. Values after Sokal's equations with corrections for finite Q.",
+             .limits = "Load Q must exceed 1.79; below Q of 3 harmonics rise, above 10 the coil "
+                       "loses. The switch sees 3.6 times the supply. Switch resistance should be "
+                       "below a tenth of R.",
+             .parasitics = "The output capacitance of the transistor is part of C1: subtract it. "
+                           "When C1 comes out smaller than it, this frequency is too high for this "
+                           "transistor at this power.",
+             .values =
+                 "Q of 5 is a good start. Follow with a matching page from R to the antenna."},
+        .goal = PageGoal::Nothing()};
     page.notes = {
         {"50 % duty, switch driven at fo", "The switch closes at zero voltage and slope"},
         {"P is that of parts without loss",

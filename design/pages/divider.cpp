@@ -35,6 +35,32 @@ void DesignDivider(DesignPass& pass) {
     pass.show("I19Ausgabe", static_cast<double>(I));
 }
 
+double Square(double x) {
+    return x * x;
+}
+
+/// Relative errors of the string's total, its six taps and the bandgap resistor, squared.
+double DividerResidual(const Design& s) {
+    const std::array<double, 6> taps = {s.Vlow1, s.Vlow2, s.Vmid1, s.Vmid2, s.Vhi1, s.Vhi2};
+    const auto resistor = [&](std::size_t i) { return s.components[kStringSlots[i]]; };
+    double total = 0;
+    for (std::size_t i = 0; i < kBandGap; ++i) total += resistor(i);
+    double sum = Square(total / s.Rtot - 1) + Square(resistor(kBandGap) * s.Ibg / s.Vbg - 1);
+    double below = 0;
+    for (std::size_t i = 0; i < taps.size(); ++i) {
+        below += resistor(i);
+        sum += Square(s.Vref * below / total / taps[i] - 1);
+    }
+    return sum;
+}
+
+PageGoal DividerGoal() {
+    PageGoal goal = PageGoal::Components(
+        [](const Design&) { return std::vector<Slot>(kStringSlots.begin(), kStringSlots.end()); });
+    goal.residual = DividerResidual;
+    return goal;
+}
+
 Circuit DividerCircuit(const Design& s) {
     static constexpr std::array<std::string_view, 8> names = {"RD1", "RD2", "RD3", "RD4",
                                                               "RD5", "RD6", "RD7", "RD8"};
@@ -101,22 +127,28 @@ std::vector<OutputField> DividerOutputs() {
 }  // namespace
 
 Page RDividerPage() {
-    Page page{.number = 19,
-              .key = "r-divider",
+    Page page{.key = "r-divider",
               .caption = "R-Divider",
               .menuItem = "",
               .menuText = "",
               .menuGroup = MenuGroup::None,
               .exportable = true,
               .shared = SharedOutputs::None,
-              .unswapsLC = true};
+              .unswapsLC = true,
+              .suggestion = {.role = Role::Other, .character = "Divides a reference voltage"},
+              .hint = {.use = "A resistor string that makes six reference voltages from one, and "
+                              "the resistor of a bandgap bias. Take rounded values back and let "
+                              "the optimizer bring the taps to their place.",
+                       .limits = "Taps must not be loaded; their source resistance is up to a "
+                                 "quarter of the string.",
+                       .parasitics = "On chip, end effects of the resistors shift the taps: build "
+                                     "all from equal unit resistors.",
+                       .values = "100 kohm to 1 Mohm on chip, 10 to 100 kohm on boards."},
+              .goal = DividerGoal()};
     page.notes = {{"String of seven resistors from ground to Vref with six taps",
                    "Round the resistors to standard values, then Take and Optimize"}};
     page.inputs = DividerInputs();
     page.outputs = DividerOutputs();
-    page.goalSlots = [](const Design&) {
-        return std::vector<Slot>(kStringSlots.begin(), kStringSlots.end());
-    };
     page.design = DesignDivider;
     page.circuit = DividerCircuit;
     return page;

@@ -141,30 +141,57 @@ Circuit DoubleLCircuit(const Design& s) {
              PagePart(Capacitor, Place::Series, "C2", s, Slot::C2, "C218Ausgabe")}};
 }
 
-std::vector<Slot> FourSlots(const Design&) {
-    return {Slot::C1, Slot::C2, Slot::L, Slot::L2};
+PageGoal DoubleLGoal() {
+    PageGoal goal = PageGoal::Components([](const Design&) {
+        return std::vector{Slot::C1, Slot::C2, Slot::L, Slot::L2};
+    });
+    goal.band = [](const Design& s) { return FivePointBand(s, kWideBand); };
+    return goal;
+}
+
+/// Keeps the two halves of the network alike.
+double LcclPenalty(const Design& s) {
+    const double L = Imbalance(s.components[Slot::L], s.components[Slot::L2]);
+    const double C = Imbalance(s.components[Slot::C1], s.components[Slot::C2]);
+    return 0.01 * (L * L) + 0.01 * (C * C);
+}
+
+PageGoal LcclGoal() {
+    PageGoal goal = DoubleLGoal();
+    goal.penalty = LcclPenalty;
+    return goal;
 }
 
 }  // namespace
 
 Page LcGammaPage() {
-    Page page{.number = 13,
-              .key = "lc-gamma",
-              .caption = "LC Gamma",
-              .menuItem = "LCGamma1",
-              .menuText = "LC &Gamma",
-              .menuGroup = MenuGroup::Matching,
-              .qPanel = true,
-              .exportable = true,
-              .plottable = true,
-              .mirrored = true};
+    Page page{
+        .key = "lc-gamma",
+        .caption = "LC Gamma",
+        .menuItem = "LCGamma1",
+        .menuText = "LC &Gamma",
+        .menuGroup = MenuGroup::Matching,
+        .qPanel = true,
+        .exportable = true,
+        .plottable = true,
+        .mirrored = true,
+        .suggestion = {.role = Role::Match, .character = "Two parts only, the fewest possible"},
+        .hint = {.use = "The L-section: two parts, the least loss of all LC matches, the largest "
+                        "bandwidth for its ratio.",
+                 .limits = "Q follows from the ratio of the resistances, so bandwidth cannot be "
+                           "chosen. R1 and R2 must differ.",
+                 .parasitics = "Capacitances at the high-resistance side belong to C, lead "
+                               "inductance on the low side to L.",
+                 .values = "For ratios above 10 take two sections (LCCL, Double-L, Broadband)."},
+        .goal = PageGoal::Components([](const Design&) {
+            return std::vector{Slot::C1, Slot::L};
+        })};
     page.notes = {kQNotAdjustable};
     page.outputs = {Component("L13Ausgabe", "L", "Inductance L", "H", Slot::L),
                     Component("C13GAusgabe", "C", "Capacitance C", "F", Slot::C1)};
     page.outputs[0].hint = "In series, on the side of the smaller resistance";
     page.outputs[1].hint = "Across the larger resistance";
     for (OutputField& field : page.outputs) field.initial = kNoValueYet;
-    page.goalSlots = [](const Design&) { return std::vector{Slot::C1, Slot::L}; };
     page.design = DesignGamma;
     page.transfer = GammaTransfer;
     page.circuit = GammaCircuit;
@@ -172,16 +199,25 @@ Page LcGammaPage() {
 }
 
 Page LcclMatchPage() {
-    Page page{.number = 14,
-              .key = "lccl",
-              .caption = "LCCL Match",
-              .menuItem = "LCCL1",
-              .menuText = "LCCL Match",
-              .menuGroup = MenuGroup::Matching,
-              .qPanel = true,
-              .exportable = true,
-              .plottable = true,
-              .mirrored = true};
+    Page page{
+        .key = "lccl",
+        .caption = "LCCL Match",
+        .menuItem = "LCCL1",
+        .menuText = "LCCL Match",
+        .menuGroup = MenuGroup::Matching,
+        .qPanel = true,
+        .exportable = true,
+        .plottable = true,
+        .mirrored = true,
+        .suggestion = {.role = Role::Match,
+                       .character = "Low-pass and high-pass L-section whose phase shifts cancel"},
+        .hint = {.use = "Low-pass L followed by high-pass L: steps R1 up to R2 with a band-pass "
+                        "character and almost no phase shift; blocks direct current.",
+                 .limits = "R2 must be larger than R1. Four parts, so four tolerances.",
+                 .parasitics = "Pads at the middle node add to C1, at the load they detune L2.",
+                 .values =
+                     "Halves of about equal size: the optimizer keeps L1 and L2, C1 and C2 alike."},
+        .goal = LcclGoal()};
     page.notes = {{"Suited for R1<R2, almost no phase shift at fo",
                    "The phase shifts of the low-pass and the high-pass half cancel"}};
     page.outputs = {Component("L114Ausgabe", "L1", "Inductance L1", "H", Slot::L),
@@ -189,7 +225,6 @@ Page LcclMatchPage() {
                     Component("C214Ausgabe", "C2", "Capacitance C2", "F", Slot::C2),
                     Component("L214Ausgabe", "L2", "Inductance L2", "H", Slot::L2)};
     for (OutputField& field : page.outputs) field.initial = kNoValueYet;
-    page.goalSlots = FourSlots;
     page.design = DesignLccl;
     page.transfer = LcclTransfer;
     page.circuit = LcclCircuit;
@@ -197,8 +232,7 @@ Page LcclMatchPage() {
 }
 
 Page DoubleLPage() {
-    Page page{.number = 18,
-              .key = "double-l",
+    Page page{.key = "double-l",
               .caption = "Double-L Section",
               .menuItem = "DoubleLSection1",
               .menuText = "Double-L Section",
@@ -207,7 +241,17 @@ Page DoubleLPage() {
               .exportable = true,
               .plottable = true,
               .mirrored = true,
-              .unswapsLC = true};
+              .unswapsLC = true,
+              .suggestion = {.role = Role::Match,
+                             .character = "Two high-pass L-sections, wider than a single one"},
+              .hint = {.use = "Two high-pass L-sections: steps R1 down to R2 with half the Q of a "
+                              "single section, so about twice the bandwidth; blocks direct "
+                              "current, and the first coil can feed a collector.",
+                       .limits = "R1 must be larger than R2. Harmonics pass.",
+                       .parasitics = "The transistor's output capacitance detunes L1: make L1 "
+                                     "smaller. Pads at the middle node detune L2 likewise.",
+                       .values = "Good for ratios of 4 to 100."},
+              .goal = DoubleLGoal()};
     page.notes = {{"Suited for R1>R2, blocks DC and low frequencies",
                    "Two high-pass sections through the geometric mean of R1 and R2"}};
     page.outputs = {Component("L118Ausgabe", "L1", "Inductance L1", "H", Slot::L),
@@ -215,7 +259,6 @@ Page DoubleLPage() {
                     Component("L218Ausgabe", "L2", "Inductance L2", "H", Slot::L2),
                     Component("C218Ausgabe", "C2", "Capacitance C2", "F", Slot::C2)};
     for (OutputField& field : page.outputs) field.initial = kNoValueYet;
-    page.goalSlots = FourSlots;
     page.design = DesignDoubleL;
     page.transfer = DoubleLTransfer;
     page.circuit = DoubleLCircuit;

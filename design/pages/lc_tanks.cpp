@@ -116,17 +116,34 @@ Circuit ParallelTankCircuit(const Design& s) {
 }  // namespace
 
 Page LcSeriesTankPage() {
-    Page page{.number = 1,
-              .key = "lc-series",
-              .caption = "LC Series Tank",
-              .menuItem = "LCS1",
-              .menuText = "&LC Series Tank",
-              .menuGroup = MenuGroup::Matching,
-              .qPanel = true,
-              .exportable = true,
-              .plottable = true,
-              .swapBox = "CheckBox1",
-              .mirrored = true};
+    Page page{
+        .key = "lc-series",
+        .caption = "LC Series Tank",
+        .menuItem = "LCS1",
+        .menuText = "&LC Series Tank",
+        .menuGroup = MenuGroup::Matching,
+        .qPanel = true,
+        .exportable = true,
+        .plottable = true,
+        .swapBox = "CheckBox1",
+        .mirrored = true,
+        .suggestion = {.role = Role::Match,
+                       .character = "Tapped series tank whose Q can be chosen"},
+        .hint = {.use = "Steps a small source resistance up to a larger load with a free choice of "
+                        "the loaded Q. The series coil and C1 form the tank, C2 taps the load into "
+                        "it. It blocks direct current and falls off on both sides of fo.",
+                 .limits =
+                     "R1 must be smaller than R2. Below Q of about sqrt(R2/R1 − 1)/2 the reactance "
+                     "of C1 changes its sign; the value shown is then only a magnitude. At high Q "
+                     "the whole current runs through L: its loss is about Q/QL.",
+                 .parasitics = "The pad capacitance at the load and the input capacitance of the "
+                               "next stage belong to C2: subtract them. The self-capacitance of L "
+                               "raises its effective value; the Leff/Ceff page tells by how much. "
+                               "The lead inductance of C1 simply adds to L.",
+                 .values = "Choose Q so that L stays below a third of the inductance that "
+                           "resonates with its own capacitance at fo, and C1 stays above a few "
+                           "times the stray capacitance (about 0.3 pF)."},
+        .goal = PageGoal::Components(TankSlots)};
     page.notes = {{"Suited for R1<R2"}};
     page.outputs = {Component("L1Ausgabe", "L", "Inductance L", "H", Slot::L),
                     Component("C11Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
@@ -136,7 +153,6 @@ Page LcSeriesTankPage() {
     page.transferText =
         "V(s) = sC[1]G[1] / (s³LC[1]C[2]G[1] + s²C[1](LG[1]G[2] + C[2]) + "
         "s(C[2]G[1] + C[1]G[2] + C[1]G[1]) + G[1]G[2])";
-    page.goalSlots = TankSlots;
     page.design = DesignSeriesTank;
     page.transfer = SeriesTankTransfer;
     page.circuit = SeriesTankCircuit;
@@ -144,17 +160,31 @@ Page LcSeriesTankPage() {
 }
 
 Page LcParallelTankPage() {
-    Page page{.number = 2,
-              .key = "lc-parallel",
-              .caption = "LC Parallel Tank",
-              .menuItem = "LCP1",
-              .menuText = "LC &Parallel Tank",
-              .menuGroup = MenuGroup::Matching,
-              .qPanel = true,
-              .exportable = true,
-              .plottable = true,
-              .swapBox = "CheckBox2",
-              .mirrored = true};
+    Page page{
+        .key = "lc-parallel",
+        .caption = "LC Parallel Tank",
+        .menuItem = "LCP1",
+        .menuText = "LC &Parallel Tank",
+        .menuGroup = MenuGroup::Matching,
+        .qPanel = true,
+        .exportable = true,
+        .plottable = true,
+        .swapBox = "CheckBox2",
+        .mirrored = true,
+        .suggestion = {.role = Role::Match,
+                       .character = "Tapped parallel tank whose Q can be chosen"},
+        .hint =
+            {.use = "Steps a large source resistance down to a smaller load. L grounds the source "
+                    "side, so a supply can be fed through its cold end; C1 and C2 form a "
+                    "capacitive tap.",
+             .limits = "R1 must be larger than R2. Large ratios at high Q give a very small C1 and "
+                       "a large circulating current in L.",
+             .parasitics = "The output capacitance of the driving transistor lies across L: make L "
+                           "a little larger or trim C1. Pads at the load add to C2. The ground "
+                           "lead of C2 is common to input and output; keep it short.",
+             .values =
+                 "Typical: Q 3 to 15. For L below about 2 nH think of a line instead of a coil."},
+        .goal = PageGoal::Components(TankSlots)};
     page.notes = {{"Suited for R1>R2"}};
     page.outputs = {Component("L2Ausgabe", "L", "Inductance L", "H", Slot::L),
                     Component("C12Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
@@ -162,7 +192,6 @@ Page LcParallelTankPage() {
     page.transferText =
         "V(s) = s²LC[1]G[1] / (s³LC[1]C[2] + s²L(C[2]G[1] + C[1]G[1] + C[1]G[2]) + "
         "s(LG[2]G[1] + C[1] + C[2]) + G[2])";
-    page.goalSlots = TankSlots;
     page.design = DesignParallelTank;
     page.transfer = ParallelTankTransfer;
     page.circuit = ParallelTankCircuit;

@@ -42,18 +42,37 @@ Circuit LineCircuit(const Design& s) {
     return circuit;
 }
 
+/// M. J. D. Powell's singular function in other units: 0 at (-1, 5, 2, 1).
+double PowellsFunction(std::span<const double> x) {
+    const auto square = [](double y) { return y * y; };
+    return 16 * square(x[0] + x[3]) + square(x[1] - 2 * x[2] - x[3]) + 0.0625 * square(x[2] - 2) +
+           square(x[3] - 1);
+}
+
 }  // namespace
 
 Page LinePage() {
-    Page page{.number = 6,
-              .key = "trl",
-              .caption = "TRL",
-              .menuItem = "Leitung1",
-              .menuText = "&TRL",
-              .menuGroup = MenuGroup::Matching,
-              .qPanel = true,
-              .exportable = true,
-              .plottable = true};
+    Page page{
+        .key = "trl",
+        .caption = "TRL",
+        .menuItem = "Leitung1",
+        .menuText = "&TRL",
+        .menuGroup = MenuGroup::Matching,
+        .qPanel = true,
+        .exportable = true,
+        .plottable = true,
+        .suggestion = {.role = Role::Match,
+                       .character = "Quarter-wave line without any lumped part"},
+        .hint = {.use = "A quarter-wave line of ZL = sqrt(R1·R2): simple, no tuning, little loss "
+                        "at high frequencies.",
+                 .limits = "The Q, and so the bandwidth, follows from the ratio R1/R2. It passes "
+                           "direct current and repeats at every odd multiple of fo. Below about "
+                           "100 MHz the line is long.",
+                 .parasitics = "Pad capacitances make the line look longer; shorten it a little. "
+                               "An open end adds about half the substrate's height in length.",
+                 .values = "Microstrip can be made from about 20 to 120 ohm. The Tools menu "
+                           "calculates its width."},
+        .goal = PageGoal::Test(4, PowellsFunction)};
     page.notes = {kQNotAdjustable};
     page.inputs = {{"er6Eingabe",
                     "Dielectric Constant εr",
@@ -67,7 +86,6 @@ Page LinePage() {
                     {"NL6Ausgabe", "NL", "Normalized Length l/λ", ""},
                     Component("l6Ausgabe", "l", "Geometrical Length l", "m", Slot::Length)};
     page.outputs[1].format = Fixed(7, 3);
-    page.testParameters = 4;
     page.design = DesignLine;
     page.transfer = [](const Design& s) { return Transfer::Line(s.components[Slot::ZL]); };
     page.circuit = LineCircuit;

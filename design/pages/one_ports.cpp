@@ -122,13 +122,26 @@ std::vector<InputField> CombinedTankInputs() {
 }  // namespace
 
 Page LeffCeffPage() {
-    Page page{.number = 11,
-              .key = "leff-ceff",
-              .caption = "Leff/Ceff",
-              .menuItem = "LeffCeff1",
-              .menuText = "L&eff/Ceff",
-              .menuGroup = MenuGroup::Options,
-              .shared = SharedOutputs::None};
+    Page page{
+        .key = "leff-ceff",
+        .caption = "Leff/Ceff",
+        .menuItem = "LeffCeff1",
+        .menuText = "L&eff/Ceff",
+        .menuGroup = MenuGroup::Options,
+        .shared = SharedOutputs::None,
+        .suggestion = {.role = Role::Other,
+                       .character = "Looks at the parasitics of one coil or capacitor"},
+        .hint =
+            {.use = "What a coil or capacitor really is at fo: near its self-resonance the "
+                    "effective value rises, above it a coil is a capacitor and a capacitor a coil.",
+             .limits =
+                 "One resonance only; long coils have more of them. The loss resistance is taken "
+                 "as constant; skin effect makes it rise with the root of the frequency.",
+             .parasitics = "Measure L and R at a low frequency, the self-resonance with a network "
+                           "analyser, and compute C from it.",
+             .values = "Chip coils: 0.1 to 0.2 pF; chip capacitors: 0.5 to 1 nH; wired parts: 1 nH "
+                       "per millimetre."},
+        .goal = PageGoal::Nothing()};
     page.notes = {{"A real coil or capacitor, as it acts at fo", "Set fo above"},
                   {"", "A coil acts as capacitance there, a capacitor as inductance", "Note11"}};
     page.inputs = {
@@ -160,14 +173,25 @@ Page LeffCeffPage() {
 }
 
 Page CombLcPage() {
-    Page page{.number = 12,
-              .key = "comb-lc",
-              .caption = "Comb. LC",
-              .menuItem = "KombinierterLCKreis1",
-              .menuText = "Comb. LC Tank",
-              .menuGroup = MenuGroup::Options,
-              .exportable = true,
-              .shared = SharedOutputs::None};
+    Page page{
+        .key = "comb-lc",
+        .caption = "Comb. LC",
+        .menuItem = "KombinierterLCKreis1",
+        .menuText = "Comb. LC Tank",
+        .menuGroup = MenuGroup::Options,
+        .exportable = true,
+        .shared = SharedOutputs::None,
+        .suggestion = {.role = Role::Other, .character = "Designs a trap for one frequency"},
+        .hint =
+            {.use = "A tank that is open at one frequency and short at another: passes the carrier "
+                    "and traps a harmonic, with three parts.",
+             .limits = "The short lies above the open frequency. Sharp traps need coils of high Q; "
+                       "their depth is about the loss resistance of Ls and Cs.",
+             .parasitics =
+                 "Stray capacitance across the whole tank lowers the open frequency; trim Lp.",
+             .values =
+                 "For a trap at 2·fo: Lp = 3·Ls for any Ls. The button solves the general case."},
+        .goal = PageGoal::Nothing()};
     page.notes = {
         {"open at fp, short at fs: a harmonic trap", "Across a line it passes fp and shorts fs"}};
     page.inputs = CombinedTankInputs();

@@ -101,17 +101,35 @@ Circuit TCircuit(const Design& s) {
 }  // namespace
 
 Page PiSectionPage() {
-    Page page{.number = 3,
-              .key = "pi",
-              .caption = "Pi Section",
-              .menuItem = "Pi1",
-              .menuText = "&Pi Section",
-              .menuGroup = MenuGroup::Matching,
-              .qPanel = true,
-              .exportable = true,
-              .plottable = true,
-              .swapBox = "CheckBox3",
-              .mirrored = true};
+    Page page{
+        .key = "pi",
+        .caption = "Pi Section",
+        .menuItem = "Pi1",
+        .menuText = "&Pi Section",
+        .menuGroup = MenuGroup::Matching,
+        .qPanel = true,
+        .exportable = true,
+        .plottable = true,
+        .swapBox = "CheckBox3",
+        .mirrored = true,
+        .suggestion =
+            {.role = Role::Match,
+             .character =
+                 "Pi section whose Q can be chosen, absorbs shunt parasitics of both ends"},
+        .hint = {.use = "The universal match: any R1 to any R2 with a chosen Q, and a low-pass "
+                        "that suppresses harmonics. Both ends start with a capacitor across, so it "
+                        "swallows the capacitances of the stages on both sides and cascades well.",
+                 .limits = "The intermediate resistance in the middle is lower than R1 and R2; "
+                           "with high Q the current in L grows and with it the loss, about 2·Q/QL. "
+                           "Direct current passes.",
+                 .parasitics = "Transistor and pad capacitances belong to C1 and C2: subtract "
+                               "them. The capacitance from one end of the coil to the other gives "
+                               "a notch above fo, that to ground adds to both capacitors.",
+                 .values = "Keep L above 1 nH and the capacitors well above the strays. Q 2 to 10 "
+                           "is comfortable."},
+        .goal = PageGoal::Components([](const Design&) {
+            return std::vector{Slot::C1, Slot::C2, Slot::L};
+        })};
     page.notes = {{"universal, good for cascades"}};
     page.pictureHint = "R measured from the center";
     page.outputs = {Component("C13Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
@@ -120,7 +138,6 @@ Page PiSectionPage() {
     page.transferText =
         "V(s) = G[1] / (s³LC[1]C[2] + s²L(C[2]G[1] + C[1]G[2]) + s(LG[2]G[1] + C[1] + C[2]) + "
         "G[1] + G[2])";
-    page.goalSlots = [](const Design&) { return std::vector{Slot::C1, Slot::C2, Slot::L}; };
     page.design = DesignPi;
     page.transfer = PiTransfer;
     page.circuit = PiCircuit;
@@ -128,24 +145,41 @@ Page PiSectionPage() {
 }
 
 Page TSectionPage() {
-    Page page{.number = 4,
-              .key = "t",
-              .caption = "T Section",
-              .menuItem = "T1",
-              .menuText = "&T Section",
-              .menuGroup = MenuGroup::Matching,
-              .qPanel = true,
-              .exportable = true,
-              .plottable = true,
-              .swapBox = "CheckBox4",
-              .mirrored = true};
+    Page page{
+        .key = "t",
+        .caption = "T Section",
+        .menuItem = "T1",
+        .menuText = "&T Section",
+        .menuGroup = MenuGroup::Matching,
+        .qPanel = true,
+        .exportable = true,
+        .plottable = true,
+        .swapBox = "CheckBox4",
+        .mirrored = true,
+        .suggestion =
+            {.role = Role::Match,
+             .character =
+                 "T section whose Q can be chosen, absorbs series parasitics of both ends"},
+        .hint =
+            {.use = "Two coils and a capacitor across: suits low impedances, where a Pi section "
+                    "would need very large capacitors. Lead inductances at both ends become part "
+                    "of the network.",
+             .limits = "R1 and R2 must differ. The capacitor does not depend on Q; only the coils "
+                       "do. High Q needs large coils, whose self-resonance must lie well above fo.",
+             .parasitics = "Bond wires and package leads belong to L1 and L2. The inductance of "
+                           "the capacitor's ground path makes a notch above fo; two capacitors in "
+                           "parallel halve it.",
+             .values =
+                 "Good for R of 1 to 50 ohm. Start with Q of 1 to 5 and let the optimizer refine."},
+        .goal = PageGoal::Components([](const Design&) {
+            return std::vector{Slot::C1, Slot::L, Slot::L2};
+        })};
     page.outputs = {Component("L14Ausgabe", "L1", "Inductance L1", "H", Slot::L),
                     Component("L24Ausgabe", "L2", "Inductance L2", "H", Slot::L2),
                     Component("C4Ausgabe", "C", "Capacitance C", "F", Slot::C1)};
     page.transferText =
         "V(s) = G[1] / (s³L[1]L[2]CG[1]G[2] + s²C(L[2]G[2] + L[1]G[1]) + "
         "s(L[2]G[2]G[1] + L[1]G[1]G[2] + C) + G[1] + G[2])";
-    page.goalSlots = [](const Design&) { return std::vector{Slot::C1, Slot::L, Slot::L2}; };
     page.design = DesignT;
     page.transfer = TTransfer;
     page.circuit = TCircuit;

@@ -62,6 +62,37 @@ Circuit TransformerCircuit(const Design& s) {
     return circuit;
 }
 
+double Square(double x) {
+    return x * x;
+}
+
+/// The user's wishes, in the weights that the scroll bars give them.
+double TransformerPenalty(const Design& s) {
+    const double L1 = s.components[Slot::L];
+    const double L2 = s.components[Slot::L2];
+    double penalty = 0;
+    if (s.equalInductances) {
+        penalty += Square(s.equalInductancesWeight / 10.0 * Imbalance(L1, L2));
+    }
+    if (s.smallInductances) {
+        penalty += Square(s.smallInductancesWeight / 50.0 * Omega(s) * (L1 + L2) / (2 * s.R2));
+    }
+    if (s.smallCapacitance) {
+        penalty += Square(s.smallCapacitanceWeight / 100.0 * s.components[Slot::C1] * s.R1 * 1e9 /
+                          s.fo * 1e9);
+    }
+    return penalty;
+}
+
+PageGoal TransformerGoal() {
+    PageGoal goal = PageGoal::Components([](const Design&) {
+        return std::vector{Slot::C1, Slot::C2, Slot::L, Slot::L2};
+    });
+    goal.band = [](const Design& s) { return FivePointBand(s, kWideBand); };
+    goal.penalty = TransformerPenalty;
+    return goal;
+}
+
 std::vector<SwitchField> TransformerSwitches() {
     return {{"CheckBoxL1L2", "L1 = L2", "Bandwidth often smaller when forcing equal values",
              &Design::equalInductances, "ScrollBarW", &Design::equalInductancesWeight},
@@ -74,15 +105,32 @@ std::vector<SwitchField> TransformerSwitches() {
 }  // namespace
 
 Page TransformerPage() {
-    Page page{.number = 5,
-              .key = "transformer",
-              .caption = "Transformer",
-              .menuItem = "Uebertrager1",
-              .menuText = "&Transformer",
-              .menuGroup = MenuGroup::Matching,
-              .qPanel = true,
-              .exportable = true,
-              .plottable = true};
+    Page page{
+        .key = "transformer",
+        .caption = "Transformer",
+        .menuItem = "Uebertrager1",
+        .menuText = "&Transformer",
+        .menuGroup = MenuGroup::Matching,
+        .qPanel = true,
+        .exportable = true,
+        .plottable = true,
+        .suggestion = {.role = Role::Match,
+                       .character =
+                           "Two coupled tanks that isolate source and load from each other",
+                       .floats = true},
+        .hint = {.use =
+                     "Matches with two coupled coils: galvanic isolation, wide choice of ratios, "
+                     "and the leakage inductance is part of the design. The optimizer finds coils "
+                     "and capacitors for the coupling coefficient that you can really make.",
+                 .limits =
+                     "The closed form does not know k; without optimization the values are a start "
+                     "only. Little coupling (k below 0.3) gives small bandwidth and more loss.",
+                 .parasitics =
+                     "Winding capacitances belong to C1 and C2. The capacitance between the "
+                     "windings is not in the model: keep it small or put the cold ends together.",
+                 .values = "k of planar transformers on chip: 0.6 to 0.85; of toroids: 0.9 to "
+                           "0.99; of two air coils side by side: 0.1 to 0.4."},
+        .goal = TransformerGoal()};
     page.inputs = {{"k5Eingabe",
                     "Coupling Coefficient k",
                     "",
@@ -97,9 +145,6 @@ Page TransformerPage() {
                     Component("C15Ausgabe", "C1", "Capacitance C1", "F", Slot::C1),
                     Component("C25Ausgabe", "C2", "Capacitance C2", "F", Slot::C2)};
     for (OutputField& field : page.outputs) field.editable = true;
-    page.goalSlots = [](const Design&) {
-        return std::vector{Slot::C1, Slot::C2, Slot::L, Slot::L2};
-    };
     page.design = DesignTransformer;
     page.transfer = TransformerTransfer;
     page.circuit = TransformerCircuit;

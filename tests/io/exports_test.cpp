@@ -81,7 +81,7 @@ TEST_P(EveryPageExports, ItsFormatsWithStandardValuesToo) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Pages, EveryPageExports, testing::Range(1, kPageCount + 1));
+INSTANTIATE_TEST_SUITE_P(Pages, EveryPageExports, testing::Range(1, PageCount() + 1));
 
 TEST(Exports, OfferOnlyTheFormatsThatAPageHas) {
     const auto keys = [](int page) {

@@ -70,7 +70,7 @@ TEST(PageOptimizer, ComesNearTheBestKnownDesigns) {
 }
 
 TEST(PageOptimizer, NeverMovesToAWorseGoalAndLeavesPagesWithATestFunctionAlone) {
-    for (int page = 1; page <= kPageCount; ++page) {
+    for (int page = 1; page <= PageCount(); ++page) {
         for (const bool swap : {false, true}) {
             const Design design =
                 swap ? Calculated(page, 200, 50, 3) : Calculated(page, 50, 200, 3);
@@ -80,7 +80,7 @@ TEST(PageOptimizer, NeverMovesToAWorseGoalAndLeavesPagesWithATestFunctionAlone) 
                 continue;
             }
             EXPECT_LE(result.achievedGoal, result.startGoal) << "page " << page;
-            if (PageOf(page).testParameters > 0) {
+            if (PageOf(page).goal.test) {
                 EXPECT_EQ(result.components, design.components) << "page " << page;
             }
         }

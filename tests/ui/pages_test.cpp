@@ -40,7 +40,7 @@ void PagesTest::everyTabAndMenuItemShowsItsPage() {
     FormFixture f;
     auto& notebook = f.find<QStackedWidget>("Notebook1");
     auto& tabs = f.find<TabSet>("TabSet1");
-    QCOMPARE(tabs.count(), kPageCount);
+    QCOMPARE(tabs.count(), PageCount());
     for (const Page& page : Pages()) {
         f.goTo(page.number);
         QCOMPARE(f.state().page, page.number);
@@ -76,7 +76,7 @@ void PagesTest::pageShowsAndEnablesWhatItHas() {
     QFETCH(QString, exported);
     QFETCH(QString, plotted);
     FormFixture f;
-    for (int page = 1; page <= kPageCount; ++page) {
+    for (int page = 1; page <= PageCount(); ++page) {
         f.goTo(page);
         const auto yes = [&](const QString& column) { return column[page - 1] == 'y'; };
         const QByteArray name = "page " + QByteArray::number(page);

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "design/pages.h"
+#include "ui/fields.h"
 #include "ui/help/page_hints.h"
 
 namespace kelvro {
@@ -26,11 +27,9 @@ TCircuitHintsDlg::TCircuitHintsDlg(DesignHost& host, QWidget* parent)
 void TCircuitHintsDlg::showPage() {
     if (page_ == host_.design().page) return;
     page_ = host_.design().page;
-    const auto caption = PageOf(page_).caption;
-    setWindowTitle(
-        tr("Circuit Hints: %1")
-            .arg(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size()))));
-    text_->setHtml(HintHtml(page_));
+    const Page& page = PageOf(page_);
+    setWindowTitle(tr("Circuit Hints: %1").arg(ToQString(page.caption)));
+    text_->setHtml(HintHtml(page));
 }
 
 }  // namespace kelvro

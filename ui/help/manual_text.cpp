@@ -47,7 +47,7 @@ QString PageHtml(const Page& page) {
     for (const NoteField& note : page.notes) {
         html += QStringLiteral("<p><i>%1</i></p>").arg(Escaped(note.text));
     }
-    html += HintHtml(page.number);
+    html += HintHtml(page);
     html += QStringLiteral("<h3>Fields</h3><table border='1' cellspacing='0' cellpadding='4'>");
     for (const InputField& field : page.inputs) {
         html += FieldRow(field.label, field.unit, InputRemark(field));
