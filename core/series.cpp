@@ -77,6 +77,11 @@ std::optional<Series> SeriesByName(std::string_view name) {
     return std::nullopt;
 }
 
+std::span<const double> SeriesMantissas(Series series) {
+    const auto table = Table(series);
+    return table.empty() ? table : table.first(table.size() - 1);
+}
+
 std::string SeriesBelow(Series series, double x) {
     return TableText(series, x, -1);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,9 @@ enum class Series : unsigned char { None = 0, E6 = 1, E12 = 2, E24 = 3, E48 = 4,
 
 /// "E6" … "E96" by name, case ignored; nothing for any other text.
 std::optional<Series> SeriesByName(std::string_view name);
+
+/// The values of a series from 1 on, below 10; empty for Series::None.
+std::span<const double> SeriesMantissas(Series series);
 
 /// Text (FormatEng 6/2) of the series value below x > 0. A value that stands in the series gives
 /// the next lower one; SeriesNearest makes up for it. Series::None gives x itself.

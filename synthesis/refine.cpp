@@ -3,22 +3,18 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <vector>
 
 #include "network/ladder_response.h"
-#include "optimize/local_optimizer.h"
+#include "synthesis/tuned_goal.h"
 
 namespace kelvro {
 
 namespace {
 
 constexpr int kBandPoints = 41;
-constexpr double kLowestGain = 1e-12;
-
-/// Sharpness of the smooth minimum: the sum over points of exp(-p·GT in dB) is led by the worst
-/// ones. Each stage starts from the one before; the last is within ln(41)/256 = 0.015 dB of the
-/// true minimum.
-constexpr double kSharpness[] = {2, 16, 128, 256};
+constexpr double kFirstRadius = 0.1;  ///< of the first step, nepers: no jump to another design
 
 std::vector<double> FrequenciesOf(const Network& network) {
     std::vector<double> f;
@@ -29,51 +25,6 @@ std::vector<double> FrequenciesOf(const Network& network) {
     if (f.empty() && network.designFrequency > 0) f.push_back(network.designFrequency);
     return f;
 }
-
-/// Minus the smooth minimum of the gain in dB over the logarithms of the free numbers, relative to
-/// those at the start.
-class WorstGainGoal : public Objective {
-  public:
-    WorstGainGoal(const Network& network, std::vector<Tunable> free)
-        : network_(network), free_(std::move(free)), f_(FrequenciesOf(network)) {
-        for (const Tunable& at : free_) starts_.push_back(ValueOf(network.ladder, at));
-    }
-
-    std::size_t size() const { return free_.size(); }
-    bool hasFrequencies() const { return !f_.empty(); }
-    void sharpen(double sharpness) { sharpness_ = sharpness; }
-
-    Network at(std::span<const double> x) const {
-        Network moved = network_;
-        for (std::size_t i = 0; i < free_.size(); ++i) {
-            const ValueRange range = RangeOf(moved.ladder, free_[i]);
-            SetValue(moved.ladder, free_[i],
-                     std::clamp(starts_[i] * std::exp(x[i]), range.low, range.high));
-        }
-        return moved;
-    }
-
-    double value(std::span<const double> x, CallKind) override {
-        LadderResponse response(at(x));
-        const NetworkSweep& sweep = response.sweep(f_);
-        std::vector<double> losses;
-        for (const double GT : sweep.GT) {
-            if (std::isnan(GT)) return std::numeric_limits<double>::quiet_NaN();
-            losses.push_back(-10 * std::log10(std::max(GT, kLowestGain)));
-        }
-        const double worst = std::ranges::max(losses);
-        double sum = 0;
-        for (const double loss : losses) sum += std::exp(sharpness_ * (loss - worst));
-        return worst + std::log(sum) / sharpness_;
-    }
-
-  private:
-    const Network network_;
-    const std::vector<Tunable> free_;
-    const std::vector<double> f_;
-    std::vector<double> starts_;
-    double sharpness_ = 1;
-};
 
 }  // namespace
 
@@ -95,22 +46,19 @@ Result<Network> Refined(const Network& network, std::span<const Tunable> locked)
                !(ValueOf(network.ladder, at) > 0) || at.quantity == Tunable::Quantity::Coupling;
     });
     if (free.empty()) return Status::Failure("Nothing to refine: no value is free");
-    WorstGainGoal goal(network, std::move(free));
-    if (!goal.hasFrequencies())
-        return Status::Failure("Nothing to refine for: give a band or a frequency");
-    if (std::isnan(WorstGain(network)))
-        return Status::Failure("The measured data do not cover the bands");
+    const std::vector<double> f = FrequenciesOf(network);
+    if (f.empty()) return Status::Failure("Nothing to refine for: give a band or a frequency");
+    const double before = WorstGain(network);
+    if (std::isnan(before)) return Status::Failure("The measured data do not cover the bands");
 
-    Eigen::VectorXd x = Eigen::VectorXd::Zero(static_cast<Eigen::Index>(goal.size()));
-    LocalOptions options;
-    options.gradientLimit = 1e-4;
-    options.seekOtherMinima = false;
-    for (const double sharpness : kSharpness) {
-        goal.sharpen(sharpness);
-        x = MinimizeLocally(goal, x, options).x;
-    }
-    Network refined = goal.at({x.data(), static_cast<std::size_t>(x.size())});
-    return WorstGain(refined) > WorstGain(network) ? std::move(refined) : network;
+    TunedNetwork tuned(network, free, f);
+    std::vector<std::size_t> all(free.size());
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    TunedGoal goal(tuned, all, tuned.nominal());
+    MaxMinPoint point{.x = goal.start(), .radius = kFirstRadius};
+    MaxMinSolver().improve(goal, goal.box(), {}, point);
+    Network refined = tuned.with(goal.valuesAt(point.x));
+    return WorstGain(refined) > before ? std::move(refined) : network;
 }
 
 }  // namespace kelvro
