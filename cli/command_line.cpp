@@ -15,7 +15,7 @@ constexpr void (*kCommands[])(CLI::App&, Session&) = {
     AddResponseCommand, AddExportCommand,   AddTourCommand,       AddGuideCommand,
     AddProposeCommand,  AddPlotCommand,     AddTableCommand,      AddToleranceCommand,
     AddGoalCommand,     AddOptimizeCommand, AddTouchstoneCommand, AddAnalyzeCommand,
-    AddMatchCommand,
+    AddMatchCommand,    AddLimitCommand,
 };
 
 /// Commands whose arguments are texts of any kind: "-2e2" is a number there and no option.

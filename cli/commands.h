@@ -26,6 +26,7 @@ void AddOptimizeCommand(CLI::App& app, Session& session);
 void AddToleranceCommand(CLI::App& app, Session& session);
 void AddAnalyzeCommand(CLI::App& app, Session& session);
 void AddMatchCommand(CLI::App& app, Session& session);
+void AddLimitCommand(CLI::App& app, Session& session);
 void AddTouchstoneCommand(CLI::App& app, Session& session);
 
 }  // namespace kelvro

@@ -1,4 +1,4 @@
-// Matches between two terminations: exact ones at a frequency (--at).
+// Matches between two terminations: exact ones at a frequency (--at), the best over bands (--band).
 
 #include <CLI/CLI.hpp>
 #include <cmath>
@@ -11,8 +11,14 @@ namespace kelvro {
 namespace {
 
 ExitCode Match(const MatchOptions& options, Session& session) {
-    if (options.at.empty()) return session.fail({ExitCode::Usage, "--at is required"});
-    return MatchAtFrequency(options, session);
+    const bool overBands = !options.band.bands.empty();
+    if (overBands == !options.at.empty()) {
+        return session.fail({ExitCode::Usage, "either --at or --band is required"});
+    }
+    if (!overBands) return MatchAtFrequency(options, session);
+    auto problem = NetworkOf(options.ends, session);
+    if (const auto* wrong = std::get_if<Problem>(&problem)) return session.fail(*wrong);
+    return MatchBands(std::get<Network>(std::move(problem)), options.band, options.json, session);
 }
 
 }  // namespace
@@ -22,6 +28,7 @@ void AddMatchCommand(CLI::App& app, Session& session) {
     auto options = std::make_shared<MatchOptions>();
     AddTerminationOptions(*command, options->ends);
     AddExactMatchOptions(*command, *options);
+    AddMatchBandOptions(*command, options->band);
     command->add_flag("--json", options->json, "Write JSON");
     command->callback([&session, options] { session.status = Match(*options, session); });
 }

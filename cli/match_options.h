@@ -3,6 +3,7 @@
 #include <CLI/App.hpp>
 #include <string>
 
+#include "cli/match_band.h"
 #include "cli/network_options.h"
 #include "cli/session.h"
 
@@ -12,6 +13,7 @@ namespace kelvro {
 struct MatchOptions {
     NetworkOptions ends;  ///< source and load only
     bool json = false;
+    MatchBandOptions band;  ///< searched over bands
 
     std::string at;  ///< exact at this frequency
     std::string topology = "l";
