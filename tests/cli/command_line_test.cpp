@@ -179,9 +179,9 @@ TEST(DesignCommand, EveryPageGivesItsFieldsAndOutputs) {
         std::vector<std::string> args = {"design", std::string(page.key), "--no-optimize"};
         if (RunWith(args).code == 3) args.insert(args.end(), {"--r1", "200", "--r2", "50"});
         const json design = JsonOf(args);
-        ASSERT_TRUE(design.is_object()) << page.key;
+        ASSERT_TRUE(design.is_object()) << std::string_view(page.key);
         for (const char* output : {"B", "v", "v_db", "loss_db", "Q_total"}) {
-            EXPECT_TRUE(design["outputs"].contains(output)) << page.key;
+            EXPECT_TRUE(design["outputs"].contains(output)) << std::string_view(page.key);
         }
         for (const OutputField& field : page.outputs) {
             EXPECT_TRUE(design["texts"].contains(field.object)) << field.object;
