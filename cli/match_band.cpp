@@ -11,8 +11,7 @@
 #include "cli/network_options.h"
 #include "core/number_text.h"
 #include "io/project_file.h"
-#include "network/network_text.h"
-#include "synthesis/search.h"
+#include "synthesis/search_text.h"
 
 namespace kelvro {
 
@@ -30,42 +29,16 @@ Problem Wrong(std::string text) {
     return {ExitCode::Usage, std::move(text)};
 }
 
-/// A part as its text says: of its value, of its losses.
-std::optional<Part> PartOf(const std::string& text) {
-    const auto read = ParseImpedance(text);
-    if (!read) return {};
-    const auto* part = std::get_if<Part>(&read->is);
-    return part ? std::optional(*part) : std::nullopt;
-}
-
-std::optional<PartLoss> LossOf(char letter, const std::string& Q) {
-    if (Q.empty()) return PartLoss{};
-    const auto part = PartOf(std::string(1, letter) + "=1n(Q=" + Q + ")");
-    return part ? std::optional(part->loss) : std::nullopt;
-}
-
 void ReadLimits(const std::string& least, const std::string& most, ValueLimits& limits) {
     if (!least.empty()) limits.low = ParseValue(least);
     if (!most.empty()) limits.high = ParseValue(most);
 }
 
-std::optional<HarmonicLimit> HarmonicOf(const std::string& text) {
-    const auto colon = text.find(':');
-    if (colon == std::string::npos) return {};
-    const ParsedNumber order = ParseNumber(text.substr(0, colon));
-    const ParsedNumber gain = ParseNumber(text.substr(colon + 1));
-    if (order.noDigits || gain.noDigits || order.value != std::floor(order.value)) return {};
-    return HarmonicLimit{static_cast<int>(order.value), gain.value};
-}
-
-std::optional<Problem> ReadAbsorbed(const std::string& text, const char* option,
-                                    std::optional<AbsorbedPart>& absorbed) {
-    if (text.empty()) return {};
-    const auto part = PartOf(text);
-    if (!part || part->kind == PartKind::Resistor) {
-        return Wrong(std::string(option) + ": expected a part like C=2p or L=3n");
-    }
-    absorbed = AbsorbedPart{part->kind, part->value};
+/// Takes over what a text of an option says; an empty problem where it can be read.
+template <typename Value>
+std::optional<Problem> Take(Result<Value> read, const char* option, Value& value) {
+    if (!read) return Wrong(std::string(option) + ": " + read.message());
+    value = *std::move(read);
     return {};
 }
 
@@ -80,22 +53,21 @@ std::variant<SearchOptions, Problem> SearchOptionsOf(const MatchBandOptions& opt
     ReadLimits(options.leastL, options.mostL, search.inductance);
     ReadLimits(options.leastC, options.mostC, search.capacitance);
     ReadLimits(options.leastZ0, options.mostZ0, search.lineImpedance);
-    const auto coil = LossOf('L', options.coilQ);
-    if (!coil) return Wrong("--ql: expected a Q like 40 or 40@100M");
-    const auto capacitor = LossOf('C', options.capacitorQ);
-    if (!capacitor) return Wrong("--qc: expected a Q like 300 or 300@1G");
-    search.losses = {*coil, *capacitor};
+    SearchLosses& losses = search.losses;
+    std::optional<Problem> wrong =
+        Take(ParsePartQ(PartKind::Inductor, options.coilQ), "--ql", losses.inductor);
+    if (!wrong) {
+        wrong = Take(ParsePartQ(PartKind::Capacitor, options.capacitorQ), "--qc", losses.capacitor);
+    }
     for (const std::string& text : options.harmonics) {
-        const auto harmonic = HarmonicOf(text);
-        if (!harmonic) return Wrong("--harmonics: expected order and gain in dB like 2:-20");
-        search.harmonics.push_back(*harmonic);
+        search.harmonics.emplace_back();
+        if (!wrong) wrong = Take(ParseHarmonic(text), "--harmonics", search.harmonics.back());
     }
-    if (auto problem = ReadAbsorbed(options.atSource, "--absorb-source", search.atSource)) {
-        return *problem;
+    if (!wrong) {
+        wrong = Take(ParseAbsorbedPart(options.atSource), "--absorb-source", search.atSource);
     }
-    if (auto problem = ReadAbsorbed(options.atLoad, "--absorb-load", search.atLoad)) {
-        return *problem;
-    }
+    if (!wrong) wrong = Take(ParseAbsorbedPart(options.atLoad), "--absorb-load", search.atLoad);
+    if (wrong) return *wrong;
     search.most = static_cast<std::size_t>(options.top);
     search.seed = options.seed;
     search.threads = options.threads;

@@ -15,8 +15,6 @@ namespace kelvro {
 namespace {
 
 constexpr int kShownDigits = 4;
-/// A build may fall so far behind the best network's worst gain, dB, where nobody says otherwise.
-constexpr double kYieldMarginDb = 0.5;
 
 double Decibels(double ratio) {
     return 10 * std::log10(ratio);
@@ -95,7 +93,7 @@ Json JsonYield(const YieldReport& report, const Network& network) {
             {"parts", parts}};
 }
 
-Json JsonNetwork(const MatchedNetwork& matched) {
+Json JsonNetwork(const RatedNetwork& matched) {
     const FoundNetwork& found = matched.found;
     Json document = {{"elements", ElementTexts(found.network, 0)},
                      {"values", JsonValues(found.network)},
@@ -127,7 +125,7 @@ std::string NetworkTable(const MatchReport& report) {
     std::vector<std::vector<std::string>> rows = {
         {"", "parts", "worst/dB", "mean/dB", "yield", "from source to load"}};
     int rank = 0;
-    for (const MatchedNetwork& matched : report.networks) {
+    for (const RatedNetwork& matched : report.rating.networks) {
         const FoundNetwork& found = matched.found;
         rows.push_back({std::to_string(++rank) + (found.front ? ".*" : "."),
                         std::to_string(found.parts), FormatFixed(8, 3, Decibels(found.worstGT)),
@@ -142,7 +140,7 @@ std::string StandardTable(const MatchReport& report) {
     std::vector<std::vector<std::string>> rows = {
         {"", "worst/dB", "rounded/dB", report.series + " values"}};
     int rank = 0;
-    for (const MatchedNetwork& matched : report.networks) {
+    for (const RatedNetwork& matched : report.rating.networks) {
         ++rank;
         if (!matched.standard) continue;
         rows.push_back({std::to_string(rank) + ".",
@@ -167,8 +165,7 @@ std::string CentredText(const MatchReport& report) {
 
 Network MatchReport::best() const {
     if (centred) return centred->network;
-    const MatchedNetwork& first = networks.front();
-    return first.standard ? first.standard->network : first.found.network;
+    return rating.networks.front().asBuilt();
 }
 
 std::variant<OwnedParts, Problem> OwnedPartsOf(const std::string& file) {
@@ -186,32 +183,23 @@ std::variant<OwnedParts, Problem> OwnedPartsOf(const std::string& file) {
 MatchReport ReportOn(const Network& problem, const SearchResult& result,
                      const MatchBandOptions& options, const OwnedParts& owned) {
     MatchReport report;
-    const double best = result.networks.front().worstGT;
-    if (const auto limit = GainLimitOf(problem.source, problem.load, problem.bands)) {
-        report.limit = *limit;
-        // An estimate that was surpassed was too low.
-        if (limit->estimate) report.limit.GT = std::max(limit->GT, best);
-    }
     const bool fromList = owned != OwnedParts();
     report.series = fromList ? "owned" : options.series;
     const auto series = SeriesByName(options.series).value_or(Series::None);
-    YieldOptions yield;
+    RatingOptions rating;
+    if (!report.series.empty()) {
+        rating.standard = {.inductors = series, .capacitors = series, .owned = owned};
+    }
+    YieldOptions& yield = rating.yield;
     yield.tolerances.capacitance = ClampTolerance(ParseValue(options.capacitorTolerance));
     yield.tolerances.inductance = ClampTolerance(ParseValue(options.coilTolerance));
     yield.seed = options.seed;
-    report.yieldLimitDb = options.yieldLimit.empty() ? Decibels(best) - kYieldMarginDb
-                                                     : ParseValue(options.yieldLimit);
-    yield.leastGT = std::pow(10, report.yieldLimitDb / 10);
-    for (const FoundNetwork& found : result.networks) {
-        MatchedNetwork matched{found, {}, {}};
-        if (!report.series.empty()) {
-            const auto standard = WithStandardValues(
-                found.network, {.inductors = series, .capacitors = series, .owned = owned});
-            if (standard) matched.standard = *standard;
-        }
-        if (const auto built = YieldOf(found.network, yield)) matched.yield = *built;
-        report.networks.push_back(std::move(matched));
+    if (!options.yieldLimit.empty()) rating.yieldLimitDb = ParseValue(options.yieldLimit);
+    report.rating = Rated(result.networks, rating);
+    if (const auto limit = GainLimitOf(problem.source, problem.load, problem.bands)) {
+        report.limit = LimitBeside(*limit, result.networks.front().worstGT);
     }
+    yield.leastGT = report.rating.leastGT;
     if (options.centre) {
         if (const auto centred = Centred(report.best(), yield)) report.centred = *centred;
     }
@@ -219,7 +207,9 @@ MatchReport ReportOn(const Network& problem, const SearchResult& result,
 }
 
 std::string LimitText(const GainLimit& limit) {
-    const std::string value = FormatFixed(0, 4, Decibels(limit.GT)) + " dB";
+    const double dB = Decibels(limit.GT);
+    // Not "-0.0000": what rounds to nothing is a perfect match.
+    const std::string value = FormatFixed(0, 4, dB > -5e-5 ? 0.0 : dB) + " dB";
     if (!limit.estimate) return "No lossless network does better than " + value + ".\n";
     return "The limit of lossless networks is about " + value +
            " (an estimate: the source is no fixed resistance).\n";
@@ -227,16 +217,17 @@ std::string LimitText(const GainLimit& limit) {
 
 std::string MatchText(const MatchReport& report) {
     return NetworkTable(report) + "* best with so few parts; yield: builds that keep " +
-           FormatFixed(0, 3, report.yieldLimitDb) + " dB\n" + StandardTable(report) +
+           FormatFixed(0, 3, Decibels(report.rating.leastGT)) + " dB\n" + StandardTable(report) +
            CentredText(report) + '\n' + LimitText(report.limit);
 }
 
 std::string MatchJson(const MatchReport& report) {
     Json networks = Json::array();
-    for (const MatchedNetwork& matched : report.networks) networks.push_back(JsonNetwork(matched));
+    for (const RatedNetwork& matched : report.rating.networks)
+        networks.push_back(JsonNetwork(matched));
     Json document = {{"limit_db", JsonNumber(Decibels(report.limit.GT))},
                      {"limit_is_estimate", report.limit.estimate},
-                     {"yield_limit_db", JsonNumber(report.yieldLimitDb)},
+                     {"yield_limit_db", JsonNumber(Decibels(report.rating.leastGT))},
                      {"networks", networks}};
     if (report.centred) {
         const Network& network = report.centred->network;

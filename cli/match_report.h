@@ -3,28 +3,16 @@
 #include <optional>
 #include <string>
 #include <variant>
-#include <vector>
 
 #include "cli/match_band.h"
-#include "synthesis/limit.h"
-#include "synthesis/search.h"
-#include "synthesis/standard_values.h"
-#include "synthesis/yield.h"
+#include "synthesis/rating.h"
 
 namespace kelvro {
 
-/// A network that was found, with what building it means.
-struct MatchedNetwork {
-    FoundNetwork found;
-    std::optional<StandardNetwork> standard;
-    std::optional<YieldReport> yield;
-};
-
 struct MatchReport {
-    std::vector<MatchedNetwork> networks;
+    Rating rating;
     GainLimit limit;
-    std::string series;  ///< of the standard values: "E24"; empty: none chosen
-    double yieldLimitDb = 0;
+    std::string series;                     ///< of the standard values: "E24"; empty: none chosen
     std::optional<CentredNetwork> centred;  ///< the first network, where that was wanted
 
     /// What a project file gets: the first network as it is to be built.
