@@ -296,7 +296,7 @@ TEST(SearchTest, NothingFoundSurpassesTheLimit) {
     UniformStream random(7);
     for (int i = 0; i < 16; ++i) {
         const double f0 = 1e7 * std::pow(100, random.next());
-        const double width = 0.05 + 0.7 * random.next();
+        const double width = 0.75 * std::pow(0.003, random.next());
         Network problem = MatchingProblem(20 + 100 * random.next(), RandomLoad(random, f0),
                                           {f0 * (1 - width / 2), f0 * (1 + width / 2)});
         if (i % 4 == 3) problem.source = RandomLoad(random, f0);
