@@ -147,16 +147,10 @@ Spread SpreadOf(std::vector<double> values, double limit) {
     if (values.empty()) return spread;
 
     std::ranges::sort(values);
-    const auto percentile = [&values](double part) {
-        const double place = part * static_cast<double>(values.size() - 1);
-        const auto below = static_cast<std::size_t>(place);
-        const std::size_t above = std::min(below + 1, values.size() - 1);
-        return std::lerp(values[below], values[above], place - static_cast<double>(below));
-    };
     spread.min = values.front();
     spread.max = values.back();
-    spread.percentile5 = percentile(0.05);
-    spread.percentile95 = percentile(0.95);
+    spread.percentile5 = PercentileOf(values, 0.05);
+    spread.percentile95 = PercentileOf(values, 0.95);
     const auto count = static_cast<double>(values.size());
     double sum = 0;
     for (const double x : values) sum += x;
@@ -165,6 +159,13 @@ Spread SpreadOf(std::vector<double> values, double limit) {
     for (const double x : values) squares += (x - spread.mean) * (x - spread.mean);
     if (values.size() > 1) spread.deviation = std::sqrt(squares / (count - 1));
     return spread;
+}
+
+double PercentileOf(std::span<const double> sorted, double part) {
+    const double place = part * static_cast<double>(sorted.size() - 1);
+    const auto below = static_cast<std::size_t>(place);
+    const std::size_t above = std::min(below + 1, sorted.size() - 1);
+    return std::lerp(sorted[below], sorted[above], place - static_cast<double>(below));
 }
 
 double Correlation(std::span<const double> x, std::span<const double> y) {

@@ -100,6 +100,10 @@ struct Spread {
 };
 Spread SpreadOf(std::vector<double> values, double limit);
 
+/// The value below which this part of sorted numbers (at least one) lies, between two by their
+/// distance.
+double PercentileOf(std::span<const double> sorted, double part);
+
 /// Pearson's correlation of two equally long rows; NaN where one of them does not vary. Pairs with
 /// a number that is not finite are left out.
 double Correlation(std::span<const double> x, std::span<const double> y);

@@ -5,13 +5,16 @@
 #include <charconv>
 
 #include "cli/commands.h"
+#include "cli/design_options.h"
 #include "cli/design_run.h"
 #include "cli/range_options.h"
 #include "cli/tolerance_options.h"
+#include "core/number_text.h"
 #include "core/rounding.h"
 #include "plot/frame_painter.h"
 #include "plot/picture_files.h"
 #include "plot/response_picture.h"
+#include "plot/scatter.h"
 
 namespace kelvro {
 
@@ -31,6 +34,10 @@ struct PlotOptions {
     std::string size = "768x576";
     ToleranceOptions tolerance;
     int runs = 0;
+    bool envelope = false;
+    bool edges = false;
+    bool dark = false;
+    std::vector<std::string> markers;
     std::string file;
 };
 
@@ -118,16 +125,13 @@ std::variant<View, Problem> ViewOf(const PlotOptions& options, const TraceList& 
 Picture PictureOf(const PlotOptions& options, const ResponsePlot& plot, const Design& state) {
     Picture picture = ResponsePicture(state, plot);
     if (options.runs == 0) return picture;
-    ToleranceRuns runs(state, options.tolerance.tolerances(), options.tolerance.seedOrClock());
-    std::vector<Curve> curves;
-    curves.reserve(static_cast<std::size_t>(options.runs));
-    for (int i = 0; i < options.runs; ++i) {
-        curves.push_back(ScatterCurve(Sampled(runs.next(), plot.view, *plot.traces.front())));
+    Scatter scatter;
+    scatter.add(options.runs, options.tolerance.seedOrClock(), options.tolerance.tolerances());
+    const auto runs = scatter.designs(state);
+    AddScatter(picture, runs, plot.view, *plot.traces.front());
+    if (options.envelope) {
+        AddEnvelope(picture, EnvelopeOf(state, runs, plot.view, *plot.traces.front()));
     }
-    picture.legend.push_back({"Monte Carlo, " + std::to_string(options.runs) +
-                                  (options.runs == 1 ? " run :" : " runs :"),
-                              curves.front().colour});
-    picture.curves.insert(picture.curves.begin(), curves.begin(), curves.end());
     return picture;
 }
 
@@ -140,7 +144,11 @@ ExitCode Plot(const PlotOptions& options, Session& session) {
     const Design& state = std::get<DesignRun>(outcome).state;
     const auto view = ViewOf(options, traces, state);
     if (const auto* problem = std::get_if<Problem>(&view)) return session.fail(*problem);
-    const Picture picture = PictureOf(options, {traces, std::get<View>(view)}, state);
+    ResponsePlot plot{traces, std::get<View>(view)};
+    plot.edges = options.edges;
+    plot.dark = options.dark;
+    for (const std::string& marker : options.markers) plot.markers.push_back(ParseValue(marker));
+    const Picture picture = PictureOf(options, plot, state);
 
     const OffscreenQt qt;
     const auto drawing = [&picture](QPainter& painter, QSize size) {
@@ -175,6 +183,14 @@ void AddPlotCommand(CLI::App& app, Session& session) {
     command->add_option("--mc", options->runs, "Monte Carlo runs drawn behind the curve")
         ->check(CLI::Range(0, kMostRuns));
     AddToleranceOptions(*command, options->tolerance);
+    command->add_flag("--envelope", options->envelope,
+                      "Within what the runs lie: all, nine tenths, median");
+    command->add_option("--marker", options->markers, "Frequencies to mark, several with commas")
+        ->delimiter(',')
+        ->check(NumberProblem)
+        ->type_name("NUMBER");
+    command->add_flag("--edges", options->edges, "Edges of the band at -1 dB and -3 dB");
+    command->add_flag("--dark", options->dark, "On a dark ground");
     command
         ->add_option("-o,--output", options->file,
                      "File to write; its ending says which format: png, svg, pdf, bmp, jpg, gif "

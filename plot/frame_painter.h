@@ -49,19 +49,24 @@ class FramePainter {
         std::vector<Label> rightLabels;
         std::vector<Label> names;  ///< of the axes
         std::vector<Key> legend;
+        std::vector<Label> footer;
         std::vector<Mark> marks;
     };
     Layout layout(QSize size, const Picture& picture) const;
 
-    /// Draws the whole picture, white background included, and returns the frame by which pixels of
+    /// Draws the whole picture, its ground included, and returns the frame by which pixels of
     /// the image are converted to world values.
     Frame draw(QPainter& painter, QSize size, const Picture& picture) const;
 
     /// Draws one more curve over a picture that was drawn with this frame.
-    void drawCurve(QPainter& painter, const Frame& frame, const Curve& curve) const;
+    void drawCurve(QPainter& painter, const Frame& frame, const Curve& curve,
+                   bool dark = false) const;
+
+    /// By how much the lines of its footer make a picture higher.
+    int footerHeight(const Picture& picture) const;
 
   private:
-    Layout layoutWith(QSize size, const Picture& picture, int legendRows) const;
+    Layout layoutWith(QSize whole, const Picture& picture, int legendRows) const;
 
     QFont font_;
 };

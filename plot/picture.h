@@ -51,6 +51,15 @@ struct LevelMark {
     Rgb labelColour;
 };
 
+/// A numbered pointer to a place on a curve.
+struct Pointer {
+    double x = 0;
+    double y = 0;
+    bool onRight = false;
+    std::string label;
+    Rgb colour;
+};
+
 struct LegendEntry {
     std::string text;
     Rgb colour;
@@ -72,6 +81,10 @@ struct Picture {
     std::vector<HairLines> hairLines;  ///< drawn below the curves
     std::vector<Curve> curves;         ///< in drawing order
     std::vector<LevelMark> marks;
+    std::vector<Pointer> pointers;
+    std::string note;                 ///< large in the middle of the plot: why it shows nothing
+    std::vector<std::string> footer;  ///< lines below the plot
+    bool dark = false;                ///< on a dark ground
 };
 
 }  // namespace kelvro

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "core/number_text.h"
+#include "design/pages.h"
 
 namespace kelvro {
 
@@ -15,7 +16,8 @@ constexpr Rgb kCurveColour{0x00, 0x80, 0x00};
 constexpr Rgb kAlternativeColour{0xff, 0x00, 0x00};
 constexpr Rgb kDotColour{0x00, 0x00, 0xff};
 constexpr Rgb kHarmonicColour{0x80, 0xff, 0xff};
-constexpr Rgb kScatterColour{0x80, 0x80, 0x80};
+constexpr Rgb kInvalidColour{0xb0, 0xb0, 0xb0};
+constexpr std::array kLevels{1.0, 3.0};  // dB below the peak
 constexpr Rgb kMarkLabelColour{0xc0, 0xc0, 0xc0};
 /// Warm, so that the levels stand out from the grid and the light labels stay with them.
 constexpr Rgb kMarkLineColour{0xe0, 0xa8, 0x70};
@@ -84,8 +86,30 @@ void AddCurves(Picture& picture, const ResponsePlot& plot, const std::vector<Sam
             i == 0 ? LeadingCurve(samples[i], plot.look)
                    : CurveOf(samples[i], kFurtherColours[(i - 1) % kFurtherColours.size()], 1.5);
         curve.onRight = trace.axis != plot.traces.front()->axis;
+        if (!plot.note.empty()) curve.colour = kInvalidColour;
         picture.legend.push_back({trace.legend(), curve.colour, curve.style});
         picture.curves.push_back(std::move(curve));
+    }
+}
+
+/// Colours of held curves: paler relatives of those in use, so that both are told apart.
+constexpr std::array kHeldColours{Rgb{0x5a, 0x9b, 0xe6}, Rgb{0xf0, 0x96, 0x46},
+                                  Rgb{0xc8, 0x78, 0xd2}, Rgb{0x6e, 0xb4, 0x50},
+                                  Rgb{0xd2, 0x5a, 0x5a}, Rgb{0x46, 0xb4, 0xb4}};
+
+void AddHeld(Picture& picture, const ResponsePlot& plot) {
+    for (std::size_t i = 0; i < plot.held.size(); ++i) {
+        const Samples samples = Sampled(plot.held[i].design, plot.view, *plot.traces.front());
+        Curve curve = CurveOf(samples, kHeldColours[i % kHeldColours.size()], 1.2);
+        picture.legend.push_back({plot.held[i].name + " :", curve.colour});
+        picture.curves.push_back(std::move(curve));
+    }
+}
+
+void AddLevels(Picture& picture, double peak) {
+    for (const double drop : kLevels) {
+        picture.marks.push_back(
+            {peak - drop, "-" + FormatFixed(0, 0, drop) + "dB", kMarkLineColour, kMarkLabelColour});
     }
 }
 
@@ -157,6 +181,11 @@ View AutoscaledToTraces(const Design& state, const TraceList& traces, View view)
     return view;
 }
 
+std::string NoteFor(const Design& design, bool refused) {
+    if (refused) return "no valid design";
+    return PageOf(design).plottable ? "" : "no frequency response";
+}
+
 std::vector<Samples> SampledTraces(const Design& state, const ResponsePlot& plot) {
     const TraceSource source(state);
     std::vector<Samples> samples;
@@ -186,18 +215,34 @@ Picture ResponsePicture(const Design& state, const ResponsePlot& plot,
         picture.rightName = right->axisName();
         picture.rightLabels = LabelsOf(*right);
     }
-    picture.hairLines.push_back({Harmonics(state.fo, plot.view.x.max), kHarmonicColour});
-    picture.legend.push_back({"Harmonics of fo :", kHarmonicColour});
-    const double peak = PeakOf(samples.front());
-    if (leading.levels && std::isfinite(peak)) {
-        picture.marks = {{peak - 1, "-1dB", kMarkLineColour, kMarkLabelColour},
-                         {peak - 3, "-3dB", kMarkLineColour, kMarkLabelColour}};
+    AddHeld(picture, plot);
+    if (plot.harmonics) {
+        picture.hairLines.push_back({Harmonics(state.fo, plot.view.x.max), kHarmonicColour});
+        picture.legend.push_back({"Harmonics of fo :", kHarmonicColour});
     }
+    const TraceSource source(state);
+    const double peak = PeakOf(samples.front());
+    if (leading.levels && plot.levels && std::isfinite(peak)) AddLevels(picture, peak);
+    if (leading.levels && plot.edges) {
+        for (const double drop : kLevels) {
+            AddEdges(picture, EdgesOf(source, leading, samples.front(), drop));
+        }
+    }
+    AddMarkers(picture, source, plot.traces, plot.markers);
+    picture.note = plot.note;
+    picture.dark = plot.dark;
     return picture;
 }
 
-Curve ScatterCurve(const Samples& samples) {
-    return CurveOf(samples, kScatterColour, 1);
+std::vector<std::string> EdgeTexts(const Design& state, const ResponsePlot& plot,
+                                   const std::vector<Samples>& samples) {
+    std::vector<std::string> texts;
+    if (!plot.edges || !plot.traces.front()->levels) return texts;
+    const TraceSource source(state);
+    for (const double drop : kLevels) {
+        texts.push_back(EdgesText(EdgesOf(source, *plot.traces.front(), samples.front(), drop)));
+    }
+    return texts;
 }
 
 std::string ReadOut(const Design& design, double v, const TraceList& traces, WorldPoint place) {

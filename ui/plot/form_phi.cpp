@@ -6,6 +6,8 @@ TFormPhi::TFormPhi(DesignHost& host, QWidget* parent)
     : PlotForm(host,
                {"TFormPhi", tr("Phase Response"), "Bitmap Dateien (*.bmp)|*.bmp",
                 "Meta Dateien (*.wmf)|*.wmf"},
-               TraceOf("phi"), parent) {}
+               TraceOf("phi"), parent) {
+    buildMonteCarloButtons();
+}
 
 }  // namespace kelvro

@@ -1,17 +1,10 @@
 #include "ui/plot/form_vu.h"
 
-#include <QLabel>
+#include <QAction>
+#include <QMenu>
 #include <QRadioButton>
-#include <QStatusBar>
 #include <QToolBar>
-#include <QToolButton>
 #include <algorithm>
-#include <array>
-
-#include "analysis/response.h"
-#include "analysis/tolerance.h"
-#include "core/number_text.h"
-#include "ui/plot/plot_image.h"
 
 namespace kelvro {
 
@@ -38,71 +31,17 @@ void TFormVu::buildQuantityButtons() {
     radioButtonVu_->setChecked(true);
     connect(radioButtonVu_, &QRadioButton::clicked, this, &TFormVu::RadioButtonVuClick);
     connect(radioButtonGT_, &QRadioButton::clicked, this, &TFormVu::RadioButtonGTClick);
+    findChild<QMenu*>("View1")->addSeparator();
+    addKey("Vu1", tr("&Voltage Gain"), "V", radioButtonVu_);
+    addKey("GT1", tr("&Power Gain"), "G", radioButtonGT_);
 }
 
-void TFormVu::buildMonteCarloButtons() {
-    struct Button {
-        const char* name;
-        const char* text;
-        const char* hint;
-        void (TFormVu::*handler)();
-    };
-    constexpr std::array kButtons{
-        Button{"SpeedButtonMC", "MC", "One Monte Carlo run within the tolerances",
-               &TFormVu::SpeedButtonMCClick},
-        Button{"SpeedButtonMC10", "10", "Ten Monte Carlo runs", &TFormVu::SpeedButtonMC10Click},
-        Button{"SpeedButtonMC100", "100", "A hundred Monte Carlo runs",
-               &TFormVu::SpeedButtonMC100Click},
-    };
-    toolBar().addSeparator();
-    for (const Button& entry : kButtons) {
-        QToolButton* button = addToolButton(entry.name, "scatter", tr(entry.hint));
-        button->setText(entry.text);
-        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        connect(button, &QToolButton::clicked, this, entry.handler);
-    }
-    yield_ = new QLabel(this);
-    yield_->setObjectName("YieldLabel");
-    yield_->setToolTip(tr("Runs whose gain at fo is at most 1 dB below the nominal one"));
-    statusBar()->addPermanentWidget(yield_);
-}
-
-void TFormVu::redraw() {
-    runs_ = 0;
-    goodRuns_ = 0;
-    PlotForm::redraw();
-    showYield();
-}
-
-void TFormVu::SpeedButtonMC100Click() {
-    runMonteCarlo(100);
-    image().addCurve(image().picture().curves.front());
-}
-
-void TFormVu::runMonteCarlo(int runs) {
-    const Design& nominal = host().design();
-    if (ToleranceParts(nominal).empty()) return yield_->setText(tr("No part to vary"));
-    const Response response(nominal);
-    const double limit = YieldLimit(response, nominal);
-    for (int run = 0; run < runs; ++run) {
-        ToleranceRuns drawn(nominal, host().tolerances(), ClockSeed());
-        const Design& varied = drawn.next();
-        image().addCurve(ScatterCurve(Sampled(varied, view(), leading())));
-        ++runs_;
-        if (BuildGain(response, varied) >= limit) ++goodRuns_;
-        showYield();
-        image().repaint();
-    }
-}
-
-void TFormVu::showYield() {
-    if (yield_ == nullptr) return;
-    const double percent = runs_ > 0 ? 100.0 * goodRuns_ / runs_ : 0;
-    const QString text = tr("Yield: %1 % (%2 of %3)")
-                             .arg(QString::fromStdString(FormatFixed(0, 1, percent)))
-                             .arg(goodRuns_)
-                             .arg(runs_);
-    yield_->setText(runs_ > 0 ? text : QString());
+/// The buttons of the tool bar take no focus: those who type have them in a menu.
+void TFormVu::addKey(const char* name, const QString& text, const char* key, QRadioButton* button) {
+    QAction* action = findChild<QMenu*>("View1")->addAction(text);
+    action->setObjectName(name);
+    action->setShortcut(QKeySequence(key));
+    connect(action, &QAction::triggered, button, &QRadioButton::click);
 }
 
 void TFormVu::RadioButtonVuClick() {

@@ -6,6 +6,7 @@
 
 #include "core/history.h"
 #include "plot/response_picture.h"
+#include "plot/scatter.h"
 #include "plot/view_edit.h"
 #include "ui/plot/design_host.h"
 
@@ -17,6 +18,7 @@ class QToolButton;
 
 namespace kelvro {
 
+class MarkerPanel;
 class PlotImage;
 enum class PictureFormat;
 
@@ -67,11 +69,29 @@ class PlotForm : public QMainWindow {
     void ImageMouseMove(QMouseEvent* event);
     void ImageMouseDown(QMouseEvent* event);
     void ImageMouseUp(QMouseEvent* event);
+    /// Sets a marker, or removes the one that is there.
+    void ImageDoubleClick(QMouseEvent* event);
     /// Zooms at the mouse: Ctrl or over the x labels only x, Shift or over the y labels only y.
     void ImageMouseWheel(QWheelEvent* event);
     /// Left, Right (with Shift by ten stops), Ctrl+Home and End move the reading along the curve
     /// from fo on, Up moves it to the peak; Ctrl and arrows pan; Escape ends a drag or the reading.
     void ImageKeyDown(QKeyEvent* event);
+
+    void Marker1Click();
+    void DeleteMarker1Click();
+    void DeleteMarkers1Click();
+    void Hold1Click();
+    void Release1Click();
+
+    /// Each run draws a grey curve of parts within their tolerances over the picture, until the
+    /// next redraw or, when runs are kept, for as long as they are.
+    void SpeedButtonMCClick() { runMonteCarlo(1); }
+    void SpeedButtonMC10Click() { runMonteCarlo(10); }
+    void SpeedButtonMC100Click() { runMonteCarlo(100); }
+    void KeepRuns1Click();
+    void Envelope1Click();
+    void Seed1Click();
+    void ClearRuns1Click();
 
     void Save1Click();
     void SaveWMF1Click();
@@ -108,8 +128,9 @@ class PlotForm : public QMainWindow {
     /// The same as a step that can be taken back, under its name; steps of the same key that
     /// follow each other are one.
     void editView(const View& view, const char* step, const char* key = "");
-    /// Samples the response and draws; everything drawn over the picture is gone.
-    virtual void redraw();
+    /// Samples the response and draws; runs drawn over the picture are gone.
+    void redraw();
+    void buildMonteCarloButtons();
 
     QToolButton* addToolButton(const QString& name, const char* icon, const QString& hint);
 
@@ -139,6 +160,19 @@ class PlotForm : public QMainWindow {
     void stopReading();
     void cancelDrag();
 
+    void compose();
+    void runMonteCarlo(int runs);
+    void addRun(const Design& varied);
+    void redrawScatter();
+    void updateEnvelope();
+    void showYield();
+
+    double markedFrequency() const;
+    void addMarker(double f);
+    std::optional<std::size_t> markerUnder(QPointF at) const;
+    void dragMarker(QPointF to);
+    void showMarkers();
+
     struct SaveDialog {
         QString name;
         QString filter;  ///< "caption|pattern"
@@ -159,6 +193,17 @@ class PlotForm : public QMainWindow {
     PlotImage* image_;
     QToolBar* toolBar_;
     QLabel* status_;
+    QLabel* yield_;
+    MarkerPanel* markerPanel_;
+
+    Picture base_;  ///< without what the runs have drawn
+    Scatter scatter_;
+    std::vector<Curve> runCurves_;  ///< of the runs that are drawn
+    int goodRuns_ = 0;              ///< of these, those that count for the yield
+    std::optional<Envelope> envelope_;
+    bool keepRuns_ = false;
+    bool showEnvelope_ = false;
+    std::optional<std::uint64_t> seed_;  ///< nothing: by the clock, another one each run
 
     std::optional<QPoint> dragStart_;
     struct Pan {
@@ -170,7 +215,9 @@ class PlotForm : public QMainWindow {
     QElapsedTimer wheelPause_;
     QString lastBitmap_ = "GRAPH.BMP";
     QString lastMetafile_ = "GRAPH.WMF";
-    std::optional<double> reading_;  ///< frequency that the keys have reached
+    std::optional<std::size_t> draggedMarker_;
+    std::optional<double> mouseFrequency_;  ///< while the mouse is in the plot
+    std::optional<double> reading_;         ///< frequency that the keys have reached
 };
 
 }  // namespace kelvro

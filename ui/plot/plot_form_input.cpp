@@ -50,7 +50,10 @@ void PlotForm::ImageMouseMove(QMouseEvent* event) {
     const Frame& frame = image_->frame();
     stopReading();
     moveCursor(ZoneAt(frame, at.x(), at.y()), frame.contains(at.x(), at.y()));
-    showReadOut(frame.toWorld(at.x(), at.y()));
+    const WorldPoint place = frame.toWorld(at.x(), at.y());
+    mouseFrequency_ = frame.contains(at.x(), at.y()) ? std::optional(place.x) : std::nullopt;
+    showReadOut(place);
+    if (draggedMarker_) return dragMarker(at);
     if (pan_) pan(event->pos());
     if (dragStart_) {
         const auto& plot = frame.plot;
@@ -66,6 +69,8 @@ void PlotForm::ImageMouseDown(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
         const Zone zone = ZoneAt(frame, at.x(), at.y());
         if (zone != Zone::None) editEnd(zone, event->pos());
+        draggedMarker_ = markerUnder(at);
+        if (draggedMarker_) return;
         if (frame.contains(at.x(), at.y())) pan_ = Pan{event->pos(), frame};
     } else if (event->button() == Qt::RightButton && frame.contains(at.x(), at.y())) {
         dragStart_ = event->pos();
@@ -73,6 +78,7 @@ void PlotForm::ImageMouseDown(QMouseEvent* event) {
 }
 
 void PlotForm::ImageMouseUp(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) draggedMarker_.reset();
     if (event->button() == Qt::LeftButton && pan_) return endPan();
     if (event->button() != Qt::RightButton || !dragStart_) return;
     const Frame frame = image_->frame();

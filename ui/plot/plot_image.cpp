@@ -25,7 +25,7 @@ void PlotImage::setPicture(Picture picture) {
 void PlotImage::addCurve(Curve curve) {
     if (!drawn_.isNull()) {
         QPainter painter(&drawn_);
-        painter_.drawCurve(painter, frame_, curve);
+        painter_.drawCurve(painter, frame_, curve, picture_.dark);
     }
     picture_.curves.push_back(std::move(curve));
     update();

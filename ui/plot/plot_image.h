@@ -38,6 +38,8 @@ class PlotImage : public QWidget {
     void mouseMoved(QMouseEvent* event);
     void mousePressed(QMouseEvent* event);
     void mouseReleased(QMouseEvent* event);
+    void doubleClicked(QMouseEvent* event);
+    void mouseLeft();
     void wheelTurned(QWheelEvent* event);
     void keyPressed(QKeyEvent* event);
     void resized();
@@ -48,6 +50,8 @@ class PlotImage : public QWidget {
     void mouseMoveEvent(QMouseEvent* event) override { emit mouseMoved(event); }
     void mousePressEvent(QMouseEvent* event) override { emit mousePressed(event); }
     void mouseReleaseEvent(QMouseEvent* event) override { emit mouseReleased(event); }
+    void mouseDoubleClickEvent(QMouseEvent* event) override { emit doubleClicked(event); }
+    void leaveEvent(QEvent*) override { emit mouseLeft(); }
     void wheelEvent(QWheelEvent* event) override { emit wheelTurned(event); }
     void keyPressEvent(QKeyEvent* event) override { emit keyPressed(event); }
 

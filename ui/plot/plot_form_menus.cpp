@@ -1,0 +1,250 @@
+// Menus and tool bar of the plot windows, from tables.
+
+#include <QAction>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <algorithm>
+#include <array>
+
+#include "ui/plot/icons.h"
+#include "ui/plot/plot_form.h"
+
+namespace kelvro {
+
+namespace {
+
+struct ToolEntry {
+    const char* name;
+    const char* icon;
+    const char* hint;
+    void (PlotForm::*handler)();
+};
+
+constexpr std::array kToolEntries{
+    ToolEntry{"VergroessernButton", "enlarge", "Enlarge the window",
+              &PlotForm::VergroessernButtonClick},
+    ToolEntry{"VerkleinernButton", "reduce", "Reduce the window",
+              &PlotForm::VerkleinernButtonClick},
+    ToolEntry{"StandardgrButton", "standard size", "Standard size of the window",
+              &PlotForm::StandardgrButtonClick},
+    ToolEntry{"AutoskButton", "autoscale", "Scale both axes to the curve",
+              &PlotForm::AutoskButtonClick},
+    ToolEntry{"xlogButton", "log x", "Logarithmic frequency axis", &PlotForm::xlogButtonClick},
+    ToolEntry{"ZoomInButton", "zoom in", "Zoom in (or turn the wheel at a place)",
+              &PlotForm::ZoomInButtonClick},
+    ToolEntry{"ZoomOutButton", "zoom out", "Zoom out (or turn the wheel at a place)",
+              &PlotForm::ZoomOutButtonClick},
+    ToolEntry{"HomeButton", "home view", "Back to the whole view around fo (Home)",
+              &PlotForm::Home1Click},
+    ToolEntry{"DotButton", "curve style", "Curve as line, line with dots, dashed line",
+              &PlotForm::DotButtonClick},
+};
+
+struct MenuEntry {
+    const char* name;  ///< null for a separator
+    const char* text;
+    const char* shortcut;
+    void (PlotForm::*handler)();
+    const char* hint = "";
+};
+
+constexpr MenuEntry kSeparator{nullptr, nullptr, nullptr, nullptr};
+
+/// A check mark that is one flag of the picture.
+struct FlagEntry {
+    const char* name;
+    const char* text;
+    const char* shortcut;
+    bool ResponsePlot::*flag;
+};
+
+constexpr std::array kViewFlags{
+    FlagEntry{"Harmonics1", "Harmo&nics of fo", "", &ResponsePlot::harmonics},
+    FlagEntry{"Levels1", "Level Mar&ks", "", &ResponsePlot::levels},
+    FlagEntry{"Dark1", "&Dark Plot", "", &ResponsePlot::dark},
+};
+
+constexpr std::array kMarkerFlags{
+    FlagEntry{"BandEdges1", "&Band Edges", "B", &ResponsePlot::edges},
+};
+
+constexpr std::array kFileEntries{
+    MenuEntry{"Save1", "&Save as Bitmap...", "Ctrl+S", &PlotForm::Save1Click},
+    MenuEntry{"SaveWMF1", "Save as &Metafile...", "", &PlotForm::SaveWMF1Click},
+    MenuEntry{"SaveasJPEG1", "Save as &JPEG...", "", &PlotForm::SaveasJPEG1Click},
+    MenuEntry{"SaveasGIF1", "Save as &GIF...", "", &PlotForm::SaveasGIF1Click},
+    MenuEntry{"SaveasPNG1", "Save as P&NG...", "", &PlotForm::SaveasPNG1Click},
+    MenuEntry{"SaveasSVG1", "Save as S&VG...", "", &PlotForm::SaveasSVG1Click},
+    MenuEntry{"SaveasPDF1", "Save as P&DF...", "", &PlotForm::SaveasPDF1Click},
+    kSeparator,
+    MenuEntry{"SaveasTable1", "Save as &Table...", "Ctrl+T", &PlotForm::SaveasTable1Click},
+    kSeparator,
+    MenuEntry{"Print1", "&Print...", "Ctrl+P", &PlotForm::Print1Click},
+};
+
+constexpr std::array kEditEntries{
+    MenuEntry{"UndoView1", "&Undo", "Ctrl+Z", &PlotForm::UndoView1Click},
+    MenuEntry{"RedoView1", "&Redo", "Ctrl+Shift+Z", &PlotForm::RedoView1Click},
+    kSeparator,
+    MenuEntry{"Copy1", "&Copy", "Ctrl+C", &PlotForm::Copy1Click},
+};
+
+constexpr std::array kViewEntries{
+    MenuEntry{"Vergroessern1", "&Enlarge", "Ctrl++", &PlotForm::Vergroessern1Click},
+    MenuEntry{"Verkleinern1", "&Reduce", "Ctrl+-", &PlotForm::Verkleinern1Click},
+    MenuEntry{"Standardgroesse1", "&Standard Size", "Ctrl+0", &PlotForm::Standardgroesse1Click},
+    kSeparator,
+    MenuEntry{"Autoskalierung1", "&Autoscale", "A", &PlotForm::Autoskalierung1Click},
+    MenuEntry{"xAutoskalierung1", "&x Autoscale", "", &PlotForm::xAutoskalierung1Click},
+    MenuEntry{"yAutoskalierung1", "&y Autoscale", "", &PlotForm::yAutoskalierung1Click},
+    kSeparator,
+    MenuEntry{"ZoomIn1", "Zoom &In", "+", &PlotForm::ZoomInButtonClick},
+    MenuEntry{"ZoomOut1", "Zoom &Out", "-", &PlotForm::ZoomOutButtonClick},
+    MenuEntry{"Home1", "&Home View", "Home", &PlotForm::Home1Click},
+    kSeparator,
+    MenuEntry{"xlog1", "x &log", "L", &PlotForm::xlog1Click},
+    MenuEntry{"AxisLimits1", "Axis Li&mits...", "Ctrl+L", &PlotForm::AxisLimits1Click},
+    MenuEntry{"Ursprungfestlegen1", "Set Ori&gin...", "", &PlotForm::Ursprungfestlegen1Click},
+    kSeparator,
+    MenuEntry{"Dot1", "&Curve Style", "C", &PlotForm::DotButtonClick},
+};
+
+constexpr std::array kMarkerEntries{
+    MenuEntry{"Marker1", "&Set Marker", "M", &PlotForm::Marker1Click,
+              "On the curve, where the keys read it or the mouse is (or double-click)"},
+    MenuEntry{"DeleteMarker1", "&Delete Marker", "Del", &PlotForm::DeleteMarker1Click,
+              "The one nearest to the reading or to the mouse"},
+    MenuEntry{"DeleteMarkers1", "Delete &All Markers", "", &PlotForm::DeleteMarkers1Click},
+    kSeparator,
+    MenuEntry{"Hold1", "&Hold Curve...", "H", &PlotForm::Hold1Click,
+              "Keeps the present curve, to compare others with it"},
+    MenuEntry{"Release1", "&Release Held Curves", "", &PlotForm::Release1Click},
+    kSeparator,
+};
+
+constexpr std::array kScatterEntries{
+    MenuEntry{"MC1", "&One Run", "F5", &PlotForm::SpeedButtonMCClick},
+    MenuEntry{"MC10", "&Ten Runs", "Shift+F5", &PlotForm::SpeedButtonMC10Click},
+    MenuEntry{"MC100", "A &Hundred Runs", "Ctrl+F5", &PlotForm::SpeedButtonMC100Click},
+    kSeparator,
+    MenuEntry{"KeepRuns1", "&Keep Runs", "", &PlotForm::KeepRuns1Click,
+              "Draws the runs again after every change of the view or the design"},
+    MenuEntry{"Envelope1", "&Envelope and Percentiles", "E", &PlotForm::Envelope1Click,
+              "Within what all runs and nine tenths of them lie, and their median"},
+    MenuEntry{"Seed1", "&Seed...", "", &PlotForm::Seed1Click,
+              "The same random parts each time, or others"},
+    MenuEntry{"ClearRuns1", "&Clear Runs", "", &PlotForm::ClearRuns1Click},
+};
+
+/// Opens a window that the plots do not know; whoever shows them connects it.
+constexpr std::array kHelpEntries{
+    MenuEntry{"GRHilfe1", "&Help on plots", "F1", nullptr},
+};
+
+bool IsCheck(void (PlotForm::*handler)()) {
+    return handler == &PlotForm::xlog1Click || handler == &PlotForm::KeepRuns1Click ||
+           handler == &PlotForm::Envelope1Click;
+}
+
+QString TraceAction(const Trace& trace) {
+    return "Trace_" + QString::fromLatin1(trace.key.data(), qsizetype(trace.key.size()));
+}
+
+}  // namespace
+
+QToolButton* PlotForm::addToolButton(const QString& name, const char* icon, const QString& hint) {
+    auto* button = new QToolButton(toolBar_);
+    button->setObjectName(name);
+    button->setIcon(VectorIcon(icon));
+    button->setToolTip(hint);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    toolBar_->addWidget(button);
+    return button;
+}
+
+void PlotForm::buildToolBar() {
+    toolBar_->setObjectName("ToolBar");
+    toolBar_->setMovable(false);
+    toolBar_->setIconSize(QSize(18, 18));
+    for (const ToolEntry& entry : kToolEntries) {
+        auto* button = addToolButton(entry.name, entry.icon, tr(entry.hint));
+        button->setCheckable(entry.handler == &PlotForm::xlogButtonClick);
+        connect(button, &QToolButton::clicked, this, entry.handler);
+    }
+}
+
+void PlotForm::buildMenus() {
+    const auto fill = [this](QMenu* menu, const auto& entries) {
+        for (const MenuEntry& entry : entries) {
+            if (entry.name == nullptr) {
+                menu->addSeparator();
+                continue;
+            }
+            QAction* action = menu->addAction(tr(entry.text));
+            action->setObjectName(entry.name);
+            action->setShortcut(QKeySequence(entry.shortcut));
+            action->setToolTip(tr(entry.hint));
+            action->setCheckable(IsCheck(entry.handler));
+            if (entry.handler) connect(action, &QAction::triggered, this, entry.handler);
+        }
+    };
+    const auto addFlags = [this](QMenu* menu, const auto& flags) {
+        for (const FlagEntry& entry : flags) {
+            QAction* action = menu->addAction(tr(entry.text));
+            action->setObjectName(entry.name);
+            action->setShortcut(QKeySequence(entry.shortcut));
+            action->setCheckable(true);
+            action->setChecked(plot_.*entry.flag);
+            connect(action, &QAction::toggled, this, [this, flag = entry.flag](bool on) {
+                plot_.*flag = on;
+                redraw();
+            });
+        }
+    };
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    fill(file, kFileEntries);
+    file->addSeparator();
+    file->addAction(tr("&Close"), QKeySequence("Ctrl+W"), this, &QWidget::close);
+    fill(menuBar()->addMenu(tr("&Edit")), kEditEntries);
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    view->setObjectName("View1");
+    fill(view, kViewEntries);
+    addFlags(view, kViewFlags);
+    fillTraceMenu(*menuBar()->addMenu(tr("&Traces")));
+    QMenu* markers = menuBar()->addMenu(tr("&Markers"));
+    fill(markers, kMarkerEntries);
+    addFlags(markers, kMarkerFlags);
+    fill(menuBar()->addMenu(tr("Monte &Carlo")), kScatterEntries);
+    for (QMenu* menu : menuBar()->findChildren<QMenu*>()) menu->setToolTipsVisible(true);
+    fill(menuBar()->addMenu(tr("&Help")), kHelpEntries);
+}
+
+void PlotForm::fillTraceMenu(QMenu& menu) {
+    menu.setObjectName("Traces1");
+    const Trace* last = nullptr;
+    for (const Trace& trace : Traces()) {
+        if (last != nullptr && last->axis != trace.axis) menu.addSeparator();
+        last = &trace;
+        const QString title = QString::fromUtf8(trace.title.data(), qsizetype(trace.title.size()));
+        QAction* action = menu.addAction(title);
+        action->setObjectName(TraceAction(trace));
+        action->setCheckable(true);
+        connect(action, &QAction::toggled, this,
+                [this, &trace](bool shown) { showTrace(trace, shown); });
+    }
+    showTraceState();
+}
+
+/// The leading trace is chosen by the window, not by the menu.
+void PlotForm::showTraceState() {
+    for (const Trace& trace : Traces()) {
+        auto* action = findChild<QAction*>(TraceAction(trace));
+        const QSignalBlocker blocked(action);
+        action->setChecked(std::ranges::find(plot_.traces, &trace) != plot_.traces.end());
+        action->setEnabled(&trace != plot_.traces.front());
+    }
+}
+
+}  // namespace kelvro
