@@ -55,73 +55,67 @@ constexpr double kHighestLoss = 6;  // dB that a match may lose and still be cal
 
 // ---------------------------------------------------------------- facts of a network
 
-double ImpedanceAt(const Element& element, double omega) {
-    switch (element.kind) {
-        case ElementKind::Inductor:
-        case ElementKind::Choke:
-            return omega * element.value;
-        case ElementKind::Capacitor:
-            return 1 / (omega * element.value);
-        default:
-            return element.value;
-    }
+double ReactanceAt(const ListedPart& part, double f) {
+    return std::abs(impedance(Part{part.kind, part.value}, f));
 }
 
-bool IsReactance(const Element& element) {
-    return element.kind == ElementKind::Inductor || element.kind == ElementKind::Capacitor;
+bool IsReactance(const ListedPart& part) {
+    return part.kind != PartKind::Resistor && !part.atSupply;
 }
 
-Range BuildableRange(const Element& element) {
-    switch (element.kind) {
-        case ElementKind::Inductor:
-        case ElementKind::Choke:
-            return kInductance;
-        case ElementKind::Capacitor:
-            return kCapacitance;
-        case ElementKind::Line:
-            return kLineImpedance;
-        default:
-            return kResistance;
-    }
+Range BuildableRange(const ListedPart& part) {
+    if (part.line) return kLineImpedance;
+    return part.kind == PartKind::Inductor    ? kInductance
+           : part.kind == PartKind::Capacitor ? kCapacitance
+                                              : kResistance;
 }
 
-/// Why an element cannot be built; empty when it can.
-std::string WhyImpractical(const Element& element, double omega) {
-    const std::string part = element.name + " " + FormatQuantity(2, element.value, element.unit());
-    if (!(element.value > 0) || !std::isfinite(element.value)) return part + " does not exist";
-    const Range range = BuildableRange(element);
-    if (element.value < range.low) return part + " is too small to be built";
-    if (element.value > range.high) return part + " is too large to be built";
-    const double X = ImpedanceAt(element, omega);
-    if (!IsReactance(element) || (X >= kReactance.low && X <= kReactance.high)) return "";
+/// Why a part cannot be built; empty when it can.
+std::string WhyImpractical(const ListedPart& listed, double f) {
+    const std::string part = listed.name + " " + FormatQuantity(2, listed.value, listed.unit());
+    if (!(listed.value > 0) || !std::isfinite(listed.value)) return part + " does not exist";
+    const Range range = BuildableRange(listed);
+    if (listed.value < range.low) return part + " is too small to be built";
+    if (listed.value > range.high) return part + " is too large to be built";
+    const double X = ReactanceAt(listed, f);
+    if (!IsReactance(listed) || (X >= kReactance.low && X <= kReactance.high)) return "";
     return part + " has a reactance of " + FormatQuantity(2, X, "Ω") + ", where parasitics decide";
 }
 
-bool HasLine(const Circuit& circuit) {
-    return std::ranges::any_of(circuit.elements,
-                               [](const Element& e) { return e.kind == ElementKind::Line; });
+bool HasLine(const std::vector<Network>& networks) {
+    return std::ranges::any_of(networks, [](const Network& network) {
+        return std::ranges::any_of(ListOf(network), &ListedPart::line);
+    });
 }
 
-void MeasureParts(Proposal& proposal, const Circuit& circuit) {
-    const double omega = Omega(proposal.state);
-    for (const Element& element : circuit.elements) {
-        // A capacitance of exactly 0 is one that the design leaves out.
-        if (element.kind == ElementKind::Switch || element.value == 0) continue;
-        // An infinite choke is one that is chosen so.
-        if (element.kind == ElementKind::Choke && std::isinf(element.value)) continue;
-        ++proposal.parts;
-        const SizedPart part{element.name, element.value, std::string(element.unit()),
-                             ImpedanceAt(element, omega)};
-        if (!proposal.smallest || part.impedance < proposal.smallest->impedance) {
-            proposal.smallest = part;
+/// A capacitance of exactly 0 is one that the design leaves out, an infinite choke one that is
+/// chosen so.
+bool IsBuilt(const ListedPart& part) {
+    return part.value != 0 && !(part.atSupply && std::isinf(part.value));
+}
+
+void MeasurePart(Proposal& proposal, const ListedPart& part) {
+    const double fo = proposal.state.fo;
+    ++proposal.parts;
+    const SizedPart sized{part.name, part.value, std::string(part.unit()), ReactanceAt(part, fo)};
+    if (!proposal.smallest || sized.impedance < proposal.smallest->impedance) {
+        proposal.smallest = sized;
+    }
+    if (!proposal.largest || sized.impedance > proposal.largest->impedance) {
+        proposal.largest = sized;
+    }
+    if (proposal.impractical.empty()) proposal.impractical = WhyImpractical(part, fo);
+}
+
+void MeasureParts(Proposal& proposal) {
+    const auto networks = PageOf(proposal.state).builtNetworks(proposal.state);
+    for (const Network& network : networks) {
+        for (const ListedPart& part : ListOf(network)) {
+            if (IsBuilt(part)) MeasurePart(proposal, part);
         }
-        if (!proposal.largest || part.impedance > proposal.largest->impedance) {
-            proposal.largest = part;
-        }
-        if (proposal.impractical.empty()) proposal.impractical = WhyImpractical(element, omega);
     }
     const double length = proposal.state.components[Slot::Length];
-    if (HasLine(circuit) && !(length >= kLineLength.low && length <= kLineLength.high)) {
+    if (HasLine(networks) && !(length >= kLineLength.low && length <= kLineLength.high)) {
         proposal.impractical = "the line would be " + FormatQuantity(1, length, "m") + " long";
     }
     proposal.practical = proposal.impractical.empty();
@@ -207,9 +201,9 @@ std::string WrongRole(const Suggestion& kind, const Design& state, const Wishes&
 
 /// Why a designed network misses a wish that leaves no choice; empty when it does not.
 std::string MissedWish(const Proposal& proposal, const Wishes& wishes) {
-    const Circuit circuit = PageOf(proposal.state).builtCircuit(proposal.state);
-    if (circuit.topology == Topology::None) return "";
-    const Wishes::Dc path = DcPathOf(circuit);
+    const auto networks = PageOf(proposal.state).builtNetworks(proposal.state);
+    if (networks.empty()) return "";
+    const Wishes::Dc path = DcPathOf(networks.front());
     if (wishes.dc == Wishes::Dc::Pass && path != Wishes::Dc::Pass) return "it does not pass DC";
     if (wishes.dc == Wishes::Dc::Block && path != Wishes::Dc::Block) return "it does not block DC";
     if (wishes.suppressHarmonics && proposal.secondHarmonicDb &&
@@ -277,7 +271,7 @@ std::string BandwidthClause(const Proposal& proposal, const Wishes& wishes,
     if (toDc && open) return "";
     std::string clause = SuggestionOf(proposal).role == Role::Balun ? "; its + output is " : "; ";
     // A line matches again at all odd multiples of fo.
-    const bool line = HasLine(PageOf(proposal.state).builtCircuit(proposal.state));
+    const bool line = HasLine(PageOf(proposal.state).builtNetworks(proposal.state));
     clause += toDc && line ? "within 3 dB from DC to " + FormatQuantity(1, band.high, "Hz")
               : toDc       ? "low-pass up to " + FormatQuantity(1, band.high, "Hz")
               : open       ? "high-pass from " + FormatQuantity(1, band.low, "Hz")
@@ -328,7 +322,7 @@ void Judge(Proposal& proposal, const Wishes& wishes, CycleServices& services) {
             proposal.reason += '.';
         return;
     }
-    MeasureParts(proposal, PageOf(proposal.state).builtCircuit(proposal.state));
+    MeasureParts(proposal);
     MeasureResponse(proposal);
     if (std::string why = MissedWish(proposal, wishes); !why.empty()) {
         proposal.reason = Unsuited(proposal, why);
@@ -362,19 +356,25 @@ void AddProposals(std::vector<Proposal>& proposals, const Design& state, const P
 
 }  // namespace
 
-Wishes::Dc DcPathOf(const Circuit& circuit) {
-    if (circuit.topology == Topology::CoupledCoils) return Wishes::Dc::Block;
-    const auto is = [](Place place, ElementKind kind) {
-        return
-            [=](const Element& e) { return e.branch == 0 && e.place == place && e.kind == kind; };
+Wishes::Dc DcPathOf(const Network& network) {
+    const bool coupled = std::ranges::any_of(network.ladder, [](const LadderElement& element) {
+        return std::holds_alternative<CoupledCoils>(element.is);
+    });
+    if (coupled) return Wishes::Dc::Block;
+    const auto is = [](Place place, PartKind kind) {
+        return [=](const ListedPart& part) {
+            return !part.branch && !part.atSupply && part.place == place && part.kind == kind;
+        };
     };
-    const auto& elements = circuit.elements;
-    if (std::ranges::any_of(elements, is(Place::Series, ElementKind::Capacitor)))
+    const std::vector<ListedPart> parts = ListOf(network);
+    if (std::ranges::any_of(parts, is(Place::Series, PartKind::Capacitor))) {
         return Wishes::Dc::Block;
+    }
     // A coil across the path shorts it for DC: neither passed nor kept away from the load's side.
-    if (std::ranges::any_of(elements, is(Place::Shunt, ElementKind::Inductor)))
-        return Wishes::Dc::Any;
-    return circuit.topology == Topology::Ladder ? Wishes::Dc::Pass : Wishes::Dc::Any;
+    if (std::ranges::any_of(parts, is(Place::Shunt, PartKind::Inductor))) return Wishes::Dc::Any;
+    // A path that begins at no source, or splits, is none from the source to the load.
+    const bool path = !network.source.isNothing() && !HasBranch(network);
+    return path ? Wishes::Dc::Pass : Wishes::Dc::Any;
 }
 
 std::optional<double> Wishes::wantedBandwidth(double fo) const {

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "analysis/passband.h"
-#include "design/circuit.h"
 #include "design/cycle.h"
 #include "design/design.h"
+#include "network/network.h"
 
 // Which circuit to take: every page is designed for the present inputs by the program's own
 // calculation, judged by the user's wishes, and ranked.
@@ -69,7 +69,7 @@ struct Proposal {
 
 /// What a circuit does to direct current from source to load; Any where it does neither cleanly (a
 /// coil across the path) or is no path.
-Wishes::Dc DcPathOf(const Circuit& circuit);
+Wishes::Dc DcPathOf(const Network& network);
 
 /// All pages and their variants with L and C interchanged, suited ones first, best first. `state`
 /// gives the inputs; its page and components do not matter. `services` evaluate and, if they do,

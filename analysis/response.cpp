@@ -37,19 +37,6 @@ inline Cx PowerOf(Cx s, int power) {
     return result;
 }
 
-/// Impedance of a ladder element at the lossy frequency s.
-inline Cx Impedance(const Element& element, Cx s) {
-    switch (element.kind) {
-        case ElementKind::Inductor:
-        case ElementKind::Choke:
-            return s * element.value;
-        case ElementKind::Capacitor:
-            return Quotient({1, 0}, s * element.value);
-        default:
-            return {element.value, 0};
-    }
-}
-
 double MirroredFrequency(double f, double fo) {
     const double lowest = kLowestRelativeFrequency * fo;
     const double guarded = std::fabs(f) < lowest ? std::copysign(lowest, f) : f;
@@ -64,8 +51,9 @@ Response::Response(const Design& design)
       fo_(design.fo),
       G2_(1 / design.R2),
       R1_(design.R1),
-      lossTangent_((1 / design.QBC + 1 / design.QB) / 2),
+      lossTangent_(LossTangent(design)),
       ideal_(std::sqrt(design.R2 / design.R1)) {
+    if (transfer_.ladder) ladder_.emplace(*transfer_.ladder);
     const Page& page = PageOf(design);
     const bool own = page.refersToItself && page.refersToItself(design);
     referenceDb_ = MagnitudeDb(own ? magnitude(fo_) : MatchedRatio(design));
@@ -82,7 +70,8 @@ std::complex<double> Response::transfer(double f) const {
         case Transfer::Form::Line:
             return line(s);
         case Transfer::Form::Ladder:
-            return ladder(s);
+            // Of a real network the response at a negative frequency is the conjugate.
+            return f < 0 ? std::conj(ladder_->voltageTransfer(-f)) : ladder_->voltageTransfer(f);
         case Transfer::Form::Ideal:
             break;
     }
@@ -110,21 +99,6 @@ std::complex<double> Response::line(Cx s) const {
     const double straight = 1 + R1_ * G2_;  // A + D·R1·G2 of the chain matrix
     const double crossed = transfer_.ZL * G2_ + R1_ / transfer_.ZL;  // B·G2 + C·R1
     return 2.0 * Quotient(decay, straight * cosh + crossed * sinh);
-}
-
-std::complex<double> Response::ladder(Cx s) const {
-    // From the load back to the source: voltage and current that one volt at the load asks for.
-    Cx voltage{1, 0};
-    Cx current{G2_, 0};
-    for (auto element = transfer_.ladder.rbegin(); element != transfer_.ladder.rend(); ++element) {
-        const Cx Z = Impedance(*element, s);
-        if (element->place == Place::Series) {
-            voltage += Product(Z, current);
-        } else {
-            current += Quotient(voltage, Z);
-        }
-    }
-    return Quotient({2, 0}, voltage + R1_ * current);
 }
 
 Complex Response::value(double f) const {

@@ -2,11 +2,13 @@
 
 #include <array>
 #include <complex>
+#include <optional>
 
 #include "core/complex_number.h"
 #include "design/cycle.h"
 #include "design/design.h"
 #include "design/transfer.h"
+#include "network/ladder_response.h"
 
 namespace kelvro {
 
@@ -34,9 +36,9 @@ class Response {
   private:
     std::complex<double> polynomial(std::complex<double> s) const;
     std::complex<double> line(std::complex<double> s) const;
-    std::complex<double> ladder(std::complex<double> s) const;
 
     Transfer transfer_;
+    std::optional<LadderResponse> ladder_;
     bool mirrored_;
     double fo_;
     double G2_;

@@ -24,13 +24,14 @@ constexpr std::size_t kInductanceDraws[] = {2, 3, 6, 7};
 constexpr std::size_t kLineDraw = 8;
 constexpr std::size_t kNamedDraws = 9;
 
-/// The part behind an element; nothing where it cannot be varied.
-std::optional<TolerancePart> VariedPart(const Page& page, const Element& element) {
-    const auto ref = PartOf(page, element);
-    if (!ref || element.group() == ToleranceGroup::None) return std::nullopt;
-    // An input that several elements share stands for all of them.
-    std::string name = ref->input ? element.name.substr(0, 1) : element.name;
-    return TolerancePart{std::move(name), element.group(), *ref};
+/// A part of a network; nothing where it cannot be varied.
+std::optional<TolerancePart> VariedPart(const Page& page, const Network& network,
+                                        const ListedPart& part, bool dual) {
+    const auto ref = PartOf(page, network, part.name, dual);
+    if (!ref || GroupOf(part) == ToleranceGroup::None) return std::nullopt;
+    // An input that several parts share stands for all of them.
+    std::string name = ref->input ? part.name.substr(0, 1) : part.name;
+    return TolerancePart{std::move(name), GroupOf(part), *ref, dual};
 }
 
 /// Tells each part its random number.
@@ -89,14 +90,14 @@ std::uint64_t ClockSeed() {
 
 std::vector<TolerancePart> ToleranceParts(const Design& state) {
     const Page& page = PageOf(state);
-    if (!page.circuit) return {};
     std::vector<TolerancePart> parts;
-    for (const Element& element : page.builtCircuit(state).elements) {
-        auto part = VariedPart(page, element);
-        const auto same = [&part](const TolerancePart& other) { return other.ref == part->ref; };
-        if (!part || std::ranges::any_of(parts, same)) continue;
-        part->dual = page.showsDuals(state);
-        parts.push_back(*std::move(part));
+    for (const Network& network : page.builtNetworks(state)) {
+        for (const ListedPart& listed : ListOf(network)) {
+            auto part = VariedPart(page, network, listed, page.showsDuals(state));
+            const auto same = [&part](const auto& other) { return other.ref == part->ref; };
+            if (!part || std::ranges::any_of(parts, same)) continue;
+            parts.push_back(*std::move(part));
+        }
     }
     std::ranges::stable_sort(parts, {}, [](const TolerancePart& part) { return part.ref.slot; });
     Number(parts);

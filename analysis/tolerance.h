@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "design/circuit.h"
 #include "design/design.h"
 #include "design/page.h"
 #include "design/part_ref.h"

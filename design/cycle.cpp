@@ -199,9 +199,12 @@ void DesignPass::finish() {
 std::vector<TableRow> TableRows(const Design& state, const Page& page) {
     std::vector<TableRow> rows;
     if (page.table.empty()) return rows;
-    for (Element& element : page.builtCircuit(state).elements) {
-        rows.push_back({std::move(element.name), kEngineering.text(element.value), element.value,
-                        element.unit(), element.slot});
+    for (const Network& network : page.builtNetworks(state)) {
+        for (const ListedPart& listed : ListOf(network)) {
+            const auto part = PartOf(page, network, listed.name, page.showsDuals(state));
+            rows.push_back({listed.name, kEngineering.text(listed.value), listed.value,
+                            listed.unit(), part ? part->slot : Slot::None});
+        }
     }
     return rows;
 }

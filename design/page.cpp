@@ -45,15 +45,24 @@ void OutputField::setComponent(Design& state, double x) const {
     }
 }
 
-Circuit Page::builtCircuit(const Design& state) const {
-    if (!circuit) return {};
-    return showsDuals(state) ? Dual(circuit(state), state.fo) : circuit(state);
+std::vector<Network> Page::builtNetworks(const Design& state) const {
+    if (!networks) return {};
+    std::vector<Network> built = networks(state);
+    if (showsDuals(state)) {
+        for (Network& network : built) network = Dual(std::move(network), state.fo);
+    }
+    return built;
 }
 
-std::vector<Circuit> Page::builtCircuits(const Design& state) const {
-    std::vector<Circuit> circuits{builtCircuit(state)};
-    if (alternative) circuits.push_back(alternative(state));
-    return circuits;
+std::vector<Network> Page::drawnNetworks(const Design& state) const {
+    std::vector<Network> drawn = builtNetworks(state);
+    if (alternative) drawn.push_back(alternative(state));
+    return drawn;
+}
+
+const InputField* Page::input(std::string_view object) const {
+    const auto at = std::ranges::find(inputs, object, &InputField::object);
+    return at == inputs.end() ? nullptr : &*at;
 }
 
 const OutputField* Page::output(std::string_view object) const {

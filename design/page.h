@@ -8,9 +8,9 @@
 #include <variant>
 #include <vector>
 
-#include "design/circuit.h"
 #include "design/design.h"
 #include "design/page_goal.h"
+#include "design/page_network.h"
 #include "design/transfer.h"
 
 // What a design page is, as data. The window, the menus, the command line, the settings keys and
@@ -191,17 +191,24 @@ struct Page {
     Transfer (*transfer)(const Design&) = nullptr;  ///< null: the ideal network
     /// Is the gain at fo itself 0 dB of the transducer gain? null: never, it is sqrt(R2/R1).
     bool (*refersToItself)(const Design&) = nullptr;
-    Circuit (*circuit)(const Design&) = nullptr;  ///< null: nothing to draw
-    /// A second network of the page, drawn and listed beside the first: the Pi beside the T.
-    Circuit (*alternative)(const Design&) = nullptr;
+    /// What there is to build, from source to load; null: nothing. All parts are named.
+    std::vector<Network> (*networks)(const Design&) = nullptr;
+    /// Another network of the same behaviour, drawn and listed beside the first: the Pi beside the
+    /// T.
+    Network (*alternative)(const Design&) = nullptr;
+    bool atFrequency = true;  ///< false where everything is direct current
+    /// Parts that no component field of their own name keeps.
+    std::vector<PartRow> parts = {};
 
     /// Does the page show dual values in the present state?
     bool showsDuals(const Design& state) const { return mirrored && state.LCSwapped; }
-    /// The circuit as it is to be built: interchanged where the page shows duals.
-    Circuit builtCircuit(const Design& state) const;
-    /// The same with the second network behind it, where the page has one.
-    std::vector<Circuit> builtCircuits(const Design& state) const;
+    /// The networks as they are to be built: interchanged where the page shows duals. None where
+    /// the page has none.
+    std::vector<Network> builtNetworks(const Design& state) const;
+    /// The same with the alternative behind them, where the page has one.
+    std::vector<Network> drawnNetworks(const Design& state) const;
     const OutputField* output(std::string_view object) const;
+    const InputField* input(std::string_view object) const;
 };
 
 }  // namespace kelvro

@@ -74,9 +74,4 @@ OutputField Component(std::string_view object, std::string_view name, std::strin
     return field;
 }
 
-Element PagePart(ElementKind kind, Place place, std::string_view name, const Design& state,
-                 Slot slot, std::string_view field) {
-    return {kind, place, std::string(name), state.components[slot], slot, field};
-}
-
 }  // namespace kelvro

@@ -105,19 +105,21 @@ void PartRef::take(Design& design) const {
     }
 }
 
-std::vector<Circuit> ShownCircuits(const Design& design) {
+std::vector<Network> ShownNetworks(const Design& design) {
     const Page& page = PageOf(design);
-    std::vector<Circuit> circuits = page.builtCircuits(design);
-    for (Circuit& circuit : circuits) {
-        for (Element& element : circuit.elements) {
-            const auto part = PartOf(page, element);
+    const bool duals = page.showsDuals(design);
+    std::vector<Network> networks = page.drawnNetworks(design);
+    for (Network& network : networks) {
+        const std::vector<double*> values = ValuesOf(network);
+        const std::vector<ListedPart> listed = ListOf(network);
+        for (std::size_t i = 0; i < listed.size(); ++i) {
+            const auto part = PartOf(page, network, listed[i].name, duals);
             const ShownPart* shown = part ? design.shown.find(part->key()) : nullptr;
             if (!shown) continue;
-            const bool standard = shown->form == ShownPart::Form::Standard;
-            if (standard || page.showsDuals(design)) element.value = shown->value;
+            if (shown->form == ShownPart::Form::Standard || duals) *values[i] = shown->value;
         }
     }
-    return circuits;
+    return networks;
 }
 
 std::vector<PartRef> PartsOf(const Design& design) {
@@ -133,13 +135,21 @@ std::vector<PartRef> PartsOf(const Design& design) {
     return parts;
 }
 
-std::optional<PartRef> PartOf(const Page& page, const Element& element) {
-    const OutputField* field = page.output(element.field);
-    if (field && field->slot == Slot::None) field = nullptr;
-    if (element.slot != Slot::None) return PartRef{&page, element.slot, field};
-    const auto input = std::ranges::find(page.inputs, element.field, &InputField::object);
-    if (input == page.inputs.end()) return std::nullopt;
-    return PartRef{&page, Slot::None, nullptr, &*input};
+std::optional<PartRef> PartOf(const Page& page, const Network& network, std::string_view name,
+                              bool dual) {
+    const std::string kept = dual ? DualName(name) : std::string(name);
+    const auto row = std::ranges::find_if(page.parts, [&](const PartRow& candidate) {
+        return candidate.name == kept &&
+               (candidate.network.empty() || candidate.network == network.caption);
+    });
+    if (row != page.parts.end()) {
+        return PartRef{&page, row->slot, page.output(row->field), page.input(row->field)};
+    }
+    const auto field = std::ranges::find_if(page.outputs, [&](const OutputField& candidate) {
+        return candidate.slot != Slot::None && candidate.name == kept;
+    });
+    if (field == page.outputs.end()) return std::nullopt;
+    return PartRef{&page, field->slot, &*field};
 }
 
 void Take(Design& design) {

@@ -50,14 +50,16 @@ struct PartRef {
 /// The components of the design's page: those of its visible fields, then those of its table.
 std::vector<PartRef> PartsOf(const Design& design);
 
-/// The component behind an element of the page's circuit; nothing for elements that stand for
-/// themselves.
-std::optional<PartRef> PartOf(const Page& page, const Element& element);
+/// The component behind a part of one of the page's networks, found by its name in the page's
+/// record; nothing for parts that stand for themselves. `dual`: the network is built interchanged.
+std::optional<PartRef> PartOf(const Page& page, const Network& network, std::string_view name,
+                              bool dual);
 
-/// The circuits of the design's page as they are to be built, with the values that the fields show:
+/// The networks of the design's page as they are to be built, with the values that the fields show:
 /// standard values where the user has chosen them. Taken where L and C are interchanged, components
-/// are those of another network; the circuit stays with the fields.
-std::vector<Circuit> ShownCircuits(const Design& design);
+/// are those of another network; the picture stays with the fields. The page's alternative stands
+/// last.
+std::vector<Network> ShownNetworks(const Design& design);
 
 /// Keeps what all fields of the design's page show ("Take Entries"). On interchanged pages the
 /// shown duals go into the components as they are: users compare both with the plain circuit.

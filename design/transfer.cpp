@@ -20,10 +20,10 @@ Transfer Transfer::Line(double ZL) {
     return transfer;
 }
 
-Transfer Transfer::Ladder(Circuit circuit) {
+Transfer Transfer::Ladder(Network network) {
     Transfer transfer;
     transfer.form = Form::Ladder;
-    transfer.ladder = std::move(circuit.elements);
+    transfer.ladder = std::move(network);
     return transfer;
 }
 

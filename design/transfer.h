@@ -1,9 +1,9 @@
 #pragma once
 
 #include <array>
-#include <vector>
+#include <optional>
 
-#include "design/circuit.h"
+#include "network/network.h"
 
 namespace kelvro {
 
@@ -14,7 +14,7 @@ struct Transfer {
         Ideal,       ///< no formula: sqrt(R2/R1) at every frequency
         Polynomial,  ///< numerator·s^power / (a0 + a1·s + ... + a4·s⁴)
         Line,        ///< line of impedance ZL, a quarter wave long at fo, between R1 and R2
-        Ladder,      ///< product of the elements' chain matrices between R1 and R2
+        Ladder,      ///< of the network itself
     };
 
     Form form = Form::Ideal;
@@ -22,11 +22,11 @@ struct Transfer {
     int power = 0;
     std::array<double, 5> a{};
     double ZL = 0;
-    std::vector<Element> ladder;
+    std::optional<Network> ladder;
 
     static Transfer Polynomial(long double numerator, int power, std::array<long double, 5> a);
     static Transfer Line(double ZL);
-    static Transfer Ladder(Circuit circuit);
+    static Transfer Ladder(Network network);
 };
 
 }  // namespace kelvro

@@ -6,7 +6,6 @@
 #include "core/number_text.h"
 #include "core/scalar.h"
 #include "design/class_e_page.h"
-#include "io/circuit_two_port.h"
 #include "io/ngspice.h"
 #include "io/spice_deck.h"
 
@@ -117,7 +116,7 @@ std::string ValueText(double value, const std::string& unit) {
 
 std::string ClassENetlist(const ExportDesign& design) {
     const ClassEStage stage = ClassEStageOf(design.state, true);
-    const double tangent = ElementLosses::Of(design.state).tangent;
+    const double tangent = PageTangent(design.networks.front());
     const auto operation = OperateClassE(stage);
     SpiceDeck deck(design);
     deck.elementQ(tangent);
@@ -130,7 +129,7 @@ std::string ClassENetlist(const ExportDesign& design) {
 
 Result<std::vector<ComparedValue>> CompareWithNgspice(const ExportDesign& design,
                                                       const std::stop_token& stop) {
-    if (design.circuit.topology != Topology::ClassE) {
+    if (!design.page().switched) {
         return Status::Failure("Only a class-E stage is compared with ngspice");
     }
     const ClassEStage stage = ClassEStageOf(design.state, true);

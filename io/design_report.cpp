@@ -243,13 +243,12 @@ std::string Heading(const Design& state) {
 
 TextRows InputRows(const Design& state) {
     const Page& page = PageOf(state);
-    const Topology topology = page.builtCircuit(state).topology;
     TextRows rows;
     if (page.shared == SharedOutputs::All) {
         rows.push_back({"R1", WithUnit(state.R1, "Ω"), "Resistance of the source"});
         rows.push_back({"R2", WithUnit(state.R2, "Ω"), "Resistance of the load"});
     }
-    if (topology != Topology::None && topology != Topology::Divider) {
+    if (page.networks && page.atFrequency) {
         rows.push_back({"fo", WithUnit(state.fo, "Hz"), "Centre frequency"});
     }
     if (page.qPanel) {

@@ -1,6 +1,8 @@
 // Plain listing of a design: what to buy, what to expect.
 
+#include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "core/number_text.h"
 #include "core/series.h"
@@ -24,28 +26,33 @@ std::string ErrorText(double standard, double value) {
     return (text.starts_with('-') ? "" : "+") + text + " %";
 }
 
-std::string PlaceText(const Circuit& circuit, const Element& element) {
-    if (circuit.topology == Topology::Balun) return element.branch == 0 ? "+ output" : "- output";
-    return element.place == Place::Series ? "in series" : "across";
+std::string PlaceText(const ListedPart& part, bool branched) {
+    if (branched) return part.branch ? "- output" : "+ output";
+    return part.place == Place::Series ? "in series" : "across";
 }
 
-TextRows ElementRows(const Circuit& circuit, const Circuit& standard, const ExportDesign& design) {
-    TextRows rows;
-    for (std::size_t i = 0; i < circuit.elements.size(); ++i) {
-        const Element& element = circuit.elements[i];
-        if (element.kind == ElementKind::Switch) continue;
-        std::vector<std::string> row = {element.name, PlaceText(circuit, element)};
-        if (std::isinf(element.value)) {
-            row.emplace_back(kInfinite);
-        } else {
-            row.push_back(WithUnit(element.value, element.unit()));
-            const double nearest = standard.elements[i].value;
-            if (element.value > 0 && element.kind != ElementKind::Line) {
-                row.push_back(WithUnit(nearest, element.unit()));
-                row.push_back(ErrorText(nearest, element.value));
-            }
+void AddPart(TextRows& rows, const ListedPart& part, bool branched, Series series) {
+    std::vector<std::string> row = {part.name, PlaceText(part, branched)};
+    if (std::isinf(part.value)) {
+        row.emplace_back(kInfinite);
+    } else {
+        row.push_back(WithUnit(part.value, part.unit()));
+        if (part.value > 0 && !part.line) {
+            const double nearest = ParseValue(SeriesNearest(series, part.value));
+            row.push_back(WithUnit(nearest, part.unit()));
+            row.push_back(ErrorText(nearest, part.value));
         }
-        rows.push_back(std::move(row));
+    }
+    rows.push_back(std::move(row));
+}
+
+/// The parts with the standard value of each beside the shown one.
+TextRows PartRows(std::span<const Network> networks, const ExportDesign& design) {
+    TextRows rows;
+    for (const Network& network : networks) {
+        const std::vector<ListedPart> parts = ListOf(network);
+        const bool branched = std::ranges::any_of(parts, &ListedPart::branch);
+        for (const ListedPart& part : parts) AddPart(rows, part, branched, design.series);
     }
     if (rows.empty()) return rows;
     const auto series = kSeriesNames[static_cast<std::size_t>(design.series)];
@@ -53,32 +60,21 @@ TextRows ElementRows(const Circuit& circuit, const Circuit& standard, const Expo
     return rows;
 }
 
-/// The circuit with the standard value of every element beside the shown one.
-Circuit Standard(Circuit circuit, Series series) {
-    for (Element& element : circuit.elements) {
-        if (!(element.value > 0) || std::isinf(element.value)) continue;
-        element.value = ParseValue(SeriesNearest(series, element.value));
-    }
-    return circuit;
-}
-
 }  // namespace
 
 std::string ListingOf(const ExportDesign& design, const ExportRange&) {
     const Page& page = design.page();
-    const auto elements = [&](const Circuit& circuit) {
-        return ElementRows(circuit, Standard(circuit, design.series), design);
-    };
     std::string text = "Calculated by Kelvro: page " + std::to_string(page.number) + ", " +
                        std::string(page.caption) + '\n';
     if (page.showsDuals(design.state)) text += "Inductors and capacitors interchanged\n";
     text += Section("Inputs", InputRows(design.state));
-    const auto components = [](const Circuit& circuit) {
-        return "Components, " +
-               std::string(circuit.caption.empty() ? "from source to load" : circuit.caption);
+    const auto components = [&](std::span<const Network> networks) {
+        const std::string& caption = networks.front().caption;
+        return Section("Components, " + (caption.empty() ? "from source to load" : caption),
+                       PartRows(networks, design));
     };
-    text += Section(components(design.designed), elements(design.designed));
-    text += Section(components(design.alternative), elements(design.alternative));
+    if (!design.designed.empty()) text += components(design.designed);
+    if (design.alternative) text += components({&*design.alternative, 1});
     const auto title = design.standardValues ? "Outputs with standard values" : "Outputs";
     text += Section(title, OutputRows(design.cycle, page));
     return text + Section("Harmonics of the load current", HarmonicRows(design.cycle));

@@ -1,11 +1,12 @@
 // Netlists for ngspice: the network between source and load as the design describes it.
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
+#include <utility>
 
 #include "core/number_text.h"
 #include "core/scalar.h"
-#include "io/circuit_two_port.h"
 #include "io/class_e_netlist.h"
 #include "io/exports.h"
 #include "io/spice_deck.h"
@@ -25,170 +26,154 @@ std::string PlainName(std::string_view name) {
     return plain;
 }
 
-/// Writes the parts of a network between named nodes, each with the resistor that gives it the
-/// element Q: so many ohms at fo, and over frequency such that the Q stays the same, as in the
-/// program's own response.
+/// 1/Q of a part that has the page's loss.
+double TangentOf(const Part& part) {
+    const bool page =
+        part.loss.law == PartLoss::Law::Page || part.loss.law == PartLoss::Law::PageMirrored;
+    return page && part.loss.Q > 0 ? 1 / part.loss.Q : 0;
+}
+
+/// Writes a network from its input node on. Parts with the page's loss have the resistor that gives
+/// them the element Q: so many ohms at fo, and over frequency such that the Q stays the same, as in
+/// the program's own response.
 class NetworkWriter {
   public:
-    NetworkWriter(SpiceDeck& deck, ElementLosses losses, double fo)
-        : deck_(deck), losses_(losses), omega_(kTwoPi * fo), fo_(fo) {}
+    NetworkWriter(SpiceDeck& deck, double fo) : deck_(deck), omega_(kTwoPi * fo), fo_(fo) {}
 
-    /// `suffix` keeps names apart where two branches have like parts.
-    void part(const Element& element, const std::string& from, const std::string& to,
-              const std::string& suffix = {}) {
-        const std::string name = PlainName(element.name) + suffix;
-        switch (element.kind) {
-            case ElementKind::Inductor:
-            case ElementKind::Choke:
-                return reactance(name, element.value, omega_ * element.value, true, from, to);
-            case ElementKind::Capacitor:
-                return reactance(name, element.value, 1 / (omega_ * element.value), false, from,
-                                 to);
-            default:
-                return deck_.part(name, from, to, element.value);
+    /// From node "in"; gives back the node of the load. Branches end at "outm".
+    std::string network(const Network& network) {
+        const bool branched = HasBranch(network);
+        if (branched) suffix_ = "p";
+        return ladder(network.ladder, "in", branched ? "outp" : "out");
+    }
+
+  private:
+    /// Does it lead on to a node of its own?
+    static bool leadsOn(const LadderElement& element) {
+        if (const auto* arm = std::get_if<Arm>(&element.is)) return arm->place == Place::Series;
+        if (const auto* line = std::get_if<Line>(&element.is)) {
+            return line->form == Line::Form::Through;
         }
+        return std::holds_alternative<CoupledCoils>(element.is) ||
+               std::holds_alternative<Transformer>(element.is);
+    }
+
+    std::string newNode() { return "n" + std::to_string(++nodes_); }
+
+    /// The elements of a path; the last node is called as asked.
+    std::string ladder(const std::vector<LadderElement>& elements, std::string node,
+                       std::string_view last) {
+        auto left = std::ranges::count_if(elements, leadsOn);
+        for (const LadderElement& element : elements) {
+            std::string next = node;
+            if (leadsOn(element)) next = --left == 0 ? std::string(last) : newNode();
+            std::visit([&](const auto& is) { write(is, node, next); }, element.is);
+            node = std::move(next);
+        }
+        return node;
+    }
+
+    void write(const Arm& arm, const std::string& node, const std::string& next) {
+        impedance(arm.impedance, node, arm.place == Place::Series ? next : "0");
+    }
+
+    /// What leaves the main path here is the - output.
+    void write(const Branch& branch, const std::string& node, const std::string&) {
+        const std::string suffix = std::exchange(suffix_, "m");
+        const int nodes = std::exchange(nodes_, 0);
+        ladder(branch.ladder, node, "outm");
+        suffix_ = suffix;
+        nodes_ = nodes;
     }
 
     /// An ideal line behind a pad that is matched to it and as lossy as the line is.
-    void line(const Element& element, double angle, const std::string& from,
-              const std::string& to) {
-        const double ZL = element.value;
+    void write(const Line& line, const std::string& from, const std::string& to) {
+        const std::string name = PlainName(line.name);
+        const double angle = line.length.angle(fo_);
         std::string start = from;
-        if (const double loss = angle * losses_.tangent; loss > 0) {
-            const std::string name = PlainName(element.name);
+        if (const double loss = angle * line.tangent; loss > 0) {
             const std::string arm =
-                FormatShortest(ZL) + "*tanh(" + FormatShortest(loss / 2) + rising() + ')';
+                FormatShortest(line.Z0) + "*tanh(" + FormatShortest(loss / 2) + rising() + ')';
             deck_.expression("RA" + name, from, "loss", arm);
-            deck_.expression("RP" + name, "loss", "0",
-                             FormatShortest(ZL) + "/sinh(" + FormatShortest(loss) + rising() + ')');
+            deck_.expression(
+                "RP" + name, "loss", "0",
+                FormatShortest(line.Z0) + "/sinh(" + FormatShortest(loss) + rising() + ')');
             deck_.expression("RB" + name, "loss", "line", arm);
             start = "line";
         }
-        deck_.line("T" + element.name + ' ' + start + " 0 " + to + " 0 Z0=" + FormatShortest(ZL) +
+        deck_.line("T" + line.name + ' ' + start + " 0 " + to + " 0 Z0=" + FormatShortest(line.Z0) +
                    " F=" + FormatShortest(fo_) + " NL=" + FormatShortest(angle / kTwoPi));
     }
 
     /// Coils with common ground. Their mutual inductance is as lossy as the coils are; the resistor
     /// from the coils' common end to ground stands for that.
-    void coils(const Element& first, const Element& second, double k, const std::string& in,
-               const std::string& out) {
-        const double M = k * std::sqrt(first.value * second.value);
-        const double rate = omega_ * losses_.tangent;
+    void write(const CoupledCoils& coils, const std::string& in, const std::string& out) {
+        const double M = coils.k * std::sqrt(coils.first.value * coils.second.value);
+        const double rate = omega_ * TangentOf(coils.first);
         const std::string common = rate > 0 ? "common" : "0";
-        const auto coil = [&](const Element& element, const std::string& node) {
-            const std::string name = PlainName(element.name);
-            const double R = rate * (element.value - M);
+        const auto coil = [&](const Part& part, const std::string& node) {
+            const std::string name = PlainName(part.name);
+            const double R = rate * (part.value - M);
             const std::string inner = R == 0 ? node : "coil" + name;
             if (R != 0) deck_.expression("R" + name, node, inner, FormatShortest(R) + rising());
-            deck_.part(name, inner, common, element.value);
+            deck_.part(name, inner, common, part.value);
         };
-        coil(first, in);
-        coil(second, out);
+        coil(coils.first, in);
+        coil(coils.second, out);
         if (rate > 0) deck_.expression("RM", common, "0", FormatShortest(rate * M) + rising());
-        deck_.line("K1 " + PlainName(first.name) + ' ' + PlainName(second.name) + ' ' +
-                   FormatShortest(k));
+        deck_.line("K1 " + PlainName(coils.first.name) + ' ' + PlainName(coils.second.name) + ' ' +
+                   FormatShortest(coils.k));
     }
 
-  private:
+    template <typename Other>
+    void write(const Other&, const std::string&, const std::string&) {
+        assert(!"no page has such an element");
+    }
+
+    void impedance(const Impedance& arm, const std::string& from, const std::string& to) {
+        if (const auto* single = std::get_if<Part>(&arm.is)) return part(*single, from, to);
+        const auto* group = std::get_if<Impedance::Group>(&arm.is);
+        if (!group) return;
+        std::string node = from;
+        for (const Impedance& member : group->members) {
+            const bool last = &member == &group->members.back();
+            std::string next = group->parallel || last ? to : newNode();
+            impedance(member, node, next);
+            if (!group->parallel) node = std::move(next);
+        }
+    }
+
+    void part(const Part& part, const std::string& from, const std::string& to) {
+        const std::string name = PlainName(part.name) + suffix_;
+        if (part.kind == PartKind::Resistor) {
+            if (std::isfinite(part.value)) deck_.part(name, from, to, part.value);
+            return;
+        }
+        const bool inductor = part.kind == PartKind::Inductor;
+        const double X = inductor ? omega_ * part.value : 1 / (omega_ * part.value);
+        const double tangent = TangentOf(part);
+        if (tangent == 0) return deck_.part(name, from, to, part.value);
+        const std::string slope = inductor ? rising() : falling();
+        const bool seriesLoss = inductor == (part.loss.law == PartLoss::Law::Page);
+        if (!seriesLoss) {
+            deck_.part(name, from, to, part.value);
+            return deck_.expression("R" + name, from, to, FormatShortest(X / tangent) + slope);
+        }
+        const std::string inner = "loss" + name;
+        deck_.part(name, from, inner, part.value);
+        deck_.expression("R" + name, inner, to, FormatShortest(X * tangent) + slope);
+    }
+
     /// Factors of resistances that rise or fall with frequency; 1 at fo.
     std::string rising() const { return "*hertz/" + FormatShortest(fo_); }
     std::string falling() const { return '*' + FormatShortest(fo_) + "/hertz"; }
 
-    /// A part of reactance X at fo; its resistor keeps the proportion to the reactance.
-    void reactance(const std::string& name, double value, double X, bool inductor,
-                   const std::string& from, const std::string& to) {
-        const double tangent = losses_.tangent;
-        if (tangent == 0) return deck_.part(name, from, to, value);
-        const std::string slope = inductor ? rising() : falling();
-        const bool seriesLoss = inductor != losses_.mirrored;
-        if (!seriesLoss) {
-            deck_.part(name, from, to, value);
-            return deck_.expression("R" + name, from, to, FormatShortest(X / tangent) + slope);
-        }
-        const std::string inner = "loss" + name;
-        deck_.part(name, from, inner, value);
-        deck_.expression("R" + name, inner, to, FormatShortest(X * tangent) + slope);
-    }
-
     SpiceDeck& deck_;
-    ElementLosses losses_;
     double omega_;
     double fo_;
+    std::string suffix_;  ///< keeps names apart where two paths have like parts
+    int nodes_ = 0;
 };
-
-// ---------------------------------------------------------------- networks
-
-/// Names the nodes along a path: "in", "n1", ..., and the last one as asked.
-class Path {
-  public:
-    Path(const Circuit& circuit, int branch, std::string_view last) : last_(last) {
-        left_ = std::ranges::count_if(circuit.elements, [&](const Element& element) {
-            return element.branch == branch && element.place == Place::Series;
-        });
-    }
-    const std::string& node() const { return node_; }
-    std::string next() {
-        --left_;
-        return left_ == 0 ? std::string(last_) : "n" + std::to_string(++count_);
-    }
-    void moveTo(std::string node) { node_ = std::move(node); }
-
-  private:
-    std::string node_ = "in";
-    std::string_view last_;
-    std::ptrdiff_t left_ = 0;
-    int count_ = 0;
-};
-
-/// The ladder of one branch; gives back its last node.
-std::string WriteLadder(NetworkWriter& writer, const Circuit& circuit, int branch,
-                        std::string_view last, const std::string& suffix) {
-    Path path(circuit, branch, last);
-    for (const Element& element : circuit.elements) {
-        if (element.branch != branch) continue;
-        if (element.place == Place::Shunt) {
-            if (std::isfinite(element.value)) writer.part(element, path.node(), "0", suffix);
-            continue;
-        }
-        std::string next = path.next();
-        if (element.kind == ElementKind::Line) {
-            writer.line(element, circuit.lineAngleFo, path.node(), next);
-        } else {
-            writer.part(element, path.node(), next, suffix);
-        }
-        path.moveTo(std::move(next));
-    }
-    return path.node();
-}
-
-/// A one-port across the line: branch 0 in series from "in" to ground, branch 1 across it.
-void WriteArm(NetworkWriter& writer, const Circuit& circuit) {
-    WriteLadder(writer, circuit, 0, "0", "");
-    for (const Element& element : circuit.elements) {
-        if (element.branch == 1) writer.part(element, "in", "0");
-    }
-}
-
-/// The network from node "in"; gives back the node of the (+) load.
-std::string WriteNetwork(NetworkWriter& writer, const Circuit& circuit) {
-    const auto& parts = circuit.elements;
-    switch (circuit.topology) {
-        case Topology::CoupledCoils:
-            writer.part(parts[0], "in", "0");
-            writer.coils(parts[1], parts[2], circuit.coupling, "in", "out");
-            writer.part(parts[3], "out", "0");
-            return "out";
-        case Topology::Tank:
-        case Topology::OnePort:
-            WriteArm(writer, circuit);
-            return "in";
-        case Topology::Balun:
-            WriteLadder(writer, circuit, 1, "outm", "m");
-            return WriteLadder(writer, circuit, 0, "outp", "p");
-        default:
-            return WriteLadder(writer, circuit, 0, "out", "");
-    }
-}
 
 // ---------------------------------------------------------------- analyses
 
@@ -217,34 +202,41 @@ void WriteSweep(SpiceDeck& deck, const ExportDesign& design, const ExportRange& 
 
 std::string SweptNetlist(const ExportDesign& design, const ExportRange& range) {
     const Design& s = design.state;
+    const Network& network = design.networks.front();
     SpiceDeck deck(design);
-    const ElementLosses losses = ElementLosses::Of(s);
-    deck.elementQ(losses.tangent);
+    deck.elementQ(PageTangent(network));
     deck.comment("Source of 2 V, so that the voltage at the load is v=V2/V1");
     deck.line("VS source 0 DC 0 AC 2");
     deck.part("RS", "source", "in", s.R1);
-    NetworkWriter writer(deck, losses, s.fo);
-    const std::string out = WriteNetwork(writer, design.circuit);
+    const std::string out = NetworkWriter(deck, s.fo).network(network);
     deck.part("RLOAD", out, "0", s.R2);
-    if (design.circuit.topology == Topology::Balun) deck.part("RLOADM", "outm", "0", s.R2);
+    if (HasBranch(network)) deck.part("RLOADM", "outm", "0", s.R2);
     WriteSweep(deck, design, range, out);
     return deck.text();
 }
 
-/// Operating point of the resistor string and of the band-gap resistor.
-std::string DividerNetlist(const ExportDesign& design) {
+/// Node names as simulators write them; ground where the network has none.
+std::string NodeName(std::string_view name) {
+    std::string lower(name);
+    std::ranges::transform(lower, lower.begin(), [](unsigned char c) { return std::tolower(c); });
+    return lower.empty() ? "0" : lower;
+}
+
+/// Operating point of a network of resistors between named nodes.
+std::string OperatingPointNetlist(const ExportDesign& design) {
     const Design& s = design.state;
-    // From Vref down, as the string's resistors stand in the circuit.
-    const std::vector<std::string> nodes = {"vref",  "vhi2",  "vhi1",  "vmid2",
-                                            "vmid1", "vlow2", "vlow1", "0"};
     SpiceDeck deck(design);
     deck.line("VREF vref 0 DC " + FormatShortest(s.Vref));
     deck.line("VBG vbg 0 DC " + FormatShortest(s.Vbg));
-    const auto& parts = design.circuit.elements;
-    for (std::size_t i = 0; i + 1 < nodes.size(); ++i) {
-        deck.part(parts[i].name, nodes[i], nodes[i + 1], parts[i].value);
+    for (const Network& network : design.networks) {
+        std::string node = NodeName(network.sourceNode);
+        for (const LadderElement& element : network.ladder) {
+            const std::string next = NodeName(element.node);
+            const Part& part = std::get<Part>(std::get<Arm>(element.is).impedance.is);
+            deck.part(part.name, node, next, part.value);
+            node = next;
+        }
     }
-    deck.part(parts.back().name, "vbg", "0", parts.back().value);
     deck.line(".op");
     return deck.text();
 }
@@ -252,14 +244,9 @@ std::string DividerNetlist(const ExportDesign& design) {
 }  // namespace
 
 std::string SpiceNetlist(const ExportDesign& design, const ExportRange& range) {
-    switch (design.circuit.topology) {
-        case Topology::ClassE:
-            return ClassENetlist(design);
-        case Topology::Divider:
-            return DividerNetlist(design);
-        default:
-            return SweptNetlist(design, range);
-    }
+    if (!design.page().atFrequency) return OperatingPointNetlist(design);
+    if (design.page().switched) return ClassENetlist(design);
+    return SweptNetlist(design, range);
 }
 
 }  // namespace kelvro

@@ -9,7 +9,6 @@
 #include "core/series.h"
 #include "design/pages.h"
 #include "design/part_ref.h"
-#include "io/circuit_two_port.h"
 #include "io/design_report.h"
 
 namespace kelvro {
@@ -18,38 +17,43 @@ namespace {
 
 constexpr std::string_view kNothingYet = "There are no component values to export yet.";
 
-void UseStandardValues(Design& state, const Page& page, const Circuit& circuit, Series series) {
-    for (const Element& element : circuit.elements) {
-        const bool sold = element.kind != ElementKind::Line && element.kind != ElementKind::Switch;
-        if (!sold || !(element.value > 0) || std::isinf(element.value)) continue;
-        const std::string nearest = SeriesNearest(series, element.value);
-        if (const auto part = PartOf(page, element)) part->build(state, ParseValue(nearest));
+void UseStandardValues(Design& state, const Page& page, const Network& network, Series series) {
+    for (const ListedPart& part : ListOf(network)) {
+        if (part.line || !(part.value > 0) || std::isinf(part.value)) continue;
+        const std::string nearest = SeriesNearest(series, part.value);
+        const auto ref = PartOf(page, network, part.name, page.showsDuals(state));
+        if (ref) ref->build(state, ParseValue(nearest));
     }
 }
 
-/// The circuit without series parts that are mere wires: the series tank needs no C1 at the Q where
-/// its reactance vanishes.
-Circuit WithoutWires(Circuit circuit) {
-    if (circuit.topology != Topology::Ladder) return circuit;
-    std::erase_if(circuit.elements, [](const Element& element) {
-        const bool wire = element.kind == ElementKind::Capacitor  ? std::isinf(element.value)
-                          : element.kind == ElementKind::Inductor ? element.value == 0
-                                                                  : false;
-        return wire && element.place == Place::Series;
-    });
-    return circuit;
+/// Is it a series part that is a mere wire? The series tank needs no C1 at the Q where its
+/// reactance vanishes.
+bool IsWire(const LadderElement& element) {
+    const auto* arm = std::get_if<Arm>(&element.is);
+    const auto* part = arm ? std::get_if<Part>(&arm->impedance.is) : nullptr;
+    if (!part || arm->place != Place::Series) return false;
+    return part->kind == PartKind::Capacitor  ? std::isinf(part->value)
+           : part->kind == PartKind::Inductor ? part->value == 0
+                                              : false;
+}
+
+std::vector<Network> WithoutWires(std::vector<Network> networks) {
+    for (Network& network : networks) std::erase_if(network.ladder, IsWire);
+    return networks;
 }
 
 /// Resistors may vanish (0 in series, infinite across); nothing else may.
-bool CanBeBuilt(const Circuit& circuit) {
-    return std::ranges::all_of(circuit.elements, [](const Element& element) {
-        if (element.kind == ElementKind::Switch) return true;
-        if (element.kind == ElementKind::Choke) return element.value > 0;  // infinite, if chosen
-        if (element.kind != ElementKind::Resistor) {
-            return element.value > 0 && std::isfinite(element.value);
+bool CanBeBuilt(const std::vector<Network>& networks) {
+    const auto possible = [](const ListedPart& part) {
+        if (part.atSupply) return part.value > 0;  // infinite, if chosen
+        if (part.kind != PartKind::Resistor || part.line) {
+            return part.value > 0 && std::isfinite(part.value);
         }
-        return element.place == Place::Series ? element.value >= 0 && std::isfinite(element.value)
-                                              : element.value > 0;
+        return part.place == Place::Series ? part.value >= 0 && std::isfinite(part.value)
+                                           : part.value > 0;
+    };
+    return std::ranges::all_of(networks, [&](const Network& network) {
+        return std::ranges::all_of(ListOf(network), possible);
     });
 }
 
@@ -70,7 +74,7 @@ std::string ExportDesign::title() const {
     if (page().shared == SharedOutputs::All) {
         text += ", " + WithUnit(state.R1, "ohm") + " to " + WithUnit(state.R2, "ohm");
     }
-    if (circuit.topology != Topology::Divider) text += " at " + WithUnit(state.fo, "Hz");
+    if (page().atFrequency) text += " at " + WithUnit(state.fo, "Hz");
     return text;
 }
 
@@ -83,16 +87,19 @@ std::variant<ExportDesign, std::string> PrepareExport(const Design& state, Expor
     design.cycle = OutputsOf(state, !choice.componentsGiven);
     if (design.cycle.message) return *design.cycle.message;
     design.state = design.cycle.design;
-    design.designed = WithoutWires(page.builtCircuit(state));
+    design.designed = WithoutWires(page.builtNetworks(state));
     if (page.alternative) design.alternative = page.alternative(state);
     if (!CanBeBuilt(design.designed)) return std::string(kNothingYet);
     if (choice.standardValues) {
-        UseStandardValues(design.state, page, design.designed, choice.series);
-        UseStandardValues(design.state, page, design.alternative, choice.series);
+        const auto rounded = [&](const Network& network) {
+            UseStandardValues(design.state, page, network, choice.series);
+        };
+        std::ranges::for_each(design.designed, rounded);
+        if (design.alternative) rounded(*design.alternative);
         design.cycle = OutputsOf(design.state, false);
         design.state = design.cycle.design;
     }
-    design.circuit = WithoutWires(page.builtCircuit(design.state));
+    design.networks = WithoutWires(page.builtNetworks(design.state));
     return design;
 }
 
@@ -139,22 +146,17 @@ std::optional<std::string> RangeProblem(const ExportRange& range) {
 std::span<const ExportFormat> ExportFormats() {
     static constexpr auto always = [](const Page&) { return true; };
     static constexpr auto never = [](const Page&) { return false; };
-    static constexpr auto topology = [](const Page& page) {
-        return page.circuit ? page.circuit(Design{}).topology : Topology::None;
-    };
-    static constexpr auto hasCircuit = [](const Page& page) {
-        return topology(page) != Topology::None;
+    static constexpr auto hasNetwork = [](const Page& page) { return page.networks != nullptr; };
+    static constexpr auto hasPorts = [](const Page& page) {
+        return page.networks && page.atFrequency;
     };
     static constexpr auto isSwept = [](const Page& page) {
-        return topology(page) != Topology::ClassE && topology(page) != Topology::Divider;
-    };
-    static constexpr auto hasPorts = [](const Page& page) {
-        return CircuitTwoPort::Exists(topology(page));
+        return hasPorts(page) && !page.switched;
     };
     static constexpr auto hasResponse = [](const Page& page) { return page.transfer != nullptr; };
     static constexpr std::array<ExportFormat, 5> formats = {
         {{"listing", "Listing", "txt", false, always, never, ListingOf},
-         {"spice", "SPICE netlist", "cir", false, hasCircuit, isSwept, SpiceNetlist},
+         {"spice", "SPICE netlist", "cir", false, hasNetwork, isSwept, SpiceNetlist},
          {"touchstone", "Touchstone two-port", "s2p", true, hasPorts, always, TouchstoneFile},
          {"csv", "Response table (CSV)", "csv", false, hasResponse, always, ResponseCsv},
          {"json", "Design (JSON)", "json", false, always, never, DesignJson}}};

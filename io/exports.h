@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "core/series.h"
 #include "design/cycle.h"
@@ -18,12 +19,12 @@ namespace kelvro {
 
 /// A calculated design on its way out.
 struct ExportDesign {
-    Design state;                 ///< with the component values that are exported
-    CycleResult cycle;            ///< the outputs that belong to them
-    Circuit designed;             ///< the circuit to build, with the values as shown
-    Circuit circuit;              ///< the same with the exported values
-    Circuit alternative;          ///< second network of the page as shown, where it has one
-    bool standardValues = false;  ///< the exported values are those of the standard series
+    Design state;                        ///< with the component values that are exported
+    CycleResult cycle;                   ///< the outputs that belong to them
+    std::vector<Network> designed;       ///< what there is to build, with the values as shown
+    std::vector<Network> networks;       ///< the same with the exported values
+    std::optional<Network> alternative;  ///< the other network of the page as shown, if any
+    bool standardValues = false;         ///< the exported values are those of the standard series
     Series series = Series::E12;
 
     const Page& page() const;

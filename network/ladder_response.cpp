@@ -71,7 +71,7 @@ Values<T> ValuesAt(const LadderProgram& program, const Frequency<T>& at) {
             (state.factor.slope * factor.conjugate()).im / lanes::Select(none, T(1.0), through);
         values.GT = values.GT * through;
         values.direction = factor * values.direction;
-        values.groupDelay = values.groupDelay - lanes::Select(none, T(0.0), turning);
+        values.groupDelay = values.groupDelay - turning;
     }
     values.dissipated = (T(1.0) - values.reflected) - values.GT;
     return values;

@@ -1,5 +1,6 @@
 #include "network/network.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <type_traits>
@@ -66,24 +67,75 @@ Immittance At(const Impedance::Group& group, double f) {
     return whole;
 }
 
-/// Calls visit(part) for every part of an impedance or a ladder, const or not.
-template <typename Of, typename Visit>
-void VisitParts(Of& of, const Visit& visit) {
-    if constexpr (std::is_same_v<std::remove_const_t<Of>, Impedance>) {
-        if (auto* part = std::get_if<Part>(&of.is)) visit(*part);
-        if (auto* group = std::get_if<Impedance::Group>(&of.is)) {
-            for (auto& member : group->members) VisitParts(member, visit);
-        }
-    } else {
-        for (auto& element : of) {
-            if (auto* arm = std::get_if<Arm>(&element.is)) VisitParts(arm->impedance, visit);
-            if (auto* coils = std::get_if<CoupledCoils>(&element.is)) {
-                visit(coils->first);
-                visit(coils->second);
-            }
-            if (auto* branch = std::get_if<Branch>(&element.is)) VisitParts(branch->ladder, visit);
+/// What stands at a place of the ladder: exactly one of part and line.
+template <typename PartPointer, typename LinePointer>
+struct Found {
+    PartPointer part;
+    LinePointer line;
+    Place place;
+    bool atSupply;
+    bool branch;
+};
+
+/// Calls visit(found) for everything of an impedance.
+template <typename ImpedanceOf, typename Visit>
+void VisitImpedance(ImpedanceOf& impedance, const auto& found, const Visit& visit) {
+    auto here = found;
+    if (auto* part = std::get_if<Part>(&impedance.is)) {
+        here.part = part;
+        visit(here);
+    } else if (auto* group = std::get_if<Impedance::Group>(&impedance.is)) {
+        here.place = group->parallel ? Place::Shunt : Place::Series;
+        for (auto& member : group->members) VisitImpedance(member, here, visit);
+    }
+}
+
+/// Calls visit(found) for every part and line of a ladder, const or not.
+template <typename Ladder, typename Visit>
+void VisitLadder(Ladder& ladder, bool branch, const Visit& visit) {
+    constexpr bool fixed = std::is_const_v<Ladder>;
+    using PartPointer = std::conditional_t<fixed, const Part*, Part*>;
+    using LinePointer = std::conditional_t<fixed, const Line*, Line*>;
+    using Here = Found<PartPointer, LinePointer>;
+    for (auto& element : ladder) {
+        if (auto* arm = std::get_if<Arm>(&element.is)) {
+            const Place place = arm->atSupply ? Place::Series : arm->place;
+            const Here here{nullptr, nullptr, place, arm->atSupply, branch};
+            VisitImpedance(arm->impedance, here, visit);
+        } else if (auto* line = std::get_if<Line>(&element.is)) {
+            const bool through = line->form == Line::Form::Through;
+            visit(Here{nullptr, line, through ? Place::Series : Place::Shunt, false, branch});
+        } else if (auto* coils = std::get_if<CoupledCoils>(&element.is)) {
+            visit(Here{&coils->first, nullptr, Place::Shunt, false, branch});
+            visit(Here{&coils->second, nullptr, Place::Shunt, false, branch});
         }
     }
+    for (auto& element : ladder) {
+        if (auto* side = std::get_if<Branch>(&element.is)) VisitLadder(side->ladder, true, visit);
+    }
+}
+
+/// The ladder and the terminations' named parts.
+template <typename Of, typename Visit>
+void VisitNetwork(Of& network, const Visit& visit) {
+    VisitLadder(network.ladder, false, visit);
+    using Pointer = decltype(std::get_if<Part>(&network.load.is));
+    using LinePointer = std::conditional_t<std::is_const_v<Of>, const Line*, Line*>;
+    for (auto* end : {&network.source, &network.load}) {
+        const Found<Pointer, LinePointer> here{nullptr, nullptr, Place::Shunt, false, false};
+        VisitImpedance(*end, here, [&visit](const auto& found) {
+            if (!found.part->name.empty()) visit(found);
+        });
+    }
+}
+
+template <typename PartPointer>
+std::vector<PartPointer> Parts(auto& ladder) {
+    std::vector<PartPointer> parts;
+    VisitLadder(ladder, false, [&parts](const auto& found) {
+        if (found.part) parts.push_back(found.part);
+    });
+    return parts;
 }
 
 PartLoss::Law Mirrored(PartLoss::Law law) {
@@ -93,6 +145,11 @@ PartLoss::Law Mirrored(PartLoss::Law law) {
 }
 
 }  // namespace
+
+bool Impedance::isNothing() const {
+    const auto* group = std::get_if<Group>(&is);
+    return group && group->parallel && group->members.empty();
+}
 
 bool Impedance::Measured::operator==(const Measured& other) const {
     return SameData(data, other.data) && port == other.port && conjugate == other.conjugate;
@@ -131,15 +188,49 @@ LadderElement ShuntArm(Impedance arm) {
 }
 
 std::vector<const Part*> PartsOf(const std::vector<LadderElement>& ladder) {
-    std::vector<const Part*> parts;
-    VisitParts(ladder, [&parts](const Part& part) { parts.push_back(&part); });
-    return parts;
+    return Parts<const Part*>(ladder);
 }
 
 std::vector<Part*> PartsOf(std::vector<LadderElement>& ladder) {
-    std::vector<Part*> parts;
-    VisitParts(ladder, [&parts](Part& part) { parts.push_back(&part); });
-    return parts;
+    return Parts<Part*>(ladder);
+}
+
+std::vector<ListedPart> ListOf(const Network& network) {
+    std::vector<ListedPart> list;
+    VisitNetwork(network, [&list](const auto& found) {
+        const auto& [part, line, place, atSupply, branch] = found;
+        list.push_back({part ? part->kind : PartKind::Resistor, line != nullptr, atSupply, branch,
+                        place, part ? part->name : line->name, part ? part->value : line->Z0});
+    });
+    return list;
+}
+
+std::vector<double*> ValuesOf(Network& network) {
+    std::vector<double*> values;
+    VisitNetwork(network, [&values](const auto& found) {
+        values.push_back(found.part ? &found.part->value : &found.line->Z0);
+    });
+    return values;
+}
+
+double PageTangent(const Network& network) {
+    double largest = 0;
+    VisitLadder(network.ladder, false, [&largest](const auto& found) {
+        if (found.line) {
+            largest = std::max(largest, found.line->tangent);
+        } else if (const PartLoss& loss = found.part->loss;
+                   loss.Q > 0 &&
+                   (loss.law == PartLoss::Law::Page || loss.law == PartLoss::Law::PageMirrored)) {
+            largest = std::max(largest, 1 / loss.Q);
+        }
+    });
+    return largest;
+}
+
+bool HasBranch(const Network& network) {
+    return std::ranges::any_of(network.ladder, [](const LadderElement& element) {
+        return std::holds_alternative<Branch>(element.is);
+    });
 }
 
 std::vector<LadderElement> Dual(std::vector<LadderElement> ladder, double f0) {
@@ -153,6 +244,11 @@ std::vector<LadderElement> Dual(std::vector<LadderElement> ladder, double f0) {
         part->loss.law = Mirrored(part->loss.law);
     }
     return ladder;
+}
+
+Network Dual(Network network, double f0) {
+    network.ladder = Dual(std::move(network.ladder), f0);
+    return network;
 }
 
 }  // namespace kelvro

@@ -51,6 +51,9 @@ struct Impedance {
     static Impedance InParallel(std::vector<Impedance> members) {
         return Group{true, std::move(members)};
     }
+    /// No connection: an open.
+    static Impedance Nothing() { return InParallel({}); }
+    bool isNothing() const;
 
     bool operator==(const Impedance&) const = default;
 };
@@ -156,7 +159,8 @@ struct Network {
     Termination load;
     double designFrequency = 0;  ///< Hz, of Smith paths and one-frequency matches; 0: none chosen
     std::vector<FrequencyBand> bands = {};
-    std::string caption = {};  ///< "Pi", where a design has two networks
+    std::string caption = {};     ///< "Pi", where a design has two networks
+    std::string sourceNode = {};  ///< name of the node between source and ladder; empty: unnamed
 
     bool operator==(const Network&) const = default;
 };
@@ -165,14 +169,38 @@ struct Network {
 LadderElement SeriesArm(Impedance arm, std::string node = {});
 LadderElement ShuntArm(Impedance arm);
 
-/// All parts of a ladder from source to load, branches and groups included but not the loads, as
-/// pointers into it.
+/// All parts of a ladder from source to load, groups included, branches behind the main path; not
+/// the loads. Pointers into it.
 std::vector<const Part*> PartsOf(const std::vector<LadderElement>& ladder);
 std::vector<Part*> PartsOf(std::vector<LadderElement>& ladder);
+
+/// A part as lists show it; of a line its characteristic impedance.
+struct ListedPart {
+    PartKind kind;
+    bool line;      ///< `kind` is Resistor then
+    bool atSupply;  ///< a choke, in series with the supply
+    bool branch;    ///< on a branch of the main path
+    Place place;    ///< among its neighbours: of a group by how its members stand together
+    std::string name;
+    double value;
+
+    std::string_view unit() const { return UnitOf(kind); }
+};
+/// What the ladder consists of, in the order of PartsOf, and the parts with a name that end it.
+std::vector<ListedPart> ListOf(const Network& network);
+/// The value behind each of the list's rows.
+std::vector<double*> ValuesOf(Network& network);
+
+/// Does another path leave the main one?
+bool HasBranch(const Network& network);
 
 /// The ladder with inductors and capacitors interchanged: each value becomes 1/(ω²·value), each
 /// name changes its letter, page losses turn to their mirrored form. Where all losses are the
 /// page's, its response is that of the ladder at the mirrored frequency -f0²/f.
 std::vector<LadderElement> Dual(std::vector<LadderElement> ladder, double f0);
+Network Dual(Network network, double f0);
+
+/// 1/Q of the page's loss law, the largest of all parts and lines; 0 where none has it.
+double PageTangent(const Network& network);
 
 }  // namespace kelvro

@@ -6,7 +6,7 @@
 #include <QString>
 #include <span>
 
-#include "design/circuit.h"
+#include "network/network.h"
 
 namespace kelvro {
 
@@ -17,17 +17,11 @@ struct CircuitColours {
     QColor value = QColor(0x00, 0x50, 0xA0);
 };
 
-/// What stands around a network: source and load of the design.
-struct CircuitEnds {
-    double R1 = 0;
-    double R2 = 0;
-};
-
-/// Draws the networks of a page as vector graphics, as large as fits into the area, centred: source
-/// with R1, the elements with name and present value, load R2, ground. A long ladder goes on in
+/// Draws networks as vector graphics, as large as fits into the area, centred: source with its
+/// resistance, the elements with name and present value, load, ground. A long ladder goes on in
 /// further rows.
-void PaintCircuits(QPainter& painter, const QRectF& area, std::span<const Circuit> circuits,
-                   const CircuitEnds& ends, const CircuitColours& colours = {});
+void PaintNetworks(QPainter& painter, const QRectF& area, std::span<const Network> networks,
+                   const CircuitColours& colours = {});
 
 /// A value with prefix and unit as people write it: "15.92 µH", "4.70 kΩ".
 QString ReadableValue(double value, std::string_view unit);

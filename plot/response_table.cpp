@@ -21,7 +21,7 @@ struct Column {
 /// The file is read by other programs: its columns stay these.
 constexpr std::array kColumns{Column{"gt", 3}, Column{"v", 3}, Column{"phi", 4}};
 
-std::string Line(const TraceSource& source, double f) {
+std::string RowText(const TraceSource& source, double f) {
     std::string line = FormatEng(7, 3, f);
     for (const auto& [trace, decimals] : kColumns) {
         line += ' ' + FormatFixed(7, decimals, TraceOf(trace).value(source, f));
@@ -41,7 +41,7 @@ std::string ResponseTable(const Design& state, double xmin, double xmax, bool lo
     // Extended precision, so that the last frequency reads as the range says.
     long double f = logarithmic ? low : low + step;
     for (int i = 0; i <= kSteps; ++i) {
-        table += Line(source, static_cast<double>(f));
+        table += RowText(source, static_cast<double>(f));
         f = logarithmic ? f * ratio : f + step;
     }
     return table;

@@ -12,9 +12,8 @@ CircuitView::CircuitView(QWidget* parent) : QWidget(parent) {
     setAutoFillBackground(true);
 }
 
-void CircuitView::show(std::vector<Circuit> circuits, const CircuitEnds& ends) {
-    circuits_ = std::move(circuits);
-    ends_ = ends;
+void CircuitView::show(std::vector<Network> networks) {
+    networks_ = std::move(networks);
     update();
 }
 
@@ -24,7 +23,7 @@ void CircuitView::paintEvent(QPaintEvent*) {
     const bool dark = palette().color(QPalette::Base).lightness() < 128;
     const CircuitColours colours{ink, ink,
                                  dark ? QColor(0x8A, 0xC4, 0xFF) : QColor(0x00, 0x50, 0xA0)};
-    PaintCircuits(painter, QRectF(rect()).adjusted(6, 6, -6, -6), circuits_, ends_, colours);
+    PaintNetworks(painter, QRectF(rect()).adjusted(6, 6, -6, -6), networks_, colours);
 }
 
 }  // namespace kelvro

@@ -3,7 +3,6 @@
 #include <QWidget>
 #include <vector>
 
-#include "design/circuit.h"
 #include "plot/circuit_painter.h"
 
 namespace kelvro {
@@ -13,7 +12,7 @@ class CircuitView : public QWidget {
   public:
     explicit CircuitView(QWidget* parent = nullptr);
 
-    void show(std::vector<Circuit> circuits, const CircuitEnds& ends);
+    void show(std::vector<Network> networks);
     using QWidget::show;
 
     QSize sizeHint() const override { return {560, 220}; }
@@ -23,8 +22,7 @@ class CircuitView : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    std::vector<Circuit> circuits_;
-    CircuitEnds ends_;
+    std::vector<Network> networks_;
 };
 
 }  // namespace kelvro

@@ -41,7 +41,7 @@ QString PartText(const std::optional<SizedPart>& part) {
 
 QStringList RowTexts(const Proposal& proposal) {
     QStringList texts(ColumnCount);
-    texts[Network] = Text(Title(proposal));
+    texts[Column::Network] = Text(Title(proposal));
     if (!proposal.suited) return texts;
     const auto& band = proposal.passband;
     texts[Gain] = DecibelText(proposal.gtDb);
@@ -153,7 +153,7 @@ void TFormProposal::buildTable() {
                         "impedance at fo"));
     table_->header()->setStretchLastSection(false);
     table_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    table_->header()->setSectionResizeMode(Network, QHeaderView::Stretch);
+    table_->header()->setSectionResizeMode(Column::Network, QHeaderView::Stretch);
     connect(table_, &QTreeWidget::itemActivated, this, &TFormProposal::ButtonGoClick);
     connect(table_, &QTreeWidget::currentItemChanged, this,
             [this] { go_->setEnabled(current() && current()->suited); });
@@ -230,9 +230,9 @@ void TFormProposal::addRow(const Proposal& proposal, int index) {
     }
     QFont bold = table_->font();
     bold.setBold(proposal.suited);
-    row->setFont(Network, bold);
+    row->setFont(Column::Network, bold);
     if (!proposal.suited)
-        row->setForeground(Network, palette().brush(QPalette::Disabled, QPalette::Text));
+        row->setForeground(Column::Network, palette().brush(QPalette::Disabled, QPalette::Text));
     row->setExpanded(true);
 }
 

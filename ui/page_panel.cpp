@@ -247,7 +247,7 @@ QWidget* PagePanel::buildTable() {
 }
 
 QWidget* PagePanel::buildPicture() {
-    if (!page_.circuit) return nullptr;
+    if (!page_.networks) return nullptr;
     picture_ = new CircuitView;
     picture_->setObjectName(QStringLiteral("Image%1").arg(page_.number));
     picture_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
@@ -357,13 +357,20 @@ void PagePanel::refresh() {
 void PagePanel::showPicture() {
     const Design& state = session_.design();
     if (state.page != page_.number) return;
-    std::vector<Circuit> circuits = ShownCircuits(state);
-    // The slots of a refused design hold another page's values.
-    for (Circuit& circuit : circuits)
-        for (Element& element : circuit.elements)
-            if (refused_ && element.slot != Slot::None)
-                element.value = std::numeric_limits<double>::quiet_NaN();
-    picture_->show(std::move(circuits), {state.R1, state.R2});
+    std::vector<Network> networks = ShownNetworks(state);
+    if (refused_) std::ranges::for_each(networks, [this](Network& network) { blank(network); });
+    picture_->show(std::move(networks));
+}
+
+/// The slots of a refused design hold another page's values.
+void PagePanel::blank(Network& network) const {
+    const std::vector<ListedPart> listed = ListOf(network);
+    const std::vector<double*> values = ValuesOf(network);
+    const bool duals = page_.showsDuals(session_.design());
+    for (std::size_t i = 0; i < listed.size(); ++i) {
+        const auto part = PartOf(page_, network, listed[i].name, duals);
+        if (part && part->slot != Slot::None) *values[i] = std::numeric_limits<double>::quiet_NaN();
+    }
 }
 
 void PagePanel::showCaptions() {

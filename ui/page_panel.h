@@ -81,6 +81,7 @@ class PagePanel : public QWidget {
     void CheckBoxClick(bool checked);
     void showCaptions();
     void showPicture();
+    void blank(Network& network) const;
     void showTable(const std::vector<TableRow>& rows);
     /// Components as the design says that they are shown.
     void showParts();

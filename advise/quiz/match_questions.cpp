@@ -71,8 +71,8 @@ Question GammaQ(Numbers& n) {
 Question GammaSide(Numbers& n) {
     const Task task = n.below(2) == 0 ? Rising(n) : Falling(n);
     const WorkedDesign design = Match(13, task.R1, task.R2, task.fo);
-    const Circuit circuit = PageOf(13).builtCircuit(design.state);
-    const bool source = circuit.elements.front().place == Place::Shunt;
+    const auto networks = PageOf(13).builtNetworks(design.state);
+    const bool source = ListOf(networks.front()).front().place == Place::Shunt;
     std::vector<std::string> choices = {"across the source", "across the load"};
     if (!source) std::swap(choices[0], choices[1]);
     return Choose(n, kMatching,

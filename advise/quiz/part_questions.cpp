@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "advise/quiz/bank.h"
-#include "design/circuit.h"
+#include "network/network.h"
 
 namespace kelvro::quiz {
 
@@ -141,12 +141,11 @@ Question TrapOpen(Numbers& n) {
 Question DualValue(Numbers& n) {
     const double C = Capacitance(n);
     const double fo = n.oneOf({10.7e6, 27e6, 50e6, 100e6});
-    const Circuit circuit{Topology::Ladder,
-                          {{ElementKind::Capacitor, Place::Shunt, "C1", C, Slot::C1, {}}}};
+    const auto dual = Dual({ShuntArm(Part::C(C))}, fo);
     return Ask(kParts,
                "A network for " + Say(fo, "Hz") + " has its L and C interchanged. What replaces " +
                    Say(C, "F") + "?",
-               Dual(circuit, fo).elements.front().value, "H",
+               PartsOf(dual).front()->value, "H",
                "The coil of the same reactance at fo: L = 1/((2π·fo)²·C).");
 }
 

@@ -100,8 +100,9 @@ Question PassesDc(Numbers& n) {
     std::vector<std::string> others;
     for (const int page : {1, 3, 5, 6, 13, 14, 17}) {
         const WorkedDesign design = Match(page, R1, R2, 100e6, 10);
-        const Circuit circuit = PageOf(page).builtCircuit(design.state);
-        (DcPathOf(circuit) == wanted ? fitting : others).emplace_back(PageOf(page).caption);
+        const auto networks = PageOf(page).builtNetworks(design.state);
+        (DcPathOf(networks.front()) == wanted ? fitting : others)
+            .emplace_back(PageOf(page).caption);
     }
     std::vector<std::string> choices = {
         fitting[static_cast<std::size_t>(n.below(static_cast<int>(fitting.size())))]};

@@ -47,11 +47,10 @@ Transfer PassiveLTransfer(const Design& s) {
     return Transfer::Polynomial(1, 0, {1 + (s.R1 + Rs) * (1 / Rp + 1 / s.R2), 0, 0, 0, 0});
 }
 
-Circuit PassiveLCircuit(const Design& s) {
-    using enum ElementKind;
-    return {Topology::Ladder,
-            {PagePart(Resistor, Place::Series, "R1´", s, Slot::C1, "R17Ausgabe"),
-             PagePart(Resistor, Place::Shunt, "R2´", s, Slot::C2, "R27Ausgabe")}};
+std::vector<Network> PassiveLNetworks(const Design& s) {
+    using enum PartKind;
+    return {PageNetwork(s, {SeriesArm(PagePart(Resistor, "R1´", s, Slot::C1)),
+                            ShuntArm(PagePart(Resistor, "R2´", s, Slot::C2))})};
 }
 
 /// The optimizer's exercise on this page: a quadratic form, 0 at (1, -4).
@@ -138,22 +137,22 @@ Transfer PadTransfer(const Design& s) {
     return Transfer::Polynomial(1, 0, {(R1 + R2 + R1 * R2 / Rp) / s.R2, 0, 0, 0, 0});
 }
 
-Circuit PadT(const Design& s) {
-    using enum ElementKind;
-    return {.topology = Topology::Ladder,
-            .elements = {PagePart(Resistor, Place::Series, "Ra", s, kSourceT, "RaT8Ausgabe"),
-                         PagePart(Resistor, Place::Shunt, "Rp", s, kShuntT, "RpT8Ausgabe"),
-                         PagePart(Resistor, Place::Series, "Rb", s, kLoadT, "RbT8Ausgabe")},
-            .caption = "T"};
+std::vector<Network> PadT(const Design& s) {
+    using enum PartKind;
+    Network pad = PageNetwork(s, {SeriesArm(PagePart(Resistor, "Ra", s, kSourceT)),
+                                  ShuntArm(PagePart(Resistor, "Rp", s, kShuntT)),
+                                  SeriesArm(PagePart(Resistor, "Rb", s, kLoadT))});
+    pad.caption = "T";
+    return {pad};
 }
 
-Circuit PadPi(const Design& s) {
-    using enum ElementKind;
-    return {.topology = Topology::Ladder,
-            .elements = {PagePart(Resistor, Place::Shunt, "Ra", s, kSourcePi, "RaPi8Ausgabe"),
-                         PagePart(Resistor, Place::Series, "Rs", s, kSeriesPi, "RsPi8Ausgabe"),
-                         PagePart(Resistor, Place::Shunt, "Rb", s, kLoadPi, "RbPi8Ausgabe")},
-            .caption = "Pi"};
+Network PadPi(const Design& s) {
+    using enum PartKind;
+    Network pad = PageNetwork(s, {ShuntArm(PagePart(Resistor, "Ra", s, kSourcePi)),
+                                  SeriesArm(PagePart(Resistor, "Rs", s, kSeriesPi)),
+                                  ShuntArm(PagePart(Resistor, "Rb", s, kLoadPi))});
+    pad.caption = "Pi";
+    return pad;
 }
 
 std::vector<OutputField> PadOutputs() {
@@ -207,7 +206,8 @@ Page PassiveLPage() {
     page.design = DesignPassiveL;
     page.transfer = PassiveLTransfer;
     page.refersToItself = IsPad;
-    page.circuit = PassiveLCircuit;
+    page.networks = PassiveLNetworks;
+    page.parts = {{"R1´", Slot::C1, "R17Ausgabe"}, {"R2´", Slot::C2, "R27Ausgabe"}};
     return page;
 }
 
@@ -243,7 +243,10 @@ Page PassivePiTPage() {
     page.outputs = PadOutputs();
     page.design = DesignPads;
     page.transfer = PadTransfer;
-    page.circuit = PadT;
+    page.networks = PadT;
+    page.parts = {{"Ra", kSourceT, "RaT8Ausgabe", "T"},    {"Rp", kShuntT, "RpT8Ausgabe", "T"},
+                  {"Rb", kLoadT, "RbT8Ausgabe", "T"},      {"Ra", kSourcePi, "RaPi8Ausgabe", "Pi"},
+                  {"Rs", kSeriesPi, "RsPi8Ausgabe", "Pi"}, {"Rb", kLoadPi, "RbPi8Ausgabe", "Pi"}};
     page.alternative = PadPi;
     return page;
 }

@@ -30,15 +30,12 @@ Transfer BalunTransfer(const Design& s) {
     return Transfer::Polynomial(G1, 0, {G1 + G2, L * G1 * G2 + 2 * C, L * C * (G1 + G2), 0, 0});
 }
 
-Circuit BalunCircuit(const Design& s) {
-    using enum ElementKind;
-    Circuit circuit{Topology::Balun,
-                    {PagePart(Inductor, Place::Series, "L", s, Slot::L, "L9Ausgabe"),
-                     PagePart(Capacitor, Place::Shunt, "C", s, Slot::C1, "C9Ausgabe"),
-                     PagePart(Capacitor, Place::Series, "C", s, Slot::C1, "C9Ausgabe"),
-                     PagePart(Inductor, Place::Shunt, "L", s, Slot::L, "L9Ausgabe")}};
-    circuit.elements[2].branch = circuit.elements[3].branch = 1;
-    return circuit;
+std::vector<Network> BalunNetworks(const Design& s) {
+    using enum PartKind;
+    const Part L = PagePart(Inductor, "L", s, Slot::L);
+    const Part C = PagePart(Capacitor, "C", s, Slot::C1);
+    return {
+        PageNetwork(s, {{Branch{{SeriesArm(C), ShuntArm(L)}, s.R2}}, SeriesArm(L), ShuntArm(C)})};
 }
 
 /// A model fitted to a grid of samples, as an exercise of the optimizer: the third parameter has no
@@ -93,7 +90,7 @@ Page LcBalunPage() {
     page.transferText = "V(s) = G[1] / (s²LC(G[1] + G[2]) + s(LG[1]G[2] + 2C) + G[1] + G[2])";
     page.design = DesignBalun;
     page.transfer = BalunTransfer;
-    page.circuit = BalunCircuit;
+    page.networks = BalunNetworks;
     return page;
 }
 

@@ -106,26 +106,36 @@ void DesignBandPass(DesignPass& pass) {
     pass.setBandwidth(s.fo / pass.Qe);
 }
 
-Circuit BandPassCircuit(const Design& s) {
-    using enum ElementKind;
-    constexpr std::array<std::string_view, 9> couplings = {"C01", "C12", "C23", "C34", "C45",
-                                                           "C56", "C67", "C78", "C89"};
-    constexpr std::array<std::string_view, 8> resonators = {"C1", "C2", "C3", "C4",
-                                                            "C5", "C6", "C7", "C8"};
-    constexpr std::array<std::string_view, 8> inductors = {"L1", "L2", "L3", "L4",
-                                                           "L5", "L6", "L7", "L8"};
-    Circuit circuit{Topology::Ladder, {}};
-    const auto add = [&](Place place, std::string_view name, Slot slot) {
-        circuit.elements.push_back(PagePart(Capacitor, place, name, s, slot, {}));
-    };
-    add(Place::Series, couplings[0], CouplingSlot(0));
+constexpr std::array<std::string_view, 9> kCouplings = {"C01", "C12", "C23", "C34", "C45",
+                                                        "C56", "C67", "C78", "C89"};
+constexpr std::array<std::string_view, 8> kResonators = {"C1", "C2", "C3", "C4",
+                                                         "C5", "C6", "C7", "C8"};
+constexpr std::array<std::string_view, 8> kInductors = {"L1", "L2", "L3", "L4",
+                                                        "L5", "L6", "L7", "L8"};
+
+Network BandPassNetwork(const Design& s) {
+    using enum PartKind;
+    std::vector<LadderElement> ladder{
+        SeriesArm(PagePart(Capacitor, kCouplings[0], s, CouplingSlot(0)))};
     for (std::size_t i = 0; i < static_cast<std::size_t>(s.NBP); ++i) {
-        add(Place::Shunt, resonators[i], ResonatorSlot(i));
-        circuit.elements.push_back(
-            {Inductor, Place::Shunt, std::string(inductors[i]), s.LBP, Slot::None, "L17Eingabe"});
-        add(Place::Series, couplings[i + 1], CouplingSlot(i + 1));
+        ladder.push_back(ShuntArm(PagePart(Capacitor, kResonators[i], s, ResonatorSlot(i))));
+        ladder.push_back(ShuntArm(PagePart(Inductor, kInductors[i], s, s.LBP)));
+        ladder.push_back(SeriesArm(PagePart(Capacitor, kCouplings[i + 1], s, CouplingSlot(i + 1))));
     }
-    return circuit;
+    return PageNetwork(s, std::move(ladder));
+}
+
+/// The table of the page has a row for every part, but the parts have no field of their own.
+std::vector<PartRow> BandPassParts() {
+    std::vector<PartRow> parts;
+    for (std::size_t i = 0; i < kCouplings.size(); ++i) {
+        parts.push_back({std::string(kCouplings[i]), CouplingSlot(i)});
+    }
+    for (std::size_t i = 0; i < kResonators.size(); ++i) {
+        parts.push_back({std::string(kResonators[i]), ResonatorSlot(i)});
+        parts.push_back({std::string(kInductors[i]), Slot::None, "L17Eingabe"});
+    }
+    return parts;
 }
 
 }  // namespace
@@ -176,8 +186,9 @@ Page BandPassPage() {
                     {0, 3}}};
     page.table = "Bp17Tabelle";
     page.design = DesignBandPass;
-    page.transfer = [](const Design& s) { return Transfer::Ladder(BandPassCircuit(s)); };
-    page.circuit = BandPassCircuit;
+    page.transfer = [](const Design& s) { return Transfer::Ladder(BandPassNetwork(s)); };
+    page.networks = [](const Design& s) { return std::vector{BandPassNetwork(s)}; };
+    page.parts = BandPassParts();
     return page;
 }
 

@@ -80,31 +80,27 @@ void DesignBroadband(DesignPass& pass) {
     pass.setBandwidth(s.fo / pass.Qe);
 }
 
-Circuit BroadbandCircuit(const Design& s) {
-    using enum ElementKind;
-    const auto L = [](std::string_view name, double value, Slot slot, std::string_view field) {
-        return Element{Inductor, Place::Series, std::string(name), value, slot, field};
+Network BroadbandNetwork(const Design& s) {
+    const auto L = [&s](std::string_view name, double value) {
+        return SeriesArm(PagePart(PartKind::Inductor, name, s, value));
     };
-    const auto C = [](std::string_view name, double value, Slot slot, std::string_view field) {
-        return Element{Capacitor, Place::Shunt, std::string(name), value, slot, field};
+    const auto C = [&s](std::string_view name, double value) {
+        return ShuntArm(PagePart(PartKind::Capacitor, name, s, value));
     };
-    Circuit circuit{Topology::Ladder,
-                    {L("L1", FrontL::first(s), Slot::L, "L116Ausgabe"),
-                     C("C1", FrontC::first(s), Slot::C1, "C116Ausgabe"),
-                     L("L2", FrontL::second(s), Slot::L2, "L216Ausgabe"),
-                     C("C2", FrontC::second(s), Slot::C2, "C216Ausgabe")}};
-    if (!s.eightElements) return circuit;
-    auto& elements = circuit.elements;
-    elements.push_back(L("L3", BackL::first(s), Slot::X7, "L316Ausgabe"));
-    elements.push_back(C("C3", BackC::first(s), Slot::X5, "C316Ausgabe"));
-    elements.push_back(L("L4", BackL::second(s), Slot::X8, "L416Ausgabe"));
-    elements.push_back(C("C4", BackC::second(s), Slot::X6, "C416Ausgabe"));
-    return circuit;
+    std::vector<LadderElement> ladder{L("L1", FrontL::first(s)), C("C1", FrontC::first(s)),
+                                      L("L2", FrontL::second(s)), C("C2", FrontC::second(s))};
+    if (s.eightElements) {
+        ladder.push_back(L("L3", BackL::first(s)));
+        ladder.push_back(C("C3", BackC::first(s)));
+        ladder.push_back(L("L4", BackL::second(s)));
+        ladder.push_back(C("C4", BackC::second(s)));
+    }
+    return PageNetwork(s, std::move(ladder));
 }
 
 /// V(s) of R1 - L1 - C1 across - L2 - (C2 || R2); of four sections by chain matrices.
 Transfer BroadbandTransfer(const Design& s) {
-    if (s.eightElements) return Transfer::Ladder(BroadbandCircuit(s));
+    if (s.eightElements) return Transfer::Ladder(BroadbandNetwork(s));
     const long double C1 = s.components[Slot::C1];
     const long double C2 = s.components[Slot::C2];
     const long double L1 = s.components[Slot::L];
@@ -254,7 +250,7 @@ Page BroadbandMatchPage() {
     page.outputs = BroadbandOutputs();
     page.design = DesignBroadband;
     page.transfer = BroadbandTransfer;
-    page.circuit = BroadbandCircuit;
+    page.networks = [](const Design& s) { return std::vector{BroadbandNetwork(s)}; };
     return page;
 }
 

@@ -56,8 +56,4 @@ OutputField Component(std::string_view object, std::string_view name, std::strin
 std::vector<InputField> SupplyInputs(std::string_view P, std::string_view Ub,
                                      std::string_view Usat);
 
-/// An element of a circuit that keeps its value in a slot.
-Element PagePart(ElementKind kind, Place place, std::string_view name, const Design& state,
-                 Slot slot, std::string_view field);
-
 }  // namespace kelvro

@@ -56,15 +56,18 @@ void DesignStage(DesignPass& pass) {
     pass.setBandwidth(s.fo / s.Q);
 }
 
-Circuit StageCircuit(const Design& s) {
-    using enum ElementKind;
-    return {Topology::ClassE,
-            {PagePart(Choke, Place::Series, "Lc", s, Slot::L, "Lc15Ausgabe"),
-             {Switch, Place::Shunt, "S", 0, Slot::None, {}},
-             PagePart(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C115Ausgabe"),
-             PagePart(Capacitor, Place::Series, "C2", s, Slot::C2, "C215Ausgabe"),
-             PagePart(Inductor, Place::Series, "L2", s, Slot::L2, "L215Ausgabe"),
-             PagePart(Resistor, Place::Shunt, "R", s, Slot::X5, "R15Ausgabe")}};
+std::vector<Network> StageNetworks(const Design& s) {
+    using enum PartKind;
+    Network stage{.source = Impedance::Nothing(),
+                  .ladder = {{Arm{Place::Shunt, PagePart(Inductor, "Lc", s, Slot::L), true}},
+                             {Switch{"S"}},
+                             ShuntArm(PagePart(Capacitor, "C1", s, Slot::C1)),
+                             SeriesArm(PagePart(Capacitor, "C2", s, Slot::C2)),
+                             SeriesArm(PagePart(Inductor, "L2", s, Slot::L2))},
+                  .load = PagePart(Resistor, "R", s, Slot::X5),
+                  .designFrequency = s.fo};
+    stage.sourceNode = "Ub";
+    return {stage};
 }
 
 std::vector<InputField> StageInputs(Limits typedQ) {
@@ -115,7 +118,7 @@ std::vector<OutputField> StageOutputs() {
 ClassEStage ClassEStageOf(const Design& design, bool lossy) {
     const Slots& parts = design.components;
     const double omega = kTwoPi * design.fo;
-    const double tangent = lossy ? (1 / design.QBC + 1 / design.QB) / 2 : 0;
+    const double tangent = lossy ? LossTangent(design) : 0;
     const double C1 = parts[Slot::C1];
     const double C2 = parts[Slot::C2];
     const double L2 = parts[Slot::L2];
@@ -171,7 +174,7 @@ Page ClassEPage() {
     page.outputs = StageOutputs();
     page.switched = true;
     page.design = DesignStage;
-    page.circuit = StageCircuit;
+    page.networks = StageNetworks;
     return page;
 }
 

@@ -61,21 +61,22 @@ PageGoal DividerGoal() {
     return goal;
 }
 
-Circuit DividerCircuit(const Design& s) {
-    static constexpr std::array<std::string_view, 8> names = {"RD1", "RD2", "RD3", "RD4",
-                                                              "RD5", "RD6", "RD7", "RD8"};
-    static constexpr std::array<std::string_view, 8> fields = {
-        "RD119Ausgabe", "RD219Ausgabe", "RD319Ausgabe", "RD419Ausgabe",
-        "RD519Ausgabe", "RD619Ausgabe", "RD719Ausgabe", "RD819Ausgabe"};
-    Circuit circuit{Topology::Divider, {}};
-    const auto add = [&](std::size_t i, Place place) {
-        circuit.elements.push_back(
-            PagePart(ElementKind::Resistor, place, names[i], s, kStringSlots[i], fields[i]));
-    };
-    for (std::size_t i = kBandGap; i-- > 0;) add(i, Place::Series);  // from Vref down to ground
-    add(kBandGap, Place::Shunt);
-    circuit.elements.back().branch = 1;
-    return circuit;
+/// The string from Vref down to ground, and the band-gap resistor that its current feeds.
+std::vector<Network> DividerNetworks(const Design& s) {
+    using enum PartKind;
+    constexpr std::array<const char*, kBandGap> taps = {"",      "Vlow1", "Vlow2", "Vmid1",
+                                                        "Vmid2", "Vhi1",  "Vhi2"};
+    Network string{.source = 0.0, .ladder = {}, .load = 0.0};
+    string.sourceNode = "Vref";
+    for (std::size_t i = kBandGap; i-- > 0;) {
+        const std::string name = "RD" + std::to_string(i + 1);
+        string.ladder.push_back(SeriesArm(PagePart(Resistor, name, s, kStringSlots[i]), taps[i]));
+    }
+    Network bandGap{.source = Impedance::Nothing(),
+                    .ladder = {ShuntArm(PagePart(Resistor, "RD8", s, kStringSlots[kBandGap]))},
+                    .load = Impedance::Nothing()};
+    bandGap.sourceNode = "Vbg";
+    return {string, bandGap};
 }
 
 std::vector<InputField> DividerInputs() {
@@ -150,7 +151,8 @@ Page RDividerPage() {
     page.inputs = DividerInputs();
     page.outputs = DividerOutputs();
     page.design = DesignDivider;
-    page.circuit = DividerCircuit;
+    page.networks = DividerNetworks;
+    page.atFrequency = false;
     return page;
 }
 

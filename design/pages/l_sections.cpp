@@ -46,13 +46,12 @@ Transfer GammaTransfer(const Design& s) {
     return Transfer::Polynomial(G1, 0, {G1 + G2, C + L * G1 * G2, L * C * std::max(G1, G2), 0, 0});
 }
 
-Circuit GammaCircuit(const Design& s) {
-    using enum ElementKind;
-    Circuit circuit{Topology::Ladder,
-                    {PagePart(Inductor, Place::Series, "L", s, Slot::L, "L13Ausgabe"),
-                     PagePart(Capacitor, Place::Shunt, "C", s, Slot::C1, "C13GAusgabe")}};
-    if (s.R1 > s.R2) std::swap(circuit.elements[0], circuit.elements[1]);
-    return circuit;
+std::vector<Network> GammaNetworks(const Design& s) {
+    using enum PartKind;
+    LadderElement L = SeriesArm(PagePart(Inductor, "L", s, Slot::L));
+    LadderElement C = ShuntArm(PagePart(Capacitor, "C", s, Slot::C1));
+    if (s.R1 > s.R2) std::swap(L, C);
+    return {PageNetwork(s, {std::move(L), std::move(C)})};
 }
 
 // ---------------------------------------------------------------- LCCL
@@ -90,13 +89,12 @@ Transfer LcclTransfer(const Design& s) {
          G1 * (R1 * C1 * L2 * C2 + L1 * L2 * G2 * (C1 + C2)), G1 * L1 * C1 * L2 * C2});
 }
 
-Circuit LcclCircuit(const Design& s) {
-    using enum ElementKind;
-    return {Topology::Ladder,
-            {PagePart(Inductor, Place::Series, "L1", s, Slot::L, "L114Ausgabe"),
-             PagePart(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C114Ausgabe"),
-             PagePart(Capacitor, Place::Series, "C2", s, Slot::C2, "C214Ausgabe"),
-             PagePart(Inductor, Place::Shunt, "L2", s, Slot::L2, "L214Ausgabe")}};
+std::vector<Network> LcclNetworks(const Design& s) {
+    using enum PartKind;
+    return {PageNetwork(s, {SeriesArm(PagePart(Inductor, "L1", s, Slot::L)),
+                            ShuntArm(PagePart(Capacitor, "C1", s, Slot::C1)),
+                            SeriesArm(PagePart(Capacitor, "C2", s, Slot::C2)),
+                            ShuntArm(PagePart(Inductor, "L2", s, Slot::L2))})};
 }
 
 // ---------------------------------------------------------------- double L
@@ -132,13 +130,12 @@ Transfer DoubleLTransfer(const Design& s) {
          C1 * C2 * (L1 + L2) + G1 * G2 * L1 * L2 * (C1 + C2), L1 * L2 * C1 * C2 * (G1 + G2)});
 }
 
-Circuit DoubleLCircuit(const Design& s) {
-    using enum ElementKind;
-    return {Topology::Ladder,
-            {PagePart(Inductor, Place::Shunt, "L1", s, Slot::L, "L118Ausgabe"),
-             PagePart(Capacitor, Place::Series, "C1", s, Slot::C1, "C118Ausgabe"),
-             PagePart(Inductor, Place::Shunt, "L2", s, Slot::L2, "L218Ausgabe"),
-             PagePart(Capacitor, Place::Series, "C2", s, Slot::C2, "C218Ausgabe")}};
+std::vector<Network> DoubleLNetworks(const Design& s) {
+    using enum PartKind;
+    return {PageNetwork(s, {ShuntArm(PagePart(Inductor, "L1", s, Slot::L)),
+                            SeriesArm(PagePart(Capacitor, "C1", s, Slot::C1)),
+                            ShuntArm(PagePart(Inductor, "L2", s, Slot::L2)),
+                            SeriesArm(PagePart(Capacitor, "C2", s, Slot::C2))})};
 }
 
 PageGoal DoubleLGoal() {
@@ -194,7 +191,7 @@ Page LcGammaPage() {
     for (OutputField& field : page.outputs) field.initial = kNoValueYet;
     page.design = DesignGamma;
     page.transfer = GammaTransfer;
-    page.circuit = GammaCircuit;
+    page.networks = GammaNetworks;
     return page;
 }
 
@@ -227,7 +224,7 @@ Page LcclMatchPage() {
     for (OutputField& field : page.outputs) field.initial = kNoValueYet;
     page.design = DesignLccl;
     page.transfer = LcclTransfer;
-    page.circuit = LcclCircuit;
+    page.networks = LcclNetworks;
     return page;
 }
 
@@ -261,7 +258,7 @@ Page DoubleLPage() {
     for (OutputField& field : page.outputs) field.initial = kNoValueYet;
     page.design = DesignDoubleL;
     page.transfer = DoubleLTransfer;
-    page.circuit = DoubleLCircuit;
+    page.networks = DoubleLNetworks;
     return page;
 }
 

@@ -60,12 +60,11 @@ Transfer SeriesTankTransfer(const Design& s) {
                                  L * C1 / (R1 * R2) + C2 * C1, L * C1 * C2 / R1, 0});
 }
 
-Circuit SeriesTankCircuit(const Design& s) {
-    using enum ElementKind;
-    return {Topology::Ladder,
-            {PagePart(Inductor, Place::Series, "L", s, Slot::L, "L1Ausgabe"),
-             PagePart(Capacitor, Place::Series, "C1", s, Slot::C1, "C11Ausgabe"),
-             PagePart(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C21Ausgabe")}};
+std::vector<Network> SeriesTankNetworks(const Design& s) {
+    using enum PartKind;
+    return {PageNetwork(s, {SeriesArm(PagePart(Inductor, "L", s, Slot::L)),
+                            SeriesArm(PagePart(Capacitor, "C1", s, Slot::C1)),
+                            ShuntArm(PagePart(Capacitor, "C2", s, Slot::C2))})};
 }
 
 // ---------------------------------------------------------------- parallel tank
@@ -105,12 +104,11 @@ Transfer ParallelTankTransfer(const Design& s) {
         {1 / R2, L / (R2 * R1) + C1 + C2, L * C2 / R1 + L * C1 / R2 + L * C1 / R1, L * C1 * C2, 0});
 }
 
-Circuit ParallelTankCircuit(const Design& s) {
-    using enum ElementKind;
-    return {Topology::Ladder,
-            {PagePart(Inductor, Place::Shunt, "L", s, Slot::L, "L2Ausgabe"),
-             PagePart(Capacitor, Place::Series, "C1", s, Slot::C1, "C12Ausgabe"),
-             PagePart(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C22Ausgabe")}};
+std::vector<Network> ParallelTankNetworks(const Design& s) {
+    using enum PartKind;
+    return {PageNetwork(s, {ShuntArm(PagePart(Inductor, "L", s, Slot::L)),
+                            SeriesArm(PagePart(Capacitor, "C1", s, Slot::C1)),
+                            ShuntArm(PagePart(Capacitor, "C2", s, Slot::C2))})};
 }
 
 }  // namespace
@@ -155,7 +153,7 @@ Page LcSeriesTankPage() {
         "s(C[2]G[1] + C[1]G[2] + C[1]G[1]) + G[1]G[2])";
     page.design = DesignSeriesTank;
     page.transfer = SeriesTankTransfer;
-    page.circuit = SeriesTankCircuit;
+    page.networks = SeriesTankNetworks;
     return page;
 }
 
@@ -194,7 +192,7 @@ Page LcParallelTankPage() {
         "s(LG[2]G[1] + C[1] + C[2]) + G[2])";
     page.design = DesignParallelTank;
     page.transfer = ParallelTankTransfer;
-    page.circuit = ParallelTankCircuit;
+    page.networks = ParallelTankNetworks;
     return page;
 }
 

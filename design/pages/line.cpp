@@ -35,11 +35,11 @@ void DesignLine(DesignPass& pass) {
     pass.optimize();
 }
 
-Circuit LineCircuit(const Design& s) {
-    Circuit circuit{Topology::Ladder,
-                    {PagePart(ElementKind::Line, Place::Series, "ZL", s, Slot::ZL, "ZL6Ausgabe")}};
-    circuit.lineAngleFo = std::numbers::pi / 2;
-    return circuit;
+std::vector<Network> LineNetworks(const Design& s) {
+    return {PageNetwork(s, {{Line{.Z0 = s.components[Slot::ZL],
+                                  .length = {.degrees = 90, .atHertz = s.fo, .er = s.er},
+                                  .tangent = LossTangent(s),
+                                  .name = "ZL"}}})};
 }
 
 /// M. J. D. Powell's singular function in other units: 0 at (-1, 5, 2, 1).
@@ -88,7 +88,7 @@ Page LinePage() {
     page.outputs[1].format = Fixed(7, 3);
     page.design = DesignLine;
     page.transfer = [](const Design& s) { return Transfer::Line(s.components[Slot::ZL]); };
-    page.circuit = LineCircuit;
+    page.networks = LineNetworks;
     return page;
 }
 

@@ -13,9 +13,13 @@ namespace {
 
 constexpr Limits kReactanceLimits{1e-18, 1e6};  // H and F
 
-Element Given(ElementKind kind, Place place, std::string_view name, double value,
-              std::string_view field, int branch) {
-    return {kind, place, std::string(name), value, Slot::None, field, branch};
+/// A network that is connected at one end only.
+Network OnePort(const Design& s, Impedance arm, std::string caption = {}) {
+    return {.source = Impedance::Nothing(),
+            .ladder = {ShuntArm(std::move(arm))},
+            .load = Impedance::Nothing(),
+            .designFrequency = s.fo,
+            .caption = std::move(caption)};
 }
 
 // ---------------------------------------------------------------- real coil and capacitor
@@ -42,23 +46,19 @@ void DesignEffective(DesignPass& pass) {
 }
 
 /// The coil: L and R in series, its own capacitance across them.
-Circuit CoilCircuit(const Design& s) {
-    using enum ElementKind;
-    return {.topology = Topology::OnePort,
-            .elements = {Given(Resistor, Place::Series, "R", s.R, "R11Eingabe", 0),
-                         Given(Inductor, Place::Series, "L", s.L, "L11Eingabe", 0),
-                         Given(Capacitor, Place::Shunt, "C", s.C, "C11Eingabe", 1)},
-            .caption = "Coil"};
+std::vector<Network> CoilNetworks(const Design& s) {
+    return {
+        OnePort(s,
+                Impedance::InParallel({Impedance::InSeries({Part::R(s.R, "R"), Part::L(s.L, "L")}),
+                                       Part::C(s.C, "C")}),
+                "Coil")};
 }
 
 /// The capacitor: its leads' inductance and its loss in series.
-Circuit CapacitorCircuit(const Design& s) {
-    using enum ElementKind;
-    return {.topology = Topology::OnePort,
-            .elements = {Given(Resistor, Place::Series, "R", s.R, "R11Eingabe", 0),
-                         Given(Inductor, Place::Series, "L", s.L, "L11Eingabe", 0),
-                         Given(Capacitor, Place::Series, "C", s.C, "C11Eingabe", 0)},
-            .caption = "Capacitor"};
+Network CapacitorNetwork(const Design& s) {
+    return OnePort(s,
+                   Impedance::InSeries({Part::R(s.R, "R"), Part::L(s.L, "L"), Part::C(s.C, "C")}),
+                   "Capacitor");
 }
 
 // ---------------------------------------------------------------- combined tank
@@ -95,12 +95,12 @@ std::string FindTank(Design& s) {
     return {};
 }
 
-Circuit CombinedTankCircuit(const Design& s) {
-    using enum ElementKind;
-    return {Topology::Tank,
-            {Given(Inductor, Place::Series, "Ls", s.Ls, "Ls12Eingabe", 0),
-             Given(Capacitor, Place::Series, "Cs", s.Cs, "Cs12Eingabe", 0),
-             Given(Inductor, Place::Shunt, "Lp", s.Lp, "Lp12Eingabe", 1)}};
+std::vector<Network> CombinedTankNetworks(const Design& s) {
+    using enum PartKind;
+    return {
+        OnePort(s, Impedance::InParallel({Impedance::InSeries({PagePart(Inductor, "Ls", s, s.Ls),
+                                                               PagePart(Capacitor, "Cs", s, s.Cs)}),
+                                          PagePart(Inductor, "Lp", s, s.Lp)}))};
 }
 
 std::vector<InputField> CombinedTankInputs() {
@@ -167,8 +167,11 @@ Page LeffCeffPage() {
     page.outputs[2].format = page.outputs[4].format = Fixed(7, 2);
     for (OutputField& field : page.outputs) field.initial = kNoValueYet;
     page.design = DesignEffective;
-    page.circuit = CoilCircuit;
-    page.alternative = CapacitorCircuit;
+    page.networks = CoilNetworks;
+    page.alternative = CapacitorNetwork;
+    page.parts = {{"R", Slot::None, "R11Eingabe"},
+                  {"L", Slot::None, "L11Eingabe"},
+                  {"C", Slot::None, "C11Eingabe"}};
     return page;
 }
 
@@ -204,7 +207,10 @@ Page CombLcPage() {
                      "Single element of the same reactance at fo"}};
     for (OutputField& field : page.outputs) field.initial = kNoValueYet;
     page.design = DesignCombinedTank;
-    page.circuit = CombinedTankCircuit;
+    page.networks = CombinedTankNetworks;
+    page.parts = {{"Ls", Slot::None, "Ls12Eingabe"},
+                  {"Cs", Slot::None, "Cs12Eingabe"},
+                  {"Lp", Slot::None, "Lp12Eingabe"}};
     return page;
 }
 

@@ -46,12 +46,11 @@ Transfer PiTransfer(const Design& s) {
         {1 / R2 + 1 / R1, L / (R2 * R1) + C1 + C2, L * C2 / R1 + L * C1 / R2, L * C1 * C2, 0});
 }
 
-Circuit PiCircuit(const Design& s) {
-    using enum ElementKind;
-    return {Topology::Ladder,
-            {PagePart(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C13Ausgabe"),
-             PagePart(Inductor, Place::Series, "L", s, Slot::L, "L3Ausgabe"),
-             PagePart(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C23Ausgabe")}};
+std::vector<Network> PiNetworks(const Design& s) {
+    using enum PartKind;
+    return {PageNetwork(s, {ShuntArm(PagePart(Capacitor, "C1", s, Slot::C1)),
+                            SeriesArm(PagePart(Inductor, "L", s, Slot::L)),
+                            ShuntArm(PagePart(Capacitor, "C2", s, Slot::C2))})};
 }
 
 // ---------------------------------------------------------------- T
@@ -90,12 +89,11 @@ Transfer TTransfer(const Design& s) {
                                  L2 * C / R2 + L1 * C / R1, L1 * L2 * C / (R1 * R2), 0});
 }
 
-Circuit TCircuit(const Design& s) {
-    using enum ElementKind;
-    return {Topology::Ladder,
-            {PagePart(Inductor, Place::Series, "L1", s, Slot::L, "L14Ausgabe"),
-             PagePart(Capacitor, Place::Shunt, "C", s, Slot::C1, "C4Ausgabe"),
-             PagePart(Inductor, Place::Series, "L2", s, Slot::L2, "L24Ausgabe")}};
+std::vector<Network> TNetworks(const Design& s) {
+    using enum PartKind;
+    return {PageNetwork(s, {SeriesArm(PagePart(Inductor, "L1", s, Slot::L)),
+                            ShuntArm(PagePart(Capacitor, "C", s, Slot::C1)),
+                            SeriesArm(PagePart(Inductor, "L2", s, Slot::L2))})};
 }
 
 }  // namespace
@@ -140,7 +138,7 @@ Page PiSectionPage() {
         "G[1] + G[2])";
     page.design = DesignPi;
     page.transfer = PiTransfer;
-    page.circuit = PiCircuit;
+    page.networks = PiNetworks;
     return page;
 }
 
@@ -182,7 +180,7 @@ Page TSectionPage() {
         "s(L[2]G[2]G[1] + L[1]G[1]G[2] + C) + G[1] + G[2])";
     page.design = DesignT;
     page.transfer = TTransfer;
-    page.circuit = TCircuit;
+    page.networks = TNetworks;
     return page;
 }
 

@@ -51,15 +51,12 @@ Transfer TransformerTransfer(const Design& s) {
                                  -d * (C1 * G2 + C2 * G1), -d * C1 * C2});
 }
 
-Circuit TransformerCircuit(const Design& s) {
-    using enum ElementKind;
-    Circuit circuit{Topology::CoupledCoils,
-                    {PagePart(Capacitor, Place::Shunt, "C1", s, Slot::C1, "C15Ausgabe"),
-                     PagePart(Inductor, Place::Shunt, "L1", s, Slot::L, "L15Ausgabe"),
-                     PagePart(Inductor, Place::Shunt, "L2", s, Slot::L2, "L25Ausgabe"),
-                     PagePart(Capacitor, Place::Shunt, "C2", s, Slot::C2, "C25Ausgabe")}};
-    circuit.coupling = s.k;
-    return circuit;
+std::vector<Network> TransformerNetworks(const Design& s) {
+    using enum PartKind;
+    return {PageNetwork(s, {ShuntArm(PagePart(Capacitor, "C1", s, Slot::C1)),
+                            {CoupledCoils{PagePart(Inductor, "L1", s, Slot::L),
+                                          PagePart(Inductor, "L2", s, Slot::L2), s.k}},
+                            ShuntArm(PagePart(Capacitor, "C2", s, Slot::C2))})};
 }
 
 double Square(double x) {
@@ -147,7 +144,7 @@ Page TransformerPage() {
     for (OutputField& field : page.outputs) field.editable = true;
     page.design = DesignTransformer;
     page.transfer = TransformerTransfer;
-    page.circuit = TransformerCircuit;
+    page.networks = TransformerNetworks;
     return page;
 }
 

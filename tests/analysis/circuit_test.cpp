@@ -1,14 +1,18 @@
-// The circuit descriptions of all pages against their responses, and what the circuits promise.
+// The networks of all pages against their responses, and what the circuits promise.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <optional>
 #include <random>
 
 #include "analysis/response.h"
 #include "core/scalar.h"
 #include "design/pages.h"
+#include "design/part_ref.h"
+#include "network/ladder_response.h"
 #include "nodal_network.h"
 
 namespace kelvro {
@@ -36,15 +40,10 @@ class RandomDesigns {
         state.NBP = std::uniform_int_distribution<>(1, 8)(random_);
         const double X = std::sqrt(state.R1 * state.R2);
         state.LBP = X * between(0.1, 10) / (kTwoPi * state.fo);
-        for (const Element& element : page.circuit(state).elements) {
-            if (element.slot == Slot::None) continue;
-            const double value = valueFor(element.unit(), X, state.fo);
-            const OutputField* field = page.output(element.field);
-            if (field) {
-                field->setComponent(state, value);
-            } else {
-                state.components[element.slot] = value;
-            }
+        const Network network = page.networks(state).front();
+        for (const ListedPart& part : ListOf(network)) {
+            const auto ref = PartOf(page, network, part.name, false);
+            if (ref && !ref->input) ref->write(state, valueFor(part.unit(), X, state.fo));
         }
         return state;
     }
@@ -58,13 +57,94 @@ class RandomDesigns {
     std::mt19937_64 random_{1951};
 };
 
+/// The printed formula of a page, "V(s) = sC[1] / (s²LC[1] + 2G[1])", with the values of a design.
+class PrintedFormula {
+  public:
+    explicit PrintedFormula(const Design& state)
+        : state_(state), page_(PageOf(state)), mirrored_(page_.showsDuals(state)) {
+        state_.LCSwapped = false;  // the formula is that of the parts as they are kept
+    }
+
+    std::complex<double> at(double f) {
+        const double tangent = (1 / state_.QB + 1 / state_.QBC) / 2;
+        s_ = kTwoPi * f * std::complex<double>(tangent, 1);
+        if (mirrored_) s_ = kTwoPi * (state_.fo * state_.fo / f) * std::complex(tangent, -1.0);
+        text_ = page_.transferText;
+        EXPECT_TRUE(take("V(s) = "));
+        const auto value = sum();
+        EXPECT_TRUE(text_.empty()) << "left: " << text_;
+        return value;
+    }
+
+  private:
+    bool take(std::string_view token) {
+        while (text_.starts_with(' ') && !token.starts_with(' ')) text_.remove_prefix(1);
+        if (!text_.starts_with(token)) return false;
+        text_.remove_prefix(token.size());
+        return true;
+    }
+
+    std::complex<double> sum() {
+        std::complex<double> value = product();
+        while (take("+")) value += product();
+        return value;
+    }
+
+    /// Factors stand side by side; what follows a stroke divides all of them.
+    std::complex<double> product() {
+        std::complex<double> value = 1;
+        while (true) {
+            if (take("/")) return value / product();
+            const auto factor = power();
+            if (!factor) return value;
+            value *= *factor;
+        }
+    }
+
+    std::optional<std::complex<double>> power() {
+        const auto base = atom();
+        if (!base) return base;
+        if (take("²")) return *base * *base;
+        if (take("³")) return *base * *base * *base;
+        return base;
+    }
+
+    std::optional<std::complex<double>> atom() {
+        if (take("(")) {
+            const auto value = sum();
+            EXPECT_TRUE(take(")"));
+            return value;
+        }
+        if (take("2")) return 2;
+        if (take("s")) return s_;
+        for (const char letter : {'G', 'L', 'C'}) {
+            if (!take(std::string_view(&letter, 1))) continue;
+            std::string name(1, letter);
+            for (const char number : {'1', '2'}) {
+                if (take(std::string{'[', number, ']'})) name += number;
+            }
+            if (name == "G1") return 1 / state_.R1;
+            if (name == "G2") return 1 / state_.R2;
+            const Network network = page_.networks(state_).front();
+            return PartOf(page_, network, name, false).value().read(state_);
+        }
+        return std::nullopt;
+    }
+
+    Design state_;
+    const Page& page_;
+    bool mirrored_;
+    std::complex<double> s_;
+    std::string_view text_;
+};
+
 double CombinedQ(const Design& state) {
     return 2 / (1 / state.QBC + 1 / state.QB);
 }
 
 NodalNetwork NetworkOf(const Design& state) {
     const Page& page = PageOf(state);
-    return {page.builtCircuit(state),
+    return {page.builtNetworks(state).front(),
             state.R1,
             state.R2,
             {state.fo, CombinedQ(state), page.showsDuals(state)}};
@@ -94,6 +174,33 @@ TEST_P(EveryPage, DescribesTheCircuitThatItsResponseEvaluates) {
             ASSERT_LE(std::abs(actual - expected), 1e-9 * std::abs(expected))
                 << "draw " << i << " at " << f / state.fo << "·fo: " << actual << " instead of "
                 << expected;
+        }
+    }
+}
+
+/// What a page promises three times: the closed form that its window works with, the network that
+/// pictures and exports read, and the formula that it prints.
+TEST_P(EveryPage, PromisesTheSameByFormulaNetworkAndPrint) {
+    const Page& page = PageOf(GetParam());
+    RandomDesigns designs;
+    for (int i = 0; i < 120; ++i) {
+        Design state = designs.state(page, i % 2 == 1);
+        const bool lossless = i % 4 >= 2;
+        if (lossless) state.QB = state.QBC = std::numeric_limits<double>::infinity();
+        const Response response(state);
+        std::vector<LadderResponse> networks;
+        for (const Network& network : page.builtNetworks(state)) networks.emplace_back(network);
+        for (int j = 0; j < 8; ++j) {
+            const double f = state.fo * designs.between(0.2, 5);
+            const std::complex<double> H = response.transfer(f);
+            const auto close = [&](std::complex<double> other) {
+                return std::abs(other - H) <= 1e-12 * std::abs(H);
+            };
+            ASSERT_PRED1(close, networks.front().voltageTransfer(f))
+                << "draw " << i << " at " << f / state.fo << "·fo, where " << H << " is promised";
+            if (page.transferText.empty()) continue;
+            ASSERT_PRED1(close, 2.0 * PrintedFormula(state).at(f))
+                << "draw " << i << " at " << f / state.fo << "·fo, where " << H << " is promised";
         }
     }
 }

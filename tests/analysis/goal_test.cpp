@@ -73,16 +73,15 @@ TEST(GoalTest, ParametersAreLogarithmsOfTheComponents) {
     state.eightElements = true;
     ResponseServices services;
     state = Calculate(state, true, services).design;
-    const Circuit before = PageOf(state).builtCircuit(state);
+    const auto before = ListOf(PageOf(state).builtNetworks(state).front());
     Goal goal(state, {});
     ASSERT_EQ(goal.size(), 8U);
     // The first capacitor scales its whole group, the others stay in proportion to it.
     state.components = goal.components(std::vector<double>{std::log(2.0), 0, 0, 0, 0, 0, 0, 0});
-    const Circuit after = PageOf(state).builtCircuit(state);
-    for (std::size_t i = 0; i < before.elements.size(); ++i) {
-        const double factor = before.elements[i].kind == ElementKind::Capacitor ? 2 : 1;
-        EXPECT_NEAR(after.elements[i].value / before.elements[i].value, factor, 1e-12)
-            << before.elements[i].name;
+    const auto after = ListOf(PageOf(state).builtNetworks(state).front());
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        const double factor = before[i].kind == PartKind::Capacitor ? 2 : 1;
+        EXPECT_NEAR(after[i].value / before[i].value, factor, 1e-12) << before[i].name;
     }
 }
 

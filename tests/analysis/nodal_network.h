@@ -5,17 +5,17 @@
 #include <utility>
 #include <vector>
 
-#include "design/circuit.h"
+#include "network/network.h"
 
 namespace kelvro {
 
-/// Independent check of the response: nodal equations of a circuit description between a source
+/// Independent check of the response: nodal equations of a network between a source
 /// of 1 V behind R1 and loads R2, solved by elimination in extended precision.
 class NodalNetwork {
   public:
     using Cx = std::complex<long double>;
 
-    /// sL and sC of the stored elements; on mirrored pages the dual circuit's parts have the
+    /// sL and sC of the stored parts; on mirrored pages the dual circuit's parts have the
     /// impedances that the stored ones have at the mirrored frequency.
     struct Losses {
         double fo;
@@ -23,14 +23,14 @@ class NodalNetwork {
         bool mirrored = false;
     };
 
-    NodalNetwork(const Circuit& circuit, double R1, double R2, Losses losses)
-        : circuit_(circuit), R1_(R1), R2_(R2), losses_(losses) {}
+    NodalNetwork(const Network& network, double R1, double R2, Losses losses)
+        : network_(network), R1_(R1), R2_(R2), losses_(losses) {}
 
     /// 2·V(load)/V(source) at the end of a branch.
     Cx transfer(double f, int branch = 0) {
         assemble(f);
-        const int load = branch == 0 ? ends_[0] : ends_[1];
-        return 2.0L * solve()[static_cast<std::size_t>(load)];
+        const auto load = static_cast<std::size_t>(ends_[static_cast<std::size_t>(branch)]);
+        return 2.0L * solve()[load];
     }
 
   private:
@@ -40,17 +40,16 @@ class NodalNetwork {
         return Cx(0, twoPi * f) * Cx(1, -1 / static_cast<long double>(losses_.Qc));
     }
 
-    Cx admittance(const Element& element, double f) const {
-        const long double value = element.value;
+    Cx admittance(const Part& part, double f) const {
+        const long double value = part.value;
         const long double w0 = twoPi * losses_.fo;
         // The mirrored s has a negative frequency and a positive real part.
         const Cx s =
             losses_.mirrored ? std::conj(frequency(losses_.fo * losses_.fo / f)) : frequency(f);
-        switch (element.kind) {
-            case ElementKind::Resistor:
+        switch (part.kind) {
+            case PartKind::Resistor:
                 return Cx(1 / value, 0);
-            case ElementKind::Inductor:
-            case ElementKind::Choke:
+            case PartKind::Inductor:
                 return losses_.mirrored ? s / (w0 * w0 * value) : 1.0L / (s * value);
             default:
                 return losses_.mirrored ? w0 * w0 * value / s : s * value;
@@ -74,9 +73,10 @@ class NodalNetwork {
         at(j, i) -= y;
     }
 
-    void addLine(int i, int j, const Element& line, double f) {
-        const long double ZL = line.value;
-        const Cx angle = circuit_.lineAngleFo / (twoPi * losses_.fo) * frequency(f);
+    void addLine(int i, int j, const Line& line, double f) {
+        const long double ZL = line.Z0;
+        const long double degrees = line.length.degrees;
+        const Cx angle = degrees / 360 / line.length.atHertz * frequency(f);
         const Cx own = std::cosh(angle) / (ZL * std::sinh(angle));
         const Cx mutual = -1.0L / (ZL * std::sinh(angle));
         at(i, i) += own;
@@ -85,23 +85,16 @@ class NodalNetwork {
         at(j, i) += mutual;
     }
 
-    void addCoils(int i, int j, long double L1, long double L2, double f) {
+    void addCoils(int i, int j, const CoupledCoils& coils, double f) {
         const Cx s = frequency(f);
-        const long double M = circuit_.coupling * std::sqrt(L1 * L2);
+        const long double L1 = coils.first.value;
+        const long double L2 = coils.second.value;
+        const long double M = coils.k * std::sqrt(L1 * L2);
         const long double d = L1 * L2 - M * M;
         at(i, i) += L2 / (s * d);
         at(j, j) += L1 / (s * d);
         at(i, j) -= M / (s * d);
         at(j, i) -= M / (s * d);
-    }
-
-    void assembleCoils(double f) {
-        const auto& parts = circuit_.elements;
-        const int load = newNode();
-        connect(0, -1, admittance(parts[0], f));
-        addCoils(0, load, parts[1].value, parts[2].value, f);
-        connect(load, -1, admittance(parts[3], f));
-        ends_ = {load, load};
     }
 
     void assemble(double f) {
@@ -110,26 +103,32 @@ class NodalNetwork {
         newNode();
         I_[0] = 1 / R1_;
         connect(0, -1, 1 / R1_);
-        ends_ = {0, 0};
-        if (circuit_.topology == Topology::CoupledCoils) {
-            assembleCoils(f);
-        } else {
-            for (const Element& element : circuit_.elements) place(element, f);
-        }
-        connect(ends_[0], -1, 1 / R2_);
-        if (circuit_.topology == Topology::Balun) connect(ends_[1], -1, 1 / R2_);
+        ends_.assign(1, 0);
+        ends_[0] = path(network_.ladder, 0, f);
+        for (const int end : ends_) connect(end, -1, 1 / R2_);
     }
 
-    void place(const Element& element, double f) {
-        int& end = ends_[static_cast<std::size_t>(element.branch)];
-        if (element.place == Place::Shunt) return connect(end, -1, admittance(element, f));
-        const int next = newNode();
-        if (element.kind == ElementKind::Line) {
-            addLine(end, next, element, f);
-        } else {
-            connect(end, next, admittance(element, f));
+    /// The elements one behind the other; gives back the node behind the last.
+    int path(const std::vector<LadderElement>& ladder, int end, double f) {
+        for (const LadderElement& element : ladder) {
+            if (const auto* branch = std::get_if<Branch>(&element.is)) {
+                ends_.push_back(path(branch->ladder, end, f));
+                continue;
+            }
+            const auto* arm = std::get_if<Arm>(&element.is);
+            if (arm && arm->place == Place::Shunt) {
+                connect(end, -1, admittance(std::get<Part>(arm->impedance.is), f));
+                continue;
+            }
+            const int next = newNode();
+            if (arm) connect(end, next, admittance(std::get<Part>(arm->impedance.is), f));
+            if (const auto* line = std::get_if<Line>(&element.is)) addLine(end, next, *line, f);
+            if (const auto* coils = std::get_if<CoupledCoils>(&element.is)) {
+                addCoils(end, next, *coils, f);
+            }
+            end = next;
         }
-        end = next;
+        return end;
     }
 
     /// Gauss elimination with row pivoting.
@@ -155,7 +154,7 @@ class NodalNetwork {
         return I_;
     }
 
-    Circuit circuit_;
+    Network network_;
     long double R1_;
     long double R2_;
     Losses losses_;

@@ -150,11 +150,12 @@ TEST(CycleTest, InterchangedPagesShowDualValuesAndKeepTheirComponents) {
             EXPECT_EQ(*result.text(field.object), kEngineering.text(dual)) << field.object;
         }
     }
-    const Circuit circuit = PageOf(3).circuit(Design());
-    Circuit twice = Dual(Dual(circuit, 1e8), 1e8);
-    for (std::size_t i = 0; i < circuit.elements.size(); ++i) {
-        EXPECT_EQ(twice.elements[i].name, circuit.elements[i].name);
-        EXPECT_EQ(twice.elements[i].kind, circuit.elements[i].kind);
+    const Network network = PageOf(3).networks(Design()).front();
+    const auto parts = ListOf(network);
+    const auto twice = ListOf(Dual(Dual(network, 1e8), 1e8));
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        EXPECT_EQ(twice[i].name, parts[i].name);
+        EXPECT_EQ(twice[i].kind, parts[i].kind);
     }
 }
 

@@ -242,7 +242,7 @@ TEST(BandPassPage, ListsTheElementsOfAThreeResonatorFilter) {
     EXPECT_EQ(parts[0].name(state), "C01");
     parts[0].round(state, Series::E6);
     Take(state);
-    EXPECT_DOUBLE_EQ(PageOf(17).circuit(state).elements[0].value, 10e-12);
+    EXPECT_DOUBLE_EQ(ListOf(PageOf(17).networks(state).front())[0].value, 10e-12);
     EXPECT_DOUBLE_EQ(state.LBP, 50e-9);
 }
 
@@ -379,7 +379,7 @@ TEST(ClassEPage, ShowsWhatTakenPartsDo) {
 }
 
 /// Ladder algebra from the load: impedance seen into a pad that is terminated by R.
-double SeenInto(const std::vector<Element>& pad, double R) {
+double SeenInto(const std::vector<ListedPart>& pad, double R) {
     for (auto element = pad.rbegin(); element != pad.rend(); ++element) {
         R = element->place == Place::Series ? R + element->value : 1 / (1 / R + 1 / element->value);
     }
@@ -397,8 +397,8 @@ TEST(Pads, AreMatchedAtBothEnds) {
         const CycleResult calculated = Calculate(state, true, services);
         ASSERT_FALSE(calculated.message);
         state = calculated.design;
-        for (const auto describe : {PageOf(8).circuit, PageOf(8).alternative}) {
-            auto pad = describe(state).elements;
+        for (const Network& network : PageOf(8).drawnNetworks(state)) {
+            auto pad = ListOf(network);
             EXPECT_NEAR(SeenInto(pad, R2), R1, 1e-9 * R1);
             std::ranges::reverse(pad);
             EXPECT_NEAR(SeenInto(pad, R1), R2, 1e-9 * R2);

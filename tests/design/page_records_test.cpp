@@ -36,7 +36,7 @@ TEST_P(EveryPage, HasItsTextsAndItsDesign) {
 
 TEST_P(EveryPage, ShowsWhatItPromises) {
     EXPECT_TRUE(page_.transfer || !page_.plottable) << "a plot of an ideal network";
-    EXPECT_TRUE(page_.circuit || !page_.exportable) << "nothing to export";
+    EXPECT_TRUE(page_.networks || !page_.exportable) << "nothing to export";
     EXPECT_TRUE(page_.transfer || page_.goal.residual || !page_.goal.moved) << "no gain to raise";
     EXPECT_TRUE(page_.mirrored || page_.swapBox.empty());
     if (!page_.goal.moved) return;
@@ -50,17 +50,16 @@ TEST_P(EveryPage, ShowsWhatItPromises) {
     }
 }
 
-/// Elements that vary, are rounded or taken are found by their field, slot or input.
-TEST_P(EveryPage, KnowsWhereItsCircuitKeepsItsParts) {
-    if (!page_.circuit) return;
+/// Parts that vary, are rounded or taken are found by their names.
+TEST_P(EveryPage, KnowsWhereItKeepsThePartsOfItsNetworks) {
     Design design;
     EnterPage(design, page_.number);
-    for (const Element& element : page_.circuit(design).elements) {
-        if (element.kind == ElementKind::Switch) continue;
-        EXPECT_TRUE(PartOf(page_, element)) << element.name;
-        EXPECT_TRUE(element.field.empty() || page_.output(element.field) ||
-                    PartOf(page_, element)->input)
-            << element.name << ": " << element.field;
+    for (const Network& network : page_.drawnNetworks(design)) {
+        for (const ListedPart& part : ListOf(network)) {
+            const auto kept = PartOf(page_, network, part.name, false);
+            ASSERT_TRUE(kept) << part.name;
+            EXPECT_TRUE(kept->slot != Slot::None || kept->input) << part.name;
+        }
     }
 }
 

@@ -9,7 +9,6 @@
 #include "core/number_text.h"
 #include "design/part_ref.h"
 #include "export_design.h"
-#include "io/circuit_two_port.h"
 
 namespace kelvro {
 namespace {
@@ -63,12 +62,12 @@ TEST_P(EveryPageExports, ItsFormatsWithStandardValuesToo) {
     state = calculated.design;
     for (const bool standard : {false, true}) {
         const ExportDesign design = Exported(state, {.standardValues = standard});
-        for (const Element& element : design.circuit.elements) {
-            const bool part =
-                element.kind != ElementKind::Line && element.kind != ElementKind::Switch;
-            if (!standard || !part) continue;
-            const double nearest = ParseValue(SeriesNearest(Series::E12, element.value));
-            EXPECT_NEAR(element.value, nearest, 1e-9 * nearest) << element.name;
+        for (const Network& network : design.networks) {
+            for (const ListedPart& part : ListOf(network)) {
+                if (!standard || part.line) continue;
+                const double nearest = ParseValue(SeriesNearest(Series::E12, part.value));
+                EXPECT_NEAR(part.value, nearest, 1e-9 * nearest) << part.name;
+            }
         }
         for (const ExportFormat& format : ExportFormats()) {
             if (!format.available(design.page())) continue;
@@ -117,8 +116,8 @@ TEST(Exports, TakeValuesThatFieldsShowRounded) {
         PartsOf(state).at(0).round(state, Series::E6);
         EXPECT_EQ(state.components, before);
         state = AsShown(state);
-        EXPECT_NEAR(PageOf(3).builtCircuit(state).elements[0].value, swapped ? 22e-9 : 100e-12,
-                    1e-18);
+        const Network built = PageOf(3).builtNetworks(state).front();
+        EXPECT_NEAR(ListOf(built)[0].value, swapped ? 22e-9 : 100e-12, 1e-18);
         // Fields as calculated keep all their digits.
         EXPECT_EQ(state.components[Slot::C2], before[Slot::C2]);
         EXPECT_EQ(state.components[Slot::L], before[Slot::L]);

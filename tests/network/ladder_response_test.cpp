@@ -341,12 +341,15 @@ TEST(LadderResponseTest, DirectCurrentIsANumberToo) {
 }
 
 TEST(LadderResponseTest, AnOpenLoadTakesNothing) {
-    const LadderResponse response(
-        Between(50.0, {SeriesArm(Part::L(1e-9))}, Impedance::InSeries({10.0, kTank})));
-    const NetworkPoint point = response.at(1e9);
-    EXPECT_NEAR(point.GT, 0, 1e-12);
-    EXPECT_LT(Distance(point.gammaIn, 1), 1e-9);
-    EXPECT_TRUE(std::isfinite(point.groupDelay));
+    for (const Termination& load :
+         {Impedance::InSeries({10.0, kTank}), Impedance::InSeries({10.0, Part::C(0)}),
+          Impedance::Nothing()}) {
+        const LadderResponse response(Between(50.0, {SeriesArm(Part::L(1e-9))}, load));
+        const NetworkPoint point = response.at(1e9);
+        EXPECT_NEAR(point.GT, 0, 1e-12);
+        EXPECT_LT(Distance(point.gammaIn, 1), 1e-9);
+        EXPECT_TRUE(std::isfinite(point.groupDelay));
+    }
 }
 
 /// M in the middle, L1 - M and L2 - M in the arms: the T of coupled coils.
@@ -369,6 +372,25 @@ TEST(ElementTest, CoupledCoilsAreTheirT) {
         const double f = draw.between(1e7, 1e9);
         EXPECT_LT(Distance(coils.at(f).transfer, T.at(f).transfer), 1e-12);
         EXPECT_LT(Distance(coils.at(f).gammaIn, T.at(f).gammaIn), 1e-12);
+    }
+}
+
+TEST(ElementTest, CoupledCoilsKeepTheirOwnCapacitance) {
+    // A coil that resonates at 500 MHz by itself has 1/(ω²L) across it, here on either side.
+    Part first = CoilOf(100, 1e8);
+    first.loss.SRF = 5e8;
+    Part second = CoilOf(150, 1e8);
+    second.loss.SRF = 4e8;
+    const auto own = [](const Part& coil) {
+        return ShuntArm(Part::C(1 / (std::pow(kTwoPi * coil.loss.SRF, 2) * coil.value)));
+    };
+    Part bareFirst = Part::L(first.value);
+    Part bareSecond = Part::L(second.value);
+    const LadderResponse coils(Between(50.0, {{CoupledCoils{first, second, 0.6}}}, 75.0));
+    const LadderResponse apart(
+        Between(50.0, {own(first), {CoupledCoils{bareFirst, bareSecond, 0.6}}, own(second)}, 75.0));
+    for (const double f : {1e8, 3e8, 4.5e8}) {
+        EXPECT_LT(Distance(coils.at(f).transfer, apart.at(f).transfer), 1e-12) << f;
     }
 }
 

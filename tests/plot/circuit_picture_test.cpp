@@ -59,14 +59,14 @@ void Add(std::vector<Label>& labels, Label label) {
     labels.push_back(std::move(label));
 }
 
-Picture Painted(std::span<const Circuit> circuits, const Design& state) {
+Picture Painted(std::span<const Network> networks) {
     QBuffer svg;
     QSvgGenerator generator;
     generator.setOutputDevice(&svg);
     generator.setSize(kArea);
     generator.setViewBox(QRect(QPoint(0, 0), kArea));
     QPainter painter(&generator);
-    PaintCircuits(painter, QRectF(QPointF(0, 0), kArea), circuits, {state.R1, state.R2});
+    PaintNetworks(painter, QRectF(QPointF(0, 0), kArea), networks);
     painter.end();
     Picture picture;
     QXmlStreamReader reader(svg.data());
@@ -110,7 +110,7 @@ class CircuitPictureTest : public QObject {
         QTest::addColumn<int>("resonators");
         QTest::addColumn<bool>("eight");
         for (const Page& page : Pages()) {
-            if (!page.circuit) continue;
+            if (!page.networks) continue;
             const std::string name(page.caption);
             QTest::addRow("%s", name.c_str()) << page.number << false << 3 << false;
             if (page.mirrored)
@@ -133,13 +133,13 @@ class CircuitPictureTest : public QObject {
         const CycleResult calculated = Calculate(state, true, services);
         QVERIFY(!calculated.message);
         state = calculated.design;
-        const auto circuits = PageOf(page).builtCircuits(state);
-        const Picture picture = Painted(circuits, state);
-        for (const Circuit& circuit : circuits) {
-            for (const Element& element : circuit.elements) {
-                const QString name = QString::fromStdString(element.name);
+        const auto networks = PageOf(page).drawnNetworks(state);
+        const Picture picture = Painted(networks);
+        for (const Network& network : networks) {
+            for (const ListedPart& part : ListOf(network)) {
+                const QString name = QString::fromStdString(part.name);
                 QVERIFY2(picture.count(name) > 0, qPrintable(name));
-                const QString value = ReadableValue(element.value, element.unit());
+                const QString value = ReadableValue(part.value, part.unit());
                 QVERIFY2(value.isEmpty() || picture.count(value) > 0, qPrintable(value));
             }
         }
@@ -152,7 +152,7 @@ class CircuitPictureTest : public QObject {
 
     void bothNetworksOfAPageAreDrawn() {
         const Design state = Designed(8, false);
-        const Picture picture = Painted(PageOf(8).builtCircuits(state), state);
+        const Picture picture = Painted(PageOf(8).drawnNetworks(state));
         QCOMPARE(picture.count("T"), 1);
         QCOMPARE(picture.count("Pi"), 1);
         QCOMPARE(picture.count("Ra"), 2);  // the same names, other values
@@ -161,9 +161,9 @@ class CircuitPictureTest : public QObject {
 
     void aRefusedDesignHasNamesAndNoValues() {
         Design state = Designed(3, false);
-        auto circuits = PageOf(3).builtCircuits(state);
-        for (Element& element : circuits[0].elements) element.value = std::nan("");
-        const Picture picture = Painted(circuits, state);
+        auto networks = PageOf(3).drawnNetworks(state);
+        for (double* value : ValuesOf(networks[0])) *value = std::nan("");
+        const Picture picture = Painted(networks);
         QCOMPARE(picture.count("C1"), 1);
         QCOMPARE(static_cast<int>(picture.labels.size()), 3 + 2 + 2);  // R1 and R2 keep theirs
     }

@@ -40,7 +40,7 @@ QString InputRemark(const InputField& field) {
 /// The chapter of a design page, written from the same record that builds its window.
 QString PageHtml(const Page& page) {
     QString html = QStringLiteral("<h2>%1</h2>").arg(Escaped(page.caption));
-    if (page.circuit) {
+    if (page.networks) {
         html += QStringLiteral("<p><img src='picture:circuit-%1' width='560' height='230'></p>")
                     .arg(page.number);
     }

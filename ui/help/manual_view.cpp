@@ -30,8 +30,8 @@ QImage CircuitPicture(int page, double ratio) {
     const Design state = ExampleOf(page);
     QPainter painter(&image);
     painter.scale(ratio, ratio);
-    PaintCircuits(painter, QRectF(QPointF(0, 0), size).adjusted(8, 8, -8, -8),
-                  PageOf(page).builtCircuits(state), {state.R1, state.R2});
+    PaintNetworks(painter, QRectF(QPointF(0, 0), size).adjusted(8, 8, -8, -8),
+                  PageOf(page).drawnNetworks(state));
     return image;
 }
 
