@@ -49,7 +49,8 @@ class ProjectReader {
         if (!parse(text)) return failure_;
         readVersion();
         if (failure_.ok()) readData();
-        if (failure_.ok()) readNetwork();
+        if (failure_.ok()) project_.network = network(project_.document, "");
+        if (failure_.ok()) readSnapshots();
         if (!failure_.ok()) return failure_;
         for (const std::string& warning : files_.warnings()) project_.messages.push_back(warning);
         return std::move(project_);
@@ -128,43 +129,68 @@ class ProjectReader {
         files_.add(std::make_shared<const PortData>(std::move(read->data)));
     }
 
-    void readNetwork() {
-        const Json& json = member(project_.document, "network", Json(), &Json::is_object,
+    void readSnapshots() {
+        const Json& all = member(project_.document, "snapshots", Json::array(), &Json::is_array,
+                                 "a list of snapshots");
+        for (std::size_t i = 0; i < all.size() && failure_.ok(); ++i) {
+            const std::string where = "snapshots[" + std::to_string(i) + ']';
+            if (!all[i].is_object()) return fail(where, "expected an object with name and network");
+            const Json& name = member(all[i], "name", Json(""), &Json::is_string, "a text");
+            const Json& shown = member(all[i], "shown", Json(true), &Json::is_boolean, "a boolean");
+            Network network = this->network(all[i], where + '.');
+            if (!failure_.ok()) return;
+            project_.snapshots.push_back(
+                {name.get<std::string>(), std::move(network), shown.get<bool>()});
+        }
+    }
+
+    /// The member "network" of an object that stands at `where`.
+    Network network(const Json& object, const std::string& where) {
+        Network network;
+        const Json& json = member(object, "network", Json(), &Json::is_object,
                                   "an object with source, ladder and load");
-        if (!failure_.ok()) return;
-        Network& network = project_.network;
-        network.source = termination(json, "source");
-        network.load = termination(json, "load");
+        if (!failure_.ok()) return network;
+        const std::string place = where + "network.";
+        network.source = termination(json, place, "source");
+        network.load = termination(json, place, "load");
         const Json& ladder = member(json, "ladder", Json::array(), &Json::is_array, "a list");
         for (std::size_t i = 0; i < ladder.size() && failure_.ok(); ++i) {
-            const std::string where = "network.ladder[" + std::to_string(i) + ']';
-            if (!ladder[i].is_string()) return fail(where, "expected a text");
-            auto element = ParseElement(ladder[i].get<std::string>(), files_.loader());
-            if (!element.ok()) return fail(where, element.message());
-            network.ladder.push_back(std::move(*element));
+            network.ladder.push_back(
+                element(ladder[i], place + "ladder[" + std::to_string(i) + ']'));
         }
         network.designFrequency = number(json, "designFrequency");
         const Json& bands = member(json, "bands", Json::array(), &Json::is_array, "a list");
-        for (std::size_t i = 0; i < bands.size() && failure_.ok(); ++i) readBand(bands[i], i);
+        for (std::size_t i = 0; i < bands.size() && failure_.ok(); ++i) {
+            network.bands.push_back(band(bands[i], place + "bands[" + std::to_string(i) + ']'));
+        }
         const Json& caption = member(json, "caption", Json(""), &Json::is_string, "a text");
         if (failure_.ok()) network.caption = caption.get<std::string>();
+        return network;
     }
 
-    void readBand(const Json& json, std::size_t i) {
-        const std::string where = "network.bands[" + std::to_string(i) + ']';
-        if (!json.is_object()) return fail(where, "expected an object with low and high");
+    LadderElement element(const Json& json, const std::string& where) {
+        if (!json.is_string()) fail(where, "expected a text");
+        if (!failure_.ok()) return {};
+        auto read = ParseElement(json.get<std::string>(), files_.loader());
+        if (!read.ok()) fail(where, read.message());
+        return read.ok() ? std::move(*read) : LadderElement();
+    }
+
+    FrequencyBand band(const Json& json, const std::string& where) {
+        if (!json.is_object()) fail(where, "expected an object with low and high");
+        if (!failure_.ok()) return {};
         const FrequencyBand band{number(json, "low"), number(json, "high")};
-        if (failure_.ok() && !(band.low > 0 && band.high > band.low)) {
-            return fail(where, "expected low above 0 and high above low");
+        if (!(band.low > 0 && band.high > band.low)) {
+            fail(where, "expected low above 0 and high above low");
         }
-        project_.network.bands.push_back(band);
+        return band;
     }
 
-    Termination termination(const Json& network, const char* key) {
+    Termination termination(const Json& network, const std::string& place, const char* key) {
         const Json& text = member(network, key, Json(), &Json::is_string, "an impedance as text");
         if (!failure_.ok()) return {};
         auto read = ParseTermination(text.get<std::string>(), files_.loader());
-        if (!read.ok()) fail(std::string("network.") + key, read.message());
+        if (!read.ok()) fail(place + key, read.message());
         return read.ok() ? std::move(*read) : Termination();
     }
 
@@ -210,6 +236,30 @@ Json NetworkJson(const Network& network, Json json) {
     }
     if (!network.caption.empty() || json.contains("caption")) json["caption"] = network.caption;
     return json;
+}
+
+/// With what others keep in the snapshot of the same name.
+Json SnapshotJson(const ProjectSnapshot& snapshot, const Json& known) {
+    Json json = Json::object();
+    for (const Json& other : known) {
+        if (other.is_object() && other.value("name", Json()) == snapshot.name) json = other;
+    }
+    json["name"] = snapshot.name;
+    json["shown"] = snapshot.shown;
+    json["network"] = NetworkJson(snapshot.network, json.value("network", Json()));
+    return json;
+}
+
+/// The measured data of a project, each once.
+std::vector<std::shared_ptr<const PortData>> DataOf(const Project& project) {
+    auto all = DataOf(project.network);
+    for (const ProjectSnapshot& snapshot : project.snapshots) {
+        for (auto& data : DataOf(snapshot.network)) {
+            const auto same = [&](const auto& other) { return other->name == data->name; };
+            if (std::ranges::none_of(all, same)) all.push_back(std::move(data));
+        }
+    }
+    return all;
 }
 
 /// An entry of "data", with what others keep there.
@@ -259,9 +309,16 @@ std::string ProjectText(const Project& project, const std::filesystem::path& fol
     Json document = project.document.is_object() ? project.document : Json::object();
     document["version"] = kProjectVersion;
     document["network"] = NetworkJson(project.network, document.value("network", Json()));
+    if (!project.snapshots.empty() || document.contains("snapshots")) {
+        const Json known = document.value("snapshots", Json::array());
+        document["snapshots"] = Json::array();
+        for (const ProjectSnapshot& snapshot : project.snapshots) {
+            document["snapshots"].push_back(SnapshotJson(snapshot, known));
+        }
+    }
     const Json known = document.value("data", Json::object());
     document["data"] = Json::object();
-    for (const auto& data : DataOf(project.network)) {
+    for (const auto& data : DataOf(project)) {
         document["data"][data->name] =
             DataJson(*data, project, folder, known.value(data->name, Json()));
     }

@@ -15,6 +15,7 @@
 //    "network": {"source": "50", "ladder": ["series: L=20n"], "load": "antenna.s1p",
 //                "designFrequency": 1e9, "bands": [{"low": 0.9e9, "high": 1.1e9}],
 //                "caption": "…"},
+//    "snapshots": [{"name": "with lines", "shown": true, "network": {…}}],
 //    "data": {"antenna.s1p": {"touchstone": "# HZ S RI R 50\n…", "interpolation": "linear"},
 //             "amp.s2p": {"path": "parts/amp.s2p", "checksum": "sha256:…"}}}
 //
@@ -25,9 +26,18 @@ namespace kelvro {
 
 inline constexpr int kProjectVersion = 1;
 
+/// A named variant, kept beside the network to compare with.
+struct ProjectSnapshot {
+    std::string name;
+    Network network;
+    bool shown = true;  ///< drawn in chart and plots
+    bool operator==(const ProjectSnapshot&) const = default;
+};
+
 /// A project as it is worked with.
 struct Project {
     Network network;
+    std::vector<ProjectSnapshot> snapshots = {};
     /// Data that are written as a path, by name; all others are embedded.
     std::map<std::string, std::filesystem::path> linkedData;
     /// The whole file as read, for the keys of others; empty for a new project.

@@ -55,8 +55,19 @@ ChartCircle VswrCircle(double s) {
     return {0, 0, (s - 1) / (s + 1)};
 }
 
-ChartCircle QualityCircle(double Q) {
-    return {0, -1 / Q, std::sqrt(1 + 1 / (Q * Q))};
+std::optional<ChartCircle> QualityCircle(double q, Cx source) {
+    const double R = source.real();
+    return CircleThrough(ChartGamma(0, source), ChartGamma(R * Cx(1, q), source), {1, 0});
+}
+
+/// With a at 0 and b at 1 the centre is at ½ + jy, as far from 0 as from c = w.
+std::optional<ChartCircle> CircleThrough(Cx a, Cx b, Cx c) {
+    const Cx w = (c - a) / (b - a);
+    const double y = (std::norm(w) - w.real()) / (2 * w.imag());
+    const Cx centre = a + (b - a) * Cx(0.5, y);
+    const double radius = std::abs(centre - a);
+    if (!std::isfinite(radius)) return std::nullopt;
+    return ChartCircle{centre.real(), centre.imag(), radius};
 }
 
 // ---------------------------------------------------------------- the plane and pixels

@@ -23,14 +23,20 @@ struct ChartCircle {
     double radius = 0;
 };
 
+/// The circle through three points; nothing where they are in line.
+std::optional<ChartCircle> CircleThrough(std::complex<double> a, std::complex<double> b,
+                                         std::complex<double> c);
+
 /// Constant r, normalized; r >= 0. x must not be 0: that line is straight. Likewise g and b of the
-/// admittance chart, VSWR s >= 1, and the upper arc (x > 0) of constant Q = |x|/r.
+/// admittance chart, and VSWR s >= 1.
 ChartCircle ResistanceCircle(double r);
 ChartCircle ReactanceCircle(double x);
 ChartCircle ConductanceCircle(double g);
 ChartCircle SusceptanceCircle(double b);
 ChartCircle VswrCircle(double s);
-ChartCircle QualityCircle(double Q);
+/// Constant Q: impedances with X = q·R, q of either sign, on the chart of any source; nothing where
+/// they are a straight line.
+std::optional<ChartCircle> QualityCircle(double q, std::complex<double> source);
 
 /// Which part of the plane a window shows.
 struct ChartView {

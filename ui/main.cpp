@@ -42,6 +42,7 @@ int main(int argc, char** argv) {
     WaitBehindSplash(app);
     splash.reset();
     form.show();
+    form.openNetworkFiles();
     QObject::connect(&form, &TSDIAppForm::formClosed, &app, &QApplication::quit);
     return app.exec();
 }

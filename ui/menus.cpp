@@ -30,6 +30,8 @@ struct Item {
 constexpr Item kSeparator{"", ""};
 
 constexpr std::array kFileItems = {
+    Item{"OpenProject1", "&Open Network Project...", "Ctrl+O", &TSDIAppForm::OpenProject1Click},
+    kSeparator,
     Item{"Drucken1", "&Print", "", &TSDIAppForm::Drucken1Click},
     Item{"Druckereinstellung1", "Printer &Setup...", "", &TSDIAppForm::Druckereinstellung1Click},
     kSeparator,
@@ -59,6 +61,7 @@ constexpr std::array kToolItems = {
     Item{"Dezibelrechnung1", "&Decibel Calculations"},
     Item{"Zweitore1", "&Two-Ports"},
     Item{"Network1", "&Network"},
+    Item{"OpenAsNetwork1", "&Open as Network", "Ctrl+Shift+N", &TSDIAppForm::OpenAsNetwork1Click},
 };
 
 constexpr std::array kHelpItems = {

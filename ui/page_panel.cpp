@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableWidget>
+#include <QToolButton>
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -138,6 +139,15 @@ QLayout* PagePanel::buildNotes() {
     for (const NoteField& note : page_.notes)
         if (note.object.empty()) row->addWidget(makeNote(note));
     row->addStretch();
+    if (page_.networks && page_.atFrequency) {
+        auto* open = new QToolButton;
+        open->setObjectName(QStringLiteral("OpenAsNetwork%1").arg(page_.number));
+        open->setText(tr("Open as Network"));
+        open->setAutoRaise(true);
+        SetHint(*open, tr("Take this circuit over into the Network window, to tune it there"));
+        connect(open, &QToolButton::clicked, this, &PagePanel::openAsNetworkClicked);
+        row->addWidget(open);
+    }
     return row;
 }
 

@@ -42,6 +42,9 @@ class PagePanel : public QWidget {
     /// visible fields, picture.
     void refresh();
 
+  signals:
+    void openAsNetworkClicked();
+
   protected:
     void changeEvent(QEvent* event) override;
 

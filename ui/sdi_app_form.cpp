@@ -41,6 +41,7 @@ TSDIAppForm::TSDIAppForm(QWidget* parent)
     setWindowTitle(QLatin1String(kFirstCaption));
     // The window is as large as its contents: no Size, no Maximize.
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    setAcceptDrops(true);
     buildContents();
     windows_.connectControls(*this);
     auto* hints = new HintHandler(this);

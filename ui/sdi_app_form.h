@@ -18,6 +18,7 @@ class QStackedWidget;
 
 namespace kelvro {
 
+class NetworkWindow;
 class PagePanel;
 class SharedPanel;
 class TabSet;
@@ -37,6 +38,8 @@ class TSDIAppForm : public QMainWindow {
     /// What follows the creation of all windows: settings, printer, command line, caption and the
     /// first calculation. `arguments` without the program's name.
     void startUp(const QStringList& arguments);
+    /// Opens the projects and measured data that the command line named, once the window stands.
+    void openNetworkFiles();
 
     /// Starts a program with the platform's means; false when it cannot be started.
     using ProgramStarter = std::function<bool(const QString& program)>;
@@ -61,6 +64,8 @@ class TSDIAppForm : public QMainWindow {
     void ExecButtonClick();
     void SpeedButtonINISaveClick();
     void SpeedButtonINILadenClick();
+    void OpenAsNetwork1Click();
+    void OpenProject1Click();
     void ShowHint(const QString& hint);
 
   signals:
@@ -70,6 +75,8 @@ class TSDIAppForm : public QMainWindow {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     void buildContents();
@@ -92,6 +99,8 @@ class TSDIAppForm : public QMainWindow {
     void FormClose();
     void enable(const char* control, bool on);
     void readArguments(const QStringList& arguments);
+    /// The Network window, brought to the front.
+    NetworkWindow* networkWindow();
     void namePrinter();
     QPrinter& printer();
     void printOn(QPrinter& printer);
@@ -104,7 +113,8 @@ class TSDIAppForm : public QMainWindow {
     std::vector<PagePanel*> panels_;
     std::unique_ptr<QPrinter> printer_;
     ProgramStarter startProgram_;
-    QString hint_;  ///< of the control under the pointer
+    QStringList networkFiles_;  ///< named by the command line, not opened yet
+    QString hint_;              ///< of the control under the pointer
 };
 
 }  // namespace kelvro

@@ -95,6 +95,8 @@ QWidget* TSDIAppForm::buildNotebook() {
     QStringList captions;
     for (const Page& page : Pages()) {
         panels_.push_back(new PagePanel(page, session_));
+        connect(panels_.back(), &PagePanel::openAsNetworkClicked, this,
+                &TSDIAppForm::OpenAsNetwork1Click);
         notebook_->addWidget(panels_.back());
         captions << ToQString(page.caption);
     }

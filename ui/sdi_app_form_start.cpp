@@ -10,6 +10,7 @@
 
 #include "advise/keywords.h"
 #include "ui/sdi_app_form.h"
+#include "ui/workbench/network_window.h"
 
 namespace kelvro {
 
@@ -24,7 +25,13 @@ void TSDIAppForm::namePrinter() {
 
 void TSDIAppForm::readArguments(const QStringList& arguments) {
     std::vector<std::string> texts;
-    for (const QString& argument : arguments) texts.push_back(argument.toStdString());
+    for (const QString& argument : arguments) {
+        if (NetworkWindow::opens(argument)) {
+            networkFiles_ << argument;
+        } else {
+            texts.push_back(argument.toStdString());
+        }
+    }
     const KeywordPreset preset = ReadKeywords(texts);
     session_.optimizer().settings = preset.settings;
     for (const std::string& message : preset.messages)

@@ -50,10 +50,14 @@ TEST(ProjectFile, IsReadBackAsItWasWritten) {
     const TemporaryFolder folder;
     Project project;
     project.network = Example();
+    project.snapshots = {{"as it was", Example(), false}, {"without an antenna", {}, true}};
+    project.snapshots[0].network.ladder.pop_back();
+    project.snapshots[1].network.load = 75;
     ASSERT_EQ(WriteProject(folder / "a.kelvro", project).message(), "");
     const auto read = ReadProject(folder / "a.kelvro");
     ASSERT_TRUE(read.ok()) << read.message();
     EXPECT_EQ(read->network, project.network);
+    EXPECT_EQ(read->snapshots, project.snapshots);
     EXPECT_TRUE(read->messages.empty());
     EXPECT_FALSE(read->readOnly);
 }

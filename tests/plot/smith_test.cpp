@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "network/ladder_response.h"
+#include "plot/device_contours.h"
 #include "plot/smith_frame.h"
 #include "plot/smith_painter.h"
 #include "plot/smith_path.h"
@@ -86,9 +87,45 @@ class SmithTest : public QObject {
         QVERIFY(Distance(SusceptanceCircle(y.imag()), gamma) < 1e-12);
         const double s = (1 + std::abs(gamma)) / (1 - std::abs(gamma));
         QVERIFY(Distance(VswrCircle(s), gamma) < 1e-12);
-        ChartCircle q = QualityCircle(std::fabs(x) / r);
-        if (x < 0) q.v = -q.v;
-        QVERIFY(Distance(q, gamma) < 1e-12);
+        const auto q = QualityCircle(x / r, 50);
+        QVERIFY(q && Distance(*q, gamma) < 1e-9);
+        // Of a complex source too: Q is that of the impedance, not of the normalized one.
+        const Cx source(20, -35);
+        const auto exact = QualityCircle(x / r, source);
+        QVERIFY(exact && Distance(*exact, ChartGamma(z, source)) < 1e-9);
+    }
+
+    /// Against the network itself: what enters it and reaches a load that lies on the circle.
+    void deviceCirclesHoldTheLoadsOfTheirGain() {
+        // D. M. Pozar's example of a transistor at 4 GHz, whose largest gain is 16.710 dB.
+        PortData fet{"fet.s2p", 2, {3.9e9, 4.1e9}, {}, {50, 50}, {}};
+        const auto polar = [](double magnitude, double degrees) {
+            return std::polar(magnitude, degrees * 3.14159265358979 / 180);
+        };
+        fet.s.assign(2, {polar(0.72, -116), polar(0.03, 57), polar(2.6, 76), polar(0.73, -54)});
+        Network network;
+        network.source = Cx(30, 20);
+        network.ladder = {{MeasuredTwoPort{std::make_shared<const PortData>(fet)}, {}}};
+        const auto contours = DeviceContours(network, 4e9, DeviceSide::Load);
+        QCOMPARE(contours.size(), std::size_t(4));
+        QCOMPARE(contours[0].label, std::string("fet.s2p loads stable outside"));
+        for (std::size_t i = 0; i < contours.size(); ++i) {
+            const ChartCircle& circle = contours[i].circle;
+            for (const double angle : {0.3, 2.0, 4.4}) {
+                const Cx gamma = Cx(circle.u, circle.v) + std::polar(circle.radius, angle);
+                network.load = ChartImpedance(gamma, Cx(30, 20));
+                const NetworkPoint at = LadderResponse(network).at(4e9);
+                // On the edge of stability the input takes no power; else the gain is the label's.
+                if (i == 0) {
+                    QVERIFY2(std::fabs(at.Zin.real() / std::abs(at.Zin)) < 1e-9, "edge");
+                } else {
+                    const double gain = at.GT / (1 - std::norm(at.gammaIn));
+                    QVERIFY(std::fabs(10 * std::log10(gain) - (16.710 - double(i))) < 1e-3);
+                }
+            }
+        }
+        QCOMPARE(contours[1].label, std::string("Gp 15.7 dB"));
+        QVERIFY(DeviceContours(network, 5e9, DeviceSide::Load).empty());
     }
 
     void theCentreIsTheConjugateMatchOfAnySource() {

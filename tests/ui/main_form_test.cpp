@@ -1,13 +1,18 @@
 // The shared part of the main window: inputs, spin buttons, series, hints, buttons.
 
 #include <QClipboard>
+#include <QDragEnterEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QRadioButton>
 #include <QStatusBar>
 #include <QTimer>
 #include <cmath>
 
+#include "design/opened_network.h"
+#include "design/pages.h"
 #include "tests/ui/form_fixture.h"
+#include "ui/workbench/network_window.h"
 
 using namespace kelvro;
 
@@ -38,6 +43,8 @@ class MainFormTest : public QObject {
     void everyControlOfTheWindowIsThere();
     void oddCaptionsAndHintsStandAsUsersKnowThem();
     void tabKeyFollowsTheEye();
+    void everyPageOpensAsANetwork();
+    void projectsOpenFromCommandLineAndDrop();
 };
 
 void MainFormTest::typedTextIsReadAndClamped_data() {
@@ -369,6 +376,75 @@ void MainFormTest::tabKeyFollowsTheEye() {
     QCOMPARE(order.mid(0, 8),
              QStringList({"R1Eingabe", "R2Eingabe", "foEingabe", "SpeedButtonVertauschen",
                           "QEingabe", "QBEingabe", "QBCEingabe", "CheckBoxQ"}));
+}
+
+/// The window, with nothing left over from another run.
+NetworkWindow& NetworkWindowOf(FormFixture& f) {
+    qputenv("XDG_STATE_HOME", f.configFolder().toLocal8Bit());
+    auto* window = dynamic_cast<NetworkWindow*>(f.form().windows().window("NetworkWindow"));
+    if (!window) qFatal("no network window");
+    return *window;
+}
+
+void MainFormTest::everyPageOpensAsANetwork() {
+    FormFixture f;
+    NetworkWindowOf(f);
+    for (const Page& page : Pages()) {
+        f.goTo(page.number);
+        f.messages.clear();
+        if (!page.networks || !page.atFrequency) {
+            f.choose("OpenAsNetwork1");
+            QVERIFY2(f.messages.join(' ').contains(ToQString(page.caption)),
+                     qPrintable(ToQString(page.key)));
+            continue;
+        }
+        f.click(QString("OpenAsNetwork%1").arg(page.number));
+        NetworkWindow& window = NetworkWindowOf(f);
+        const auto opened = OpenedNetwork(f.state());
+        if (!opened) {  // refused for these resistances
+            QCOMPARE(f.messages.last(), QString::fromStdString(opened.message()));
+            continue;
+        }
+        QVERIFY2(f.messages.isEmpty(), qPrintable(f.messages.join('\n')));
+        QVERIFY2(window.isVisible() && window.model().network() == *opened,
+                 qPrintable(ToQString(page.key)));
+        QVERIFY2(window.model().history().undoName() == "Open " + std::string(page.caption),
+                 qPrintable(ToQString(page.key)));
+    }
+    NetworkWindowOf(f).model().markSaved();
+}
+
+void MainFormTest::projectsOpenFromCommandLineAndDrop() {
+    QTemporaryDir folder;
+    const QString file = folder.filePath("antenna.kelvro");
+    Project project;
+    project.network = StartNetwork();
+    project.network.load = std::complex(12.0, 34.0);
+    QVERIFY(WriteProject(file.toStdString(), project).ok());
+    FormFixture f({"nopt", file});
+    NetworkWindowOf(f);
+    f.form().openNetworkFiles();
+    NetworkWindow& window = NetworkWindowOf(f);
+    QVERIFY(window.isVisible());
+    QVERIFY(window.model().network() == project.network);
+    QVERIFY2(f.messages.isEmpty(), qPrintable(f.messages.join('\n')));
+
+    window.newProject();
+    QMimeData data;
+    const auto drop = [&](const QString& name) {
+        data.setUrls({QUrl::fromLocalFile(name)});
+        QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, {});
+        enter.setAccepted(false);
+        QApplication::sendEvent(&f.form(), &enter);
+        if (!enter.isAccepted()) return false;
+        QDropEvent dropped(QPointF(20, 20), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&f.form(), &dropped);
+        return true;
+    };
+    QVERIFY(!drop(folder.filePath("letter.txt")));
+    QVERIFY(window.model().network() == StartNetwork());
+    QVERIFY(drop(file));
+    QVERIFY(window.model().network() == project.network);
 }
 
 QTEST_MAIN(MainFormTest)

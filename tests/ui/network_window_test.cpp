@@ -3,14 +3,21 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
+#include <QProcess>
 #include <QSlider>
+#include <QStandardPaths>
+#include <QStyleOptionSlider>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <algorithm>
 #include <cmath>
 
 #include "network/ladder_response.h"
@@ -93,6 +100,44 @@ class Window {
     std::unique_ptr<NetworkWindow> window_;
 };
 
+/// How long it takes from a move of the pointer until the last view is painted.
+class FrameTimes : public QObject {
+  public:
+    FrameTimes(QWidget& moved, QWidget& last) : moved_(moved) {
+        moved.installEventFilter(this);
+        const auto parts = last.findChildren<QWidget*>();
+        for (QWidget* part : parts) part->installEventFilter(this);
+    }
+    QString text() const {
+        auto sorted = times_;
+        std::ranges::sort(sorted);
+        if (sorted.empty()) return "nothing painted";
+        return QString("median %1 ms, longest %2 ms of %3")
+            .arg(sorted[sorted.size() / 2], 0, 'f', 1)
+            .arg(sorted.back(), 0, 'f', 1)
+            .arg(sorted.size());
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == &moved_ && event->type() == QEvent::MouseMove) {
+            if (!timer_.isValid()) timer_.start();
+        } else if (watched != &moved_ && event->type() == QEvent::Paint && timer_.isValid()) {
+            // The paint itself comes behind this filter.
+            QTimer::singleShot(0, this, [this] {
+                if (timer_.isValid()) times_.push_back(double(timer_.nsecsElapsed()) / 1e6);
+                timer_.invalidate();
+            });
+        }
+        return false;
+    }
+
+  private:
+    QWidget& moved_;
+    QElapsedTimer timer_;
+    std::vector<double> times_;
+};
+
 double Gain(Window& window) {
     return LadderResponse(window.model().network()).GT(kFrequency);
 }
@@ -111,6 +156,8 @@ class NetworkWindowTest : public QObject {
         QCOMPARE(window.value(0), 20e-9);
         QCOMPARE(window.value(1), 0.92277e-12);
         QCOMPARE(impedance(network.load, kFrequency), std::complex<double>(200, -100));
+        // Sliders carry the names that were typed behind them.
+        QCOMPARE(window.find<QLabel>("SliderName2").text(), QString("C1"));
         QCOMPARE(network.designFrequency, kFrequency);
     }
 
@@ -258,6 +305,164 @@ class NetworkWindowTest : public QObject {
         QVERIFY(window.model().network() == written);
         QVERIFY(!window->openFile(window.path("no such file.kelvro")));
         QCOMPARE(window.messages.size(), 1);
+    }
+
+    void snapshotsAreKeptInTheProject() {
+        Window window;
+        window.addLowPass();
+        const Network first = window.model().network();
+        window.trigger("NetworkSnapshot");
+        window.model().renameSnapshot(0, "low-pass");
+        window.model().showSnapshot(0, false);
+        window.type("Value1", "39n");
+        auto& table = window.find<QTableWidget>("SnapshotTable");
+        QVERIFY(table.item(2, 1)->text().contains("39n"));
+        QVERIFY(table.item(2, 2)->text().contains("20n"));
+        const QString file = window.path("variants.kelvro");
+        Project project;
+        project.network = window.model().network();
+        project.snapshots = {{"low-pass", first, false}};
+        QVERIFY(WriteProject(file.toStdString(), project).ok());
+        window.model().removeSnapshot(0);
+        QVERIFY(window->openFile(file));
+        QVERIFY(!window->windowTitle().contains('*'));
+        QCOMPARE(window.model().snapshots().size(), std::size_t(1));
+        const Snapshot& kept = window.model().snapshots().front();
+        QCOMPARE(kept.name, QString("low-pass"));
+        QVERIFY(kept.network == first && !kept.shown);
+        window.model().removeSnapshot(0);
+        QVERIFY(window->windowTitle().contains('*'));
+    }
+
+    /// What was chosen or locked in another ladder is not to be looked for in the one that undo
+    /// brings back.
+    void undoForgetsWhatTheLadderNoLongerHas() {
+        Window window;
+        window.addLowPass();
+        const Tunable last{1, 0, Tunable::Quantity::PartValue};
+        window.model().setLocked(last, true);
+        window.model().select(last);
+        Network line = window.model().network();
+        line.ladder = {line.ladder[0], {Transformer{2}, {}}};
+        window.model().take("Other", line);
+        QVERIFY(!window.model().locked(last));
+        QVERIFY(!window.model().selected());
+        window.trigger("NetworkUndo");
+        window.model().select(last);
+        window.trigger("NetworkRedo");
+        window->chart().setFocus();
+        QTest::keyClick(&window->chart(), Qt::Key_Up);
+        QVERIFY(window.model().network() == line);
+    }
+
+    void theMenuOfAnElementOpensByKeyAndSetsLossesAndPlace() {
+        Window window;
+        window.addLowPass();
+        auto& list = window.find<QListWidget>("LadderList");
+        list.setCurrentRow(0);
+        list.setFocus();
+        const auto choose = [&](const QString& item) {
+            QTimer::singleShot(50, [item] {
+                auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+                if (!menu) qFatal("no menu");
+                const auto actions = menu->findChildren<QAction*>();
+                const auto found = std::ranges::find_if(actions, [&](const QAction* action) {
+                    return action->text().remove('&') == item;
+                });
+                if (found == actions.end()) qFatal("no item %s", qPrintable(item));
+                (*found)->trigger();
+                menu->close();
+            });
+            QTest::keyClick(&list, Qt::Key_Menu);
+        };
+        QStringList labels;
+        const InDialog typed([&](QWidget& dialog) {
+            auto* edit = dialog.findChild<QLineEdit*>();
+            edit->setText(labels.isEmpty() ? "Qx=3" : "Q=40@100M, ESR=0.1, SRF=3G");
+            labels << dialog.findChild<QLabel*>()->text();
+            QTimer::singleShot(50, &window.model(), [&labels] {
+                auto* again = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+                if (!again) return;
+                labels << again->labelText();
+                again->setTextValue("Q=40@100M, ESR=0.1, SRF=3G");
+                again->accept();
+            });
+            static_cast<QDialog&>(dialog).accept();
+        });
+        choose("Losses…");
+        QCOMPARE(labels.size(), 2);
+        QVERIFY2(labels.last().contains("These are no losses"), qPrintable(labels.last()));
+        const Part& L1 = *PartsOf(window.model().network().ladder)[0];
+        QCOMPARE(L1.value, 20e-9);
+        QCOMPARE(L1.name, std::string("L1"));
+        QVERIFY((L1.loss == PartLoss{PartLoss::Law::RootQ, 40, 1e8, 0.1, 3e9}));
+        choose("Put across");
+        QVERIFY(list.item(0)->text().startsWith("shunt: L1=20n(Q=40@100M"));
+    }
+
+    /// With a real pointer and real keys, where there is a screen that takes them.
+    void aRealPointerDragsANodeAndASliderAndRealKeysUndoAndSave() {
+        if (QGuiApplication::platformName() != "xcb" ||
+            QStandardPaths::findExecutable("xdotool").isEmpty())
+            QSKIP("needs an X server and xdotool");
+        Window window;
+        const QString file = window.path("tuned.kelvro");
+        Project project;
+        project.network.source = 100.0;
+        project.network.ladder = {SeriesArm(Part::L(20e-9, "L1")),
+                                  ShuntArm(Part::C(0.92277e-12, "C1"))};
+        project.network.load = std::complex(200.0, -100.0);
+        project.network.designFrequency = kFrequency;
+        QVERIFY(WriteProject(file.toStdString(), project).ok());
+        QVERIFY(window->openFile(file));
+        const auto screen = [](const QString& words) {
+            QCOMPARE(QProcess::execute("xdotool", words.split(' ')), 0);
+            QTest::qWait(60);
+        };
+        const auto to = [](const QWidget& widget, QPointF at) {
+            const QPoint global = widget.mapToGlobal(at.toPoint());
+            return QString("mousemove %1 %2").arg(global.x()).arg(global.y());
+        };
+        screen(QString("windowfocus --sync %1").arg(window->winId()));
+
+        SmithView& chart = window->chart();
+        const FrameTimes frames(chart, window.find<SweepView>("Plot2"));
+        const QPointF from = chart.nodePosition(1);
+        screen(to(chart, from));
+        screen("mousedown 1");
+        for (int i = 1; i <= 20; ++i) screen(to(chart, from + QPointF(1, -1) * i));
+        screen("mouseup 1");
+        QVERIFY(window.value(0) != 20e-9);
+        QCOMPARE(window.model().history().undoName(), std::string("Drag L1"));
+        qInfo("from the pointer's move until all is painted: %s", qPrintable(frames.text()));
+
+        auto& slider = window.find<QSlider>("Slider2");
+        QStyleOptionSlider option;
+        option.initFrom(&slider);
+        option.orientation = slider.orientation();
+        option.minimum = slider.minimum();
+        option.maximum = slider.maximum();
+        option.sliderPosition = slider.sliderPosition();
+        option.sliderValue = slider.value();
+        const QPointF handle =
+            slider.style()
+                ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, &slider)
+                .center();
+        screen(to(slider, handle));
+        screen("mousedown 1");
+        for (int i = 1; i <= 5; ++i) screen(to(slider, handle + QPointF(4 * i, 0)));
+        screen("mouseup 1");
+        QVERIFY(window.value(1) > 0.92277e-12);
+
+        screen("key ctrl+z");
+        QCOMPARE(window.value(1), 0.92277e-12);
+        QVERIFY(window.value(0) != 20e-9);
+        screen("key ctrl+s");
+        QVERIFY(!window->windowTitle().contains('*'));
+        const auto saved = ReadProject(file.toStdString());
+        QVERIFY(saved.ok() && saved->network == window.model().network());
+        screen("key ctrl+z");
+        QCOMPARE(window.value(0), 20e-9);
     }
 
     void theCommandLineSaysWhatIsOnTheScreen() {

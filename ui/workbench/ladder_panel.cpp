@@ -86,6 +86,29 @@ const std::array kNewElements = {
                }},
 };
 
+/// "Q=40@100M,ESR=0.1": what stands in the parentheses behind a part's value.
+QString LossText(Part part) {
+    part.name.clear();
+    const QString whole = Text(ImpedanceText(part));
+    const auto open = whole.indexOf('(');
+    return open < 0 ? QString() : whole.mid(open + 1, whole.size() - open - 2);
+}
+
+/// The part with the losses of such a text. A failure is one line.
+Result<Part> WithLosses(const Part& part, const QString& text) {
+    if (text.trimmed().isEmpty()) return Part{part.kind, part.value, {}, part.name};
+    const std::string letter(1, LetterOf(part.kind));
+    const auto read = ParseImpedance(letter + "=1(" + text.toStdString() + ')');
+    const Part* lossy = read ? std::get_if<Part>(&read->is) : nullptr;
+    if (!lossy) {
+        const std::string message = read.message();
+        const auto place = message.find(": ");  // behind the column, which the user did not see
+        return Status::Failure("These are no losses: " +
+                               (read ? "one part's only" : message.substr(place + 2)));
+    }
+    return Part{part.kind, part.value, lossy->loss, part.name};
+}
+
 }  // namespace
 
 // ---------------------------------------------------------------- terminations
@@ -334,6 +357,8 @@ bool LadderPanel::eventFilter(QObject* watched, QEvent* event) {
         removeCurrent();
     } else if (key->key() == Qt::Key_Insert) {
         findChild<QToolButton*>(QStringLiteral("ButtonAddElement"))->showMenu();
+    } else if (key->key() == Qt::Key_Menu && list_->currentItem()) {
+        showMenu(list_->visualItemRect(list_->currentItem()).center());
     } else if (control && key->key() == Qt::Key_Up) {
         moveCurrent(-1);
     } else if (control && key->key() == Qt::Key_Down) {
@@ -361,13 +386,13 @@ void LadderPanel::showMenu(QPoint at) {
         });
     }
     for (const Tunable& tunable : TunablesOf(model_.network().ladder))
-        if (tunable.element == index) addPartActions(menu, index, tunable);
+        if (tunable.element == index) addPartActions(menu, tunable);
     menu.addSeparator();
     menu.addAction(tr("&Delete"), this, [this] { removeCurrent(); });
     menu.exec(list_->viewport()->mapToGlobal(at));
 }
 
-void LadderPanel::addPartActions(QMenu& menu, std::size_t element, const Tunable& at) {
+void LadderPanel::addPartActions(QMenu& menu, const Tunable& at) {
     const auto& ladder = model_.network().ladder;
     const Part* part = PartAt(ladder, at);
     QMenu* own = menu.addMenu(Text(NameOf(ladder, at)));
@@ -399,25 +424,29 @@ void LadderPanel::addPartActions(QMenu& menu, std::size_t element, const Tunable
         });
     }
     if (part->kind != PartKind::Resistor)
-        own->addAction(tr("&Q…"), this, [=, this] { askForLoss(element, at.part); });
+        own->addAction(tr("&Losses…"), this, [=, this] { askForLoss(at); });
 }
 
-void LadderPanel::askForLoss(std::size_t element, std::size_t part) {
-    const Tunable at{element, part, Tunable::Quantity::PartValue};
+void LadderPanel::askForLoss(const Tunable& at) {
     const Part present = *PartAt(model_.network().ladder, at);
-    const double f = model_.designFrequency();
-    bool given = false;
-    const QString text = QInputDialog::getText(
-        this, tr("Q of %1").arg(Text(NameOf(model_.network().ladder, at))),
-        tr("Q at %1 (empty: no loss):").arg(Text(FormatQuantity(2, f, "Hz"))), QLineEdit::Normal,
-        present.loss.Q > 0 ? Text(FormatShortest(present.loss.Q)) : QString(), &given);
-    if (!given) return;
-    const double Q = ParseValue(text.toStdString());
-    Part lossy = present;
-    lossy.loss.law = Q > 0 ? PartLoss::Law::RootQ : PartLoss::Law::Lossless;
-    lossy.loss.Q = Q > 0 ? Q : 0;
-    lossy.loss.f = Q > 0 ? f : 0;
-    model_.edit(tr("Q of part"), [&](Network& network) { ReplacePart(network.ladder, at, lossy); });
+    QString text = LossText(present);
+    QString why;
+    while (true) {
+        bool given = false;
+        text = QInputDialog::getText(
+            this, tr("Losses of %1").arg(Text(NameOf(model_.network().ladder, at))),
+            tr("Q at a frequency, series resistance, self-resonance; empty for none:\n"
+               "Q=40@100M, law=f, ESR=0.1, SRF=3G") +
+                (why.isEmpty() ? why : QStringLiteral("\n\n") + why),
+            QLineEdit::Normal, text, &given);
+        if (!given) return;
+        const auto lossy = WithLosses(present, text);
+        if (lossy) {
+            return model_.edit(tr("Losses of part"),
+                               [&](Network& network) { ReplacePart(network.ladder, at, *lossy); });
+        }
+        why = Text(lossy.message());
+    }
 }
 
 }  // namespace kelvro

@@ -70,11 +70,11 @@ class LadderPanel : public QWidget {
     void removeCurrent();
     void moveCurrent(int step);
     void showMenu(QPoint at);
-    void addPartActions(QMenu& menu, std::size_t element, const Tunable& at);
+    void addPartActions(QMenu& menu, const Tunable& at);
     /// A step that changes one element of the ladder.
     void editElement(const QString& name, std::size_t index,
                      const std::function<void(LadderElement&)>& change);
-    void askForLoss(std::size_t element, std::size_t part);
+    void askForLoss(const Tunable& at);
 
     NetworkModel& model_;
     const DataLoader load_;

@@ -24,13 +24,9 @@ void NetworkModel::edit(const QString& name, const std::function<void(Network&)>
     Network next = network();
     change(next);
     if (next == network()) return;
-    const bool sameShape = next.ladder.size() == network().ladder.size();
+    const std::size_t before = network().ladder.size();
     history_.edit(std::move(next), name.toStdString(), key.toStdString());
-    if (!sameShape) {
-        // Addresses of another ladder would point at other parts.
-        locked_.clear();
-        selected_.reset();
-    }
+    forgetLost(before);
     emit changed();
 }
 
@@ -49,10 +45,22 @@ void NetworkModel::take(const QString& name, Network network) {
     edit(name, [&](Network& next) { next = std::move(network); });
 }
 
-void NetworkModel::open(Network network) {
+void NetworkModel::forgetLost(std::size_t before) {
+    const auto& ladder = network().ladder;
+    const auto all = TunablesOf(ladder);
+    const bool sameSize = ladder.size() == before;
+    const auto lost = [&](const Tunable& at) {
+        return !sameSize || std::ranges::find(all, at) == all.end();
+    };
+    std::erase_if(locked_, lost);
+    if (selected_ && lost(*selected_)) selected_.reset();
+}
+
+void NetworkModel::open(Network network, std::vector<Snapshot> snapshots) {
     history_.reset(network);
     saved_ = std::move(network);
-    snapshots_.clear();
+    setSnapshots(std::move(snapshots));
+    savedSnapshots_ = snapshots_;
     ghost_.reset();
     locked_.clear();
     selected_.reset();
@@ -81,11 +89,22 @@ void NetworkModel::endDrag(bool keep) {
 }
 
 void NetworkModel::undo() {
-    if (history_.undo()) emit changed();
+    const std::size_t before = network().ladder.size();
+    if (!history_.undo()) return;
+    forgetLost(before);
+    emit changed();
 }
 
 void NetworkModel::redo() {
-    if (history_.redo()) emit changed();
+    const std::size_t before = network().ladder.size();
+    if (!history_.redo()) return;
+    forgetLost(before);
+    emit changed();
+}
+
+void NetworkModel::markSaved() {
+    saved_ = network();
+    savedSnapshots_ = snapshots_;
 }
 
 void NetworkModel::addSnapshot(const QString& name) {
@@ -100,7 +119,6 @@ void NetworkModel::setSnapshots(std::vector<Snapshot> snapshots) {
     taken_ = static_cast<int>(snapshots_.size());
     for (std::size_t i = 0; i < snapshots_.size(); ++i)
         snapshots_[i].colour = kSnapshotColours[i % kSnapshotColours.size()];
-    emit snapshotsChanged();
 }
 
 void NetworkModel::removeSnapshot(std::size_t index) {

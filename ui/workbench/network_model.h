@@ -22,6 +22,7 @@ struct Snapshot {
     Network network;
     Rgb colour;
     bool shown = true;
+    bool operator==(const Snapshot&) const = default;
 };
 
 /// The network that the Network window shows, and the one door through which it changes. Every view
@@ -43,7 +44,7 @@ class NetworkModel : public QObject {
     /// Another network as a step that can be undone: taken from a page, a search, a snapshot.
     void take(const QString& name, Network network);
     /// Another document: nothing left to undo.
-    void open(Network network);
+    void open(Network network, std::vector<Snapshot> snapshots = {});
 
     // A drag: its moves are shown at once and are one step; cancelled it was none.
     void beginDrag(const QString& name);
@@ -55,12 +56,11 @@ class NetworkModel : public QObject {
     const History<Network>& history() const { return history_; }
 
     /// Changed since the file was written?
-    bool modified() const { return !(network() == saved_); }
-    void markSaved() { saved_ = network(); }
+    bool modified() const { return !(network() == saved_ && snapshots_ == savedSnapshots_); }
+    void markSaved();
 
     const std::vector<Snapshot>& snapshots() const { return snapshots_; }
     void addSnapshot(const QString& name);
-    void setSnapshots(std::vector<Snapshot> snapshots);
     void removeSnapshot(std::size_t index);
     void showSnapshot(std::size_t index, bool shown);
     void renameSnapshot(std::size_t index, const QString& name);
@@ -97,6 +97,10 @@ class NetworkModel : public QObject {
     void selectionChanged();
 
   private:
+    /// Addresses of another ladder, which had `before` elements, would point at other parts.
+    void forgetLost(std::size_t before);
+    void setSnapshots(std::vector<Snapshot> snapshots);
+
     struct Drag {
         QString name;
         Network before;
@@ -104,6 +108,7 @@ class NetworkModel : public QObject {
 
     History<Network> history_;
     Network saved_;
+    std::vector<Snapshot> savedSnapshots_;
     std::vector<Snapshot> snapshots_;
     std::optional<Network> ghost_;
     std::vector<Tunable> locked_;

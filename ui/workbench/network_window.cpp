@@ -25,6 +25,7 @@
 #include <cmath>
 
 #include "core/number_text.h"
+#include "plot/device_contours.h"
 #include "ui/fields.h"
 #include "ui/plot/design_host.h"
 #include "ui/workbench/ladder_panel.h"
@@ -89,7 +90,7 @@ NetworkWindow::NetworkWindow(DesignHost& host, QWidget* parent)
     buildContents();
     buildMenus();
     connect(&model_, &NetworkModel::changed, this, &NetworkWindow::showModel);
-    connect(&model_, &NetworkModel::snapshotsChanged, this, &NetworkWindow::showSnapshots);
+    connect(&model_, &NetworkModel::snapshotsChanged, this, &NetworkWindow::showModel);
     autosaveTimer_->setSingleShot(true);
     autosaveTimer_->setInterval(kAutosavePause);
     connect(autosaveTimer_, &QTimer::timeout, this, &NetworkWindow::autosave);
@@ -300,6 +301,17 @@ void NetworkWindow::buildMenus() {
         std::erase_if(values, [](double Q) { return !(Q > 0); });
         chart_->setQualityCircles(values);
     });
+    const auto circles = [&](const char* object, const QString& text, DeviceSide side) {
+        toggle(object, text, false, [this, side](bool on) {
+            chart_->showDeviceCircles(side, on);
+            const bool none =
+                DeviceContours(model_.network(), model_.designFrequency(), side).empty();
+            if (on && none)
+                statusBar()->showMessage(tr("The ladder has no two-port file at this frequency"));
+        });
+    };
+    circles("NetworkLoadCircles", tr("Stability and Gain of &Loads"), DeviceSide::Load);
+    circles("NetworkSourceCircles", tr("Stability and Gain of S&ources"), DeviceSide::Source);
     view.addSeparator();
     add(view, "NetworkFit", tr("&Fit"), QKeySequence(Qt::Key_Home), [this] {
         chart_->fit();
@@ -333,6 +345,7 @@ void NetworkWindow::showModel() {
     undo_->setEnabled(model_.history().canUndo());
     redo_->setText(name(tr("&Redo"), model_.history().redoName()));
     redo_->setEnabled(model_.history().canRedo());
+    showSnapshots();
     showTitle();
     autosaveTimer_->start();
 }
@@ -375,6 +388,7 @@ void NetworkWindow::takeSnapshot() {
 /// Rows: name, worst gain, then every value; columns: the quantity, now, and the snapshots.
 void NetworkWindow::showSnapshots() {
     const QSignalBlocker blocker(snapshots_);
+    if (model_.snapshots().empty()) return snapshots_->setColumnCount(0);
     std::vector<std::pair<QString, const Network*>> columns{{tr("now"), &model_.network()}};
     for (const Snapshot& snapshot : model_.snapshots())
         columns.emplace_back(snapshot.name, &snapshot.network);

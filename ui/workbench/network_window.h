@@ -37,6 +37,12 @@ class NetworkWindow : public QMainWindow {
 
     /// A project file; false, with a message shown, when it cannot be read.
     bool openFile(const QString& path);
+    /// Can a file of this name be opened here: a project or measured data?
+    static bool opens(const QString& file);
+    /// A project in place of the present one, once that may go; measured data as the load.
+    void openAny(const QString& file);
+    /// A page's circuit as a step that can be undone, and as a document without a file.
+    void takeDesign(const QString& caption, Network network);
     const QString& file() const { return file_; }
 
     /// The call of the command-line program that analyses what is on the screen.

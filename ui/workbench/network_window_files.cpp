@@ -17,6 +17,8 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "core/number_text.h"
@@ -39,6 +41,7 @@ namespace {
 constexpr QSize kPictureSize(1200, 700);
 constexpr double kClipboardScale = 2;  // pixels per logical pixel of a copied picture
 constexpr int kMostRecent = 8;
+constexpr char kProjectSuffix[] = ".kelvro";
 constexpr char kFilter[] = "Kelvro projects (*.kelvro)";
 
 QSettings Remembered() {
@@ -69,13 +72,20 @@ QString Quoted(const QString& text) {
 Project NetworkWindow::present() const {
     Project project = project_;
     project.network = model_.network();
+    project.snapshots.clear();
+    for (const Snapshot& snapshot : model_.snapshots())
+        project.snapshots.push_back(
+            {snapshot.name.toStdString(), snapshot.network, snapshot.shown});
     return project;
 }
 
 void NetworkWindow::takeOver(Project project) {
     for (const std::string& message : project.messages) say(QString::fromStdString(message));
     project_ = std::move(project);
-    model_.open(project_.network);
+    std::vector<Snapshot> snapshots;
+    for (const ProjectSnapshot& kept : project_.snapshots)
+        snapshots.push_back({QString::fromStdString(kept.name), kept.network, {}, kept.shown});
+    model_.open(project_.network, std::move(snapshots));
 }
 
 void NetworkWindow::newProject() {
@@ -234,12 +244,27 @@ void NetworkWindow::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void NetworkWindow::dropEvent(QDropEvent* event) {
-    const QString file = event->mimeData()->urls().value(0).toLocalFile();
-    if (file.endsWith(QStringLiteral(".kelvro"), Qt::CaseInsensitive)) {
+    openAny(event->mimeData()->urls().value(0).toLocalFile());
+}
+
+bool NetworkWindow::opens(const QString& file) {
+    constexpr std::array suffixes = {kProjectSuffix, ".s1p", ".s2p", ".ts"};
+    return std::ranges::any_of(suffixes, [&file](const char* suffix) {
+        return file.endsWith(QLatin1String(suffix), Qt::CaseInsensitive);
+    });
+}
+
+void NetworkWindow::takeDesign(const QString& caption, Network network) {
+    file_.clear();
+    project_ = {};
+    model_.take(tr("Open %1").arg(caption), std::move(network));
+}
+
+void NetworkWindow::openAny(const QString& file) {
+    if (file.endsWith(QLatin1String(kProjectSuffix), Qt::CaseInsensitive)) {
         if (mayDiscard()) openFile(file);
         return;
     }
-    // Measured data become the load.
     auto read = data_.load(file.toStdString());
     if (!read) return say(QString::fromStdString(read.message()));
     const Impedance::Measured load{*read, (*read)->ports == 1 ? 0 : 1, false};

@@ -126,6 +126,7 @@ void SliderPanel::addRow(const Tunable& at, int line) {
             new InputEdit(QStringLiteral("Value%1").arg(line + 1)),
             new QLabel(ToQString(UnitOf(ladder, at))),
             ValueOf(ladder, at)};
+    row.name->setObjectName(QStringLiteral("SliderName%1").arg(line + 1));
     row.name->setBuddy(row.edit);
     row.slider->setObjectName(QStringLiteral("Slider%1").arg(line + 1));
     row.slider->setRange(-kHalfWay, kHalfWay);
@@ -177,7 +178,12 @@ void SliderPanel::showModel() {
     if (TunablesOf(model_.network().ladder) != shown_) rebuild();
     filling_ = true;
     for (Row& row : rows_) {
-        const double value = ValueOf(model_.network().ladder, row.at);
+        const auto& ladder = model_.network().ladder;
+        const double value = ValueOf(ladder, row.at);
+        // The element may have got another name, or become another kind of part.
+        row.name->setText(QString::fromStdString(NameOf(ladder, row.at)));
+        row.slider->setAccessibleName(row.name->text());
+        row.unit->setText(ToQString(UnitOf(ladder, row.at)));
         // A value set elsewhere, beyond the slider's ends, becomes its new middle.
         const double range = kRanges[static_cast<std::size_t>(rangeBox_->currentIndex())];
         const bool beyond =

@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "core/number_text.h"
+#include "plot/device_contours.h"
 #include "plot/smith_painter.h"
 
 namespace kelvro {
@@ -84,6 +85,12 @@ void SmithView::setQualityCircles(std::vector<double> values) {
     rebuild();
 }
 
+void SmithView::showDeviceCircles(DeviceSide side, bool on) {
+    std::erase(deviceSides_, side);
+    if (on) deviceSides_.push_back(side);
+    rebuild();
+}
+
 void SmithView::setContours(std::vector<ChartContour> contours) {
     contours_ = std::move(contours);
     rebuild();
@@ -122,10 +129,15 @@ void SmithView::addContours() {
         picture_.contours.push_back({VswrCircle(s), "VSWR " + FormatShortest(s), kContourColour});
     }
     for (const double Q : qualityCircles_) {
-        ChartCircle lower = QualityCircle(Q);
-        lower.v = -lower.v;
-        picture_.contours.push_back({QualityCircle(Q), "Q " + FormatShortest(Q), kContourColour});
-        picture_.contours.push_back({lower, "", kContourColour});
+        for (const double q : {Q, -Q}) {
+            const auto arc = QualityCircle(q, source());
+            const std::string label = q > 0 ? "Q " + FormatShortest(Q) : "";
+            if (arc) picture_.contours.push_back({*arc, label, kContourColour});
+        }
+    }
+    for (const DeviceSide side : deviceSides_) {
+        auto circles = DeviceContours(model_.network(), model_.designFrequency(), side);
+        std::ranges::move(circles, std::back_inserter(picture_.contours));
     }
 }
 

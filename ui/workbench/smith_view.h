@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "network/device.h"
 #include "plot/smith_picture.h"
 #include "ui/workbench/network_model.h"
 
@@ -32,6 +33,8 @@ class SmithView : public QWidget {
     void setVswrCircles(std::vector<double> values);
     void setQualityCircles(std::vector<double> values);
     void setContours(std::vector<ChartContour> contours);
+    /// Stability and gain circles of the ladder's measured two-ports: of their loads or sources.
+    void showDeviceCircles(DeviceSide side, bool on);
     /// Series to which Shift steps while dragging and Ctrl+arrows step by key.
     void setSeries(Series series) { series_ = series; }
     void fit();
@@ -73,6 +76,7 @@ class SmithView : public QWidget {
     std::vector<double> vswrCircles_;
     std::vector<double> qualityCircles_;
     std::vector<ChartContour> contours_;
+    std::vector<DeviceSide> deviceSides_;
     Series series_ = Series::E24;
     enum class Gesture : unsigned char { None, DragNode, Pan };
     Gesture gesture_ = Gesture::None;
