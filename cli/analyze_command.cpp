@@ -18,33 +18,31 @@ struct AnalyzeOptions {
 };
 
 /// The network as a project file; keys that others keep in that file stay.
-std::optional<Problem> Save(const Network& network, const std::string& file) {
+Status Save(const Network& network, const std::string& file) {
     Project project;
     if (std::filesystem::exists(file)) {
         auto before = ReadProject(file);
-        if (!before.ok()) return Problem{ExitCode::Failed, before.message()};
+        if (!before) return before.status();
         project = std::move(*before);
     }
     project.network = network;
-    const Status saved = WriteProject(file, project);
-    if (saved.ok()) return std::nullopt;
-    return Problem{ExitCode::Failed, saved.message()};
+    return WriteProject(file, project);
 }
 
 ExitCode Analyze(const AnalyzeOptions& options, Session& session) {
     const auto read = NetworkOf(options.network, session);
-    if (const auto* problem = std::get_if<Problem>(&read)) return session.fail(*problem);
-    const auto& network = std::get<Network>(read);
+    if (!read) return session.fail(read.status());
+    const auto& network = *read;
     const auto frequencies = FrequenciesOf(options.sweep, network);
-    if (const auto* problem = std::get_if<Problem>(&frequencies)) return session.fail(*problem);
-    const auto& f = std::get<std::vector<double>>(frequencies);
+    if (!frequencies) return session.fail(frequencies.status());
+    const auto& f = *frequencies;
     TellDataWarnings(network, f.front(), f.back(), session);
     LadderResponse response(network);
     const NetworkSweep& sweep = response.sweep(f);
     session.out << (options.json ? SweepJson(sweep) : SweepTable(sweep));
     if (options.save.empty()) return ExitCode::Done;
-    const auto problem = Save(network, options.save);
-    return problem ? session.fail(*problem) : ExitCode::Done;
+    const Status saved = Save(network, options.save);
+    return saved ? ExitCode::Done : session.fail({ExitCode::Failed, saved.message()});
 }
 
 }  // namespace

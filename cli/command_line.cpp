@@ -60,14 +60,20 @@ ExitCode Parse(CLI::App& app, Session& session, std::vector<std::string> args) {
 
 }  // namespace
 
-int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostream& err,
-                   bool terminal) {
-    Session session{.out = out, .err = err, .terminal = terminal};
-    CLI::App app("Designs matching networks, attenuators and PA output networks.", "kelvro-cli");
+void DeclareCommands(CLI::App& app, Session& session) {
+    app.name("kelvro-cli");
+    app.description("Designs matching networks, attenuators and PA output networks.");
     app.set_version_flag("--version", "kelvro-cli " KELVRO_VERSION);
     app.require_subcommand(1);
     app.footer("Numbers carry engineering prefixes: 10M, 4.7k, 100n, 2,2u.");
     for (const auto add : kCommands) add(app, session);
+}
+
+int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostream& err,
+                   bool terminal, PictureWriter writePicture) {
+    Session session{.out = out, .err = err, .writePicture = writePicture, .terminal = terminal};
+    CLI::App app;
+    DeclareCommands(app, session);
     ExitCode code = Parse(app, session, std::move(args));
     out.flush();
     if (!out && code == ExitCode::Done) {

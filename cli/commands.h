@@ -10,6 +10,9 @@
 
 namespace kelvro {
 
+/// Gives `app` its name, its own options and all commands.
+void DeclareCommands(CLI::App& app, Session& session);
+
 void AddNumberCommand(CLI::App& app, Session& session);
 void AddSeriesCommand(CLI::App& app, Session& session);
 void AddPagesCommand(CLI::App& app, Session& session);

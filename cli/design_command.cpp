@@ -51,16 +51,14 @@ Result<std::vector<ComparedValue>> Comparison(const ReportOptions& options, cons
     const bool given = !options.design->takes.empty();
     const auto prepared =
         PrepareExport(run.state, {.componentsGiven = given, .series = run.series});
-    if (const auto* refusal = std::get_if<std::string>(&prepared)) {
-        return Status::Failure(*refusal);
-    }
-    return CompareWithNgspice(std::get<ExportDesign>(prepared));
+    if (!prepared) return prepared.status();
+    return CompareWithNgspice(*prepared);
 }
 
 ExitCode ReportDesign(const ReportOptions& options, Session& session) {
     const auto outcome = RunDesign(*options.design, session);
-    if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
-    const auto& run = std::get<DesignRun>(outcome);
+    if (!outcome) return session.fail(outcome.status());
+    const auto& run = *outcome;
     const auto compared = Comparison(options, run);
     const bool beside = compared && !compared->empty();
     if (options.design->json) {

@@ -171,7 +171,7 @@ void AddJsonOption(CLI::App& command, DesignOptions& options) {
     command.add_flag("--json", options.json, "Write JSON");
 }
 
-std::variant<Design, Problem> StateOf(const DesignOptions& options, Session& session) {
+Outcome<Design> StateOf(const DesignOptions& options, Session& session) {
     const Page* page = FindPage(options.page);
     if (!page) return Problem{ExitCode::Usage, "PAGE: " + PageProblem(options.page)};
     Design state = StartState(options, session);

@@ -5,7 +5,6 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <variant>
 #include <vector>
 
 #include "cli/session.h"
@@ -43,7 +42,7 @@ void AddJsonOption(CLI::App& command, DesignOptions& options);
 /// the inputs, each
 /// clamped to its field's limits. No component is designed or taken yet. What the user should know
 /// besides goes to the session's error stream.
-std::variant<Design, Problem> StateOf(const DesignOptions& options, Session& session);
+Outcome<Design> StateOf(const DesignOptions& options, Session& session);
 
 /// The standard series of the options.
 Series SeriesOf(const DesignOptions& options);

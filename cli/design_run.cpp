@@ -1,6 +1,7 @@
 #include "cli/design_run.h"
 
 #include <algorithm>
+#include <variant>
 
 #include "analysis/response.h"
 #include "design/pages.h"
@@ -37,9 +38,8 @@ std::string Names(const std::vector<Component>& components, Which&& which) {
 }
 
 /// The components of the page with the texts of --take, the last one of a name.
-std::variant<std::vector<Component>, Problem> WithTakes(std::vector<Component> components,
-                                                        const std::vector<std::string>& takes,
-                                                        const Page& page) {
+Outcome<std::vector<Component>> WithTakes(std::vector<Component> components,
+                                          const std::vector<std::string>& takes, const Page& page) {
     for (const std::string& take : takes) {
         const auto [name, value] = SplitAtEquals(take);
         const auto component = std::ranges::find(components, name, &Component::name);
@@ -55,13 +55,13 @@ std::variant<std::vector<Component>, Problem> WithTakes(std::vector<Component> c
 }
 
 /// The design with the components of --take in place of its own.
-std::variant<DesignRun, Problem> RunTaken(DesignRun run, const DesignOptions& options) {
+Outcome<DesignRun> RunTaken(DesignRun run, const DesignOptions& options) {
     ResponseServices services;
     run.cycle = Calculate(run.state, true, services);
     run.state = run.cycle.design;
     const auto named = WithTakes(ComponentsOf(run), options.takes, run.page());
-    if (const auto* problem = std::get_if<Problem>(&named)) return *problem;
-    const auto& components = std::get<std::vector<Component>>(named);
+    if (!named) return named.status();
+    const auto& components = *named;
     const std::string missing =
         Names(components, [](const Component& component) { return component.taken.empty(); });
     if (run.refused() && !missing.empty()) {
@@ -80,10 +80,10 @@ std::variant<DesignRun, Problem> RunTaken(DesignRun run, const DesignOptions& op
 
 }  // namespace
 
-std::variant<DesignRun, Problem> RunDesign(const DesignOptions& options, Session& session) {
+Outcome<DesignRun> RunDesign(const DesignOptions& options, Session& session) {
     auto prepared = StateOf(options, session);
-    if (auto* problem = std::get_if<Problem>(&prepared)) return std::move(*problem);
-    DesignRun run{std::get<Design>(std::move(prepared)), {}, SeriesOf(options), {}};
+    if (!prepared) return prepared.status();
+    DesignRun run{std::move(*prepared), {}, SeriesOf(options), {}};
     if (!options.takes.empty()) return RunTaken(std::move(run), options);
     OptimizerServices services({.disabled = options.noOptimize}, {"", ""});
     run.cycle = Calculate(run.state, true, services);
@@ -96,16 +96,13 @@ std::variant<DesignRun, Problem> RunDesign(const DesignOptions& options, Session
     return run;
 }
 
-std::variant<DesignRun, Problem> RunAcceptedDesign(const DesignOptions& options, Session& session) {
+Outcome<DesignRun> RunAcceptedDesign(const DesignOptions& options, Session& session) {
     auto outcome = RunDesign(options, session);
-    if (const auto* run = std::get_if<DesignRun>(&outcome); run && run->refused()) {
-        return Problem{ExitCode::Refused, *run->cycle.message};
-    }
+    if (outcome && outcome->refused()) return Problem{ExitCode::Refused, *outcome->cycle.message};
     return outcome;
 }
 
-std::variant<DesignRun, Problem> RunRespondingDesign(const DesignOptions& options,
-                                                     Session& session) {
+Outcome<DesignRun> RunRespondingDesign(const DesignOptions& options, Session& session) {
     const Page* page = FindPage(options.page);
     if (page && !page->transfer) {
         return Problem{ExitCode::Refused, "Page " + std::to_string(page->number) + " (" +

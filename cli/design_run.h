@@ -1,7 +1,5 @@
 #pragma once
 
-#include <variant>
-
 #include "cli/design_options.h"
 #include "io/design_report.h"
 
@@ -11,13 +9,12 @@ namespace kelvro {
 /// place of designed ones, and then nothing is optimized or refused. A design that the page refuses
 /// comes back with its message and without components. Problems are unknown names and, with
 /// --take, components that neither the design nor the options give.
-std::variant<DesignRun, Problem> RunDesign(const DesignOptions& options, Session& session);
+Outcome<DesignRun> RunDesign(const DesignOptions& options, Session& session);
 
 /// The same for commands that need components: a refused design is a problem as well.
-std::variant<DesignRun, Problem> RunAcceptedDesign(const DesignOptions& options, Session& session);
+Outcome<DesignRun> RunAcceptedDesign(const DesignOptions& options, Session& session);
 
 /// The same for commands that show a response: a page without one is a problem as well.
-std::variant<DesignRun, Problem> RunRespondingDesign(const DesignOptions& options,
-                                                     Session& session);
+Outcome<DesignRun> RunRespondingDesign(const DesignOptions& options, Session& session);
 
 }  // namespace kelvro

@@ -105,8 +105,8 @@ ExitCode MatchAtFrequency(const MatchOptions& options, Session& session) {
     const double f = ParseValue(options.at);
     if (!std::isfinite(f)) return session.fail({ExitCode::Usage, "--at: too large"});
     const auto read = NetworkOf(options.ends, session);
-    if (const auto* problem = std::get_if<Problem>(&read)) return session.fail(*problem);
-    const auto& ends = std::get<Network>(read);
+    if (!read) return session.fail(read.status());
+    const auto& ends = *read;
     ExactMatchOptions wanted{topology, {}};
     if (!options.Q.empty()) wanted.Q = ParseValue(options.Q);
     const auto matches = ExactMatches(ends.source, ends.load, f, wanted);

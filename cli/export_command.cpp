@@ -47,45 +47,46 @@ ExportRange RangeOf(const ExportOptions& options, double fo) {
     return range;
 }
 
-std::variant<std::string, Problem> ContentOf(const ExportOptions& options,
-                                             const ExportFormat& format, Session& session) {
+Outcome<std::string> ContentOf(const ExportOptions& options, const ExportFormat& format,
+                               Session& session) {
     const auto outcome = RunAcceptedDesign(*options.design, session);
-    if (const auto* problem = std::get_if<Problem>(&outcome)) return *problem;
-    const auto& run = std::get<DesignRun>(outcome);
+    if (!outcome) return outcome.status();
+    const auto& run = *outcome;
     if (!format.available(run.page())) {
         return Problem{ExitCode::Usage, "page " + std::string(run.page().key) +
                                             " has no export of the format " +
                                             std::string(format.key)};
     }
     const ExportRange range = RangeOf(options, run.state.fo);
-    if (const auto problem = RangeProblem(range)) return Problem{ExitCode::Usage, *problem};
+    if (const Status usable = CheckRange(range); !usable) {
+        return Problem{ExitCode::Usage, usable.message()};
+    }
     const bool given = !options.design->takes.empty();
     const auto prepared = PrepareExport(run.state, {options.eSeries, given, run.series});
-    if (const auto* refusal = std::get_if<std::string>(&prepared)) {
-        return Problem{ExitCode::Refused, *refusal};
-    }
-    return format.content(std::get<ExportDesign>(prepared), range);
+    if (!prepared) return Problem{ExitCode::Refused, prepared.message()};
+    return format.content(*prepared, range);
 }
 
 /// A network of a project file; its range is that of its bands, its frequency or its data.
-std::variant<std::string, Problem> NetworkContentOf(const ExportOptions& options,
-                                                    Session& session) {
+Outcome<std::string> NetworkContentOf(const ExportOptions& options, Session& session) {
     const auto read = NetworkOf(options.network, session);
-    if (const auto* problem = std::get_if<Problem>(&read)) return *problem;
-    const auto& network = std::get<Network>(read);
+    if (!read) return read.status();
+    const auto& network = *read;
     const NetworkFormat& format = *FindNetworkFormat(options.format);
     ExportRange range = RangeOf(options, 0);
     if (!format.range) return format.content(network, range);
     const SweepOptions sweep{{options.from, options.to, false}, options.range.points};
     const auto frequencies = FrequenciesOf(sweep, network);
-    if (const auto* problem = std::get_if<Problem>(&frequencies)) return *problem;
-    range.from = std::get<std::vector<double>>(frequencies).front();
-    range.to = std::get<std::vector<double>>(frequencies).back();
-    if (const auto problem = RangeProblem(range)) return Problem{ExitCode::Usage, *problem};
+    if (!frequencies) return frequencies.status();
+    range.from = frequencies->front();
+    range.to = frequencies->back();
+    if (const Status usable = CheckRange(range); !usable) {
+        return Problem{ExitCode::Usage, usable.message()};
+    }
     return format.content(network, range);
 }
 
-std::variant<std::string, Problem> AnyContentOf(const ExportOptions& options, Session& session) {
+Outcome<std::string> AnyContentOf(const ExportOptions& options, Session& session) {
     const bool page = !options.design->page.empty();
     const bool network = !options.network.file.empty();
     if (page == network) return Problem{ExitCode::Usage, "PAGE or --network is required"};
@@ -95,15 +96,15 @@ std::variant<std::string, Problem> AnyContentOf(const ExportOptions& options, Se
 
 ExitCode Export(const ExportOptions& options, Session& session) {
     const auto outcome = AnyContentOf(options, session);
-    if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
-    const auto& content = std::get<std::string>(outcome);
+    if (!outcome) return session.fail(outcome.status());
+    const auto& content = *outcome;
     if (options.file.empty()) {
         session.out << content;
         return ExitCode::Done;
     }
-    const auto failure =
+    const Status written =
         WriteAtomically(QString::fromStdString(options.file), QByteArray::fromStdString(content));
-    if (failure) return session.fail({ExitCode::Failed, failure->toStdString()});
+    if (!written) return session.fail({ExitCode::Failed, written.message()});
     return ExitCode::Done;
 }
 

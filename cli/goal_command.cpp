@@ -23,8 +23,8 @@ std::vector<double> Numbers(const std::vector<std::string>& texts) {
 
 ExitCode ReportGoal(const GoalCommand& command, Session& session) {
     auto outcome = PrepareDesign(*command.options, session);
-    if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
-    auto& [run, settings] = std::get<PreparedDesign>(outcome);
+    if (!outcome) return session.fail(outcome.status());
+    auto& [run, settings] = *outcome;
     Goal goal(run.state, settings.goal);
     std::vector<double> x = Numbers(command.x);
     if (x.empty()) x.assign(goal.size(), 0.0);

@@ -6,6 +6,7 @@
 #include "cli/match_report.h"
 #include "cli/network_options.h"
 #include "io/json_output.h"
+#include "network/coverage.h"
 #include "synthesis/limit.h"
 
 namespace kelvro {
@@ -20,14 +21,14 @@ struct LimitOptions {
 
 ExitCode ShowLimit(const LimitOptions& options, Session& session) {
     auto problem = NetworkOf(options.terminations, session);
-    if (const auto* wrong = std::get_if<Problem>(&problem)) return session.fail(*wrong);
-    const Network& network = std::get<Network>(problem);
+    if (!problem) return session.fail(problem.status());
+    const Network& network = *problem;
     auto read = BandsOf(options.bands);
-    if (const auto* wrong = std::get_if<Problem>(&read)) return session.fail(*wrong);
-    const auto& bands = std::get<std::vector<FrequencyBand>>(read);
+    if (!read) return session.fail(read.status());
+    const auto& bands = *read;
     for (const FrequencyBand& band : bands) {
-        if (const auto outside = OutsideData(network, band.low, band.high)) {
-            return session.fail(*outside);
+        if (const Status covered = CheckRange(network, band.low, band.high); !covered) {
+            return session.fail({ExitCode::Refused, covered.message()});
         }
         TellDataWarnings(network, band.low, band.high, session);
     }

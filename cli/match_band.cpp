@@ -11,6 +11,7 @@
 #include "cli/network_options.h"
 #include "core/number_text.h"
 #include "io/project_file.h"
+#include "network/coverage.h"
 #include "synthesis/search_text.h"
 
 namespace kelvro {
@@ -42,7 +43,7 @@ std::optional<Problem> Take(Result<Value> read, const char* option, Value& value
     return {};
 }
 
-std::variant<SearchOptions, Problem> SearchOptionsOf(const MatchBandOptions& options) {
+Outcome<SearchOptions> SearchOptionsOf(const MatchBandOptions& options) {
     SearchOptions search;
     search.mostParts = options.parts;
     search.kinds = {.inductors = false, .capacitors = false};
@@ -220,7 +221,7 @@ void AddMatchBandOptions(CLI::App& command, MatchBandOptions& options) {
         ->type_name("FILE");
 }
 
-std::variant<std::vector<FrequencyBand>, Problem> BandsOf(const std::vector<std::string>& texts) {
+Outcome<std::vector<FrequencyBand>> BandsOf(const std::vector<std::string>& texts) {
     std::vector<FrequencyBand> bands;
     for (const std::string& text : texts) {
         const auto colon = text.find(':');
@@ -237,25 +238,25 @@ std::variant<std::vector<FrequencyBand>, Problem> BandsOf(const std::vector<std:
 
 ExitCode MatchBands(Network problem, const MatchBandOptions& options, bool json, Session& session) {
     auto bands = BandsOf(options.bands);
-    if (const auto* wrong = std::get_if<Problem>(&bands)) return session.fail(*wrong);
-    problem.bands = std::get<std::vector<FrequencyBand>>(std::move(bands));
+    if (!bands) return session.fail(bands.status());
+    problem.bands = *std::move(bands);
     const auto search = SearchOptionsOf(options);
-    if (const auto* wrong = std::get_if<Problem>(&search)) return session.fail(*wrong);
+    if (!search) return session.fail(search.status());
     const auto owned = OwnedPartsOf(options.ownedFile);
-    if (const auto* wrong = std::get_if<Problem>(&owned)) return session.fail(*wrong);
+    if (!owned) return session.fail(owned.status());
     for (const FrequencyBand& band : problem.bands) {
-        if (const auto outside = OutsideData(problem, band.low, band.high)) {
-            return session.fail(*outside);
+        if (const Status covered = CheckRange(problem, band.low, band.high); !covered) {
+            return session.fail({ExitCode::Refused, covered.message()});
         }
         TellDataWarnings(problem, band.low, band.high, session);
     }
-    const auto found = Search(problem, std::get<SearchOptions>(search), session);
+    const auto found = Search(problem, *search, session);
     if (!found) return session.fail({ExitCode::Refused, found.message()});
     if (found->networks.empty()) {
         return session.fail({ExitCode::Refused, "interrupted before anything was found"});
     }
     if (found->cancelled) session.tell("interrupted: the best so far");
-    const MatchReport report = ReportOn(problem, *found, options, std::get<OwnedParts>(owned));
+    const MatchReport report = ReportOn(problem, *found, options, *owned);
     session.out << (json ? MatchJson(report) : MatchText(report));
     if (options.output.empty()) return ExitCode::Done;
     Project project;

@@ -3,7 +3,6 @@
 #include <CLI/App.hpp>
 #include <cstdint>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "cli/session.h"
@@ -39,7 +38,7 @@ struct MatchBandOptions {
 void AddMatchBandOptions(CLI::App& command, MatchBandOptions& options);
 
 /// Bands as given: "70M:130M".
-std::variant<std::vector<FrequencyBand>, Problem> BandsOf(const std::vector<std::string>& texts);
+Outcome<std::vector<FrequencyBand>> BandsOf(const std::vector<std::string>& texts);
 
 /// Searches between the terminations of `problem` and writes what it found, as JSON or as text.
 ExitCode MatchBands(Network problem, const MatchBandOptions& options, bool json, Session& session);

@@ -17,8 +17,8 @@ ExitCode Match(const MatchOptions& options, Session& session) {
     }
     if (!overBands) return MatchAtFrequency(options, session);
     auto problem = NetworkOf(options.ends, session);
-    if (const auto* wrong = std::get_if<Problem>(&problem)) return session.fail(*wrong);
-    return MatchBands(std::get<Network>(std::move(problem)), options.band, options.json, session);
+    if (!problem) return session.fail(problem.status());
+    return MatchBands(*std::move(problem), options.band, options.json, session);
 }
 
 }  // namespace

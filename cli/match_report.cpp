@@ -168,7 +168,7 @@ Network MatchReport::best() const {
     return rating.networks.front().asBuilt();
 }
 
-std::variant<OwnedParts, Problem> OwnedPartsOf(const std::string& file) {
+Outcome<OwnedParts> OwnedPartsOf(const std::string& file) {
     if (file.empty()) return OwnedParts{};
     std::ifstream stream(file);
     std::ostringstream text;

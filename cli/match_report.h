@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <variant>
 
 #include "cli/match_band.h"
 #include "synthesis/rating.h"
@@ -20,7 +19,7 @@ struct MatchReport {
 };
 
 /// The parts of a list that the user owns; none without a file name.
-std::variant<OwnedParts, Problem> OwnedPartsOf(const std::string& file);
+Outcome<OwnedParts> OwnedPartsOf(const std::string& file);
 
 MatchReport ReportOn(const Network& problem, const SearchResult& result,
                      const MatchBandOptions& options, const OwnedParts& owned);

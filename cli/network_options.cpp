@@ -16,7 +16,7 @@ Problem TextProblem(const DataFiles& files, const std::string& where, const Stat
     return {files.failed() ? ExitCode::Failed : ExitCode::Usage, where + ": " + status.message()};
 }
 
-std::variant<Network, Problem> FromFile(const NetworkOptions& options, Session& session) {
+Outcome<Network> FromFile(const NetworkOptions& options, Session& session) {
     auto project = ReadProject(options.file);
     if (!project.ok()) return Problem{ExitCode::Failed, project.message()};
     for (const std::string& message : project->messages) session.tell(message);
@@ -47,12 +47,12 @@ void AddNetworkOptions(CLI::App& command, NetworkOptions& options, bool elements
         ->excludes(file);
 }
 
-std::variant<Network, Problem> NetworkOf(const NetworkOptions& options, Session& session) {
+Outcome<Network> NetworkOf(const NetworkOptions& options, Session& session) {
     Network network;
     if (!options.file.empty()) {
         auto read = FromFile(options, session);
-        if (std::holds_alternative<Problem>(read)) return read;
-        network = std::move(std::get<Network>(read));
+        if (!read) return read;
+        network = std::move(*read);
     } else if (options.source.empty() || options.load.empty()) {
         const char* missing = options.source.empty() ? "--source" : "--load";
         return Problem{ExitCode::Usage, std::string(missing) + " is required"};
@@ -72,12 +72,6 @@ std::variant<Network, Problem> NetworkOf(const NetworkOptions& options, Session&
     }
     for (const std::string& warning : files.warnings()) session.tell(warning);
     return network;
-}
-
-std::optional<Problem> OutsideData(const Network& network, double low, double high) {
-    const auto problem = RangeProblem(network, low, high);
-    if (!problem) return std::nullopt;
-    return Problem{ExitCode::Refused, *problem};
 }
 
 void TellDataWarnings(const Network& network, double low, double high, Session& session) {

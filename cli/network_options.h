@@ -3,7 +3,6 @@
 #include <CLI/App.hpp>
 #include <memory>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "cli/session.h"
@@ -27,10 +26,7 @@ void AddNetworkOptions(CLI::App& command, NetworkOptions& options, bool elements
 
 /// The network of the options; remarks about its files go to the session. Texts that cannot be read
 /// are wrong usage, files that cannot be read a failure.
-std::variant<Network, Problem> NetworkOf(const NetworkOptions& options, Session& session);
-
-/// Why [low, high] is outside the data; nothing where it is inside.
-std::optional<Problem> OutsideData(const Network& network, double low, double high);
+Outcome<Network> NetworkOf(const NetworkOptions& options, Session& session);
 
 /// Tells the session where the data between two frequencies are coarse or active.
 void TellDataWarnings(const Network& network, double low, double high, Session& session);

@@ -124,8 +124,8 @@ OptimizerSettings SettingsOf(const OptimizeCommand& command, const PreparedDesig
 
 ExitCode Optimize(const OptimizeCommand& command, Session& session) {
     auto outcome = PrepareDesign(*command.options, session);
-    if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
-    const auto& prepared = std::get<PreparedDesign>(outcome);
+    if (!outcome) return session.fail(outcome.status());
+    const auto& prepared = *outcome;
     OptimizedDesign design{prepared.run, prepared.run, {}};
     Design& optimized = design.after.state;
     design.optimization = OptimizePage(optimized, SettingsOf(command, prepared), command.files);

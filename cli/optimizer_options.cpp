@@ -49,13 +49,12 @@ std::shared_ptr<OptimizerOptions> AddOptimizerOptions(CLI::App& command) {
     return options;
 }
 
-std::variant<PreparedDesign, Problem> PrepareDesign(const OptimizerOptions& options,
-                                                    Session& session) {
+Outcome<PreparedDesign> PrepareDesign(const OptimizerOptions& options, Session& session) {
     DesignOptions calculated = *options.design;
     calculated.noOptimize = true;
     auto outcome = RunAcceptedDesign(calculated, session);
-    if (auto* problem = std::get_if<Problem>(&outcome)) return std::move(*problem);
-    auto& run = std::get<DesignRun>(outcome);
+    if (!outcome) return outcome.status();
+    auto& run = *outcome;
     if (Goal(run.state, {}).size() == 0) {
         return Problem{ExitCode::Refused, "Page " + std::to_string(run.page().number) + " (" +
                                               std::string(run.page().caption) +

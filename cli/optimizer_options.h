@@ -3,7 +3,6 @@
 #include <CLI/App.hpp>
 #include <memory>
 #include <string>
-#include <variant>
 
 #include "cli/design_options.h"
 #include "cli/design_run.h"
@@ -30,7 +29,6 @@ struct PreparedDesign {
 };
 
 /// Problems are those of a design, and a page with nothing to optimize.
-std::variant<PreparedDesign, Problem> PrepareDesign(const OptimizerOptions& options,
-                                                    Session& session);
+Outcome<PreparedDesign> PrepareDesign(const OptimizerOptions& options, Session& session);
 
 }  // namespace kelvro

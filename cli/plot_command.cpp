@@ -1,6 +1,5 @@
 #include <CLI/CLI.hpp>
-#include <QGuiApplication>
-#include <QPainter>
+#include <QSize>
 #include <algorithm>
 #include <charconv>
 
@@ -11,8 +10,7 @@
 #include "cli/tolerance_options.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
-#include "plot/frame_painter.h"
-#include "plot/picture_files.h"
+#include "plot/picture_format.h"
 #include "plot/response_picture.h"
 #include "plot/scatter.h"
 
@@ -41,24 +39,6 @@ struct PlotOptions {
     std::string file;
 };
 
-/// Fonts need a running Qt, but no display. Its remarks on the surroundings are none of the user's.
-class OffscreenQt {
-  public:
-    OffscreenQt() {
-        if (QCoreApplication::instance()) return;
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-        application_.emplace(count_, arguments_);
-    }
-
-  private:
-    char name_[11] = "kelvro-cli";
-    char option_[10] = "-platform";
-    char platform_[10] = "offscreen";
-    char* arguments_[4] = {name_, option_, platform_, nullptr};
-    int count_ = 3;
-    std::optional<QGuiApplication> application_;
-};
-
 /// "WIDTHxHEIGHT" in pixels.
 std::optional<QSize> SizeOf(const std::string& text) {
     const auto number = [](std::string_view digits) {
@@ -83,7 +63,7 @@ std::string TraceProblem(const std::string& text) {
     return FindTrace(text) ? "" : "'" + text + "' is no trace; " + TraceKeys(", ");
 }
 
-std::variant<TraceList, Problem> TracesOf(const PlotOptions& options) {
+Outcome<TraceList> TracesOf(const PlotOptions& options) {
     TraceList traces;
     for (const std::string& key : options.traces) {
         const Trace* trace = FindTrace(key);
@@ -102,18 +82,17 @@ std::string FileProblem(const std::string& text) {
 }
 
 /// The view with which the window opens, its axes as the options say.
-std::variant<View, Problem> ViewOf(const PlotOptions& options, const TraceList& traces,
-                                   const Design& state) {
+Outcome<View> ViewOf(const PlotOptions& options, const TraceList& traces, const Design& state) {
     View view = DefaultView(traces, TraceSource(state));
     if (options.range.linear) {
         view.x.mode = AxisMode::Linear;
         view.x = AutoscaledX(view.x, SampleFrequencies(view));
     }
     const auto range = RangeOf(options.range, {view.x.min, view.x.max});
-    if (const auto* problem = std::get_if<Problem>(&range)) return *problem;
+    if (!range) return range.status();
     if (!options.range.from.empty() || !options.range.to.empty()) {
-        view.x.min = std::get<FrequencyRange>(range).from;
-        view.x.max = std::get<FrequencyRange>(range).to;
+        view.x.min = range->from;
+        view.x.max = range->to;
         view.x.step = StepUp125((view.x.max - view.x.min) / kSteps);
         view.x.origin = view.x.min;
     }
@@ -136,27 +115,27 @@ Picture PictureOf(const PlotOptions& options, const ResponsePlot& plot, const De
 }
 
 ExitCode Plot(const PlotOptions& options, Session& session) {
-    const auto chosen = TracesOf(options);
-    if (const auto* problem = std::get_if<Problem>(&chosen)) return session.fail(*problem);
-    const auto& traces = std::get<TraceList>(chosen);
+    if (!session.writePicture) {
+        return session.fail({ExitCode::Failed,
+                             "pictures are drawn by the program kelvro-pictures, which is not "
+                             "installed"});
+    }
+    const auto traces = TracesOf(options);
+    if (!traces) return session.fail(traces.status());
     const auto outcome = RunRespondingDesign(*options.design, session);
-    if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
-    const Design& state = std::get<DesignRun>(outcome).state;
-    const auto view = ViewOf(options, traces, state);
-    if (const auto* problem = std::get_if<Problem>(&view)) return session.fail(*problem);
-    ResponsePlot plot{traces, std::get<View>(view)};
+    if (!outcome) return session.fail(outcome.status());
+    const Design& state = outcome->state;
+    const auto view = ViewOf(options, *traces, state);
+    if (!view) return session.fail(view.status());
+    ResponsePlot plot{*traces, *view};
     plot.edges = options.edges;
     plot.dark = options.dark;
     for (const std::string& marker : options.markers) plot.markers.push_back(ParseValue(marker));
     const Picture picture = PictureOf(options, plot, state);
 
-    const OffscreenQt qt;
-    const auto drawing = [&picture](QPainter& painter, QSize size) {
-        FramePainter().draw(painter, size, picture);
-    };
-    const QString path = QString::fromLocal8Bit(options.file.c_str());
-    const auto failure = SavePicture(path, *PictureFormatOf(path), *SizeOf(options.size), drawing);
-    if (failure) return session.fail({ExitCode::Failed, failure->toStdString()});
+    const QSize size = *SizeOf(options.size);
+    const Status written = session.writePicture(picture, size.width(), size.height(), options.file);
+    if (!written) return session.fail({ExitCode::Failed, written.message()});
     return ExitCode::Done;
 }
 

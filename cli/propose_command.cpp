@@ -99,9 +99,9 @@ std::string HumanProposals(const std::vector<Proposal>& proposals) {
 
 ExitCode ReportProposals(const ProposeOptions& options, Session& session) {
     const auto prepared = StateOf(*options.inputs, session);
-    if (const auto* problem = std::get_if<Problem>(&prepared)) return session.fail(*problem);
+    if (!prepared) return session.fail(prepared.status());
     OptimizerServices services({.disabled = options.inputs->noOptimize}, {"", ""});
-    auto proposals = Propose(std::get<Design>(prepared), WishesOf(options), services);
+    auto proposals = Propose(*prepared, WishesOf(options), services);
     const bool any = !proposals.empty() && proposals.front().suited;
     if (!options.all) std::erase_if(proposals, [](const Proposal& p) { return !p.suited; });
     if (options.json) {

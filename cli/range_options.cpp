@@ -20,8 +20,7 @@ void AddRangeOptions(CLI::App& command, RangeOptions& options, bool required) {
     command.add_flag("--linear", options.linear, "Equal steps instead of equal ratios");
 }
 
-std::variant<FrequencyRange, Problem> RangeOf(const RangeOptions& options,
-                                              const FrequencyRange& otherwise) {
+Outcome<FrequencyRange> RangeOf(const RangeOptions& options, const FrequencyRange& otherwise) {
     const auto given = [](const std::string& text, double value) {
         return text.empty() ? value : ParseValue(text);
     };

@@ -3,7 +3,6 @@
 #include <CLI/App.hpp>
 #include <optional>
 #include <string>
-#include <variant>
 
 #include "cli/session.h"
 
@@ -26,7 +25,6 @@ struct FrequencyRange {
 
 /// The range with the ends that are not given taken from `otherwise`. A range without extent, and
 /// one that a logarithmic axis cannot show, is a problem.
-std::variant<FrequencyRange, Problem> RangeOf(const RangeOptions& options,
-                                              const FrequencyRange& otherwise);
+Outcome<FrequencyRange> RangeOf(const RangeOptions& options, const FrequencyRange& otherwise);
 
 }  // namespace kelvro

@@ -37,24 +37,26 @@ Json JsonRow(const TraceSource& source, double f) {
     return row;
 }
 
-std::optional<Problem> RangeProblem(const SweepOptions& sweep, double from, double to) {
+Status Checked(const SweepOptions& sweep, double from, double to) {
     for (const auto& [name, f] : {std::pair{"--from", from}, std::pair{"--to", to}}) {
-        if (!std::isfinite(f)) return Problem{ExitCode::Usage, std::string(name) + ": too large"};
+        if (!std::isfinite(f)) return Status::Failure(std::string(name) + ": too large");
         if (!sweep.linear && !(f > 0)) {
-            return Problem{ExitCode::Usage,
-                           std::string(name) + ": a logarithmic sweep needs a frequency above 0"};
+            return Status::Failure(std::string(name) +
+                                   ": a logarithmic sweep needs a frequency above 0");
         }
     }
-    return std::nullopt;
+    return {};
 }
 
 ExitCode ReportResponse(const SweepOptions& sweep, Session& session) {
     const double from = ParseValue(sweep.from);
     const double to = ParseValue(sweep.to);
-    if (const auto problem = RangeProblem(sweep, from, to)) return session.fail(*problem);
+    if (const Status range = Checked(sweep, from, to); !range) {
+        return session.fail({ExitCode::Usage, range.message()});
+    }
     const auto outcome = RunAcceptedDesign(*sweep.design, session);
-    if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
-    const TraceSource source(std::get<DesignRun>(outcome).state);
+    if (!outcome) return session.fail(outcome.status());
+    const TraceSource source(outcome->state);
     Json rows = Json::array();
     if (!sweep.design->json) session.out << ResponseCsvHeader();
     for (int i = 0; i < sweep.points; ++i) {

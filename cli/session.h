@@ -3,6 +3,10 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
+
+#include "core/result.h"
+#include "plot/picture.h"
 
 namespace kelvro {
 
@@ -16,14 +20,34 @@ enum class ExitCode {
 
 /// Why a command ends early.
 struct Problem {
-    ExitCode code;
-    std::string text;  ///< one line without the program's name
+    ExitCode code = ExitCode::Done;
+    std::string text = {};  ///< one line without the program's name
 };
+
+/// What a step of a command gives, or why the command ends: a failure that carries the exit code.
+template <typename T>
+class [[nodiscard]] Outcome : public Result<T> {
+  public:
+    Outcome(T value) : Result<T>(std::move(value)) {}
+    Outcome(const Problem& problem)
+        : Result<T>(Status::Failure(problem.text)), code_(problem.code) {}
+
+    /// Only when not ok().
+    Problem status() const { return {code_, Result<T>::message()}; }
+
+  private:
+    ExitCode code_ = ExitCode::Done;
+};
+
+/// Writes a picture of so many pixels to a file whose ending says the format.
+using PictureWriter = Status (*)(const Picture& picture, int width, int height,
+                                 const std::string& file);
 
 /// What a command works with besides its options: where it writes, and how it ended.
 struct Session {
     std::ostream& out;
     std::ostream& err;
+    PictureWriter writePicture = nullptr;  ///< none in the program that is linked without Qt's Gui
     ExitCode status = ExitCode::Done;
     bool terminal = false;  ///< somebody watches the error stream
 

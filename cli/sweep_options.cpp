@@ -55,8 +55,7 @@ void AddSweepOptions(CLI::App& command, SweepOptions& options) {
         ->check(CLI::Range(1, kMostPoints));
 }
 
-std::variant<std::vector<double>, Problem> FrequenciesOf(const SweepOptions& options,
-                                                         const Network& network) {
+Outcome<std::vector<double>> FrequenciesOf(const SweepOptions& options, const Network& network) {
     const RangeOptions& given = options.range;
     const FrequencyRange usual = UsualRange(network);
     if (!(usual.from > 0) && (given.from.empty() || given.to.empty())) {
@@ -72,12 +71,14 @@ std::variant<std::vector<double>, Problem> FrequenciesOf(const SweepOptions& opt
         points = 1;
     } else {
         const auto checked = RangeOf(given, usual);
-        if (const auto* problem = std::get_if<Problem>(&checked)) return *problem;
+        if (!checked) return checked.status();
     }
     if (!(range.from > 0) || !std::isfinite(range.to)) {
         return Problem{ExitCode::Usage, "--from: a network is analysed above 0 Hz"};
     }
-    if (auto problem = OutsideData(network, range.from, range.to)) return *std::move(problem);
+    if (const Status covered = CheckRange(network, range.from, range.to); !covered) {
+        return Problem{ExitCode::Refused, covered.message()};
+    }
     return Spread(range, points, given.linear);
 }
 

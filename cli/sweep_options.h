@@ -1,7 +1,6 @@
 #pragma once
 
 #include <CLI/App.hpp>
-#include <variant>
 #include <vector>
 
 #include "cli/range_options.h"
@@ -21,7 +20,6 @@ void AddSweepOptions(CLI::App& command, SweepOptions& options);
 /// The frequencies of the options, ends exact: one where both ends are the same. Ends that are not
 /// given are those of the network's bands, a decade around its design frequency or the range of its
 /// measured data. Refused where measured data do not cover them.
-std::variant<std::vector<double>, Problem> FrequenciesOf(const SweepOptions& options,
-                                                         const Network& network);
+Outcome<std::vector<double>> FrequenciesOf(const SweepOptions& options, const Network& network);
 
 }  // namespace kelvro

@@ -18,15 +18,15 @@ struct TableOptions {
 
 ExitCode WriteTable(const TableOptions& options, Session& session) {
     const auto range = RangeOf(options.range, {});
-    if (const auto* problem = std::get_if<Problem>(&range)) return session.fail(*problem);
-    const auto [from, to] = std::get<FrequencyRange>(range);
+    if (!range) return session.fail(range.status());
+    const auto [from, to] = *range;
     const auto outcome = RunRespondingDesign(*options.design, session);
-    if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
-    const Design& state = std::get<DesignRun>(outcome).state;
+    if (!outcome) return session.fail(outcome.status());
+    const Design& state = outcome->state;
     const std::string table = ResponseTable(state, from, to, !options.range.linear);
-    const auto failure = WriteAtomically(QString::fromLocal8Bit(options.file.c_str()),
-                                         QByteArray::fromStdString(table));
-    if (failure) return session.fail({ExitCode::Failed, failure->toStdString()});
+    const Status written = WriteAtomically(QString::fromLocal8Bit(options.file.c_str()),
+                                           QByteArray::fromStdString(table));
+    if (!written) return session.fail({ExitCode::Failed, written.message()});
     return ExitCode::Done;
 }
 

@@ -131,8 +131,8 @@ Json Document(const Analysis& analysis, const Design& state) {
 
 ExitCode ReportTolerance(const AnalysisOptions& options, Session& session) {
     const auto outcome = RunRespondingDesign(*options.design, session);
-    if (const auto* problem = std::get_if<Problem>(&outcome)) return session.fail(*problem);
-    const DesignRun& run = std::get<DesignRun>(outcome);
+    if (!outcome) return session.fail(outcome.status());
+    const DesignRun& run = *outcome;
     Analysis analysis{
         run.page(), options.tolerance.tolerances(), options.tolerance.seedOrClock(), {}};
     std::optional<double> limit;

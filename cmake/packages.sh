@@ -1,4 +1,4 @@
-# Sourced by ./run, ./test and .ci/: the Debian packages of packages.txt.
+# Sourced by ./run, ./test and .ci/: the Debian packages of packages.txt, and build folders.
 # Sections are the marked parts of the list: build, test, check.
 
 # listed_packages SECTION...: the names, one a line.
@@ -11,10 +11,11 @@ listed_packages() {
 
 # install_packages SECTION...: installs those that are missing.
 install_packages() {
-    local missing=() package
+    local installed missing=() package
+    installed=" $(dpkg-query -W -f='${Package}:${db:Status-Status}\n' 2>/dev/null |
+        sed -n 's/:installed$//p' | tr '\n' ' ')"
     for package in $(listed_packages "$@"); do
-        dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
-            missing+=("$package")
+        [[ $installed = *" $package "* ]] || missing+=("$package")
     done
     [ ${#missing[@]} -eq 0 ] && return 0
     echo "Installing: ${missing[*]}"
@@ -29,4 +30,9 @@ install_packages() {
     "${as_root[@]}" apt-get update -qq
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# cached BUILD_FOLDER OPTION: the value with which a build folder was configured.
+cached() {
+    sed -n "s/^$2:[A-Z]*=//p" "$1/CMakeCache.txt"
 }

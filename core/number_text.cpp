@@ -301,13 +301,6 @@ std::string FormatEngShort(int decimals, double value) {
     return text;
 }
 
-std::string FormatExact(double value) {
-    std::array<char, 64> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), WithoutNanSign(value),
-                                   std::chars_format::general, 17);
-    return std::string(text.data(), end.ptr);
-}
-
 std::string FormatShortest(double value) {
     std::array<char, 64> text{};
     const auto end = std::to_chars(text.data(), text.data() + text.size(), WithoutNanSign(value));

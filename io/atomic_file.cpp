@@ -13,11 +13,12 @@ namespace {
 
 constexpr int kMostNames = 1000;
 
-/// Why a step failed; nothing when it did not.
-using Reason = std::optional<QString>;
+Status Failed(std::errc error) {
+    return Status::Failure(std::make_error_code(error).message());
+}
 
-QString SystemText(std::errc error) {
-    return QString::fromStdString(std::make_error_code(error).message());
+Status Failed(const QFileDevice& file) {
+    return Status::Failure(file.errorString().toStdString());
 }
 
 /// Neither a regular file nor missing: a device, a pipe or a folder.
@@ -28,29 +29,29 @@ bool IsSpecial(const QString& path) {
 
 /// Without a buffer, since QSaveFile::commit overlooks that the rest of a buffer did not fit on the
 /// disk. A full disk takes a part first; what does not fit then tells the reason.
-Reason OpenAndWrite(QFileDevice& file, const QByteArray& content) {
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return file.errorString();
+Status OpenAndWrite(QFileDevice& file, const QByteArray& content) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return Failed(file);
     for (qsizetype done = 0; done < content.size();) {
         const qint64 written = file.write(content.constData() + done, content.size() - done);
-        if (written <= 0) return file.errorString();
+        if (written <= 0) return Failed(file);
         done += written;
     }
     return {};
 }
 
 /// Devices and pipes cannot be replaced, only written to.
-Reason WriteDirectly(const QString& path, const QByteArray& content) {
-    if (QFileInfo(path).isDir()) return SystemText(std::errc::is_a_directory);
+Status WriteDirectly(const QString& path, const QByteArray& content) {
+    if (QFileInfo(path).isDir()) return Failed(std::errc::is_a_directory);
     QFile file(path);
     return OpenAndWrite(file, content);
 }
 
-Reason WriteWhole(const QString& path, const QByteArray& content) {
-    if (path.isEmpty()) return QStringLiteral("No file name");
+Status WriteWhole(const QString& path, const QByteArray& content) {
+    if (path.isEmpty()) return Status::Failure("No file name");
     if (IsSpecial(path)) return WriteDirectly(path, content);
     QSaveFile file(path);
-    if (Reason reason = OpenAndWrite(file, content)) return reason;
-    if (!file.commit()) return file.errorString();
+    if (Status status = OpenAndWrite(file, content); !status) return status;
+    if (!file.commit()) return Failed(file);
     return {};
 }
 
@@ -65,41 +66,41 @@ QString FreeName(const QFileInfo& target, const QString& suffix) {
     return name;
 }
 
-Reason Rename(const QString& from, const QString& to) {
+Status Rename(const QString& from, const QString& to) {
     const std::filesystem::path source(from.toStdU16String());
     const std::filesystem::path target(to.toStdU16String());
     std::error_code error;
     std::filesystem::rename(source, target, error);
     if (!error) return {};
     QFile::remove(from);
-    return QString::fromStdString(error.message());
+    return Status::Failure(error.message());
 }
 
-Reason WriteThenRename(const QString& suffix, const QString& path, const QByteArray& content) {
+Status WriteThenRename(const QString& suffix, const QString& path, const QByteArray& content) {
     if (path.isEmpty() || IsSpecial(path)) return WriteWhole(path, content);
     QFileInfo target(path);
     if (target.exists()) target.setFile(target.canonicalFilePath());
-    if (target.exists() && !target.isWritable()) return SystemText(std::errc::permission_denied);
+    if (target.exists() && !target.isWritable()) return Failed(std::errc::permission_denied);
     const QString temporary = FreeName(target, suffix);
-    if (Reason reason = WriteWhole(temporary, content)) return reason;
+    if (Status status = WriteWhole(temporary, content); !status) return status;
     if (target.exists()) QFile::setPermissions(temporary, target.permissions());
     return Rename(temporary, target.filePath());
 }
 
-std::optional<QString> Message(const QString& path, const Reason& reason) {
-    if (!reason) return {};
-    return QStringLiteral("Cannot write \"%1\": %2.").arg(path, *reason);
+Status About(const QString& path, const Status& status) {
+    if (status) return {};
+    return Status::Failure("Cannot write \"" + path.toStdString() + "\": " + status.message() +
+                           '.');
 }
 
 }  // namespace
 
-std::optional<QString> WriteAtomically(const QString& path, const QByteArray& content) {
-    return Message(path, WriteWhole(path, content));
+Status WriteAtomically(const QString& path, const QByteArray& content) {
+    return About(path, WriteWhole(path, content));
 }
 
-std::optional<QString> WriteByWayOf(const QString& suffix, const QString& path,
-                                    const QByteArray& content) {
-    return Message(path, WriteThenRename(suffix, path, content));
+Status WriteByWayOf(const QString& suffix, const QString& path, const QByteArray& content) {
+    return About(path, WriteThenRename(suffix, path, content));
 }
 
 }  // namespace kelvro

@@ -78,18 +78,18 @@ std::string ExportDesign::title() const {
     return text;
 }
 
-std::variant<ExportDesign, std::string> PrepareExport(const Design& state, ExportChoice choice) {
+Result<ExportDesign> PrepareExport(const Design& state, ExportChoice choice) {
     const Page& page = PageOf(state);
     ExportDesign design;
     design.state = state;
     design.standardValues = choice.standardValues;
     design.series = choice.series;
     design.cycle = OutputsOf(state, !choice.componentsGiven);
-    if (design.cycle.message) return *design.cycle.message;
+    if (design.cycle.message) return Status::Failure(*design.cycle.message);
     design.state = design.cycle.design;
     design.designed = WithoutWires(page.builtNetworks(state));
     if (page.alternative) design.alternative = page.alternative(state);
-    if (!CanBeBuilt(design.designed)) return std::string(kNothingYet);
+    if (!CanBeBuilt(design.designed)) return Status::Failure(std::string(kNothingYet));
     if (choice.standardValues) {
         const auto rounded = [&](const Network& network) {
             UseStandardValues(design.state, page, network, choice.series);
@@ -129,18 +129,20 @@ double ExportRange::frequency(int i) const {
     return i == 0 ? from : from * std::pow(to / from, static_cast<double>(i) / (points - 1));
 }
 
-std::optional<std::string> RangeProblem(const ExportRange& range) {
+Status CheckRange(const ExportRange& range) {
     if (!(range.from > 0) || !std::isfinite(range.to)) {
-        return "The lower frequency must be above 0 and the upper one finite.";
+        return Status::Failure("The lower frequency must be above 0 and the upper one finite.");
     }
-    if (!(range.to > range.from)) return "The upper frequency must be above the lower one.";
+    if (!(range.to > range.from))
+        return Status::Failure("The upper frequency must be above the lower one.");
     if (range.points < 2 || range.points > kMostExportPoints) {
-        return "The number of points must be 2 to " + std::to_string(kMostExportPoints) + ".";
+        return Status::Failure("The number of points must be 2 to " +
+                               std::to_string(kMostExportPoints) + ".");
     }
     if (!(range.z0 > 0) || !std::isfinite(range.z0)) {
-        return "The reference resistance must be above 0.";
+        return Status::Failure("The reference resistance must be above 0.");
     }
-    return std::nullopt;
+    return {};
 }
 
 std::span<const ExportFormat> ExportFormats() {

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
+#include "core/result.h"
 #include "core/series.h"
 #include "design/cycle.h"
 #include "design/design.h"
@@ -40,8 +39,8 @@ struct ExportChoice {
     Series series = Series::E12;
 };
 
-/// The design of the state with the components it holds. A text: why there is nothing to export.
-std::variant<ExportDesign, std::string> PrepareExport(const Design& state, ExportChoice choice);
+/// The design of the state with the components it holds, or why there is nothing to export.
+Result<ExportDesign> PrepareExport(const Design& state, ExportChoice choice);
 
 /// The design with the components that its fields show, where these differ from what it keeps: a
 /// field rounded to a standard value. A design that the page refuses stays as it is.
@@ -62,8 +61,8 @@ struct ExportRange {
 
 inline constexpr int kMostExportPoints = 100'000;
 
-/// Why the frequencies or the reference cannot be used; nothing when they can.
-std::optional<std::string> RangeProblem(const ExportRange& range);
+/// Can the frequencies and the reference be used?
+Status CheckRange(const ExportRange& range);
 
 /// One form in which designs leave the program.
 struct ExportFormat {

@@ -332,9 +332,7 @@ Status WriteProject(const std::filesystem::path& path, const Project& project) {
             "saved by this one");
     }
     const std::string text = ProjectText(project, std::filesystem::absolute(path).parent_path());
-    const auto failure =
-        WriteAtomically(QString::fromStdString(path.string()), QByteArray::fromStdString(text));
-    return failure ? Status::Failure(failure->toStdString()) : Status();
+    return WriteAtomically(QString::fromStdString(path.string()), QByteArray::fromStdString(text));
 }
 
 }  // namespace kelvro

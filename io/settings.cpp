@@ -290,9 +290,9 @@ SettingsSave WriteSettings(const QString& file, const Settings& settings) {
         if (!copy) return Failed(file, QStringLiteral("the old file could not be kept aside"));
     }
     const QByteArray bytes = QByteArray::fromStdString(existing.profile.bytes());
-    if (const auto problem = WriteAtomically(file, bytes)) {
+    if (const auto written = WriteAtomically(file, bytes); !written) {
         if (copy) QFile::remove(*copy);
-        return {SettingsSave::Status::Failed, *problem};
+        return {SettingsSave::Status::Failed, QString::fromStdString(written.message())};
     }
     if (copy)
         return {SettingsSave::Status::Saved,

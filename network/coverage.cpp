@@ -63,15 +63,15 @@ std::vector<Data> DataOf(const Network& network) {
     return collector.data;
 }
 
-std::optional<std::string> RangeProblem(const Network& network, double low, double high) {
+Status CheckRange(const Network& network, double low, double high) {
     for (const Data& data : DataOf(network)) {
         if (data->covers(low) && data->covers(high)) continue;
         const std::string asked = low == high ? Hertz(low) : Hertz(low) + " to " + Hertz(high);
-        if (data->f.empty()) return data->name + " has no data";
-        return data->name + " covers " + Hertz(data->f.front()) + " to " + Hertz(data->f.back()) +
-               ", not " + asked;
+        if (data->f.empty()) return Status::Failure(data->name + " has no data");
+        return Status::Failure(data->name + " covers " + Hertz(data->f.front()) + " to " +
+                               Hertz(data->f.back()) + ", not " + asked);
     }
-    return std::nullopt;
+    return {};
 }
 
 std::optional<FrequencyBand> CoveredRange(const Network& network, double low, double high) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/result.h"
 #include "network/network.h"
 
 // What measured data allow: where a network can be computed at all, and what to say about it.
@@ -15,9 +16,9 @@ namespace kelvro {
 std::vector<std::shared_ptr<const PortData>> DataOf(const Impedance& impedance);
 std::vector<std::shared_ptr<const PortData>> DataOf(const Network& network);
 
-/// Why [low, high] cannot be computed: the first data that do not cover it, with their range.
-/// Nothing where all do.
-std::optional<std::string> RangeProblem(const Network& network, double low, double high);
+/// Can [low, high] be computed? A failure names the first data that do not cover it, with their
+/// range.
+Status CheckRange(const Network& network, double low, double high);
 
 /// The part of [low, high] that all data cover; nothing where they leave none.
 std::optional<FrequencyBand> CoveredRange(const Network& network, double low, double high);

@@ -1,7 +1,6 @@
 #include "plot/picture_files.h"
 
 #include <QBuffer>
-#include <QFileInfo>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
@@ -23,18 +22,9 @@ constexpr int kPdfDotsPerInch = 1200;
 /// Sides of pictures, in pixels.
 constexpr int kLargestSide = 10000;
 
-struct Suffix {
-    const char* text;
-    PictureFormat format;
-};
-constexpr std::array kSuffixes{
-    Suffix{"bmp", PictureFormat::Bitmap}, Suffix{"wmf", PictureFormat::Metafile},
-    Suffix{"jpg", PictureFormat::Jpeg},   Suffix{"gif", PictureFormat::Gif},
-    Suffix{"png", PictureFormat::Png},    Suffix{"svg", PictureFormat::Svg},
-    Suffix{"pdf", PictureFormat::Pdf}};
-
-QString TooLarge() {
-    return QStringLiteral("A picture has from 1 to %1 pixels a side").arg(kLargestSide);
+Status TooLarge() {
+    return Status::Failure("A picture has from 1 to " + std::to_string(kLargestSide) +
+                           " pixels a side");
 }
 
 bool IsReasonable(QSize size) {
@@ -42,17 +32,15 @@ bool IsReasonable(QSize size) {
 }
 
 Encoded EncodeByQt(const QImage& image, const char* format) {
-    Encoded result;
-    QBuffer buffer(&result.bytes);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, format)) {
-        result.problem = QStringLiteral("The picture cannot be written as %1").arg(format);
-    }
-    return result;
+    if (image.save(&buffer, format)) return bytes;
+    return Status::Failure(std::string("The picture cannot be written as ") + format);
 }
 
 Encoded EncodeImage(PictureFormat format, const QImage& image) {
-    if (image.isNull()) return {{}, QStringLiteral("Not enough memory for the picture")};
+    if (image.isNull()) return Status::Failure("Not enough memory for the picture");
     switch (format) {
         case PictureFormat::Jpeg:
             return EncodeJpeg(image);
@@ -75,8 +63,8 @@ bool Paint(QPaintDevice& device, const Drawing& drawing, QSize size, double scal
 }
 
 Encoded Vector(QByteArray bytes, bool painted) {
-    if (painted) return {std::move(bytes), {}};
-    return {{}, QStringLiteral("The picture cannot be drawn")};
+    if (painted) return bytes;
+    return Status::Failure("The picture cannot be drawn");
 }
 
 Encoded EncodeSvg(QSize size, const Drawing& drawing) {
@@ -120,21 +108,6 @@ Encoded EncodeMetafile(QSize size, const Drawing& drawing) {
 
 }  // namespace
 
-std::optional<PictureFormat> PictureFormatOf(const QString& fileName) {
-    const QString wanted = QFileInfo(fileName).suffix().toLower();
-    if (wanted == QLatin1String("jpeg")) return PictureFormat::Jpeg;
-    for (const auto& [text, format] : kSuffixes) {
-        if (wanted == QLatin1String(text)) return format;
-    }
-    return {};
-}
-
-QStringList PictureSuffixes() {
-    QStringList suffixes;
-    for (const Suffix& suffix : kSuffixes) suffixes.append(QLatin1String(suffix.text));
-    return suffixes;
-}
-
 QImage ImageOf(const Drawing& drawing, QSize size, double scale) {
     const QSize pixels = (QSizeF(size) * scale).toSize();
     if (!IsReasonable(pixels)) return {};
@@ -148,8 +121,7 @@ QImage ImageOf(const Drawing& drawing, QSize size, double scale) {
 }
 
 Encoded EncodePicture(PictureFormat format, QSize size, const Drawing& drawing, double scale) {
-    if (!IsReasonable(size) || !IsReasonable((QSizeF(size) * scale).toSize()))
-        return {{}, TooLarge()};
+    if (!IsReasonable(size) || !IsReasonable((QSizeF(size) * scale).toSize())) return TooLarge();
     switch (format) {
         case PictureFormat::Svg:
             return EncodeSvg(size, drawing);
@@ -162,16 +134,17 @@ Encoded EncodePicture(PictureFormat format, QSize size, const Drawing& drawing, 
     }
 }
 
-std::optional<QString> SavePicture(const QString& path, PictureFormat format, QSize size,
-                                   const Drawing& drawing, double scale) {
+Status SavePicture(const QString& path, PictureFormat format, QSize size, const Drawing& drawing,
+                   double scale) {
     const Encoded encoded = EncodePicture(format, size, drawing, scale);
-    if (!encoded.problem.isEmpty()) {
-        return QStringLiteral("Cannot write \"%1\": %2.").arg(path, encoded.problem);
+    if (!encoded) {
+        return Status::Failure("Cannot write \"" + path.toStdString() + "\": " + encoded.message() +
+                               '.');
     }
     if (format == PictureFormat::Metafile) {
-        return WriteByWayOf(QStringLiteral("TMP"), path, encoded.bytes);
+        return WriteByWayOf(QStringLiteral("TMP"), path, *encoded);
     }
-    return WriteAtomically(path, encoded.bytes);
+    return WriteAtomically(path, *encoded);
 }
 
 }  // namespace kelvro

@@ -3,27 +3,17 @@
 #include <QImage>
 #include <QSize>
 #include <QString>
-#include <QStringList>
 #include <functional>
-#include <optional>
 
+#include "plot/picture_format.h"
 #include "plot/raster_encoders.h"
 
 class QPainter;
 
 namespace kelvro {
 
-enum class PictureFormat { Bitmap, Metafile, Jpeg, Gif, Png, Svg, Pdf };
-
 /// Draws a picture of a size in logical pixels.
 using Drawing = std::function<void(QPainter&, QSize)>;
-
-/// The format that a file name asks for by its ending (.bmp .wmf .jpg .jpeg .gif .png .svg .pdf),
-/// case ignored; nothing for any other.
-std::optional<PictureFormat> PictureFormatOf(const QString& fileName);
-
-/// The endings as a list for messages and dialogs, the usual one of each format.
-QStringList PictureSuffixes();
 
 /// The drawing on white as a bitmap of `scale` pixels per logical pixel; a null image when the size
 /// is empty or too large.
@@ -34,7 +24,7 @@ QImage ImageOf(const Drawing& drawing, QSize size, double scale = 1);
 Encoded EncodePicture(PictureFormat format, QSize size, const Drawing& drawing, double scale = 1);
 
 /// Writes the drawing to a file: whole or, with the message for the user as result, not at all.
-std::optional<QString> SavePicture(const QString& path, PictureFormat format, QSize size,
-                                   const Drawing& drawing, double scale = 1);
+Status SavePicture(const QString& path, PictureFormat format, QSize size, const Drawing& drawing,
+                   double scale = 1);
 
 }  // namespace kelvro

@@ -11,6 +11,7 @@
 // jpeglib.h needs FILE and size_t, and does not include them itself.
 #include <jpeglib.h>
 
+#include <string>
 #include <vector>
 
 namespace kelvro {
@@ -152,6 +153,11 @@ bool WriteGif(GifFileType* gif, QImage& picture, ColorMapObject* table) {
     return true;
 }
 
+Status GifFailure(int error) {
+    const char* text = GifErrorString(error);  // null for an unknown error
+    return Status::Failure(text ? text : "The GIF picture cannot be written");
+}
+
 }  // namespace
 
 Encoded EncodeJpeg(const QImage& image) {
@@ -160,12 +166,10 @@ Encoded EncodeJpeg(const QImage& image) {
     job.info.err = jpeg_std_error(&job.errors.manager);
     job.errors.manager.error_exit = LeaveJpeg;
     const bool done = CompressJpeg(job, pixels);
-    Encoded result;
+    Encoded result = Status::Failure(job.errors.message);
     if (done) {
-        result.bytes =
+        result =
             QByteArray(reinterpret_cast<const char*>(job.buffer), static_cast<qsizetype>(job.size));
-    } else {
-        result.problem = QString::fromLocal8Bit(job.errors.message);
     }
     jpeg_destroy_compress(&job.info);
     std::free(job.buffer);
@@ -174,21 +178,22 @@ Encoded EncodeJpeg(const QImage& image) {
 
 Encoded EncodeGif(const QImage& image) {
     if (image.width() > kLargestGif || image.height() > kLargestGif) {
-        return {{}, QStringLiteral("GIF pictures have at most %1 pixels a side").arg(kLargestGif)};
+        return Status::Failure("GIF pictures have at most " + std::to_string(kLargestGif) +
+                               " pixels a side");
     }
     QImage picture = WithFewColours(image);
-    if (picture.isNull()) return {{}, QStringLiteral("Not enough memory for the picture")};
+    if (picture.isNull()) return Status::Failure("Not enough memory for the picture");
     QByteArray bytes;
     int error = 0;
     GifFileType* gif = EGifOpen(&bytes, AppendGifBytes, &error);
-    if (gif == nullptr) return {{}, QString::fromLocal8Bit(GifErrorString(error))};
+    if (gif == nullptr) return GifFailure(error);
     ColorMapObject* table = MakeColourTable(picture.colorTable());
     const bool written = WriteGif(gif, picture, table);
     if (!written) error = gif->Error;
     GifFreeMapObject(table);
     const bool closed = EGifCloseFile(gif, written ? &error : nullptr) == GIF_OK;
-    if (written && closed) return {bytes, {}};
-    return {{}, QString::fromLocal8Bit(GifErrorString(error))};
+    if (written && closed) return bytes;
+    return GifFailure(error);
 }
 
 }  // namespace kelvro

@@ -2,15 +2,13 @@
 
 #include <QByteArray>
 #include <QImage>
-#include <QString>
+
+#include "core/result.h"
 
 namespace kelvro {
 
 /// A picture as the bytes of a file, or the reason why there are none.
-struct Encoded {
-    QByteArray bytes;
-    QString problem;  ///< empty when all went well
-};
+using Encoded = Result<QByteArray>;
 
 /// JPEG by libjpeg: quality 90 with full colour resolution, since lines and texts fray at less.
 Encoded EncodeJpeg(const QImage& image);

@@ -174,7 +174,7 @@ double LowestQ(MatchTopology topology, Cx ZS, Cx ZL) {
 Result<std::vector<ExactMatch>> ExactMatches(const Termination& source, const Termination& load,
                                              double f, const ExactMatchOptions& options) {
     const Network bare{source, {}, load, f};
-    if (const auto problem = RangeProblem(bare, f, f)) return Status::Failure(*problem);
+    if (const Status covered = CheckRange(bare, f, f); !covered) return covered;
     Ends ends{impedance(source, f), impedance(load, f), {}, {}};
     if (const auto problem = EndProblem("source", ends.ZS, f)) return Status::Failure(*problem);
     if (const auto problem = EndProblem("load", ends.ZL, f)) return Status::Failure(*problem);

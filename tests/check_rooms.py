@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Holds the includes of all rooms to the order of the house: a room includes only rooms below it,
-and no file includes itself by way of others. `check_rooms.py ROOT` lists what breaks that."""
+no file includes itself by way of others, and nobody hands a text to a shell. `check_rooms.py ROOT`
+lists what breaks that."""
 
 import re
 import sys
@@ -25,6 +26,9 @@ WITHOUT_WIDGETS = WITHOUT_QT | {"io", "plot", "cli"}
 WIDGETS = re.compile(r"<Q(Widget|Application|Dialog|MainWindow|Printer|PrintDialog|MessageBox|"
                      r"Label|LineEdit|PushButton|.*Layout)>")
 
+# A command as one text is a command that a file's content may take part in.
+SHELL = re.compile(r"(?<![\w.>])(?:std::|::)?(?:system|popen|wordexp|startCommand)\s*\(")
+
 INCLUDE = re.compile(r'^\s*#\s*include\s+("([^"]+)"|(<[^>]+>))', re.M)
 
 
@@ -41,7 +45,10 @@ def check(root):
     graph = {}
     for room, name, path in sources(root):
         graph[name] = []
-        for _, own, system in INCLUDE.findall(path.read_text(encoding="utf-8")):
+        text = path.read_text(encoding="utf-8")
+        for call in SHELL.findall(text):
+            complaints.append(f"{name}: no shells, but {call}...)")
+        for _, own, system in INCLUDE.findall(text):
             if own:
                 graph[name].append(own)
                 other = own.split("/")[0]
@@ -83,7 +90,7 @@ def self_test():
         "plot/c.h": '#include "plot/d.h"\n#include <QWidget>\n',
         "plot/d.h": '#include "plot/c.h"\n',
         "ui/e.h": '#include "cli/f.h"\n',
-        "cli/f.h": '#include "attic/g.h"\n',
+        "cli/f.h": '#include "attic/g.h"\nint main() { return std::system("ls"); }\n',
     }
     with tempfile.TemporaryDirectory() as folder:
         for name, text in broken.items():
@@ -91,7 +98,7 @@ def self_test():
             path.parent.mkdir(exist_ok=True)
             path.write_text(text)
         complaints = check(Path(folder))
-    assert len(complaints) == 6, "\n".join(complaints)
+    assert len(complaints) == 7, "\n".join(complaints)
 
 
 if __name__ == "__main__":

@@ -32,7 +32,7 @@ constexpr const char* kSeriesNames[] = {"", "E6", "E12", "E24", "E48", "E96"};
 
 }  // namespace
 
-std::variant<ExportDesign, std::string> ExportAsShown(const DesignHost& host) {
+Result<ExportDesign> ExportAsShown(const DesignHost& host) {
     return PrepareExport(AsShown(host.design()), {.standardValues = host.standardValues(),
                                                   .series = host.preferences().ESeries});
 }
@@ -206,24 +206,20 @@ void TExportDlg::refresh() {
             widget->setVisible(reference ? format().reference : takesRange());
         }
     }
-    bool problem = false;
-    std::string content = contentOrProblem(problem);
-    const QString note = problem ? QString::fromStdString(content) : QString();
-    if (problem) content.clear();
-    if (content == content_ && note.isEmpty()) return;  // "Saved as ..." stays
-    content_ = std::move(content);
-    note_->setText(note);
+    const Result<std::string> made = content();
+    const std::string text = made ? *made : std::string();
+    if (made && text == content_) return;  // "Saved as ..." stays
+    content_ = text;
+    note_->setText(QString::fromStdString(made.message()));
     showContent();
 }
 
 /// What is to be exported, or why nothing can be.
-std::string TExportDlg::contentOrProblem(bool& problem) const {
-    problem = true;
-    if (const auto wrong = RangeProblem(range_); wrong && takesRange()) return *wrong;
-    auto prepared = ExportAsShown(host_);
-    if (auto* refusal = std::get_if<std::string>(&prepared)) return std::move(*refusal);
-    problem = false;
-    return format().content(std::get<ExportDesign>(prepared), range_);
+Result<std::string> TExportDlg::content() const {
+    if (const Status usable = CheckRange(range_); takesRange() && !usable) return usable;
+    const auto prepared = ExportAsShown(host_);
+    if (!prepared) return prepared.status();
+    return format().content(*prepared, range_);
 }
 
 void TExportDlg::showContent() {
@@ -245,8 +241,8 @@ void TExportDlg::ButtonExportSaveClick() {
     const QString path = askFileName();
     if (path.isEmpty()) return;
     folder_ = QFileInfo(path).absolutePath();
-    if (const auto failure = WriteAtomically(path, QByteArray::fromStdString(content_))) {
-        return host_.showMessage(*failure);
+    if (const auto saved = WriteAtomically(path, QByteArray::fromStdString(content_)); !saved) {
+        return host_.showMessage(QString::fromStdString(saved.message()));
     }
     note_->setText(tr("Saved as %1").arg(QDir::toNativeSeparators(path)));
 }

@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "io/exports.h"
@@ -19,8 +18,8 @@ namespace kelvro {
 class InputEdit;
 
 /// The design with the component values that the window shows, of the standard series where exports
-/// take these. A text: why there is nothing to export.
-std::variant<ExportDesign, std::string> ExportAsShown(const DesignHost& host);
+/// take these, or why there is nothing to export.
+Result<ExportDesign> ExportAsShown(const DesignHost& host);
 
 /// The design of the present page in the forms that other tools read: choice of format, frequencies
 /// where they matter, preview, Copy and Save. Follows the design while it is open.
@@ -56,7 +55,7 @@ class TExportDlg : public QDialog {
     void defaultRange();
     void writeRange();
     void refresh();
-    std::string contentOrProblem(bool& problem) const;
+    Result<std::string> content() const;
     void showContent();
     QString askFileName();
     const ExportFormat& format() const;

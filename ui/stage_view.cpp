@@ -101,16 +101,14 @@ void StageView::showStage(const CycleResult& result) {
 void StageView::ButtonNgspiceClick() {
     if (simulation_) return;
     auto prepared = ExportAsShown(host_);
-    if (const auto* refusal = std::get_if<std::string>(&prepared)) {
-        return host_.showMessage(QString::fromStdString(*refusal));
-    }
+    if (!prepared) return host_.showMessage(QString::fromStdString(prepared.message()));
     run_->setEnabled(false);
     run_->setText(tr("ngspice is running..."));
     auto comparison = std::make_shared<Comparison>(Status::Failure("ngspice was stopped"));
-    simulation_.reset(QThread::create([comparison, stop = stop_.get_token(),
-                                       design = std::get<ExportDesign>(std::move(prepared))] {
-        *comparison = CompareWithNgspice(design, stop);
-    }));
+    simulation_.reset(
+        QThread::create([comparison, stop = stop_.get_token(), design = std::move(*prepared)] {
+            *comparison = CompareWithNgspice(design, stop);
+        }));
     connect(simulation_.get(), &QThread::finished, this, [this, comparison] {
         simulation_.release()->deleteLater();
         run_->setText(tr("Run in &ngspice"));

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/command_line.h"
+#include "cli/pictures.h"
 
 namespace kelvro {
 
@@ -18,7 +19,7 @@ struct Output {
 inline Output RunWith(std::vector<std::string> args) {
     std::ostringstream out;
     std::ostringstream err;
-    const int code = RunCommandLine(std::move(args), out, err);
+    const int code = RunCommandLine(std::move(args), out, err, false, WritePicture);
     return {code, out.str(), err.str()};
 }
 

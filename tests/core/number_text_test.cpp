@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <charconv>
 #include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <random>
+#include <vector>
 
 namespace kelvro {
 namespace {
@@ -226,6 +229,40 @@ TEST(FormatExactTest, ReadsBackAsTheSameDouble) {
     EXPECT_EQ(FormatExact(0.1), "0.10000000000000001");
     EXPECT_EQ(FormatExact(4700), "4700");
     EXPECT_EQ(FormatExact(-2.5e-9), "-2.5000000000000001e-09");
+}
+
+TEST(FormatExactTest, IsTheTextOfTheStandardLibraryForEveryDouble) {
+    std::vector<double> values{0,
+                               -0.0,
+                               kInfinity,
+                               -kInfinity,
+                               std::numeric_limits<double>::denorm_min(),
+                               std::numeric_limits<double>::min(),
+                               std::numeric_limits<double>::max()};
+    // Around powers of ten the number of digits changes; of powers of two, many end in a tie.
+    for (int exponent = -307; exponent <= 308; ++exponent) {
+        const double decade = std::pow(10, exponent);
+        for (const double value : {decade, std::nextafter(decade, 0),
+                                   std::nextafter(decade, std::numeric_limits<double>::infinity()),
+                                   9.9999999999999995 * decade, -1.5 * decade}) {
+            values.push_back(value);
+        }
+    }
+    for (int exponent = -1000; exponent <= 1000; ++exponent) {
+        values.push_back(std::ldexp(1, exponent));
+        values.push_back(std::ldexp(3, exponent));
+    }
+    std::mt19937_64 random(1);
+    for (int i = 0; i < 30000; ++i) {
+        values.push_back(std::bit_cast<double>(random()));
+        values.push_back(std::ldexp(static_cast<double>(random()), -80 + i % 40));
+    }
+    for (const double value : values) {
+        if (std::isnan(value)) continue;
+        char text[32];
+        const auto end = std::to_chars(text, text + 32, value, std::chars_format::general, 17).ptr;
+        ASSERT_EQ(FormatExact(value), std::string(text, end));
+    }
 }
 
 }  // namespace

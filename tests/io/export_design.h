@@ -41,8 +41,8 @@ inline Design DesignedState(const DesignCase& design, double elementQ) {
 
 inline ExportDesign Exported(const Design& state, ExportChoice choice = {}) {
     auto prepared = PrepareExport(state, choice);
-    EXPECT_TRUE(std::holds_alternative<ExportDesign>(prepared)) << std::get<std::string>(prepared);
-    return std::get<ExportDesign>(std::move(prepared));
+    EXPECT_TRUE(prepared) << prepared.message();
+    return std::move(*prepared);
 }
 
 /// Every page with a network between source and load, also interchanged and extended.

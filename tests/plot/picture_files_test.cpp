@@ -79,7 +79,7 @@ struct Word {
 };
 
 QByteArray Metafile(const Drawing& drawing) {
-    return EncodePicture(PictureFormat::Metafile, kSize, drawing).bytes;
+    return EncodePicture(PictureFormat::Metafile, kSize, drawing).value();
 }
 
 }  // namespace
@@ -141,7 +141,7 @@ class PictureFilesTest : public QObject {
     void metafileReadsAsDrawnInAnotherProgram() {
         QTemporaryDir folder;
         const QString path = folder.filePath("sample.wmf");
-        QCOMPARE(SavePicture(path, PictureFormat::Metafile, kSize, DrawSample), std::nullopt);
+        QCOMPARE(SavePicture(path, PictureFormat::Metafile, kSize, DrawSample).message(), "");
         const QByteArray svg = OutputOf("wmf2svg", {path});
         QXmlStreamReader xml(svg);
         while (!xml.atEnd()) xml.readNext();
@@ -201,8 +201,9 @@ class PictureFilesTest : public QObject {
         QTemporaryDir folder;
         const QString path = folder.filePath("sample." + suffix);
         QFETCH(int, scale);
-        QCOMPARE(SavePicture(path, *PictureFormatOf(path), QSize(752, 751), DrawSample, scale),
-                 std::nullopt);
+        QCOMPARE(
+            SavePicture(path, *PictureFormatOf(path), QSize(752, 751), DrawSample, scale).message(),
+            "");
         const QByteArray seen = OutputOf(
             "/usr/bin/python3",
             {"-c",
@@ -218,7 +219,7 @@ class PictureFilesTest : public QObject {
     }
 
     void svgKeepsTextAndSizeInMillimetres() {
-        const QByteArray svg = EncodePicture(PictureFormat::Svg, {960, 480}, DrawSample).bytes;
+        const QByteArray svg = EncodePicture(PictureFormat::Svg, {960, 480}, DrawSample).value();
         QXmlStreamReader xml(svg);
         QVERIFY(xml.readNextStartElement());
         QCOMPARE(xml.attributes().value("width"), QStringLiteral("254mm"));
@@ -232,7 +233,7 @@ class PictureFilesTest : public QObject {
     }
 
     void pdfPageHasTheSizeOfThePicture() {
-        const QByteArray pdf = EncodePicture(PictureFormat::Pdf, {960, 480}, DrawSample).bytes;
+        const QByteArray pdf = EncodePicture(PictureFormat::Pdf, {960, 480}, DrawSample).value();
         QVERIFY(pdf.startsWith("%PDF-1.") && pdf.trimmed().endsWith("%%EOF"));
         QVERIFY(WithWholeNumbers(pdf).contains("/MediaBox [0 0 720 360]"));
     }
@@ -249,7 +250,8 @@ class PictureFilesTest : public QObject {
                 image.setPixel(x, y, qRgb(1, x % colours, 255 - x % colours));
             }
         }
-        QVERIFY(QImage::fromData(EncodeGif(image).bytes).convertToFormat(image.format()) == image);
+        QVERIFY(QImage::fromData(EncodeGif(image).value()).convertToFormat(image.format()) ==
+                image);
     }
 
     void aGifOfMoreColoursLeavesTheFrequentOnesUntouched() {
@@ -259,7 +261,7 @@ class PictureFilesTest : public QObject {
         for (int i = 0; i < 65536; ++i) {
             image.setPixel(200 + (i & 255), 100 + (i >> 8), qRgb(i >> 8, i & 255, i & 255));
         }
-        const QImage read = QImage::fromData(EncodeGif(image).bytes);
+        const QImage read = QImage::fromData(EncodeGif(image).value());
         QCOMPARE(read.size(), image.size());
         int worst = 0;
         for (int y = 0; y < image.height(); ++y) {
@@ -332,12 +334,13 @@ class PictureFilesTest : public QObject {
         signal(SIGXFSZ, SIG_IGN);
         if (target.startsWith("old")) setrlimit(RLIMIT_FSIZE, &small);
         const QString path = dir.filePath(target);
-        const auto problem = SavePicture(path, *PictureFormatOf(path), kSize, DrawSample);
+        const auto saved = SavePicture(path, *PictureFormatOf(path), kSize, DrawSample);
         setrlimit(RLIMIT_FSIZE, &limit);
         setfsuid(geteuid());
 
-        QVERIFY(problem.has_value());
-        QCOMPARE(*problem, QStringLiteral("Cannot write \"%1\": %2.").arg(path, reason));
+        QVERIFY(!saved);
+        QCOMPARE(QString::fromStdString(saved.message()),
+                 QStringLiteral("Cannot write \"%1\": %2.").arg(path, reason));
         QCOMPARE(everything(), before);
         QVERIFY(!QFileInfo(path).isFile() || Content(path) == "the old picture" ||
                 QFileInfo(path).isSymLink());
@@ -350,7 +353,7 @@ class PictureFilesTest : public QObject {
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write("old") > 0);
         }
         const QString path = folder.filePath("plot.wmf");
-        QCOMPARE(SavePicture(path, PictureFormat::Metafile, kSize, DrawSample), std::nullopt);
+        QCOMPARE(SavePicture(path, PictureFormat::Metafile, kSize, DrawSample).message(), "");
         QVERIFY(Content(path).startsWith(QByteArray::fromHex("d7cdc69a")));
         QCOMPARE(Content(folder.filePath("plot.TMP")), "old");
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
@@ -366,7 +369,7 @@ class PictureFilesTest : public QObject {
         QFETCH(QSize, size);
         for (const QString& suffix : PictureSuffixes()) {
             const auto encoded = EncodePicture(*PictureFormatOf("x." + suffix), size, DrawSample);
-            QVERIFY(!encoded.problem.isEmpty() && encoded.bytes.isEmpty());
+            QVERIFY(!encoded.ok() && !encoded.message().empty());
         }
     }
 };

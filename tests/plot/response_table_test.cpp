@@ -65,8 +65,9 @@ class ResponseTableTest : public QObject {
         QTemporaryDir folder;
         const QString path = folder.filePath("line.tab");
         QCOMPARE(
-            WriteAtomically(path, QByteArray::fromStdString(ResponseTable(Line(), 1, 1e6, true))),
-            std::nullopt);
+            WriteAtomically(path, QByteArray::fromStdString(ResponseTable(Line(), 1, 1e6, true)))
+                .message(),
+            "");
         QProcess python;
         python.start("/usr/bin/python3",
                      {"-c",

@@ -50,8 +50,8 @@ QString PlotForm::savePicture(const SaveDialog& asked, PictureFormat format) {
     };
     // Bitmaps as sharp as on the screen.
     const double scale = devicePixelRatioF();
-    if (const auto problem = SavePicture(path, format, image_->size(), drawing, scale)) {
-        host_.showMessage(*problem);
+    if (const auto saved = SavePicture(path, format, image_->size(), drawing, scale); !saved) {
+        host_.showMessage(QString::fromStdString(saved.message()));
         return {};
     }
     return path;
@@ -100,8 +100,8 @@ void PlotForm::SaveasTable1Click() {
     const Axis& x = view().x;
     const std::string table =
         ResponseTable(host_.design(), x.min, x.max, x.mode == AxisMode::Logarithmic);
-    if (const auto problem = WriteAtomically(path, QByteArray::fromStdString(table))) {
-        host_.showMessage(*problem);
+    if (const auto saved = WriteAtomically(path, QByteArray::fromStdString(table)); !saved) {
+        host_.showMessage(QString::fromStdString(saved.message()));
     }
 }
 

@@ -54,13 +54,13 @@ TFormCalculator::TFormCalculator(QWidget* parent)
 }
 
 void TFormCalculator::recalculate() {
-    const auto [value, error] = engine_.evaluate(expression_->text().toStdString());
-    valid_ = error.empty() && !isEmpty(expression_);
-    value_ = value;
-    setNote(ToQString(error));
+    const Result<double> result = engine_.evaluate(expression_->text().toStdString());
+    valid_ = result && !isEmpty(expression_);
+    value_ = result ? *result : 0;
+    setNote(ToQString(result.message()));
     if (valid_) {
-        write(result_, value);
-        digits_->setText(AllDigits(value));
+        write(result_, value_);
+        digits_->setText(AllDigits(value_));
     } else {
         result_->clear();
         digits_->clear();

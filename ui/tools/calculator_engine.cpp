@@ -165,24 +165,25 @@ void CalculatorEngine::setAnswer(double value) {
     parser_->parser.DefineConst("ans", value);
 }
 
-CalculatorEngine::Result CalculatorEngine::evaluate(std::string_view expression) {
+Result<double> CalculatorEngine::evaluate(std::string_view expression) {
     std::string text = WithoutGreek(expression);
-    if (text.find_first_not_of(" \t") == std::string::npos) return {};
-    if (text.size() > kLongestExpression) return {0, "The expression is too long."};
+    if (text.find_first_not_of(" \t") == std::string::npos) return 0.0;
+    if (text.size() > kLongestExpression) return Status::Failure("The expression is too long.");
     const auto printable = [](char c) { return c >= ' ' && c <= '~' && c != '"'; };
-    if (!std::ranges::all_of(text, printable)) return {0, "Unknown character in the expression."};
+    if (!std::ranges::all_of(text, printable))
+        return Status::Failure("Unknown character in the expression.");
     SettleCommas(text);
     try {
         mu::Parser& parser = parser_->parser;
         parser.SetExpr(text);
         const double value = parser.Eval();
-        if (parser.GetNumResults() != 1) return {0, "One expression at a time."};
-        if (!std::isfinite(value)) return {0, "The result is not a finite number."};
-        return {value, {}};
+        if (parser.GetNumResults() != 1) return Status::Failure("One expression at a time.");
+        if (!std::isfinite(value)) return Status::Failure("The result is not a finite number.");
+        return value;
     } catch (const mu::ParserError& error) {
-        return {0, ErrorText(error)};
+        return Status::Failure(ErrorText(error));
     } catch (const std::exception&) {
-        return {0, "Cannot read the expression."};
+        return Status::Failure("Cannot read the expression.");
     }
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <string_view>
+
+#include "core/result.h"
 
 namespace kelvro {
 
@@ -17,12 +18,8 @@ class CalculatorEngine {
     CalculatorEngine(const CalculatorEngine&) = delete;
     CalculatorEngine& operator=(const CalculatorEngine&) = delete;
 
-    struct Result {
-        double value = 0;
-        std::string error;  ///< one line; empty for a finite value
-    };
-    /// An empty expression has neither an error nor a value other than 0.
-    Result evaluate(std::string_view expression);
+    /// The value, which is finite; an empty expression is worth 0. A failure is one line.
+    Result<double> evaluate(std::string_view expression);
 
     /// The value that "ans" stands for from here on.
     void setAnswer(double value);

@@ -331,10 +331,10 @@ void NetworkWindow::savePicture() {
     if (!format)
         return say(tr("%1: the name has to end in one of %2")
                        .arg(file, PictureSuffixes().join(QStringLiteral(", "))));
-    const auto failed = SavePicture(
+    const Status saved = SavePicture(
         file, *format, kPictureSize,
         [this](QPainter& painter, QSize size) { paintAll(painter, size); }, kClipboardScale);
-    if (failed) say(*failed);
+    if (!saved) say(QString::fromStdString(saved.message()));
 }
 
 void NetworkWindow::printPicture() {

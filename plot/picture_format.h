@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+namespace kelvro {
+
+enum class PictureFormat { Bitmap, Metafile, Jpeg, Gif, Png, Svg, Pdf };
+
+/// The format that a file name asks for by its ending (.bmp .wmf .jpg .jpeg .gif .png .svg .pdf),
+/// case ignored; nothing for any other.
+std::optional<PictureFormat> PictureFormatOf(const QString& fileName);
+
+/// The endings as a list for messages and dialogs, the usual one of each format.
+QStringList PictureSuffixes();
+
+}  // namespace kelvro
