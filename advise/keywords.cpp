@@ -78,4 +78,13 @@ KeywordPreset ReadKeywords(std::span<const std::string> arguments,
     return preset;
 }
 
+std::string KeywordList() {
+    std::string list;
+    for (const Keyword& keyword : kKeywords) {
+        if (!list.empty()) list += ' ';
+        list += keyword.word;
+    }
+    return list;
+}
+
 }  // namespace kelvro

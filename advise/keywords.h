@@ -19,4 +19,7 @@ struct KeywordPreset {
 KeywordPreset ReadKeywords(std::span<const std::string> arguments,
                            const OptimizerSettings& defaults = {});
 
+/// All keywords, separated by blanks.
+std::string KeywordList();
+
 }  // namespace kelvro

@@ -12,6 +12,7 @@
 #include "ui/fields.h"
 #include "ui/plot/icons.h"
 #include "ui/sdi_app_form.h"
+#include "ui/splash_screen.h"
 
 namespace kelvro {
 
@@ -166,6 +167,14 @@ constexpr std::array kButtons = {
     Button{"SpeedButtonInfo", "info", "Info", "Sugestions for circuit topology"},
 };
 
+void AddSplashItem(QMenu& options) {
+    QAction* action = options.addAction(QObject::tr("Splash Screen at Sta&rt"));
+    action->setObjectName(QStringLiteral("SplashScreen1"));
+    action->setCheckable(true);
+    action->setChecked(IsSplashWanted());
+    QObject::connect(action, &QAction::toggled, RememberSplash);
+}
+
 }  // namespace
 
 void BuildMenus(TSDIAppForm& form) {
@@ -175,6 +184,7 @@ void BuildMenus(TSDIAppForm& form) {
     AddPageItems(form, *options);
     AddSeriesItems(form, *options);
     for (const Item& item : kOptionItems) AddItem(form, *options, item);
+    AddSplashItem(*options);
     AddMenu(form, "&Tools", kToolItems);
     AddMenu(form, "He&lp", kHelpItems);
     auto* unused = form.findChild<QAction*>(QStringLiteral("SerienParallelkreise1"));

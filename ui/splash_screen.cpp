@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
+#include <QSettings>
 #include <cmath>
 
 namespace kelvro {
@@ -39,7 +40,22 @@ QPainterPath ResonanceCurve(const QRectF& area) {
     return path;
 }
 
+QSettings Remembered() {
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("kelvro"),
+                     QStringLiteral("windows"));
+}
+
+constexpr const char* kWantedKey = "TSplashScreen/wanted";
+
 }  // namespace
+
+bool IsSplashWanted() {
+    return Remembered().value(QLatin1String(kWantedKey), true).toBool();
+}
+
+void RememberSplash(bool wanted) {
+    Remembered().setValue(QLatin1String(kWantedKey), wanted);
+}
 
 TSplashScreen::TSplashScreen() : QSplashScreen(Ground()) {
     setObjectName(QStringLiteral("TSplashScreen"));

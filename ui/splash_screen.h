@@ -15,4 +15,8 @@ class TSplashScreen : public QSplashScreen {
     void drawContents(QPainter* painter) override;
 };
 
+/// Whether the user wants to see the splash screen, remembered beside the places of the windows.
+bool IsSplashWanted();
+void RememberSplash(bool wanted);
+
 }  // namespace kelvro

@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include "tests/ui/form_fixture.h"
+#include "ui/splash_screen.h"
 
 using namespace kelvro;
 
@@ -38,6 +39,7 @@ class SettingsTest : public QObject {
     void fileWithoutPageLoadsOnTheFirst();
     void startShowsThePageOfTheSettingsAsItWasLeft();
     void fileThatIsNoSettingsFileIsReported();
+    void splashScreenStaysAwayOnceItIsUnwanted();
 };
 
 void SettingsTest::closingWritesTheSettings() {
@@ -46,6 +48,17 @@ void SettingsTest::closingWritesTheSettings() {
     f.form().close();
     const QByteArray ini = Contents(f.configFolder() + "/kelvro/kelvro.ini");
     QVERIFY2(ini.contains("fo=5.00M"), ini);
+}
+
+void SettingsTest::splashScreenStaysAwayOnceItIsUnwanted() {
+    FormFixture f;
+    auto& item = f.find<QAction>("SplashScreen1");
+    QVERIFY(item.isChecked() && IsSplashWanted());
+    item.trigger();
+    QVERIFY(!IsSplashWanted());
+    // The next start of the program.
+    const TSDIAppForm next;
+    QVERIFY(!next.findChild<QAction*>("SplashScreen1")->isChecked());
 }
 
 void SettingsTest::settingsThatCannotBeWrittenAreReported() {
