@@ -45,6 +45,10 @@ constexpr std::array kKeywords = {
             [](KeywordPreset& p) { p.settings.local.gradient = GradientChoice::DoubleSided; }},
     Keyword{"trans", {}, [](KeywordPreset& p) { p.settings.goal.transformer = true; }},
     Keyword{"mruns", {}, [](KeywordPreset& p) { p.settings.singleRun = false; }},
+    Keyword{"thorough",
+            "Hint: Thorough search for the lowest goal. The design may end far from the calculated "
+            "one.",
+            [](KeywordPreset& p) { p.settings.local.thorough = true; }},
 };
 
 double Fraction(const std::string& text) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <complex>
+#include <limits>
 
 #include "core/scalar.h"
 #include "design/pages.h"
@@ -13,6 +15,24 @@ namespace {
 
 constexpr double kNarrowBandQ = 0.21;  // designs above it hold their loaded Q
 constexpr double kSmallestQ = 0.01;
+constexpr double kEdgeDrop = 0.25;  // dB at ±1/(8·Q) of fo
+
+// What makes a minimum good: dB lost at fo by mismatch, or over a band more than at its centre, and
+// dB of penalty for another Q than the wanted one. The penalty minds the lower of the band's edges
+// only: their mean may be lower than wanted by a factor of four, which is half the Q.
+constexpr double kLosslessQ = 1e12;
+constexpr double kMatched = 0.3;
+constexpr double kQMet = 0.2;
+constexpr double kFlattest = 4;
+
+// The phase of a resonance at fo is 0 or 180°. Squares of the cosine of the distance from there: up
+// to 30° the slope of the tangent is trusted, beyond 45° it is not.
+constexpr double kTrusted = 0.75;
+constexpr double kDistrusted = 0.5;
+// A design by phase may be wider than fo/Q, but not more than twice as wide: at ±1/Q of fo it is 3
+// dB down. What is missing there counts, squared, more than the 2 dB that a low Q saves.
+constexpr double kHalfPower = 3.01;
+constexpr double kTooWideWeight = 2;
 
 double Square(double x) {
     return x * x;
@@ -20,30 +40,73 @@ double Square(double x) {
 
 // ---------------------------------------------------------------- narrow band
 
-/// -GT(fo), and a penalty that holds the response at ±1/(8·Q) of fo 0.25 dB below GT(fo), as it is
-/// for a single resonance of that Q.
-double BandEdgeGoal(const Design& s, const Response& response) {
+/// Gain in dB at fo and at ±1/(8·Q) of fo.
+struct EdgeGains {
+    double low;
+    double centre;
+    double high;
+
+    /// The mean drop at the edges: a quarter of it is twice the width.
+    double drop() const { return centre - (low + high) / 2; }
+};
+
+EdgeGains GainsAtEdges(const Design& s, const Response& response) {
     const double quarter = s.fo / std::max(s.Q, kSmallestQ) / 4;
-    const double low = response.relativeDb(std::max(s.fo - quarter / 2, s.fo / 100));
-    const double centre = response.relativeDb(s.fo);
-    const double high = response.relativeDb(s.fo + quarter / 2);
-    const double weight = (std::pow(s.Q, 1.5) + 1) * 5;
-    return -centre + weight * Square(centre - std::min(low, high) - 0.25);
+    return {response.relativeDb(std::max(s.fo - quarter / 2, s.fo / 100)),
+            response.relativeDb(s.fo), response.relativeDb(s.fo + quarter / 2)};
 }
 
-/// -GT(fo), and a penalty on the difference between the wanted Q and that of the phase slope.
-double PhaseSlopeGoal(const Design& s, const Response& response) {
+double QWeight(const Design& s) {
+    return std::pow(s.Q, 1.5) + 1;
+}
+
+/// Holds the gain at the edges 0.25 dB below that at fo, as it is for a single resonance of Q.
+double BandEdgePenalty(const Design& s, const EdgeGains& gains) {
+    return QWeight(s) * 5 * Square(gains.centre - std::min(gains.low, gains.high) - kEdgeDrop);
+}
+
+double Tangent(std::complex<double> H) {
+    return H.imag() / H.real();
+}
+
+/// How far the slope of the tangent is that of the phase: it is where the phase is that of a
+/// resonance, and not where the tangent is about to leap.
+double TrustInTangent(double tangent) {
+    const double part =
+        std::clamp((1 / (1 + Square(tangent)) - kDistrusted) / (kTrusted - kDistrusted), 0.0, 1.0);
+    return part * part * (3 - 2 * part);
+}
+
+/// Loaded Q as the phase around fo tells it: by the slope of its tangent where that can be trusted,
+/// else by that of the phase itself, which a turn of the whole phase leaves as it is.
+double PhaseQ(const Design& s, const Response& response) {
     const double Q = std::max(s.Q, kSmallestQ);
     const double low = (1 - 0.025 / Q) * s.fo;
     const double high = (1 + 0.025 / Q) * s.fo;
-    const auto tangent = [&](double f) {
-        const auto H = response.transfer(f);
-        return H.imag() / H.real();
+    const std::complex<double> below = response.transfer(low);
+    const std::complex<double> above = response.transfer(high);
+    const double trust = TrustInTangent(Tangent(response.transfer(s.fo)));
+    double turn = 0;
+    if (trust > 0) turn += trust * (Tangent(above) - Tangent(below));
+    if (trust < 1) turn += (1 - trust) * std::arg(above * std::conj(below));
+    return -kTwoPi / 2 * s.fo * (turn / ((high - low) * kTwoPi));
+}
+
+/// Several resonances side by side have a steep phase over a wide band: beyond twice the width that
+/// Q means, gain counts again.
+double WidthPenalty(const Design& s, const Response& response, double centre) {
+    const double distance = s.fo / std::max(s.Q, 1.0);
+    const auto missing = [&](double f) {
+        return std::max(kHalfPower - (centre - response.relativeDb(f)), 0.0);
     };
-    const double centre = response.magnitudeDb(s.fo) - MagnitudeDb(std::sqrt(s.R2 / s.R1));
-    const double slope = (tangent(high) - tangent(low)) / ((high - low) * kTwoPi);
-    const double weight = (std::pow(s.Q, 1.5) + 1) * 0.2;
-    return -centre + weight * Square(Q + kTwoPi / 2 * s.fo * slope);
+    return Square(missing(std::max(s.fo - distance, s.fo / 100))) +
+           Square(missing(s.fo + distance));
+}
+
+/// A penalty on the difference between the wanted Q and that of the phase.
+double PhasePenalty(const Design& s, const Response& response, double centre) {
+    const double error = std::max(s.Q, kSmallestQ) - PhaseQ(s, response);
+    return QWeight(s) * 0.2 * (Square(error) + WidthPenalty(s, response, centre));
 }
 
 // ---------------------------------------------------------------- broad band
@@ -59,6 +122,13 @@ double BandGoal(const Band& band, const Response& response, bool maxNorm) {
         if (std::isnan(gain)) return gain;
     }
     return maxNorm ? worst : -band.scale * sum;
+}
+
+/// What a loss of 1 dB all over the band makes of the goal.
+double BandWeight(const Band& band, bool maxNorm) {
+    double sum = 0;
+    for (const BandPoint& point : std::span(band.points).first(band.count)) sum += point.weight;
+    return maxNorm ? 1 : band.scale * sum;
 }
 
 std::vector<double> SlotValues(const Design& design, const std::vector<Slot>& slots) {
@@ -78,6 +148,7 @@ double TenDigits(double f) {
 
 Goal::Goal(const Design& design, const GoalOptions& options)
     : page_(PageOf(design).goal), trial_(design), options_(options) {
+    options_.phaseSlope = options_.phaseSlope || !design.QByBandwidth;
     // A wish of the run counts as one of the page; only the goal of the transformer looks at it.
     trial_.equalInductances = trial_.equalInductances || options.transformer;
     if (page_.moved) slots_ = page_.moved(design);
@@ -111,11 +182,47 @@ double Goal::designed(std::span<const double> x) {
     return page_.residual ? page_.residual(trial_) : network();
 }
 
+bool Goal::isNetwork() const {
+    return !page_.test && !page_.residual;
+}
+
+double Goal::lowerBound() const {
+    return isNetwork() ? 0 : -std::numeric_limits<double>::infinity();
+}
+
+bool Goal::isGood(std::span<const double> x) {
+    if (!isNetwork()) return true;
+    write(x);
+    return isMatched() && hasWantedQ();
+}
+
+/// Without the losses of its parts a matched network loses nothing.
+bool Goal::isMatched() const {
+    Design lossless = trial_;
+    lossless.QB = lossless.QBC = kLosslessQ;
+    return -Response(lossless).relativeDb(trial_.fo) <= kMatched;
+}
+
+bool Goal::hasWantedQ() const {
+    const Response response(trial_);
+    const double centre = response.relativeDb(trial_.fo);
+    if (!(trial_.Q > kNarrowBandQ)) {
+        if (!page_.band) return true;
+        // As broad as can be: the band loses hardly more than its centre.
+        const double weight = BandWeight(page_.band(trial_), options_.maxNorm);
+        return network() / weight + centre <= kMatched;
+    }
+    const EdgeGains gains = GainsAtEdges(trial_, response);
+    return network() + centre <= kQMet && gains.drop() > kEdgeDrop / kFlattest;
+}
+
 double Goal::network() const {
     const Response response(trial_);
     double f = 0;
     if (trial_.Q > kNarrowBandQ) {
-        f = options_.phaseSlope ? PhaseSlopeGoal(trial_, response) : BandEdgeGoal(trial_, response);
+        const EdgeGains gains = GainsAtEdges(trial_, response);
+        f = -gains.centre + (options_.phaseSlope ? PhasePenalty(trial_, response, gains.centre)
+                                                 : BandEdgePenalty(trial_, gains));
     } else if (page_.band) {
         f = BandGoal(page_.band(trial_), response, options_.maxNorm);
     }

@@ -23,6 +23,11 @@ class Goal : public Objective {
     std::size_t size() const { return size_; }
     /// f(x) for size() parameters. Not finite where the network does not exist.
     double value(std::span<const double> x, CallKind kind) override;
+    /// Does the network of x lose no more at fo than the Q of its parts explains, and has it the
+    /// wanted Q? Test functions and resistor strings have nothing better to look for either.
+    bool isGood(std::span<const double> x) override;
+    /// No passive network has gain.
+    double lowerBound() const override;
     /// The components of x.
     Slots components(std::span<const double> x);
 
@@ -32,6 +37,9 @@ class Goal : public Objective {
     void write(std::span<const double> x);
     double designed(std::span<const double> x);
     double network() const;
+    bool isMatched() const;
+    bool hasWantedQ() const;
+    bool isNetwork() const;
 
     const PageGoal& page_;
     Design trial_;  ///< with the components of the last x

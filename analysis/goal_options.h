@@ -8,7 +8,8 @@ struct GoalOptions {
     bool maxNorm = false;
     /// Round the goal to 10 significant digits, to study the optimizer under noise.
     bool noise = false;
-    /// Loaded Q from the slope of the phase instead of the drop at the band edges.
+    /// Loaded Q from the slope of the phase instead of the drop at the band edges, whatever the
+    /// design's own choice is.
     bool phaseSlope = false;
     /// Transformer page: keep both inductances alike whatever the page's own switch says.
     bool transformer = false;

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <span>
 
 // A function of n numbers as the optimizer sees it.
@@ -34,6 +35,11 @@ class Objective {
   public:
     virtual ~Objective() = default;
     virtual double value(std::span<const double> x, CallKind kind) = 0;
+    /// Is a minimum at x all that can be asked for, so that no other one need be looked for? Not
+    /// counted as a call.
+    virtual bool isGood(std::span<const double> /*x*/) { return true; }
+    /// No value is lower.
+    virtual double lowerBound() const { return -std::numeric_limits<double>::infinity(); }
 };
 
 }  // namespace kelvro

@@ -10,6 +10,7 @@
 #include "analysis/goal.h"
 #include "design/cycle.h"
 #include "design/pages.h"
+#include "io/optimizer_reports.h"
 #include "optimize/page_optimizer.h"
 
 namespace kelvro {
@@ -30,7 +31,10 @@ void Recalculate(benchmark::State& bench, bool singleRun, const OptimizerFiles& 
     const Design inputs = Inputs(static_cast<int>(bench.range(0)), Q);
     OptimizerSettings settings;
     settings.singleRun = singleRun;
-    OptimizerServices services(settings, files);
+    OptimizerServices services(settings);
+    if (!files.log.empty()) {
+        services.reports = [&](const PageOptimization& done) { return KeepReports(done, files); };
+    }
     for (auto _ : bench) {
         benchmark::DoNotOptimize(Calculate(inputs, true, services));
     }

@@ -85,7 +85,7 @@ Outcome<DesignRun> RunDesign(const DesignOptions& options, Session& session) {
     if (!prepared) return prepared.status();
     DesignRun run{std::move(*prepared), {}, SeriesOf(options), {}};
     if (!options.takes.empty()) return RunTaken(std::move(run), options);
-    OptimizerServices services({.disabled = options.noOptimize}, {"", ""});
+    OptimizerServices services({.disabled = options.noOptimize});
     run.cycle = Calculate(run.state, true, services);
     run.state = run.cycle.design;
     const PageOptimization& optimization = services.last();

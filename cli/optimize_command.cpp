@@ -4,6 +4,7 @@
 #include "cli/commands.h"
 #include "cli/optimizer_options.h"
 #include "core/number_text.h"
+#include "io/optimizer_reports.h"
 #include "io/text_table.h"
 #include "optimize/page_optimizer.h"
 
@@ -18,7 +19,8 @@ struct OptimizeCommand {
     int maxIterations = 0;      ///< 0: not given
     std::string gradientLimit;  ///< empty: not given
     bool twoRuns = false;
-    OptimizerFiles files{"", ""};
+    bool thorough = false;
+    OptimizerFiles files;
 };
 
 /// A design before and after its optimization.
@@ -71,12 +73,20 @@ Json Document(const OptimizedDesign& design) {
                 {"calls_gradient", calls.of(CallKind::Gradient)},
                 {"calls", calls.total()},
                 {"warnings", design.warnings()},
+                {"starts", best.descents},
+                {"good", best.good},
+                {"warning", design.optimization.warning},
                 {"stop", StopName(best.stop)}};
     }
     return {{"goal", goal},
             {"before", JsonComponentValues(design.before)},
             {"after", JsonComponentValues(design.after)},
             {"achieved", JsonAchieved(design.after.cycle)}};
+}
+
+/// A sentence of its own.
+std::string FarText(const std::string& warning) {
+    return warning.empty() ? std::string() : "Warning: " + warning + '\n';
 }
 
 std::string GoalText(const OptimizedDesign& design) {
@@ -93,7 +103,8 @@ std::string GoalText(const OptimizedDesign& design) {
                          {"Calls in gradient", std::to_string(calls.of(CallKind::Gradient))},
                          {"Calls", std::to_string(calls.total())},
                          {"Warnings", std::to_string(design.warnings())},
-                         {"Stopped", std::string(StopName(best.stop))}});
+                         {"Stopped", std::string(StopName(best.stop))}}) +
+           FarText(design.optimization.warning);
 }
 
 std::string HumanText(const OptimizedDesign& design) {
@@ -118,7 +129,10 @@ OptimizerSettings SettingsOf(const OptimizeCommand& command, const PreparedDesig
         settings.local.gradientLimit = ParseValue(command.gradientLimit);
     }
     if (command.twoRuns) settings.singleRun = false;
-    if (!command.files.table.empty()) settings.writeTable = true;
+    if (command.thorough) settings.local.thorough = true;
+    settings.writeLog = !command.files.log.empty();
+    settings.writeTable = !command.files.table.empty();
+    settings.tableName = command.files.table;
     return settings;
 }
 
@@ -128,15 +142,13 @@ ExitCode Optimize(const OptimizeCommand& command, Session& session) {
     const auto& prepared = *outcome;
     OptimizedDesign design{prepared.run, prepared.run, {}};
     Design& optimized = design.after.state;
-    design.optimization = OptimizePage(optimized, SettingsOf(command, prepared), command.files);
+    design.optimization = OptimizePage(optimized, SettingsOf(command, prepared));
     optimized.components = design.optimization.components;
-    if (design.optimization.status == PageOptimization::Status::Aborted) {
-        return session.fail({ExitCode::Failed, design.optimization.error});
-    }
+    const std::string problem = KeepReports(design.optimization, command.files);
     ResponseServices services;
     design.after.cycle = ShowComponents(optimized, services);
     session.out << (command.options->design->json ? JsonText(Document(design)) : HumanText(design));
-    return ExitCode::Done;
+    return problem.empty() ? ExitCode::Done : session.fail({ExitCode::Failed, problem});
 }
 
 }  // namespace
@@ -155,6 +167,9 @@ void AddOptimizeCommand(CLI::App& app, Session& session) {
         ->type_name("NUMBER");
     command->add_flag("--two-runs", optimize->twoRuns,
                       "A second run refines the first one's result");
+    command->add_flag("--thorough", optimize->thorough,
+                      "Look everywhere for the lowest goal; the design may end far from the "
+                      "calculated one");
     command->add_option("--log", optimize->files.log, "Report of the runs")->type_name("FILE");
     command->add_option("--table", optimize->files.table, "Table of all goal calls")
         ->type_name("FILE");

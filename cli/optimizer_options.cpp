@@ -32,7 +32,7 @@ std::shared_ptr<OptimizerOptions> AddOptimizerOptions(CLI::App& command) {
     command
         .add_option("--keywords", options->keywords,
                     "Presets, joined in one text: dfp hessian noclamp max xls noise nopt steep "
-                    "single ssg dsg trans mruns")
+                    "single ssg dsg trans mruns thorough")
         ->type_name("TEXT");
     command
         .add_option("--line-accuracy", options->lineAccuracy,
@@ -46,6 +46,11 @@ std::shared_ptr<OptimizerOptions> AddOptimizerOptions(CLI::App& command) {
         ->type_name("NUMBER");
     command.add_flag("--max-norm", options->maxNorm,
                      "Broadband designs: the worst point of the band counts, not the mean");
+    command
+        .add_option("--q-measure", options->qMeasure,
+                    "Loaded Q by the drop of gain or by the slope of phase; as the settings file "
+                    "has it, else by gain")
+        ->check(CLI::IsMember({"gain", "phase"}));
     return options;
 }
 
@@ -55,6 +60,7 @@ Outcome<PreparedDesign> PrepareDesign(const OptimizerOptions& options, Session& 
     auto outcome = RunAcceptedDesign(calculated, session);
     if (!outcome) return outcome.status();
     auto& run = *outcome;
+    if (!options.qMeasure.empty()) run.state.QByBandwidth = options.qMeasure == "gain";
     if (Goal(run.state, {}).size() == 0) {
         return Problem{ExitCode::Refused, "Page " + std::to_string(run.page().number) + " (" +
                                               std::string(run.page().caption) +

@@ -17,6 +17,7 @@ struct OptimizerOptions {
     std::string lineAccuracy;
     std::string lineCentre;
     bool maxNorm = false;
+    std::string qMeasure;  ///< "gain" or "phase"; empty: as the design has it
 };
 
 /// Declares the options of a design, --json, --keywords and --max-norm.

@@ -100,7 +100,7 @@ std::string HumanProposals(const std::vector<Proposal>& proposals) {
 ExitCode ReportProposals(const ProposeOptions& options, Session& session) {
     const auto prepared = StateOf(*options.inputs, session);
     if (!prepared) return session.fail(prepared.status());
-    OptimizerServices services({.disabled = options.inputs->noOptimize}, {"", ""});
+    OptimizerServices services({.disabled = options.inputs->noOptimize});
     auto proposals = Propose(*prepared, WishesOf(options), services);
     const bool any = !proposals.empty() && proposals.front().suited;
     if (!options.all) std::erase_if(proposals, [](const Proposal& p) { return !p.suited; });

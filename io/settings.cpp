@@ -37,6 +37,7 @@ struct SettingsKey {
         ByPhase,  ///< written "Yes" or "No", read "Ja"
         Ratio,    ///< V2/V1, as Compact
         Sweep,    ///< sweep factor, as Compact
+        ByGain,   ///< the flag of ByPhase, "Yes" or "No", both read as written
         Choke,    ///< of the class-E stage, as Compact, or "infinite"
     };
     const char* name;
@@ -87,6 +88,7 @@ constexpr SettingsKey kKeys[] = {
     {"Vhi1", SettingsKey::Kind::Field, &Design::Vhi1},
     {"Vhi2", SettingsKey::Kind::Field, &Design::Vhi2},
     {"Choke", SettingsKey::Kind::Choke, &Design::chokeRatio},
+    {"Q by d", SettingsKey::Kind::ByGain},
 };
 
 /// Limits of the input field that is bound to a variable.
@@ -126,6 +128,7 @@ std::string TextOf(const SettingsKey& key, const Settings& settings) {
             return state.infiniteChoke ? std::string(kInfinite)
                                        : FormatEngShort(2, state.chokeRatio);
         case SettingsKey::Kind::ByPhase:
+        case SettingsKey::Kind::ByGain:
             break;
     }
     return state.QByBandwidth ? "Yes" : "No";
@@ -176,8 +179,11 @@ void ReadKey(const SettingsKey& key, const std::optional<std::string>& text, Set
             state.page = ReadPageNumber(text.value_or("1"));
             break;
         case SettingsKey::Kind::ByPhase:
-            // Files of this program say "Yes": loading one always clears the flag.
+            // What is written here is never "Ja": files without the flag's own key clear it.
             state.QByBandwidth = text.value_or("Ja") == "Ja";
+            break;
+        case SettingsKey::Kind::ByGain:
+            if (text) state.QByBandwidth = *text == "Yes";
             break;
     }
 }

@@ -6,12 +6,7 @@
 namespace kelvro {
 
 Evaluator::Evaluator(Objective& objective, const Vector& start, bool recordCalls)
-    : objective_(objective),
-      start_(start),
-      scratch_(start),
-      record_(recordCalls),
-      bestValue_(std::numeric_limits<double>::infinity()),
-      bestPoint_(start) {
+    : objective_(objective), start_(start), scratch_(start), record_(recordCalls) {
     setActive(std::vector<bool>(static_cast<std::size_t>(start.size()), true));
 }
 
@@ -31,12 +26,7 @@ double Evaluator::operator()(const Vector& x, CallKind kind) {
     const double f = objective_.value(point, kind);
     calls_.add(kind);
     if (record_) table_.push_back({kind, f, scratch_});
-    if (!std::isfinite(f)) return std::numeric_limits<double>::infinity();
-    if (f < bestValue_) {
-        bestValue_ = f;
-        bestPoint_ = scratch_;
-    }
-    return f;
+    return std::isfinite(f) ? f : std::numeric_limits<double>::infinity();
 }
 
 Vector Evaluator::fullPoint(const Vector& x) const {

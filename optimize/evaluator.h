@@ -9,7 +9,7 @@
 namespace kelvro {
 
 /// The objective as the search sees it: a function of the parameters that have influence, with the
-/// bookkeeping of its calls and the best point seen.
+/// bookkeeping of its calls.
 class Evaluator {
   public:
     Evaluator(Objective& objective, const Vector& start, bool recordCalls);
@@ -30,8 +30,6 @@ class Evaluator {
     Vector start() const { return activeDirection(start_); }
 
     const CallCounts& calls() const { return calls_; }
-    double bestValue() const { return bestValue_; }
-    const Vector& bestPoint() const { return bestPoint_; }  ///< all parameters
     std::vector<CallRecord> takeTable() { return std::move(table_); }
 
   private:
@@ -42,8 +40,6 @@ class Evaluator {
     CallCounts calls_;
     bool record_;
     std::vector<CallRecord> table_;
-    double bestValue_;
-    Vector bestPoint_;
 };
 
 }  // namespace kelvro

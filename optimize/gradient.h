@@ -53,6 +53,9 @@ class GradientSource {
     /// Double-sided whatever the rule says, as start matrices need it.
     Gradient computeDoubleSided(const Vector& x, double f, std::vector<Note>& notes);
 
+    /// Gradients of starts are no iterations: the next one does not switch from them.
+    void beginDescent() { wasDoubleSided_ = false; }
+
     int singleSided() const { return singleSided_; }
     int doubleSided() const { return doubleSided_; }
 

@@ -10,29 +10,6 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-// Armijo: a step must bring this part of what the slope promises.
-constexpr double kSufficientDecrease = 1e-4;
-// Weak Wolfe: the slope at its end must not be steeper than this part of the first slope. Loose, as
-// each test costs a gradient.
-constexpr double kSufficientLevelling = 0.6;
-constexpr int kMostGradients = 4;
-// A parabola may contract a step to a tenth, or to a half at most.
-constexpr double kStrongestContraction = 0.1;
-constexpr double kWeakestContraction = 0.5;
-// Extrapolation: by the parabola up to fourfold first, then threefold while it pays.
-constexpr double kFirstExpansion = 4;
-constexpr double kFurtherExpansion = 3;
-constexpr int kExpansionLimit = 8;
-// Brackets below this are at the resolution of the parameters.
-constexpr double kSmallestBracket = 1e-10;
-// First trial steps off by more than this factor are worth a warning.
-constexpr double kBadStartStep = 10;
-constexpr double kGoodStartStep = 2;
-// What makes a search look troubled.
-constexpr int kTroubledSteps = 6;
-constexpr int kManyTurns = 3;
-constexpr double kLargeChange = 30;
-
 class LineSearch {
   public:
     LineSearch(SearchRun& run, const Position& from, const Vector& S, double largestStep,
@@ -43,6 +20,7 @@ class LineSearch {
           slope_(S.dot(from.gradient.g)),
           reach_(LargestEntry(S)),
           limit_(largestStep / reach_),
+          tuning_(run.options.tuning.line),
           closeToEnd_(closeToEnd) {}
 
     LineOutcome search(double firstStep);
@@ -66,6 +44,7 @@ class LineSearch {
     const double slope_;
     const double reach_;
     const double limit_;  ///< largest t
+    const LineSearchTuning& tuning_;
     const bool closeToEnd_;
 
     LineOutcome outcome_;
@@ -103,25 +82,25 @@ double LineSearch::limited(double t) {
 }
 
 bool LineSearch::decreases(double t, double f) const {
-    return std::isfinite(f) && f <= from_.f + kSufficientDecrease * slope_ * t;
+    return std::isfinite(f) && f <= from_.f + tuning_.sufficientDecrease * slope_ * t;
 }
 
 void LineSearch::noteStart(double t, double f) {
     if (!std::isfinite(f)) return;
     const double ratio = ParabolaMinimum(from_.f, slope_, t, f) / t;
-    if (ratio > kBadStartStep || ratio < 1 / kBadStartStep) {
+    if (ratio > tuning_.badStartStep || ratio < 1 / tuning_.badStartStep) {
         run_.notes().push_back({.kind = NoteKind::StartStepBad});
-    } else if (ratio < kGoodStartStep && ratio > 1 / kGoodStartStep) {
+    } else if (ratio < tuning_.goodStartStep && ratio > 1 / tuning_.goodStartStep) {
         run_.notes().push_back({.kind = NoteKind::StartStepGood});
     }
 }
 
 void LineSearch::noteTrouble() {
-    if (outcome_.moved && outcome_.step.lineSteps < kTroubledSteps) return;
+    if (outcome_.moved && outcome_.step.lineSteps < tuning_.troubledSteps) return;
     unsigned reasons = 0;
-    if (turns_ >= kManyTurns) reasons |= kOscillation;
-    if (largestRatio_ > kLargeChange) reasons |= kLargeDecrease;
-    if (-smallestRatio_ > kLargeChange) reasons |= kLargeIncrease;
+    if (turns_ >= tuning_.manyTurns) reasons |= kOscillation;
+    if (largestRatio_ > tuning_.largeChange) reasons |= kLargeDecrease;
+    if (-smallestRatio_ > tuning_.largeChange) reasons |= kLargeIncrease;
     if (reasons == 0) return;
     run_.notes().push_back({.kind = NoteKind::LineSearchTrouble, .flags = reasons});
     if (!from_.gradient.doubleSided) {
@@ -148,8 +127,8 @@ void LineSearch::refine(double& t, double& f) {
 }
 
 void LineSearch::expand(double& t, double& f, double target) {
-    double trial = limited(std::min(target, kFirstExpansion * t));
-    for (int i = 0; i < kExpansionLimit; ++i) {
+    double trial = limited(std::min(target, tuning_.firstExpansion * t));
+    for (int i = 0; i < tuning_.mostExpansions; ++i) {
         const double value = valueAt(trial);
         if (!(value < f)) {
             high_ = trial;
@@ -160,7 +139,7 @@ void LineSearch::expand(double& t, double& f, double target) {
         t = trial;
         f = value;
         if (trial >= limit_) return;
-        trial = limited(kFurtherExpansion * trial);
+        trial = limited(tuning_.furtherExpansion * trial);
     }
 }
 
@@ -175,20 +154,22 @@ void LineSearch::accept(double t, double f) {
 }
 
 bool LineSearch::isLevel(double t) const {
-    if (gradients_ >= kMostGradients || (high_ == 0 && t >= limit_)) return true;
-    return outcome_.end.gradient.g.dot(S_) >= kSufficientLevelling * slope_;
+    if (gradients_ >= tuning_.mostGradients || (high_ == 0 && t >= limit_)) return true;
+    return outcome_.end.gradient.g.dot(S_) >= tuning_.sufficientLevelling * slope_;
 }
 
 double LineSearch::next() const {
     if (high_ == 0) return std::min(2 * low_, limit_);
-    if (low_ > 0 || !std::isfinite(fHigh_)) return low_ + kWeakestContraction * (high_ - low_);
+    if (low_ > 0 || !std::isfinite(fHigh_))
+        return low_ + tuning_.weakestContraction * (high_ - low_);
     const double minimum = ParabolaMinimum(from_.f, slope_, high_, fHigh_);
-    return std::clamp(minimum, kStrongestContraction * high_, kWeakestContraction * high_);
+    return std::clamp(minimum, tuning_.strongestContraction * high_,
+                      tuning_.weakestContraction * high_);
 }
 
 bool LineSearch::exhausted() const {
     return outcome_.step.lineSteps >= kLineSearchLimit ||
-           (high_ > 0 && (high_ - low_) * reach_ < kSmallestBracket);
+           (high_ > 0 && (high_ - low_) * reach_ < tuning_.smallestBracket);
 }
 
 LineOutcome LineSearch::search(double firstStep) {

@@ -3,19 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "optimize/descent.h"
 #include "optimize/evaluator.h"
-#include "optimize/restarts.h"
+#include "optimize/search.h"
 #include "optimize/start_matrix.h"
 
 namespace kelvro {
 
 namespace {
-
-// While a thorough search explores, its gradient limit is this much wider, and this part of its
-// iterations is kept back to finish the best minimum that it finds.
-constexpr double kExploringLimit = 5;
-constexpr double kFinishingPart = 0.15;
 
 /// A parameter is without influence where steps to both sides leave f exactly as it is.
 std::vector<bool> FindActive(const Gradient& gradient, double f) {
@@ -26,34 +20,31 @@ std::vector<bool> FindActive(const Gradient& gradient, double f) {
     return active;
 }
 
-Gradient ActivePart(const Evaluator& objective, const Gradient& full) {
-    return {objective.activeDirection(full.g),
-            full.length,
-            full.doubleSided,
-            objective.activeDirection(full.plus),
-            objective.activeDirection(full.minus),
-            objective.activeDirection(full.curvature)};
-}
-
-void NoteStartMatrix(SearchRun& run, const Gradient& full) {
+void NoteStartMatrix(SearchRun& run, const Vector& curvature) {
     run.notes().push_back({.kind = NoteKind::StartMatrixFromFxx});
-    for (Eigen::Index i = 0; i < full.curvature.size(); ++i) {
-        if (full.curvature[i] > 0) continue;
+    for (Eigen::Index i = 0; i < curvature.size(); ++i) {
+        if (curvature[i] > 0) continue;
         run.notes().push_back(
             {.kind = NoteKind::CurvatureNotPositive, .index = static_cast<int>(i) + 1});
     }
 }
 
 Matrix FirstInverse(SearchRun& run, const Position& start, Summary& summary) {
-    if (!run.options.enhancedStartMatrix) return InverseOfDiagonal(start.gradient.curvature);
-    HessianResult result = HessianAt(run.objective, start.x, start.f, run.options);
+    const Vector curvature =
+        SecondDerivatives(run.objective, start.x, start.f, run.options.secondDifferenceStep);
+    const MatrixTuning& tuning = run.options.tuning.matrix;
+    NoteStartMatrix(run, curvature);
+    summary.startDiagonal = run.objective.fullDirection(curvature);
+    if (!run.options.enhancedStartMatrix) return InverseOfDiagonal(curvature, tuning);
+    Matrix hessian = HessianAt(run.objective, start.x, start.f, run.options);
+    if (!hessian.allFinite()) return InverseOfDiagonal(curvature, tuning);
     run.notes().push_back({.kind = NoteKind::StartMatrixFromFxy});
-    summary.startSingularValues = SingularValues(result.hessian);
-    if (MayBeRankDeficient(summary.startSingularValues)) {
+    summary.startSingularValues = SingularValues(hessian);
+    if (MayBeRankDeficient(summary.startSingularValues, tuning)) {
         run.notes().push_back({.kind = NoteKind::HessianRankDeficient});
     }
-    Matrix inverse = PositiveInverse(result.hessian);
-    summary.startHessian = std::move(result.hessian);
+    Matrix inverse = PositiveInverse(hessian, tuning);
+    summary.startHessian = std::move(hessian);
     return inverse;
 }
 
@@ -72,61 +63,43 @@ StopReason StopOf(DescentEnd end) {
     }
 }
 
-void TakeResult(const SearchRun& run, const DescentResult& result, Summary& summary) {
-    const Evaluator& objective = run.objective;
-    // The search for other minima may have used up the iterations behind a descent that had ended.
-    summary.stop = run.iterationsLeft() ? StopOf(result.end) : StopReason::MaxIterations;
-    summary.x = objective.bestPoint();
-    summary.f = objective.bestValue();
-    summary.g = objective.fullDirection(result.at.gradient.g);
+/// Which of all parameters would leave the box on the way down.
+std::vector<bool> OnLimit(const Evaluator& objective, const Box& box, const Position& at) {
+    Vector blocked = Vector::Zero(at.x.size());
+    for (Eigen::Index i = 0; i < at.x.size(); ++i) {
+        blocked[i] = box.blocks(at.x, -at.gradient.g, i) ? 1 : 0;
+    }
+    const Vector all = objective.fullDirection(blocked);
+    return {all.begin(), all.end()};
+}
+
+void TakeResult(const SearchRun& run, const Minimum& minimum, const Box& box, Summary& summary) {
+    const DescentResult& result = minimum.result;
+    summary.stop = StopOf(result.end);
+    summary.x = run.objective.fullPoint(result.at.x);
+    summary.f = result.at.f;
+    summary.g = run.objective.fullDirection(result.at.gradient.g);
     summary.gradientLength = result.at.gradient.length;
-    summary.inverseHessian = objective.fullMatrix(result.inverse);
-}
-
-void TakeFinalHessian(SearchRun& run, Summary& summary) {
+    summary.inverseHessian = run.objective.fullMatrix(result.inverse);
+    summary.distance = minimum.distance;
+    summary.outOfReach = !run.options.thorough && !box.contains(result.at.x);
+    summary.onLimit = OnLimit(run.objective, box, result.at);
+    summary.good = minimum.good;
+    summary.delivered = minimum.descent;
     if (!run.options.finalHessian) return;
-    const Vector x = run.objective.activeDirection(summary.x);
     summary.finalHessian =
-        run.objective.fullMatrix(HessianAt(run.objective, x, summary.f, run.options).hessian);
+        run.objective.fullMatrix(HessianAt(run.objective, result.at.x, result.at.f, run.options));
 }
 
-LocalOptions Exploring(LocalOptions options) {
-    options.gradientLimit *= kExploringLimit;
-    options.maxIterations -= static_cast<int>(kFinishingPart * options.maxIterations);
-    return options;
-}
-
-/// The best minimum to the full gradient limit.
-DescentResult Finished(SearchRun& run, DescentResult best) {
-    if (!run.iterationsLeft() || best.at.gradient.length < run.options.gradientLimit) return best;
-    run.notes().push_back({.kind = NoteKind::Restarted, .value = {best.at.f, 0}});
-    DescentStart start = StartFromHessian(run, best.at.x, best.at.f);
-    return Descent(run, std::move(start.at), std::move(start.inverse)).finish();
-}
-
-/// A descent from the start and, where the function calls for it, a search for better minima.
-DescentResult Minimum(SearchRun& run, Position start, Matrix inverse, const Vector& origin) {
-    const LocalOptions wanted = run.options;
-    const bool seek = wanted.seekOtherMinima && !wanted.steepestDescent && start.x.size() > 0;
-    const bool explore = seek && wanted.thorough;
-    const double f = start.f;
-    if (explore) run.options = Exploring(wanted);
-    DescentResult result = Descent(run, std::move(start), std::move(inverse)).finish();
-    if (seek) result = SeekOtherMinima(run, std::move(result), origin, f);
-    run.options = wanted;
-    return explore ? Finished(run, std::move(result)) : result;
-}
-
-void Search(SearchRun& run, const Gradient& full, const Vector& origin, Summary& summary) {
+void Minimize(SearchRun& run, const Gradient& full, const Vector& origin, Summary& summary) {
     run.objective.setActive(summary.active);
-    Position start{run.objective.start(), summary.f, ActivePart(run.objective, full)};
-    NoteStartMatrix(run, full);
+    Position start{run.objective.start(), summary.f, full};
+    start.gradient.g = run.objective.activeDirection(full.g);
     Matrix inverse = FirstInverse(run, start, summary);
-    run.recordStart(start);
-    const DescentResult result =
-        Minimum(run, std::move(start), std::move(inverse), run.objective.activeDirection(origin));
-    TakeResult(run, result, summary);
-    TakeFinalHessian(run, summary);
+    const Vector centre = run.objective.activeDirection(origin);
+    Search search(run, summary, centre);
+    search.find(std::move(start), std::move(inverse));
+    TakeResult(run, search.chosen(), Box(centre, run.options.reach), summary);
 }
 
 /// A start without a value: there is nowhere to go from.
@@ -138,6 +111,7 @@ void EndAtOnce(const Vector& start, double f, Summary& summary) {
     summary.active.assign(static_cast<std::size_t>(start.size()), false);
     summary.startDiagonal = summary.g;
     IterationRecord record;
+    record.isStart = true;
     record.f = f;
     record.x = start;
     record.g = record.direction = record.step = summary.g;
@@ -158,7 +132,7 @@ Summary MinimizeLocally(Objective& function, const Eigen::VectorXd& start,
                         const LocalOptions& options, const std::optional<Eigen::VectorXd>& origin) {
     Summary summary;
     Evaluator objective(function, start, options.recordCalls);
-    SearchRun run(objective, options, summary);
+    SearchRun run(function, objective, options, summary);
     const double f = objective(start, CallKind::Evaluation);
     if (!std::isfinite(f)) {
         EndAtOnce(start, f, summary);
@@ -166,8 +140,7 @@ Summary MinimizeLocally(Objective& function, const Eigen::VectorXd& start,
         const Gradient gradient = run.gradients.computeDoubleSided(start, f, run.notes());
         summary.f = f;
         summary.active = FindActive(gradient, f);
-        summary.startDiagonal = gradient.curvature;
-        Search(run, gradient, origin.value_or(start), summary);
+        Minimize(run, gradient, origin.value_or(start), summary);
         summary.closingNotes = std::move(run.notes());
     }
     summary.calls = objective.calls();

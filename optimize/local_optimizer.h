@@ -1,12 +1,14 @@
 #pragma once
 
 #include <Eigen/Core>
+#include <numbers>
 #include <optional>
 #include <string_view>
 #include <vector>
 
 #include "analysis/objective.h"
 #include "optimize/trace.h"
+#include "optimize/tuning.h"
 
 // A quasi-Newton minimizer for functions of up to 64 numbers that are cheap, smooth almost
 // everywhere and known by their values only. Parameters are expected to be of order one: the
@@ -42,16 +44,28 @@ struct LocalOptions {
     /// Small, as curvatures of 1e6 occur and f is good to 1e-15; noisy functions need 1e-4 and
     /// more.
     double differenceStep = 5e-7;
-    /// Look for better minima after the first descent where the function seems to have some.
-    bool seekOtherMinima = true;
-    /// Look for them in any case.
+    /// Step of second differences, > 0: wider, as rounding counts by its square.
+    double secondDifferenceStep = 1e-4;
+    /// Where the first minimum is not a good one, look for others from further starts.
+    bool furtherStarts = true;
+    /// Another number, other further starts.
+    int sequence = 0;
+    /// Look for the lowest value of all, wherever it lies and however many descents it takes.
     bool thorough = false;
-    /// A minimum below needs no further search on account of its value. 0.5 dB is a good match.
-    double goodValue = 0.5;
+    /// Largest change of a parameter against the origin, > 0: a factor of ten, beyond which a
+    /// network is no longer the one that was calculated.
+    double reach = std::numbers::ln10;
+    /// A minimum this much above the lowest one is as good: 0.2 dB are within the tolerances of
+    /// parts, and the nearer network is the one that was asked for.
+    double asGood = 0.2;
+    /// A minimum out of reach is taken where nothing within it comes this near. 1 dB is worth
+    /// another network.
+    double farGain = 1;
     /// Real Hessian at the end of the run, for reports; costs 2n² calls or fewer.
     bool finalHessian = false;
     /// Keep every call for a table.
     bool recordCalls = false;
+    Tuning tuning = {};
 };
 
 /// What ended a run, in the priority of the tests.
@@ -70,10 +84,12 @@ struct CallRecord {
     Eigen::VectorXd x;
 };
 
-/// State behind one iteration. Index 0 of a history is the start: no step, no direction.
+/// State behind one iteration, or at the start of a descent.
 struct IterationRecord {
     int iteration = 0;
-    CallCounts calls;  ///< since the start of the run
+    int descent = 0;       ///< which start it came from, counted from 0
+    bool isStart = false;  ///< of a descent: no step has been taken
+    CallCounts calls;      ///< since the start of the run
     double f = 0;
     double reduction = 0;  ///< of f in this iteration
     double gradientLength = 0;
@@ -99,11 +115,21 @@ struct Summary {
     int doubleSidedGradients = 0;
     int warnings = 0;
 
-    Eigen::VectorXd x;  ///< best point seen
+    // The delivered minimum: all of one point.
+    Eigen::VectorXd x;
     double f = 0;
     Eigen::VectorXd g;
     double gradientLength = 0;
+    /// As the updates left it; rows and columns of parameters without influence are 0.
+    Eigen::MatrixXd inverseHessian;
+    std::optional<Eigen::MatrixXd> finalHessian;  ///< by finite differences at x
+    double distance = 0;        ///< largest change of a parameter against the origin
+    bool outOfReach = false;    ///< beyond the reach, as nothing within it came near enough
+    std::vector<bool> onLimit;  ///< parameters that the reach holds back
+    bool good = false;          ///< as the objective judges it
+    int delivered = 0;          ///< the descent that found it, counted from 0
 
+    int descents = 0;                      ///< starts made
     double initialStep = 0;                ///< first t
     std::vector<IterationRecord> history;  ///< history[0] is the start, history.back() the end
     std::vector<Note> closingNotes;        ///< of a search after the last iteration, in vain
@@ -112,18 +138,16 @@ struct Summary {
     Eigen::VectorXd startDiagonal;                ///< fxx at the start, empty where not taken
     std::optional<Eigen::MatrixXd> startHessian;  ///< of the enhanced start matrix
     Eigen::VectorXd startSingularValues;          ///< of the start Hessian
-    /// As the updates left it; rows and columns of parameters without influence are 0.
-    Eigen::MatrixXd inverseHessian;
-    std::optional<Eigen::MatrixXd> finalHessian;  ///< by finite differences at x
-
-    std::vector<CallRecord> table;  ///< filled when calls are recorded
+    std::vector<CallRecord> table;                ///< filled when calls are recorded
 
     const IterationRecord& start() const { return history.front(); }
 };
 
 /// Minimizes from `start`. Never returns a point worse than the start; never lets a value that is
 /// not finite into its matrix. A start without a finite value ends at once with its own point.
-/// Other minima are sought around `origin` too, which is the start unless given.
+/// One descent is the rule. Where its minimum is not a good one, others follow from further starts
+/// within reach of `origin`, which is the start unless given, and of the minima found the one
+/// nearest to it is delivered of those that are as good as the lowest.
 Summary MinimizeLocally(Objective& objective, const Eigen::VectorXd& start,
                         const LocalOptions& options,
                         const std::optional<Eigen::VectorXd>& origin = std::nullopt);

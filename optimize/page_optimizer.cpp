@@ -1,16 +1,14 @@
 #include "optimize/page_optimizer.h"
 
-#include <cerrno>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
-#include <cstring>
-#include <filesystem>
-#include <optional>
-#include <system_error>
+#include <limits>
 #include <utility>
 
 #include "analysis/goal.h"
+#include "core/number_text.h"
+#include "design/pages.h"
+#include "design/part_ref.h"
 #include "optimize/report.h"
 
 namespace kelvro {
@@ -20,43 +18,9 @@ namespace {
 constexpr double kStartOffset = 0.05;  // of different start values: 5 % of each component
 // The second run refines: it starts where the first one ended and has to find something to do.
 constexpr double kSecondRunPart = 0.1;
+constexpr double kNotedLoss = 0.5;  // dB at fo
 // Rounded to ten digits the goal changes in steps; differences have to be wide against them.
 constexpr double kNoisyDifferenceStep = 1e-3;
-
-/// A file to write from its beginning, or to append to. An old one is written over and not emptied
-/// first: file systems flush files that are replaced in that way when they are closed, which takes
-/// longer than the run.
-std::FILE* OpenReport(const std::string& path, bool append) {
-    if (append) return std::fopen(path.c_str(), "ab");
-    std::FILE* file = std::fopen(path.c_str(), "r+b");
-    return file ? file : std::fopen(path.c_str(), "wb");
-}
-
-/// Cuts off what an old, longer report has left behind.
-std::error_code CutTo(const std::string& path, std::size_t size) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error)) return {};
-    const auto old = std::filesystem::file_size(path, error);
-    if (!error && old > size) std::filesystem::resize_file(path, size, error);
-    return error;
-}
-
-/// Writes the text in one piece; the system's reason when that fails. An empty path writes nothing.
-std::optional<std::string> WriteText(const std::string& path, const std::string& text,
-                                     bool append) {
-    if (path.empty()) return std::nullopt;
-    errno = 0;
-    std::FILE* file = OpenReport(path, append);
-    const auto problem = [&](int reason) { return path + ": " + std::strerror(reason); };
-    if (!file) return problem(errno);
-    const bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size();
-    const int reason = errno;
-    if (std::fclose(file) != 0) return problem(errno);
-    if (!written) return problem(reason);
-    const std::error_code error = append ? std::error_code() : CutTo(path, text.size());
-    if (error) return path + ": " + error.message();
-    return std::nullopt;
-}
 
 /// Offsets with alternating signs; the second run starts on the other side.
 Eigen::VectorXd OffsetStart(std::size_t size, int run) {
@@ -71,13 +35,40 @@ std::span<const double> AsSpan(const Eigen::VectorXd& x) {
     return {x.data(), static_cast<std::size_t>(x.size())};
 }
 
+/// The part whose value has changed most, where that is by more than the reach.
+std::string FarWarning(const Design& before, const Slots& components, double reach) {
+    Design after = before;
+    after.components = components;
+    std::string warning;
+    double farthest = reach * (1 + 1e-9);
+    for (const PartRef& part : PartsOf(before)) {
+        const double ratio = part.built(after) / part.built(before);
+        const double change = std::fabs(std::log(ratio));
+        if (!std::isfinite(change) || change <= farthest) continue;
+        farthest = change;
+        warning = "far from the calculated design: " + part.name(before) + " × " +
+                  FormatEngShort(1, ratio);
+    }
+    return warning;
+}
+
+/// What the design has lost at fo for the rest of its band, where that is worth a word.
+std::string LossWarning(const Design& before, const Slots& components) {
+    Design after = before;
+    after.components = components;
+    if (!PageOf(before).transfer) return {};
+    const double more =
+        Response(before).relativeDb(before.fo) - Response(after).relativeDb(before.fo);
+    if (!(more > kNotedLoss)) return {};
+    return FormatFixed(0, 2, more) + " dB more loss at fo than the calculated design";
+}
+
 /// The runs of one page, their reports, and the best point.
 class PageRuns {
   public:
-    PageRuns(const Design& design, const OptimizerSettings& settings, const OptimizerFiles& files)
-        : settings_(WithRuntimeChoices(design, settings, files)),
-          files_(files),
-          page_(design.page),
+    PageRuns(const Design& design, const OptimizerSettings& settings)
+        : design_(design),
+          settings_(WithRuntimeChoices(settings, design.page)),
           goal_(design, settings_.goal) {
         result_.components = design.components;
     }
@@ -85,14 +76,13 @@ class PageRuns {
     PageOptimization run() {
         if (goal_.size() == 0) return std::move(result_);
         const auto begin = std::chrono::steady_clock::now();
-        result_.page = page_;
-        best_ = Eigen::VectorXd::Zero(static_cast<Eigen::Index>(goal_.size()));
+        result_.page = design_.page;
         result_.status = PageOptimization::Status::Finished;
-        const int runs = settings_.singleRun ? 1 : 2;
-        for (int i = 0; i < runs && result_.status == PageOptimization::Status::Finished; ++i) {
-            runOnce(i, runs);
-        }
-        leaveBest();
+        runOnce(0);
+        if (!settings_.singleRun) runOnce(1);
+        deliver();
+        if (settings_.writeLog) writeLog();
+        if (settings_.writeTable) writeTable();
         result_.calls = goal_.calls();
         const std::chrono::duration<double, std::milli> time =
             std::chrono::steady_clock::now() - begin;
@@ -101,95 +91,121 @@ class PageRuns {
     }
 
   private:
-    static OptimizerSettings WithRuntimeChoices(const Design& design, OptimizerSettings settings,
-                                                const OptimizerFiles& files) {
-        settings.goal.phaseSlope = settings.goal.phaseSlope || !design.QByBandwidth;
-        if (settings.goal.noise) settings.local.differenceStep = kNoisyDifferenceStep;
-        settings.local.recordCalls = settings.writeTable && !files.table.empty();
-        settings.local.finalHessian = settings.local.finalHessian || !files.log.empty();
+    static OptimizerSettings WithRuntimeChoices(OptimizerSettings settings, int page) {
+        // The parameters of test functions are no ratios of parts.
+        if (PageOf(page).goal.test) {
+            settings.local.reach = std::numeric_limits<double>::infinity();
+        }
+        if (settings.goal.noise) {
+            settings.local.differenceStep = kNoisyDifferenceStep;
+            settings.local.secondDifferenceStep = kNoisyDifferenceStep;
+        }
+        settings.local.recordCalls = settings.writeTable;
+        settings.local.finalHessian = settings.local.finalHessian || settings.writeLog;
         return settings;
     }
 
-    void runOnce(int index, int runs) {
-        const Eigen::VectorXd start =
-            settings_.differentStartValues ? OffsetStart(goal_.size(), index) : best_;
+    Eigen::VectorXd calculated() const {
+        return Eigen::VectorXd::Zero(static_cast<Eigen::Index>(goal_.size()));
+    }
+
+    void runOnce(int index) {
         LocalOptions options = settings_.local;
-        if (index > 0) {
-            options.gradientLimit *= kSecondRunPart;
-            options.thorough = true;
+        if (index > 0) options.gradientLimit *= kSecondRunPart;
+        options.sequence = index;
+        const Eigen::VectorXd start = settings_.differentStartValues
+                                          ? OffsetStart(goal_.size(), index)
+                                      : index > 0 ? result_.runs[0].x
+                                                  : calculated();
+        result_.runs.push_back(MinimizeLocally(goal_, start, options, calculated()));
+    }
+
+    /// The second run has begun where the first one ended, and is lower. Where the first one is as
+    /// good it is delivered if it is nearer to the calculated design. No run that has ended above
+    /// the calculated design is: those with start values beside it may.
+    void deliver() {
+        const double start = calculatedGoal();
+        result_.startGoal = result_.achievedGoal = start;
+        const Summary* best = nullptr;
+        for (const Summary& run : result_.runs) {
+            if (run.f > start || !std::isfinite(run.f)) continue;
+            const double gain = best ? best->f - run.f : 1;
+            const bool isAsGood = best && std::fabs(gain) <= settings_.local.asGood;
+            if (isAsGood ? run.distance <= best->distance : gain > 0) best = &run;
         }
-        const Eigen::VectorXd calculated = Eigen::VectorXd::Zero(start.size());
-        result_.runs.push_back(MinimizeLocally(goal_, start, options, calculated));
-        const Summary& summary = result_.runs.back();
-        if (index == 0) result_.startGoal = result_.achievedGoal = calculatedGoal(summary);
-        const bool firstValue = std::isfinite(summary.f) && !std::isfinite(result_.achievedGoal);
-        if (summary.f < result_.achievedGoal || firstValue) {
-            result_.achievedGoal = summary.f;
-            best_ = summary.x;
-        }
-        report(summary, index, runs);
+        if (!best) return;
+        result_.delivered = static_cast<int>(best - result_.runs.data());
+        result_.achievedGoal = best->f;
+        // exp(0)·start is not the start to the bit in every form.
+        if (best->x.isZero(0)) return;
+        result_.components = goal_.components(AsSpan(best->x));
+        result_.warning = FarWarning(design_, result_.components, settings_.local.reach);
+        const std::string loss = LossWarning(design_, result_.components);
+        if (!loss.empty()) result_.warning += (result_.warning.empty() ? "" : ", ") + loss;
     }
 
     /// Runs from the calculated design have evaluated it.
-    double calculatedGoal(const Summary& first) {
-        if (!settings_.differentStartValues) return first.start().f;
-        return goal_.value(AsSpan(best_), CallKind::Evaluation);
+    double calculatedGoal() {
+        if (!settings_.differentStartValues) return result_.runs[0].start().f;
+        const Eigen::VectorXd x = calculated();
+        return goal_.value(AsSpan(x), CallKind::Evaluation);
     }
 
-    void report(const Summary& summary, int index, int runs) {
-        const RunOrigin origin = runs == 1    ? RunOrigin::Single
-                                 : index == 0 ? RunOrigin::FirstOfTwo
-                                              : RunOrigin::SecondOfTwo;
-        std::string log;
-        if (!files_.log.empty()) {
-            if (index == 0) log += ReportHead(settings_, files_.table);
-            log += RunText(summary, settings_, origin, page_);
-            if (index + 1 == runs) log += ClosingText(result_.bestRun(), settings_);
-        }
-        auto error = WriteText(files_.log, log, index > 0);
-        if (!error && settings_.local.recordCalls) {
-            const std::string head = index == 0 ? TableHead(settings_) : std::string();
-            error = WriteText(files_.table, head + TableRows(summary, rows_ + 1), index > 0);
-            rows_ += static_cast<int>(summary.table.size());
-        }
-        if (!error) return;
-        result_.status = PageOptimization::Status::Aborted;
-        result_.error = *error;
+    RunOrigin origin(std::size_t run) const {
+        if (result_.runs.size() == 1) return RunOrigin::Single;
+        return run == 0 ? RunOrigin::FirstOfTwo : RunOrigin::SecondOfTwo;
     }
 
-    /// An aborted run leaves the design as it was calculated.
-    void leaveBest() {
-        if (result_.status == PageOptimization::Status::Aborted) {
-            result_.achievedGoal = result_.startGoal;
-        } else if (!best_.isZero(0)) {  // exp(0)·start is not the start to the bit in every form
-            result_.components = goal_.components(AsSpan(best_));
+    void writeLog() {
+        result_.log = ReportHead(settings_, settings_.writeTable ? settings_.tableName : "");
+        for (std::size_t i = 0; i < result_.runs.size(); ++i) {
+            OptimizerSettings settings = settings_;
+            if (i > 0) settings.local.gradientLimit *= kSecondRunPart;
+            result_.log += RunText(result_.runs[i], settings, origin(i), design_.page);
+        }
+        result_.log += ClosingText(result_.bestRun(), settings_);
+        if (!result_.warning.empty()) result_.log += "Warning : " + result_.warning + '\n';
+    }
+
+    void writeTable() {
+        result_.table = TableHead(settings_);
+        int id = 1;
+        for (const Summary& run : result_.runs) {
+            result_.table += TableRows(run, id);
+            id += static_cast<int>(run.table.size());
         }
     }
 
+    const Design& design_;
     const OptimizerSettings settings_;
-    const OptimizerFiles& files_;
-    const int page_;
     Goal goal_;
-    Eigen::VectorXd best_;
     PageOptimization result_;
-    int rows_ = 0;
 };
 
 }  // namespace
 
-PageOptimization OptimizePage(const Design& design, const OptimizerSettings& settings,
-                              const OptimizerFiles& files) {
-    if (!settings.disabled) return PageRuns(design, settings, files).run();
+PageOptimization OptimizePage(const Design& design, const OptimizerSettings& settings) {
+    if (!settings.disabled) return PageRuns(design, settings).run();
     PageOptimization untouched;
     untouched.components = design.components;
     return untouched;
 }
 
-OptimizerServices::OptimizerServices(OptimizerSettings presets, OptimizerFiles reports)
-    : settings(presets), files(std::move(reports)) {}
+int PageOptimization::iterations() const {
+    int sum = 0;
+    for (const Summary& run : runs) sum += run.iterations;
+    return sum;
+}
+
+OptimizerServices::OptimizerServices(OptimizerSettings presets, Reports keep)
+    : settings(std::move(presets)), reports(std::move(keep)) {}
 
 Slots OptimizerServices::optimize(const Design& design) {
-    last_ = OptimizePage(design, settings, files);
+    settings.writeLog = static_cast<bool>(reports);
+    last_ = OptimizePage(design, settings);
+    if (reports && last_.status == PageOptimization::Status::Finished) {
+        last_.reportProblem = reports(last_);
+    }
     return last_.components;
 }
 

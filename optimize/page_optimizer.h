@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -9,49 +10,50 @@
 
 namespace kelvro {
 
-/// Files that a run writes; an empty path writes nothing. The table is written only when the
-/// settings ask for it.
-struct OptimizerFiles {
-    std::string log = "opt.txt";
-    std::string table = "opt2.csv";
-};
-
 /// What the last optimization of a page did.
 struct PageOptimization {
     enum class Status : std::uint8_t {
         NotRun,  ///< the page has nothing to optimize, or the settings disable it
         Finished,
-        Aborted,  ///< a report could not be written; the design stayed as calculated
     };
 
     Status status = Status::NotRun;
     int page = 0;
     Slots components;           ///< those of the best point, or as they were given
-    std::string error;          ///< the system's reason of an aborted run
     std::vector<Summary> runs;  ///< one or two
-    double milliseconds = 0;    ///< both runs and their reports
+    int delivered = 0;          ///< the run whose result the components are, counted from 0
+    double milliseconds = 0;    ///< both runs and their texts
     double startGoal = 0;       ///< goal of the calculated design
     double achievedGoal = 0;    ///< goal of the design as it was left
 
+    std::string log;    ///< the report of the runs; empty where none was asked for
+    std::string table;  ///< all calls; empty where none was asked for
+    /// "far from the calculated design: C1 × 0.02" where it is, else empty.
+    std::string warning;
+    /// Why the texts could not be kept; set by whoever tried.
+    std::string reportProblem;
+
     CallCounts calls;        ///< all calls of the goal
     int iterations() const;  ///< of all runs
-    /// The run that reached the lowest goal, of equal ones the last. There has to be one.
-    const Summary& bestRun() const;
+    /// The run that reached the result. There has to be one.
+    const Summary& bestRun() const { return runs[static_cast<std::size_t>(delivered)]; }
 };
 
-/// Optimizes the components of a design with the settings, and writes the reports.
-PageOptimization OptimizePage(const Design& design, const OptimizerSettings& settings,
-                              const OptimizerFiles& files);
+/// Optimizes the components of a design with the settings. Computes and says; keeps nothing.
+PageOptimization OptimizePage(const Design& design, const OptimizerSettings& settings);
 
 /// Services of a calculation with the optimizer at work.
 class OptimizerServices : public ResponseServices {
   public:
-    explicit OptimizerServices(OptimizerSettings settings = {}, OptimizerFiles files = {});
+    /// Keeps the texts of an optimization; the reason where that fails, else empty.
+    using Reports = std::function<std::string(const PageOptimization&)>;
+
+    explicit OptimizerServices(OptimizerSettings settings = {}, Reports reports = {});
 
     Slots optimize(const Design& design) override;
 
     OptimizerSettings settings;
-    OptimizerFiles files;
+    Reports reports;
     /// The last optimization that ran; windows and the status panel read it.
     const PageOptimization& last() const { return last_; }
 

@@ -90,7 +90,8 @@ constexpr std::array kSentences = {
              "update is negative ("},
     Sentence{NoteKind::MatrixStillPositive,
              "However, smallest eigenvalue after update is still positive ("},
-    Sentence{NoteKind::Restarted, "Hint : Another descent started from f="},
+    Sentence{NoteKind::MatrixFromHessian,
+             "Hint : Narrow valley, matrix iH derived from real H at this point."},
     Sentence{NoteKind::AngleExtreme, "Warning : Angle already quite extreme."},
     Sentence{NoteKind::StepsBelowDifference,
              "Hint : Steps xi-xi-1 already smaller than dx for gradient calculation."},
@@ -128,9 +129,6 @@ void WriteNote(ReportText& out, const Note& note) {
         case NoteKind::MatrixReset:
         case NoteKind::MatrixStillPositive:
             out << note.value[0] << ")";
-            break;
-        case NoteKind::Restarted:
-            out << note.value[0];
             break;
         case NoteKind::StepsBelowDifference:
             if (note.flags & 1U) out << " Double-sided formula would be better.";
@@ -171,14 +169,22 @@ void WriteStart(ReportText& out, const Summary& run) {
         out << "w elements of SVD of real H : " << run.startSingularValues << "\n";
         WriteRemarks(out, start, NoteKind::HessianRankDeficient);
         out << "Used start matrix iH derived from real H\n";
-        out << "Additional function calculations for Hessian : "
-            << start.calls.of(CallKind::Hessian) << "\n";
     } else if (run.startDiagonal.size() > 0) {
         out << "Used start matrix iH derived from fxx\n";
     }
+    out << "Additional function calculations for Hessian : " << start.calls.of(CallKind::Hessian)
+        << "\n";
     out << "Start values : f=" << start.f << ", |g|=" << start.gradientLength << "\n";
     out << "X : " << start.x << "\n";
     out << "Initial step size t=" << run.initialStep << "\n";
+}
+
+/// The start of a further descent.
+void WriteFurtherStart(ReportText& out, const IterationRecord& start) {
+    WriteNotes(out, start.notes);
+    out << "Start " << start.descent + 1 << " (" << start.calls.total() << " calls) : f=" << start.f
+        << ", |g|=" << start.gradientLength << "\n";
+    out << "X : " << start.x << "\n";
 }
 
 void WriteSteps(ReportText& out, const IterationRecord& record) {
@@ -242,7 +248,7 @@ void WriteWay(ReportText& out, const Summary& run) {
     const IterationRecord& start = run.start();
     double sum = 0;
     for (const IterationRecord& record : run.history) {
-        if (record.step.size() > 0) sum += record.step.norm();
+        if (record.step.size() > 0 && record.descent == run.delivered) sum += record.step.norm();
     }
     const double direct = (run.x - start.x).norm();
     out << "f=" << run.f << " compared to " << start.f << " at start\n";
@@ -323,10 +329,29 @@ void WriteEigenvalues(ReportText& out, const Summary& run) {
     }
 }
 
+/// Which of several minima was delivered, and what became of the parts.
+void WriteChoice(ReportText& out, const Summary& run) {
+    if (run.descents > 1) {
+        out << "Delivered : minimum of start " << run.delivered + 1 << " of " << run.descents
+            << (run.good ? ", a good one.\n" : ", none is a good one.\n");
+    }
+    if (run.outOfReach) {
+        out << "Warning : Nothing near the calculated design comes near this goal. Largest change "
+               "of a parameter is "
+            << run.distance << "\n";
+    }
+    for (std::size_t i = 0; i < run.onLimit.size(); ++i) {
+        if (!run.onLimit[i]) continue;
+        out << "Hint : Parameter " << static_cast<int>(i) + 1
+            << " is held at the largest change that is allowed.\n";
+    }
+}
+
 void WriteEnd(ReportText& out, const Summary& run, bool steepest) {
     out << (steepest ? "Gradient" : "BFGS") << " iterations : " << run.iterations << ", f=" << run.f
         << ", |g|=" << run.gradientLength << ReasonText(run.stop) << "\n";
     WriteCounters(out, run);
+    WriteChoice(out, run);
     WriteWay(out, run);
     if (run.finalHessian) {
         WriteHessian(out, *run.finalHessian);
@@ -348,10 +373,9 @@ std::string SettingsText(const OptimizerSettings& settings) {
     return std::move(out).text();
 }
 
-std::string ReportHead(const OptimizerSettings& settings, const std::string& tableName) {
+std::string ReportHead(const OptimizerSettings& settings, std::string_view tableName) {
     std::string head = SettingsText(settings);
-    if (settings.writeTable && !tableName.empty())
-        head += "Hint: More data in file " + tableName + '\n';
+    if (!tableName.empty()) head += "Hint: More data in file " + std::string(tableName) + '\n';
     return head;
 }
 
@@ -370,13 +394,32 @@ std::string RunText(const Summary& run, const OptimizerSettings& settings, RunOr
             break;
     }
     out << page << "\n";
+    if (origin == RunOrigin::SecondOfTwo) {
+        out << "Gradient limit of this run=" << settings.local.gradientLimit << "\n";
+    }
     if (run.history.empty()) return std::move(out).text();
     WriteStart(out, run);
-    for (std::size_t i = 1; i < run.history.size(); ++i) WriteIteration(out, run.history[i]);
+    for (std::size_t i = 1; i < run.history.size(); ++i) {
+        const IterationRecord& record = run.history[i];
+        record.isStart ? WriteFurtherStart(out, record) : WriteIteration(out, record);
+    }
     WriteNotes(out, run.closingNotes);
     WriteEnd(out, run, settings.local.steepestDescent);
     return std::move(out).text();
 }
+
+namespace {
+
+/// Did the delivered descent's last iteration still change a parameter much?
+bool IsStillMoving(const Summary& run) {
+    const auto last = std::ranges::find_if(
+        run.history.rbegin(), run.history.rend(),
+        [&](const IterationRecord& record) { return record.descent == run.delivered; });
+    return last != run.history.rend() && last->step.size() > 0 &&
+           last->step.cwiseAbs().maxCoeff() > kBigChange;
+}
+
+}  // namespace
 
 std::string ClosingText(const Summary& best, const OptimizerSettings& settings) {
     ReportText out;
@@ -388,11 +431,7 @@ std::string ClosingText(const Summary& best, const OptimizerSettings& settings) 
     }
     out << "f at achieved optimum : " << best.f << "\n";
     out << "f*1e9 at achieved optimum : " << best.f * 1e9 << "\n";
-    // The last iterations may be those of a search elsewhere; a result at rest needs no more.
-    const bool atRest = best.gradientLength < settings.local.gradientLimit;
-    const bool stillMoving = !best.history.empty() && best.history.back().step.size() > 0 &&
-                             best.history.back().step.cwiseAbs().maxCoeff() > kBigChange;
-    if (best.stop == StopReason::MaxIterations && !atRest && stillMoving) {
+    if (best.stop == StopReason::MaxIterations && IsStillMoving(best)) {
         out << "Warning : Quite big changes, maybe better increase number of iterations. Maximum "
                "number of iterations was "
             << settings.local.maxIterations << "\n";

@@ -16,7 +16,7 @@ std::string SettingsText(const OptimizerSettings& settings);
 
 /// What the text report says once before the first run; `tableName` is named when a table is
 /// written; empty for none.
-std::string ReportHead(const OptimizerSettings& settings, const std::string& tableName);
+std::string ReportHead(const OptimizerSettings& settings, std::string_view tableName);
 
 /// One run from its origin to the end-of-run summary.
 std::string RunText(const Summary& run, const OptimizerSettings& settings, RunOrigin origin,

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "optimize/line_search.h"
+#include "optimize/start_matrix.h"
 
 namespace kelvro {
 
@@ -30,11 +31,30 @@ void AddRemarks(IterationRecord& record, const LocalOptions& options) {
 
 }  // namespace
 
-SearchRun::SearchRun(Evaluator& function, const LocalOptions& runOptions, Summary& summary)
-    : objective(function), options(runOptions), gradients(function, options), summary_(summary) {}
+SearchRun::SearchRun(Objective& judge, Evaluator& evaluator, const LocalOptions& runOptions,
+                     Summary& summary)
+    : objective(evaluator),
+      options(runOptions),
+      gradients(evaluator, options),
+      judge_(judge),
+      summary_(summary) {}
+
+Matrix SearchRun::diagonalInverseAt(const Vector& x, double f) {
+    return InverseOfDiagonal(SecondDerivatives(objective, x, f, options.secondDifferenceStep),
+                             options.tuning.matrix);
+}
+
+bool SearchRun::isGood(const Vector& x) {
+    const Vector full = objective.fullPoint(x);
+    return judge_.isGood({full.data(), static_cast<std::size_t>(full.size())});
+}
 
 void SearchRun::recordStart(const Position& start) {
+    gradients.beginDescent();
     IterationRecord record;
+    record.iteration = summary_.iterations;
+    record.descent = summary_.descents++;
+    record.isStart = true;
     record.f = start.f;
     record.calls = objective.calls();
     record.x = objective.fullPoint(start.x);
@@ -49,6 +69,7 @@ void SearchRun::recordStart(const Position& start) {
 void SearchRun::record(const Position& before, const Position& after, const StepData& step) {
     IterationRecord record;
     record.iteration = ++summary_.iterations;
+    record.descent = summary_.descents - 1;
     record.calls = objective.calls();
     record.f = after.f;
     record.reduction = before.f - after.f;

@@ -30,17 +30,23 @@ struct StepData {
 
 class SearchRun {
   public:
-    SearchRun(Evaluator& objective, const LocalOptions& options, Summary& summary);
+    SearchRun(Objective& judge, Evaluator& objective, const LocalOptions& options,
+              Summary& summary);
 
     Evaluator& objective;
-    LocalOptions options;  ///< in force; a search may narrow or widen its limits on the way
+    LocalOptions options;
     GradientSource gradients;
 
     bool iterationsLeft() const { return summary_.iterations < options.maxIterations; }
-    /// The start of the run, or of another descent within it.
+    /// The start of a descent.
     void recordStart(const Position& start);
     /// One iteration: its record takes the notes collected since the last one.
     void record(const Position& before, const Position& after, const StepData& step);
+    /// Start matrix from the second derivatives at x alone.
+    Matrix diagonalInverseAt(const Vector& x, double f);
+    /// What the objective itself says of a point of the active parameters.
+    bool isGood(const Vector& x);
+    double lowerBound() const { return judge_.lowerBound(); }
     /// Notes on what happens, in order.
     std::vector<Note>& notes() { return notes_; }
     /// Scale of differences of f: 1, or the root of |f| where f is large. In proportion to |f| the
@@ -48,6 +54,7 @@ class SearchRun {
     static double scale(double f) { return std::sqrt(std::max(1.0, std::fabs(f))); }
 
   private:
+    Objective& judge_;
     Summary& summary_;
     std::vector<Note> notes_;
 };

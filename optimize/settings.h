@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "analysis/goal_options.h"
 #include "optimize/local_optimizer.h"
 
@@ -16,8 +18,11 @@ struct OptimizerSettings {
     bool singleRun = true;
     /// Runs start beside the calculated design, so that their results show its accuracy.
     bool differentStartValues = false;
-    /// Write every goal call to the table file.
+    /// Write a report of the runs.
+    bool writeLog = false;
+    /// Write a table of every goal call, of which the report says that it is in this file.
     bool writeTable = false;
+    std::string tableName = "opt2.csv";
 };
 
 }  // namespace kelvro

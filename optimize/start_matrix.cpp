@@ -8,29 +8,17 @@
 
 namespace kelvro {
 
-namespace {
-
-// Raising small curvatures keeps the first step within reach of what the differences have seen.
-constexpr double kSmallestRelativeCurvature = 1e-3;
-constexpr double kSmallestRelativeEigenvalue = 1e-5;
-constexpr double kSmallestCurvature = 1e-6;
-constexpr double kNegligibleSingularValue = 1e-9;
-constexpr double kSmallestHessianStep = 1e-4;
-
-}  // namespace
-
-Matrix InverseOfDiagonal(const Vector& curvature) {
-    const double floor =
-        std::max(kSmallestRelativeCurvature * LargestEntry(curvature), kSmallestCurvature);
+Matrix InverseOfDiagonal(const Vector& curvature, const MatrixTuning& tuning) {
+    const double floor = std::max(tuning.smallestRelativeCurvature * LargestEntry(curvature),
+                                  tuning.smallestCurvature);
     return curvature.cwiseAbs().cwiseMax(floor).cwiseInverse().asDiagonal();
 }
 
-double HessianStep(const LocalOptions& options) {
-    return std::max(kSmallestHessianStep, options.differenceStep);
-}
+namespace {
 
-Matrix MixedDerivatives(Evaluator& objective, const Vector& x, double f, const Gradient& gradient,
-                        double h) {
+/// Mixed derivatives from one side beside the curvatures of the gradient.
+Matrix OneSidedHessian(Evaluator& objective, const Vector& x, double f, const Gradient& gradient,
+                       double h) {
     Matrix hessian = gradient.curvature.asDiagonal();
     Vector point = x;
     for (Eigen::Index i = 0; i < x.size(); ++i) {
@@ -47,40 +35,38 @@ Matrix MixedDerivatives(Evaluator& objective, const Vector& x, double f, const G
     return hessian;
 }
 
-HessianResult HessianAt(Evaluator& objective, const Vector& x, double f,
-                        const LocalOptions& options) {
-    const double h = HessianStep(options);
+}  // namespace
+
+Vector SecondDerivatives(Evaluator& objective, const Vector& x, double f, double h) {
+    return DoubleSidedGradient(objective, x, f, h, CallKind::Hessian).curvature;
+}
+
+Matrix HessianAt(Evaluator& objective, const Vector& x, double f, const LocalOptions& options) {
+    const double h = options.secondDifferenceStep;
     Gradient gradient = DoubleSidedGradient(objective, x, f, h, CallKind::Hessian);
-    Matrix hessian = MixedDerivatives(objective, x, f, gradient, h);
-    return {std::move(hessian), std::move(gradient)};
+    const Matrix above = OneSidedHessian(objective, x, f, gradient, h);
+    std::swap(gradient.plus, gradient.minus);
+    return (above + OneSidedHessian(objective, x, f, gradient, -h)) / 2;
 }
 
-HessianResult BothSidedHessianAt(Evaluator& objective, const Vector& x, double f,
-                                 const LocalOptions& options) {
-    HessianResult result = HessianAt(objective, x, f, options);
-    Gradient mirrored = result.gradient;
-    std::swap(mirrored.plus, mirrored.minus);
-    result.hessian += MixedDerivatives(objective, x, f, mirrored, -HessianStep(options));
-    result.hessian /= 2;
-    return result;
-}
-
-Matrix PositiveInverse(const Matrix& hessian) {
+Matrix PositiveInverse(const Matrix& hessian, const MatrixTuning& tuning) {
+    if (hessian.size() == 0) return hessian;
     const Eigen::SelfAdjointEigenSolver<Matrix> solver(hessian);
     const Vector magnitudes = solver.eigenvalues().cwiseAbs();
-    const double floor =
-        std::max(kSmallestRelativeEigenvalue * LargestEntry(magnitudes), kSmallestCurvature);
+    const double floor = std::max(tuning.smallestRelativeEigenvalue * LargestEntry(magnitudes),
+                                  tuning.smallestCurvature);
     return solver.eigenvectors() * magnitudes.cwiseMax(floor).cwiseInverse().asDiagonal() *
            solver.eigenvectors().transpose();
 }
 
 Vector SingularValues(const Matrix& matrix) {
+    if (matrix.size() == 0) return {};  // no parameter has influence; Eigen crashes
     return Eigen::JacobiSVD<Matrix>(matrix).singularValues();
 }
 
-bool MayBeRankDeficient(const Vector& singularValues) {
+bool MayBeRankDeficient(const Vector& singularValues, const MatrixTuning& tuning) {
     return singularValues.size() > 0 &&
-           singularValues.minCoeff() <= kNegligibleSingularValue * singularValues.maxCoeff();
+           singularValues.minCoeff() <= tuning.negligibleSingularValue * singularValues.maxCoeff();
 }
 
 }  // namespace kelvro

@@ -12,7 +12,7 @@ bool IsWarning(const Note& note) {
         case NoteKind::StepReduced:
         case NoteKind::StartStepGood:
         case NoteKind::MatrixStillPositive:
-        case NoteKind::Restarted:
+        case NoteKind::MatrixFromHessian:
         case NoteKind::StepsBelowDifference:
             return false;
         default:

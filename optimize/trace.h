@@ -31,8 +31,7 @@ enum class NoteKind : std::uint8_t {
     // update
     MatrixReset,          ///< value[0]: smallest eigenvalue
     MatrixStillPositive,  ///< value[0]: smallest eigenvalue
-    // another descent within the run
-    Restarted,  ///< value[0]: f
+    MatrixFromHessian,
     // remarks on an iteration as a whole
     AngleExtreme,
     StepsBelowDifference,  ///< flags: 1 = single-sided gradient in use

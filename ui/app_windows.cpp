@@ -59,7 +59,7 @@ QWidget* Box(DesignSession&, QWidget& parent) {
 }
 
 QWidget* OptimizerWindow(DesignSession& session, QWidget& parent) {
-    return new TFormOpt(session, session.optimizer(), &parent);
+    return new TFormOpt(session, session.optimizer(), session.optimizerFiles(), &parent);
 }
 
 constexpr std::array kWindows = {

@@ -26,7 +26,11 @@ bool OnlyShownDiffers(const Design& x, Design y) {
 
 }  // namespace
 
-DesignSession::DesignSession(QObject* parent) : DesignHost(parent), messageSink_(ShowMessageBox) {}
+DesignSession::DesignSession(QObject* parent) : DesignHost(parent), messageSink_(ShowMessageBox) {
+    optimizer_.reports = [this](const PageOptimization& optimization) {
+        return KeepReports(optimization, optimizerFiles_);
+    };
+}
 
 void DesignSession::edit(const std::string& name, const Change& change,
                          const EditOptions& options) {

@@ -8,6 +8,7 @@
 #include "design/cycle.h"
 #include "design/design.h"
 #include "design/part_ref.h"
+#include "io/optimizer_reports.h"
 #include "optimize/page_optimizer.h"
 #include "ui/plot/design_host.h"
 
@@ -72,9 +73,11 @@ class DesignSession : public DesignHost {
     /// What showMessage does; by default a modal box with the active window as parent.
     void setMessageSink(MessageSink sink);
 
-    /// The optimizer of all calculations: its settings, files and last run.
+    /// The optimizer of all calculations: its settings and last run.
     OptimizerServices& optimizer() { return optimizer_; }
     const PageOptimization& lastOptimization() const { return optimizer_.last(); }
+    /// Where its reports go.
+    OptimizerFiles& optimizerFiles() { return optimizerFiles_; }
 
   signals:
     /// Texts of a calculation, before its message is shown.
@@ -103,6 +106,7 @@ class DesignSession : public DesignHost {
     void announceAll();
 
     History<State> history_;
+    OptimizerFiles optimizerFiles_ = UserReports();
     OptimizerServices optimizer_;
     MessageSink messageSink_;
 };

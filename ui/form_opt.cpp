@@ -106,6 +106,9 @@ const std::vector<TFormOpt::Option>& TFormOpt::options() {
         row("CheckBoxNoClampings", "No parameter clampings",
             "no clampings is sometimes faster, but might be less robust", false,
             local(&LocalOptions::noClampings)),
+        row("CheckBoxThorough", "Thorough search for the lowest goal",
+            "looks everywhere; the design may end far from the calculated one", false,
+            local(&LocalOptions::thorough)),
         row("CheckBoxMaxNorm", "Use max-norm", "worst point of the band counts, in case of Q<0.2",
             false, goal(&GoalOptions::maxNorm)),
         row("CheckBoxNoise", "Add numerical noise",
@@ -117,8 +120,13 @@ const std::vector<TFormOpt::Option>& TFormOpt::options() {
     return all;
 }
 
-TFormOpt::TFormOpt(DesignHost& host, OptimizerServices& optimizer, QWidget* parent)
-    : QDialog(parent), host_(host), optimizer_(optimizer), openFile_([](const QString& path) {
+TFormOpt::TFormOpt(DesignHost& host, OptimizerServices& optimizer, const OptimizerFiles& files,
+                   QWidget* parent)
+    : QDialog(parent),
+      host_(host),
+      optimizer_(optimizer),
+      files_(files),
+      openFile_([](const QString& path) {
           return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
       }) {
     setObjectName(QStringLiteral("TFormOpt"));
@@ -319,8 +327,8 @@ void TFormOpt::ButtonDefaultsClick() {
 }
 
 void TFormOpt::ButtonHistoryClick() {
-    const QString table = Text(optimizer_.files.table);
-    const QString log = Text(optimizer_.files.log);
+    const QString table = Text(files_.table);
+    const QString log = Text(files_.log);
     if (QFileInfo(table).isFile()) openFile_(QFileInfo(table).absoluteFilePath());
     if (!QFileInfo(log).isFile()) {
         host_.showMessage(tr("History file does not exist."));
@@ -367,9 +375,7 @@ void TFormOpt::showEvaluation() {
         tr("If one simulation takes one minute, then the optimization would take %1hours.")
             .arg(Text(FormatFixed(0, 1, (line + gradient) / 60.0))));
     evaluation_[5]->setText(
-        last.status == PageOptimization::Status::Aborted
-            ? tr("Optimization aborted : %1").arg(Text(last.error))
-            : tr("Achieved goal function : %1").arg(Text(FormatFixed(0, 6, last.achievedGoal))));
+        tr("Achieved goal function : %1").arg(Text(FormatFixed(0, 6, last.achievedGoal))));
 }
 
 void TFormOpt::showHistory() {

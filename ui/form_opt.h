@@ -5,6 +5,7 @@
 #include <functional>
 #include <vector>
 
+#include "io/optimizer_reports.h"
 #include "optimize/page_optimizer.h"
 #include "plot/history_picture.h"
 #include "ui/plot/design_host.h"
@@ -28,7 +29,8 @@ class TFormOpt : public QDialog {
     /// Opens a file with the desktop's own program; false when there is none.
     using FileOpener = std::function<bool(const QString& path)>;
 
-    TFormOpt(DesignHost& host, OptimizerServices& optimizer, QWidget* parent);
+    TFormOpt(DesignHost& host, OptimizerServices& optimizer, const OptimizerFiles& files,
+             QWidget* parent);
 
     void setFileOpener(FileOpener opener) { openFile_ = std::move(opener); }
 
@@ -62,6 +64,7 @@ class TFormOpt : public QDialog {
 
     DesignHost& host_;
     OptimizerServices& optimizer_;
+    const OptimizerFiles& files_;  ///< that keep the reports
     FileOpener openFile_;
 
     std::vector<QCheckBox*> boxes_;  ///< in the order of options()

@@ -204,7 +204,7 @@ void TFormProposal::refresh() {
                           FormatFixed(0, 3, std::sqrt(state.R2 / state.R1))));
     // The window's own settings, but without its reports: the proposals' designs are no runs that
     // the user has asked for.
-    OptimizerServices services(session_.optimizer().settings, {"", ""});
+    OptimizerServices services(session_.optimizer().settings);
     proposals_ = Propose(state, wishes(), services);
     const QSignalBlocker blocker(table_);
     table_->clear();

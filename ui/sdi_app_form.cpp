@@ -13,10 +13,12 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 
+#include "analysis/achieved.h"
 #include "core/number_text.h"
 #include "design/pages.h"
 #include "design/part_ref.h"
 #include "io/settings.h"
+#include "ui/fields.h"
 #include "ui/hint_handler.h"
 #include "ui/menus.h"
 #include "ui/page_panel.h"
@@ -162,17 +164,35 @@ void TSDIAppForm::setProgramStarter(ProgramStarter starter) {
 
 void TSDIAppForm::ShowHint(const QString& hint) {
     hint_ = hint;
-    const QString separator = hint.isEmpty() ? QString() : tr(", ");
-    const PageOptimization& last = session_.lastOptimization();
     if (session_.optimizer().settings.disabled) {
         statusBar()->showMessage((hint.isEmpty() ? QString() : hint + tr(" - ")) +
                                  tr("Warning: Optimization is disabled!"));
-    } else if (last.status == PageOptimization::Status::Aborted) {
-        statusBar()->showMessage(hint + separator + QString::fromStdString(last.error));
-    } else {
-        statusBar()->showMessage(hint + separator + tr("achieved fmin=") +
-                                 QString::fromStdString(FormatFixed(9, 4, last.achievedGoal)));
+        return;
     }
+    QStringList parts = achievedTexts();
+    if (!hint.isEmpty()) parts.prepend(hint);
+    statusBar()->showMessage(parts.join(tr(", ")));
+}
+
+/// What the last run has to say, where the design is still what it delivered, and what the response
+/// of the design really does.
+QStringList TSDIAppForm::achievedTexts() const {
+    QStringList texts;
+    const CycleResult& result = session_.result();
+    const Design& design = session_.design();
+    const PageOptimization& last = session_.lastOptimization();
+    const bool ran = last.status == PageOptimization::Status::Finished && !result.message &&
+                     last.page == design.page && last.components == design.components;
+    if (ran) {
+        texts << tr("achieved fmin=") + ToQString(FormatFixed(9, 4, last.achievedGoal));
+        for (const std::string& remark : {last.warning, last.reportProblem}) {
+            if (!remark.empty()) texts << ToQString(remark);
+        }
+    }
+    if (const auto achieved = AchievedBy(result)) {
+        texts << ToQString(AchievedText(*achieved, result.bandwidth));
+    }
+    return texts;
 }
 
 void TSDIAppForm::keyPressEvent(QKeyEvent* event) {

@@ -88,6 +88,7 @@ class TSDIAppForm : public QMainWindow {
     void addPageKey(QKeySequence key, int step);
     void enterPage();
     void showResult(const CycleResult& result);
+    QStringList achievedTexts() const;
     void writeInputs();
     void refreshInputs();
     /// Writes all inputs, and the components of all pages.

@@ -117,12 +117,12 @@ Transfer BroadbandTransfer(const Design& s) {
 
 // ---------------------------------------------------------------- goal
 
-constexpr double kLowestBandEdge = 0.02;  // relative to fo
+constexpr double kSmallestBase = 0.02;  // of the power function of frequencies relative to fo
 
 Band LadderBand(const Design& s) {
     const double m = TransformationTerm(s);
-    // Beyond a resistance ratio of nine the formula leaves the positive frequencies.
-    const double d = std::max(1 - std::pow(m, 0.333) * 0.8, kLowestBandEdge);
+    // Beyond a resistance ratio of nine the base is negative: its sign does not count.
+    const double d = std::max(std::fabs(1 - std::pow(m, 0.333) * 0.8), kSmallestBase);
     const double half = std::sqrt(d);
     const double wide = std::pow(d, 0.75);
     return {.points = {{{s.fo * d, m / 2},

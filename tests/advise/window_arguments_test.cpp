@@ -24,7 +24,7 @@ TEST(WindowArguments, HelpAlignsWhatItTells) {
     EXPECT_THAT(help, HasSubstr("  FILE         Open a project"));
     EXPECT_THAT(help, HasSubstr("  CENTRE       Behind the accuracy"));
     EXPECT_THAT(help, HasSubstr(": dfp hessian "));
-    EXPECT_THAT(help, HasSubstr(" mruns\n"));
+    EXPECT_THAT(help, HasSubstr(" thorough\n"));
 }
 
 }  // namespace

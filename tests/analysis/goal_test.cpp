@@ -6,6 +6,7 @@
 #include <fstream>
 #include <nlohmann/json.hpp>
 
+#include "analysis/passband.h"
 #include "design/cycle.h"
 #include "design/pages.h"
 
@@ -43,6 +44,56 @@ TEST(GoalTest, AtTheCalculatedDesignAgreesWithIndependentValues) {
             << design.dump();
     }
 }
+
+struct MeasureCase {
+    const char* name;
+    int page;
+    bool byGain;
+    /// Penalty of a single resonance of a loaded Q when `wanted` times that Q is asked for.
+    double (*penalty)(double Q, double wanted);
+};
+
+/// 10·log10(1 + (2·Q·δ)²) at δ = 1/(8·wanted·Q) should be 0.25.
+double ByGain(double Q, double wanted) {
+    const double drop = 10 * std::log10(1 + 1 / (16 * wanted * wanted));
+    return 5 * (std::pow(wanted * Q, 1.5) + 1) * std::pow(drop - 0.25, 2);
+}
+
+double ByPhase(double Q, double wanted) {
+    return 0.2 * (std::pow(wanted * Q, 1.5) + 1) * std::pow((wanted - 1) * Q, 2);
+}
+
+class LoadedQ : public testing::TestWithParam<MeasureCase> {};
+
+/// A parallel tank of Q 10 has hardly any other phase at fo than its resonance; the capacitive tap
+/// of a series tank turns it by 60°.
+TEST_P(LoadedQ, IsMissedByWhatASingleResonanceTells) {
+    Design design;
+    design.page = GetParam().page;
+    if (design.page == 2) std::swap(design.R1, design.R2);
+    design.Q = 10;
+    ResponseServices services;
+    design = Calculate(design, true, services).design;
+    const Response response(design);
+    const double Q = design.fo / PassbandAround(response, design.fo).width();
+    for (const double wanted : {1.0, 1.3, 0.7}) {
+        Design asked = design;
+        asked.Q = wanted * Q;
+        asked.QByBandwidth = GetParam().byGain;
+        Goal goal(asked, {});
+        const std::vector<double> x(goal.size(), 0.0);
+        const double penalty = goal.value(x, CallKind::Evaluation) + response.relativeDb(design.fo);
+        // 0.3 is a Q that is off by two percent.
+        const double expected = GetParam().penalty(Q, wanted);
+        EXPECT_NEAR(penalty, expected, 0.15 * expected + 0.3) << wanted << " of " << Q;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Measures, LoadedQ,
+                         testing::Values(MeasureCase{"byGain", 2, true, ByGain},
+                                         MeasureCase{"byPhase", 2, false, ByPhase},
+                                         MeasureCase{"byTurnedPhase", 1, false, ByPhase}),
+                         [](const auto& test) { return test.param.name; });
 
 struct Minimum {
     int page;

@@ -105,11 +105,18 @@ TEST(OptimizeCommandTest, OptionsSteerTheRun) {
 }
 
 TEST(OptimizeCommandTest, RefusesWhatCannotBeDone) {
-    EXPECT_EQ(RunWith({"optimize", "pi", "--log", "/nowhere/opt.txt"}).code, 1);
     EXPECT_EQ(RunWith({"optimize", "passive-pi-t"}).code, 3);
     EXPECT_EQ(RunWith({"optimize", "t", "--r1", "50", "--r2", "50"}).code, 3);
     EXPECT_EQ(RunWith({"optimize", "pi", "--max-iterations", "0"}).code, 2);
     EXPECT_EQ(RunWith({"goal", "pi", "--x", "1,2"}).code, 2);
+}
+
+TEST(OptimizeCommandTest, CarriesTheRunOutWhereItsReportCannotBeWritten) {
+    const Output kept = RunWith({"optimize", "pi", "--log", "/dev/null"});
+    const Output full = RunWith({"optimize", "pi", "--log", "/dev/full"});
+    EXPECT_EQ(full.code, 1);
+    EXPECT_EQ(full.out, kept.out);
+    EXPECT_EQ(full.err.find("kelvro-cli: /dev/full: "), 0U) << full.err;
 }
 
 TEST(ProposeCommandTest, SaysWhenNoPageSuits) {

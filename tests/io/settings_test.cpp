@@ -54,7 +54,7 @@ constexpr const char* kDefaults =
     "Cs=0.10n\nLp=1.00u\nL(BP)=50.00n\nN(BP)=3\nRipple(BP)=0.50\nSweep=1.05\nTyp=1\n"
     "Q by phase=Yes\nVbg=   1.200\nIbg= 100.00u\nRtot= 100.00k\nVref=   2.400\nVlow1= 400.00m\n"
     "Vlow2= 600.00m\nVmid1=   1.100\nVmid2=   1.300\nVhi1=   1.800\nVhi2=   2.000\n"
-    "Choke=143.00\n";
+    "Choke=143.00\nQ by d=Yes\n";
 
 TEST_F(SettingsTest, ANewFileHoldsEveryKeyInItsOrderAndFormat) {
     const fs::path target = folder_ / "new" / "folders" / "kelvro.ini";
@@ -69,7 +69,6 @@ TEST_F(SettingsTest, ReadingBackGivesTheWrittenValuesRounded) {
     written.Q = 800;  // within reach of the spin button only
     written.NBP = 7;
     written.Vlow1 = 0.123456;
-    written.QByBandwidth = true;
     ASSERT_EQ(WriteSettings(path(file()), {written}).status, SaveStatus::Saved);
     const SettingsRead read = ReadSettings(path(file()), {});
     EXPECT_EQ(read.status, ReadStatus::Read);
@@ -79,7 +78,6 @@ TEST_F(SettingsTest, ReadingBackGivesTheWrittenValuesRounded) {
     expected.Q = 800;
     expected.NBP = 7;
     expected.Vlow1 = 0.12346;
-    expected.QByBandwidth = false;  // "Yes" is not the "Ja" that sets it
     EXPECT_EQ(read.settings.design, expected);
 }
 
@@ -124,6 +122,18 @@ TEST_F(SettingsTest, OnlyJaSetsTheFlagByPhase) {
         EXPECT_FALSE(stateAfterReading("[Variablen]\nQ by phase=" + std::string(text)).QByBandwidth)
             << text;
     }
+}
+
+TEST_F(SettingsTest, AKeyOfItsOwnRestoresTheBoxExactly) {
+    for (const bool ticked : {false, true}) {
+        Settings written;
+        written.design.QByBandwidth = ticked;
+        ASSERT_EQ(WriteSettings(path(file()), written).status, SaveStatus::Saved);
+        EXPECT_EQ(ReadSettings(path(file()), {}).settings.design.QByBandwidth, ticked);
+    }
+    const std::string old = "[Variablen]\nQ by phase=Ja\n";
+    EXPECT_FALSE(stateAfterReading(old + "Q by d=No\n").QByBandwidth);
+    EXPECT_TRUE(stateAfterReading("[Variablen]\nQ by phase=Yes\nQ by d=Yes\n").QByBandwidth);
 }
 
 TEST_F(SettingsTest, ValuesAreClampedAndUnreadableOnesAreZeroBeforeThat) {

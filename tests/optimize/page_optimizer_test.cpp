@@ -5,13 +5,14 @@
 
 #include <cmath>
 #include <fstream>
+#include <limits>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "analysis/passband.h"
 #include "core/number_text.h"
 #include "design/pages.h"
 #include "optimize/report.h"
-#include "tests/temporary_folder.h"
 
 namespace kelvro {
 namespace {
@@ -21,8 +22,6 @@ using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
-
-constexpr const char* kNone = "";
 
 Design Calculated(int page, double R1, double R2, double Q) {
     Design state;
@@ -34,18 +33,11 @@ Design Calculated(int page, double R1, double R2, double Q) {
     return Calculate(state, true, services).design;
 }
 
-std::string FileText(const std::string& path) {
-    std::ifstream file(path);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
-/// The best known values come from long searches of another kind.
-TEST(PageOptimizer, ComesNearTheBestKnownDesigns) {
+/// The best known values come from long searches of another kind, which went wherever it led them.
+TEST(PageOptimizer, ComesNearTheBestKnownDesignsAndThoroughlyReachesThem) {
     const json designs = json::parse(std::ifstream(TEST_DATA "/optimizer.json"));
     int near = 0;
-    int nearer = 0;
+    int reached = 0;
     for (const json& design : designs) {
         Design state = Calculated(design["page"], design["r1"], design["r2"], design["q"]);
         state.fo = design["fo"];
@@ -54,19 +46,20 @@ TEST(PageOptimizer, ComesNearTheBestKnownDesigns) {
         ResponseServices services;
         state = Calculate(state, true, services).design;
         state.Q = design["q"];
-        const double best = design["best_known"];
-        const auto excess = [&](bool singleRun) {
-            OptimizerSettings settings;
-            settings.singleRun = singleRun;
-            const PageOptimization result = OptimizePage(state, settings, {kNone, kNone});
+        const auto excess = [&](OptimizerSettings settings) {
+            const PageOptimization result = OptimizePage(state, settings);
             EXPECT_LE(result.achievedGoal, result.startGoal);
-            return (result.achievedGoal - best) / std::max(1.0, std::fabs(best));
+            return result.achievedGoal - design["best_known"].get<double>();
         };
-        near += excess(true) <= 1e-2 ? 1 : 0;
-        nearer += excess(false) <= 1e-3 ? 1 : 0;
+        OptimizerSettings thorough;
+        thorough.singleRun = false;
+        thorough.local.thorough = true;
+        thorough.local.maxIterations = 199;
+        near += excess({}) <= 0.2 ? 1 : 0;
+        reached += excess(thorough) <= 1e-3 ? 1 : 0;
     }
     EXPECT_GE(near, static_cast<int>(designs.size()) - 2);
-    EXPECT_GE(nearer, static_cast<int>(designs.size()) - 1);
+    EXPECT_GE(reached, static_cast<int>(designs.size()) - 1);
 }
 
 TEST(PageOptimizer, NeverMovesToAWorseGoalAndLeavesPagesWithATestFunctionAlone) {
@@ -74,7 +67,7 @@ TEST(PageOptimizer, NeverMovesToAWorseGoalAndLeavesPagesWithATestFunctionAlone) 
         for (const bool swap : {false, true}) {
             const Design design =
                 swap ? Calculated(page, 200, 50, 3) : Calculated(page, 50, 200, 3);
-            const PageOptimization result = OptimizePage(design, {}, {kNone, kNone});
+            const PageOptimization result = OptimizePage(design, {});
             if (!std::isfinite(result.startGoal)) {  // a page that refuses these resistances
                 EXPECT_EQ(result.components, design.components) << "page " << page;
                 continue;
@@ -87,40 +80,45 @@ TEST(PageOptimizer, NeverMovesToAWorseGoalAndLeavesPagesWithATestFunctionAlone) 
     }
 }
 
+TEST(PageOptimizer, DesignsByPhaseAreAtMostTwiceAsWideAsThoseByGain) {
+    for (const int page : {1, 2, 3, 4, 5}) {
+        for (const double Q : {2.0, 5.0, 10.0, 20.0}) {
+            Design design = page == 2 ? Calculated(page, 200, 50, Q) : Calculated(page, 50, 200, Q);
+            design.Q = Q;
+            const auto width = [&](bool byGain) {
+                design.QByBandwidth = byGain;
+                Design optimized = design;
+                optimized.components = OptimizePage(design, {}).components;
+                return PassbandAround(Response(optimized), design.fo).width();
+            };
+            EXPECT_LE(width(false), 2 * width(true)) << "page " << page << ", Q " << Q;
+        }
+    }
+}
+
 TEST(PageOptimizer, LeavesADisabledDesignAsCalculated) {
     const Design design = Calculated(3, 50, 200, 5);
-    const auto result = OptimizePage(design, {.disabled = true}, {kNone, kNone});
+    const auto result = OptimizePage(design, {.disabled = true});
     EXPECT_EQ(result.status, PageOptimization::Status::NotRun);
     EXPECT_EQ(result.components, design.components);
 }
 
-TEST(PageOptimizer, AbortsWhenTheLogCannotBeWritten) {
-    for (const char* path : {"/nowhere/opt.txt", "/dev/full", "/"}) {
-        const Design design = Calculated(3, 50, 200, 5);
-        const PageOptimization result = OptimizePage(design, {}, {path, kNone});
-        EXPECT_EQ(result.status, PageOptimization::Status::Aborted) << path;
-        EXPECT_THAT(result.error, StartsWith(path));
-        EXPECT_EQ(result.components, design.components) << path;
-    }
-}
-
 class LoggedRun : public testing::Test {
   protected:
-    std::string run(const OptimizerSettings& settings) {
-        Design state = Calculated(13, 50, 200, 1);
-        OptimizePage(state, settings, files_);
-        return FileText(files_.log);
+    static PageOptimization optimized(OptimizerSettings settings, const Design& design) {
+        settings.writeLog = true;
+        return OptimizePage(design, settings);
     }
-
-    TemporaryFolder folder_;
-    OptimizerFiles files_{(folder_ / "opt.txt").string(), (folder_ / "opt2.csv").string()};
+    static std::string run(const OptimizerSettings& settings) {
+        return optimized(settings, Calculated(13, 50, 200, 1)).log;
+    }
 };
 
 /// Every line of a short log, in order; numbers are the algorithm's own affair.
 TEST_F(LoggedRun, WritesWhatTheRulesSay) {
     OptimizerSettings settings;
     settings.local.maxIterations = 1;
-    settings.local.seekOtherMinima = false;
+    settings.local.furtherStarts = false;
     std::istringstream log(run(settings));
     const char* expected[] = {
         "Settings : Gradient limit=10.0000m, maximum iterations=1, with clampings",
@@ -177,33 +175,22 @@ TEST_F(LoggedRun, WritesWhatTheRulesSay) {
     }
 }
 
-TEST_F(LoggedRun, LeavesNothingOfALongerReportBefore) {
-    std::ofstream(files_.log) << std::string(100000, 'x');
-    const std::string log = run({});
-    EXPECT_THAT(log, StartsWith("Settings : "));
-    EXPECT_EQ(log.find(std::string(10, 'x')), std::string::npos);
-    EXPECT_EQ(log.back(), '\n');
-}
-
 TEST_F(LoggedRun, AppendsTheSecondRunAndListsEveryCall) {
     OptimizerSettings settings;
     settings.singleRun = false;
     settings.writeTable = true;
-    Design state = Calculated(13, 50, 200, 1);
-    const PageOptimization result = OptimizePage(state, settings, files_);
-    const std::string log = FileText(files_.log);
-    EXPECT_THAT(log, HasSubstr("Hint: More data in file " + files_.table));
-    EXPECT_LT(log.find("Started within Kelvro for Typ=13"),
-              log.find("2nd optimization run : \nStarted 2nd time within Kelvro for Typ=13"));
-    const std::string table = FileText(files_.table);
-    EXPECT_EQ(std::ranges::count(table, '\n'), 3 + result.calls.total());
+    settings.tableName = "calls.csv";
+    const PageOptimization result = optimized(settings, Calculated(13, 50, 200, 1));
+    EXPECT_THAT(result.log, HasSubstr("Hint: More data in file calls.csv"));
+    EXPECT_LT(
+        result.log.find("Started within Kelvro for Typ=13"),
+        result.log.find("2nd optimization run : \nStarted 2nd time within Kelvro for Typ=13"));
+    EXPECT_THAT(result.log, HasSubstr("Gradient limit of this run=1.0000m\n"));
+    EXPECT_EQ(std::ranges::count(result.table, '\n'), 3 + result.calls.total());
 }
 
 TEST_F(LoggedRun, NamesNoTableWhereNoneIsWritten) {
-    OptimizerSettings settings;
-    settings.writeTable = true;
-    files_.table.clear();
-    EXPECT_THAT(run(settings), Not(HasSubstr("Hint: More data in file")));
+    EXPECT_THAT(run({}), Not(HasSubstr("Hint: More data in file")));
 }
 
 TEST_F(LoggedRun, JoinsTheStepsOfAnIterationInOneLine) {
@@ -215,9 +202,7 @@ TEST_F(LoggedRun, JoinsTheStepsOfAnIterationInOneLine) {
 TEST_F(LoggedRun, WarnsOfAHessianWithoutFullRankBehindItsSingularValues) {
     OptimizerSettings settings;
     settings.local.enhancedStartMatrix = true;
-    Design state = Calculated(9, 50, 200, 1);
-    OptimizePage(state, settings, files_);
-    EXPECT_THAT(FileText(files_.log),
+    EXPECT_THAT(optimized(settings, Calculated(9, 50, 200, 1)).log,
                 ContainsRegex("w elements of SVD of real H : [^\n]+\n"
                               "Warning : Rank of real H maybe smaller than dimension!\n"
                               "Used start matrix iH derived from real H\n"));
@@ -241,16 +226,15 @@ TEST_F(LoggedRun, ClosesWithTheRunThatReachedTheResult) {
     settings.singleRun = false;
     settings.differentStartValues = true;
     settings.local.maxIterations = 1;
-    settings.local.seekOtherMinima = false;
+    settings.local.furtherStarts = false;
     int worse = 0;
     for (const int page : {1, 3, 4, 5, 14}) {
         for (const double Q : {1.0, 2.0, 3.0, 4.0, 5.0, 6.0}) {
-            Design state = Calculated(page, 50, 200, Q);
-            const PageOptimization result = OptimizePage(state, settings, files_);
+            const auto result = optimized(settings, Calculated(page, 50, 200, Q));
             worse += result.runs[1].f > result.runs[0].f ? 1 : 0;
-            const double best = std::min(result.runs[0].f, result.runs[1].f);
-            EXPECT_THAT(FileText(files_.log),
-                        HasSubstr("f at achieved optimum : " + FormatEngShort(4, best) + "\n"));
+            EXPECT_THAT(result.log, HasSubstr("f at achieved optimum : " +
+                                              FormatEngShort(4, result.bestRun().f) + "\n"));
+            EXPECT_EQ(result.achievedGoal, std::min(result.startGoal, result.bestRun().f));
         }
     }
     EXPECT_GT(worse, 0);

@@ -26,7 +26,7 @@ class FormFixture {
         form_->session().setMessageSink([this](const QString& text) { messages << text; });
         QObject::connect(&form_->session(), &DesignSession::calculated, form_.get(),
                          [this] { ++calculations; });
-        form_->session().optimizer().files = {{}, {}};
+        form_->session().optimizerFiles() = {{}, {}};
         form_->startUp(arguments.isEmpty() ? QStringList("nopt") : arguments);
         form_->show();
         if (!QTest::qWaitForWindowActive(form_.get())) qFatal("the window does not show");

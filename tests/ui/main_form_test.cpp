@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QStatusBar>
 #include <QTimer>
 #include <cmath>
@@ -35,6 +36,7 @@ class MainFormTest : public QObject {
     void choosingASeriesChangesNoOutput();
     void bandwidthFontFollowsItsText();
     void hintsShowTheGoalOrTheWarning();
+    void statusPanelTellsWhatTheShownDesignAchieves();
     void reportThatCannotBeWrittenStandsInTheStatusPanel();
     void stayInFrontTogglesFlagAndCheckMark();
     void windowIsCopiedToTheClipboard();
@@ -268,8 +270,20 @@ void MainFormTest::hintsShowTheGoalOrTheWarning() {
     auto& two = f.find<QWidget>("SpinButtonR2");
     QTest::mouseMove(&two, QPoint(2, 2));
     const QString shown = f.find<QStatusBar>("StatusBar").currentMessage();
-    QVERIFY2(shown.startsWith("Increase or decrease R1, achieved fmin="), qPrintable(shown));
-    QCOMPARE(shown.size(), QString("Increase or decrease R1, achieved fmin=").size() + 9);
+    // Nothing has run yet.
+    QVERIFY2(shown.startsWith("Increase or decrease R1, loss "), qPrintable(shown));
+}
+
+void MainFormTest::statusPanelTellsWhatTheShownDesignAchieves() {
+    FormFixture f({"single"});
+    const auto& panel = f.find<QStatusBar>("StatusBar");
+    f.goTo(3);
+    const QString optimized = panel.currentMessage();
+    QVERIFY2(optimized.contains(QRegularExpression("achieved fmin= +[0-9.]+, loss 0\\.[0-9]+ dB at "
+                                                   "fo, -3 dB width [0-9.]+ MHz .*loaded Q [0-9]")),
+             qPrintable(optimized));
+    f.goTo(8);  // nothing to optimize, no band
+    QVERIFY2(!panel.currentMessage().contains("fmin"), qPrintable(panel.currentMessage()));
 }
 
 void MainFormTest::reportThatCannotBeWrittenStandsInTheStatusPanel() {
@@ -277,9 +291,9 @@ void MainFormTest::reportThatCannotBeWrittenStandsInTheStatusPanel() {
     f.goTo(3);
     const auto& panel = f.find<QStatusBar>("StatusBar");
     QVERIFY2(panel.currentMessage().contains("achieved fmin="), qPrintable(panel.currentMessage()));
-    f.form().session().optimizer().files.log = "/no/such/folder/opt.txt";
+    f.form().session().optimizerFiles().log = "/dev/full";
     f.type("QEingabe", "6");
-    QVERIFY2(panel.currentMessage().contains("o such file"), qPrintable(panel.currentMessage()));
+    QVERIFY2(panel.currentMessage().contains(", /dev/full: "), qPrintable(panel.currentMessage()));
     QVERIFY(f.messages.isEmpty());
     QCOMPARE(f.state().Q, 6.0);
 }

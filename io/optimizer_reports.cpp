@@ -1,0 +1,69 @@
+#include "io/optimizer_reports.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+namespace kelvro {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A variable of the environment that holds an absolute path; others do not count.
+fs::path AbsolutePath(const char* variable) {
+    const char* value = std::getenv(variable);
+    const fs::path path = value ? value : "";
+    return path.is_absolute() ? path : fs::path();
+}
+
+/// An old report is written over and not emptied first: file systems flush files that are replaced
+/// in that way when they are closed, which takes longer than the run.
+std::FILE* Open(const std::string& path) {
+    std::FILE* file = std::fopen(path.c_str(), "r+b");
+    return file ? file : std::fopen(path.c_str(), "wb");
+}
+
+/// Cuts off what an old, longer report has left behind.
+std::error_code CutTo(const std::string& path, std::size_t size) {
+    std::error_code error;
+    if (!fs::is_regular_file(path, error)) return {};
+    const auto old = fs::file_size(path, error);
+    if (!error && old > size) fs::resize_file(path, size, error);
+    return error;
+}
+
+std::string Write(const std::string& path, const std::string& text) {
+    if (path.empty() || text.empty()) return {};
+    std::error_code error;
+    fs::create_directories(fs::path(path).parent_path(), error);  // a reason shows at opening
+    errno = 0;
+    const auto problem = [&](int reason) { return path + ": " + std::strerror(reason); };
+    std::FILE* file = Open(path);
+    if (!file) return problem(errno);
+    const bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size();
+    const int reason = errno;
+    if (std::fclose(file) != 0) return problem(errno);
+    if (!written) return problem(reason);
+    error = CutTo(path, text.size());
+    return error ? path + ": " + error.message() : std::string();
+}
+
+}  // namespace
+
+OptimizerFiles UserReports() {
+    fs::path folder = AbsolutePath("XDG_STATE_HOME");
+    if (folder.empty()) folder = AbsolutePath("HOME") / ".local" / "state";
+    folder /= "kelvro";
+    return {(folder / "opt.txt").string(), (folder / "opt2.csv").string()};
+}
+
+std::string KeepReports(const PageOptimization& optimization, const OptimizerFiles& files) {
+    std::string problem = Write(files.log, optimization.log);
+    return problem.empty() ? Write(files.table, optimization.table) : problem;
+}
+
+}  // namespace kelvro

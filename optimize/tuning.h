@@ -1,0 +1,120 @@
+#pragma once
+
+// Numbers inside the algorithm that no window offers. Each has its default and the reason for it;
+// who optimizes another kind of function may choose others. "Measured" refers to random designs as
+// bench_corpus draws them and to the grid of bench_smoothness.
+
+namespace kelvro {
+
+/// The search along a direction: bracketing by halving and parabolas.
+struct LineSearchTuning {
+    /// Armijo: a step has to bring this part of what the slope promises. The usual value.
+    double sufficientDecrease = 1e-4;
+    /// Weak Wolfe: at its end the slope must not be steeper than this part of the first one. Loose,
+    /// as each test costs a gradient.
+    double sufficientLevelling = 0.6;
+    int mostGradients = 4;
+    /// A parabola may shorten a step to a tenth, or to a half at most.
+    double strongestContraction = 0.1;
+    double weakestContraction = 0.5;
+    /// It may lengthen a step fourfold; further ones go on threefold while that pays.
+    double firstExpansion = 4;
+    double furtherExpansion = 3;
+    int mostExpansions = 8;
+    /// Brackets below this are at the resolution of the parameters.
+    double smallestBracket = 1e-10;
+    /// First steps that the parabola sees off by more than this factor are worth a warning, ...
+    double badStartStep = 10;
+    /// ... those within this one a word of praise.
+    double goodStartStep = 2;
+    /// A search of at least so many steps is looked at for what troubled it: turns up and down, and
+    /// changes of f this many times what the slope says.
+    int troubledSteps = 6;
+    int manyTurns = 3;
+    double largeChange = 30;
+};
+
+/// Start matrices.
+struct MatrixTuning {
+    /// Curvatures are taken as at least this part of the largest one: a step along a flat direction
+    /// stays within what the differences have seen.
+    double smallestRelativeCurvature = 1e-3;
+    /// The same for the eigenvalues of a full Hessian, which are known better.
+    double smallestRelativeEigenvalue = 1e-5;
+    double smallestCurvature = 1e-6;
+    /// Singular values below this part of the largest one are none: differences do not show them.
+    double negligibleSingularValue = 1e-9;
+};
+
+/// One descent.
+struct DescentTuning {
+    /// Limit to the change of a parameter in one iteration: a factor of 1.65 at first, doubled
+    /// while steps that reach it pay off. Wider ones jump over the minimum that is nearest.
+    double firstStepLimit = 0.5;
+    double largestStepLimit = 1;
+    double stepLimitGrowth = 2;
+    /// Curvatures above, in dB where all parameters count by their logarithm, are those of a narrow
+    /// valley. Its walls turn faster than updates learn: the matrix is taken from the real Hessian
+    /// in each iteration. Measured, 30: fewer designs jump with their inputs than at 300.
+    double narrowCurvature = 30;
+    /// The matrix has to have seen some steps before y·(iH·y) and what it promises mean anything.
+    int fewestUpdates = 3;
+    /// Iterations in a row without a gain that end a descent.
+    int mostStalls = 3;
+    /// y·s and y·(iH·y) below this cannot be divided by.
+    double smallestDivisor = 1e-18;
+    // Limits on f that go with the limit on |g|: where curvature is of order one, a gradient of the
+    // limit leaves limit²/2 to be gained. In units of limit², times the scale of f.
+    double littleReduction = 10;  ///< an iteration below brings nothing new
+    double littlePromise =
+        2;  ///< a step that promises less, after a modest reduction, is too small
+    double modestReduction = 50;
+    double smallYs = 3;   ///< y·s below this, with a little reduction, ends a descent
+    double smallVy = 10;  ///< likewise for y·(iH·y)
+    double stall = 0.1;   ///< iterations below are a stall
+    /// A good point from which an iteration moves no parameter by more than 1 %, which nobody could
+    /// build, for a little reduction ends the descent: the way on leads to another network.
+    double unnoticedStep = 0.01;
+    /// A descent is beaten when three times the reduction of its last four iterations does not take
+    /// it below the value it has to reach.
+    int lookBack = 4;
+    double lookAhead = 3;
+};
+
+/// Further descents of a run.
+struct SearchTuning {
+    /// Parts of the iterations after which no other descent begins inside the box, and inside the
+    /// wider one: the rest is for outside.
+    double insidePart = 0.6;
+    double widerPart = 0.85;
+    /// How much farther the wider box reaches, in factors: 10 becomes 100, ...
+    double wider = 2;
+    /// ... and the largest one 10^4: parts beyond are open or short circuits.
+    double widest = 4;
+    /// Descents from further starts in one box that lower the goal by nothing worth having, after
+    /// which the search there ends.
+    int mostVain = 4;
+    int mostVainThorough = 30;
+    /// Starts of one run at most. Where no descent takes an iteration, as under a wide limit on
+    /// |g|, the limit on iterations ends nothing.
+    int mostStarts = 200;
+    /// Points drawn for one start, and sweeps over the axes that move each of them down, ...
+    int draws = 3;
+    int sweeps = 2;
+    /// ... with so many looks to each side, in steps of this; half of it in the next sweep.
+    int looks = 3;
+    double look = 0.8;
+    /// Half the width of the cube that points are drawn from where there is no box: a factor of
+    /// a thousand.
+    double widestDraw = 6.9;
+};
+
+/// All of them.
+struct Tuning {
+    LineSearchTuning line;
+    MatrixTuning matrix;
+    DescentTuning descent;
+    SearchTuning search;
+};
+
+}  // namespace kelvro

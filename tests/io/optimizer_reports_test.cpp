@@ -1,0 +1,66 @@
+#include "io/optimizer_reports.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "tests/temporary_folder.h"
+
+namespace kelvro {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Content(const fs::path& path) {
+    std::ifstream file(path);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+TEST(OptimizerReports, ReplaceLongerOnesAndMakeTheirFolder) {
+    const TemporaryFolder folder;
+    const fs::path log = folder / "state" / "kelvro" / "opt.txt";
+    PageOptimization optimization;
+    optimization.log = std::string(10000, 'x');
+    EXPECT_EQ(KeepReports(optimization, {log.string(), ""}), "");
+    EXPECT_EQ(Content(log), optimization.log);
+    optimization.log = "short\n";
+    optimization.table = "1;2\n";
+    const fs::path table = folder / "opt2.csv";
+    EXPECT_EQ(KeepReports(optimization, {log.string(), table.string()}), "");
+    EXPECT_EQ(Content(log), "short\n");
+    EXPECT_EQ(Content(table), "1;2\n");
+}
+
+TEST(OptimizerReports, NameTheFileThatCannotBeWritten) {
+    const TemporaryFolder folder;
+    PageOptimization optimization;
+    optimization.log = "log\n";
+    optimization.table = "table\n";
+    for (const char* bad : {"/dev/full", "/", "/proc/nowhere/opt.txt"}) {
+        const std::string named = std::string(bad) + ": ";
+        EXPECT_EQ(KeepReports(optimization, {bad, ""}).rfind(named, 0), 0U) << bad;
+        EXPECT_EQ(KeepReports(optimization, {(folder / "log").string(), bad}).rfind(named, 0), 0U);
+    }
+    EXPECT_EQ(Content(folder / "log"), "log\n");
+}
+
+TEST(OptimizerReports, StandInTheFolderForStateOfTheUser) {
+    const char* home = std::getenv("HOME");
+    const std::string before = home ? home : "";
+    setenv("HOME", "/home/someone", 1);
+    setenv("XDG_STATE_HOME", "/var/state", 1);
+    EXPECT_EQ(UserReports().log, "/var/state/kelvro/opt.txt");
+    setenv("XDG_STATE_HOME", "relative", 1);  // does not count
+    EXPECT_EQ(UserReports().table, "/home/someone/.local/state/kelvro/opt2.csv");
+    unsetenv("XDG_STATE_HOME");
+    EXPECT_EQ(UserReports().log, "/home/someone/.local/state/kelvro/opt.txt");
+    setenv("HOME", before.c_str(), 1);
+}
+
+}  // namespace
+}  // namespace kelvro
