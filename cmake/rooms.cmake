@@ -17,7 +17,17 @@ target_compile_options(
             $<$<BOOL:${KELVRO_WERROR}>:-Werror>
             $<$<BOOL:${KELVRO_SANITIZE}>:-fsanitize=address,undefined>
             $<$<BOOL:${KELVRO_SANITIZE}>:-fno-sanitize-recover=undefined>
-            $<$<BOOL:${KELVRO_SANITIZE}>:-fno-omit-frame-pointer>)
+            $<$<BOOL:${KELVRO_SANITIZE}>:-fno-omit-frame-pointer>
+            # A number that does not fit its type is a finding as well.
+            $<$<BOOL:${KELVRO_FUZZ}>:-fsanitize=fuzzer-no-link,float-cast-overflow>
+            $<$<BOOL:${KELVRO_FUZZ}>:-fno-sanitize-recover=all>)
+if(KELVRO_HARDEN)
+  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+  target_compile_options(kelvro_options INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
+                                                  -fstack-protector-strong
+                                                  -fstack-clash-protection -fcf-protection)
+  target_link_options(kelvro_options INTERFACE -Wl,-z,relro,-z,now)
+endif()
 target_compile_definitions(kelvro_options INTERFACE KELVRO_VERSION="${PROJECT_VERSION}")
 target_link_options(kelvro_options INTERFACE
                     $<$<BOOL:${KELVRO_SANITIZE}>:-fsanitize=address,undefined>)

@@ -1,6 +1,8 @@
 // The text "%.17g" of a number. Tables of many frequencies consist of little else, and
 // std::to_chars takes three times as long for it.
 
+#include "core/exact_text.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -135,7 +137,7 @@ void WriteGeneral(Writer& to, const Decimal& decimal) {
 
 }  // namespace
 
-std::string FormatExact(double value) {
+void AppendExact(std::string& to, double value) {
     std::array<char, 40> text;
     Writer writer{text.data()};
     if (const auto decimal = QuickDecimal(std::fabs(value))) {
@@ -147,7 +149,13 @@ std::string FormatExact(double value) {
                                    std::chars_format::general, static_cast<int>(kDigits))
                          .ptr;
     }
-    return std::string(text.data(), writer.end);
+    to.append(text.data(), static_cast<std::size_t>(writer.end - text.data()));
+}
+
+std::string FormatExact(double value) {
+    std::string text;
+    AppendExact(text, value);
+    return text;
 }
 
 }  // namespace kelvro

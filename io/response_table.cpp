@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "core/number_text.h"
+#include "core/exact_text.h"
 
 namespace kelvro {
 
@@ -13,13 +13,19 @@ std::string ResponseCsvHeader() {
 }
 
 std::string ResponseCsvRow(const TraceSource& source, double f) {
+    constexpr std::size_t kUsualLength = 200;
     const auto H = source.response.transfer(f);
-    std::string row = FormatExact(f) + ',' + FormatExact(H.real()) + ',' + FormatExact(H.imag());
+    std::string row;
+    row.reserve(kUsualLength);
+    AppendExact(row, f);
+    for (const double part : {H.real(), H.imag()}) AppendExact(row += ',', part);
     for (const Trace& trace : Traces()) {
+        row += ',';
         const double value = trace.value(source, f);
-        row += ',' + (std::isnan(value) ? std::string() : FormatExact(value));
+        if (!std::isnan(value)) AppendExact(row, value);
     }
-    return row + '\n';
+    row += '\n';
+    return row;
 }
 
 }  // namespace kelvro

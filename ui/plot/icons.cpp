@@ -109,11 +109,11 @@ constexpr std::array kDrawings = {
             "stroke='#c92a2a'/>"},
 };
 
-QByteArray SvgOf(const Drawing& drawing, const QColor& ink) {
+QByteArray SvgOf(const Drawing& drawing, const QColor& ink, const QByteArray& ground = {}) {
     QByteArray body(drawing.body);
     body.replace("'ink'", '\'' + ink.name().toLatin1() + '\'');
-    return "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 24 24'><g fill='none' "
-           "stroke-width='1.7' stroke-linecap='round' stroke-linejoin='round'>" +
+    return "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 24 24'>" + ground +
+           "<g fill='none' stroke-width='1.7' stroke-linecap='round' stroke-linejoin='round'>" +
            body + "</g></svg>";
 }
 
@@ -150,6 +150,13 @@ class DrawingEngine : public QIconEngine {
 QIcon VectorIcon(std::string_view name) {
     const auto drawing = std::ranges::find(kDrawings, name, &Drawing::name);
     return drawing == kDrawings.end() ? QIcon() : QIcon(new DrawingEngine(*drawing));
+}
+
+QByteArray ProgramIconFile() {
+    const auto drawing = std::ranges::find(kDrawings, "kelvro", &Drawing::name);
+    return SvgOf(*drawing, QColor(0x34, 0x3a, 0x40),
+                 "<rect width='24' height='24' rx='5' fill='#f1f3f5'/>") +
+           '\n';
 }
 
 }  // namespace kelvro
