@@ -256,7 +256,7 @@ ExitCode MatchBands(Network problem, const MatchBandOptions& options, bool json,
         return session.fail({ExitCode::Refused, "interrupted before anything was found"});
     }
     if (found->cancelled) session.tell("interrupted: the best so far");
-    const MatchReport report = ReportOn(problem, *found, options, *owned);
+    const MatchReport report = ReportOn(problem, *search, *found, options, *owned);
     session.out << (json ? MatchJson(report) : MatchText(report));
     if (options.output.empty()) return ExitCode::Done;
     Project project;

@@ -180,15 +180,20 @@ Outcome<OwnedParts> OwnedPartsOf(const std::string& file) {
     return *std::move(parts);
 }
 
-MatchReport ReportOn(const Network& problem, const SearchResult& result,
-                     const MatchBandOptions& options, const OwnedParts& owned) {
+MatchReport ReportOn(const Network& problem, const SearchOptions& search,
+                     const SearchResult& result, const MatchBandOptions& options,
+                     const OwnedParts& owned) {
     MatchReport report;
     const bool fromList = owned != OwnedParts();
     report.series = fromList ? "owned" : options.series;
     const auto series = SeriesByName(options.series).value_or(Series::None);
     RatingOptions rating;
     if (!report.series.empty()) {
-        rating.standard = {.inductors = series, .capacitors = series, .owned = owned};
+        rating.standard = {.inductors = series,
+                           .capacitors = series,
+                           .owned = owned,
+                           .inductance = search.inductance,
+                           .capacitance = search.capacitance};
     }
     YieldOptions& yield = rating.yield;
     yield.tolerances.capacitance = ClampTolerance(ParseValue(options.capacitorTolerance));

@@ -21,8 +21,10 @@ struct MatchReport {
 /// The parts of a list that the user owns; none without a file name.
 Outcome<OwnedParts> OwnedPartsOf(const std::string& file);
 
-MatchReport ReportOn(const Network& problem, const SearchResult& result,
-                     const MatchBandOptions& options, const OwnedParts& owned);
+/// What `search` found, with what building it means.
+MatchReport ReportOn(const Network& problem, const SearchOptions& search,
+                     const SearchResult& result, const MatchBandOptions& options,
+                     const OwnedParts& owned);
 
 std::string MatchText(const MatchReport& report);
 std::string MatchJson(const MatchReport& report);

@@ -2,13 +2,13 @@
 
 #include <cstdint>
 #include <functional>
-#include <limits>
 #include <optional>
 #include <vector>
 
 #include "core/result.h"
 #include "network/network.h"
 #include "synthesis/ladder_model.h"
+#include "synthesis/value_limits.h"
 
 // The search for the networks that match a load over bands of frequencies.
 
@@ -30,13 +30,6 @@ enum class DcWish : std::uint8_t { Any, Block, Pass };
 
 /// Low-pass ladders have inductors in series and capacitors across, high-pass ladders the reverse.
 enum class LadderShape : std::uint8_t { Any, LowPass, HighPass };
-
-/// Range of a value in SI units.
-struct ValueLimits {
-    double low = 0;
-    double high = std::numeric_limits<double>::infinity();
-    bool operator==(const ValueLimits&) const = default;
-};
 
 /// What a network has to leave at a multiple of the middle of each band.
 struct HarmonicLimit {

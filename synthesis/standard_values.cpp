@@ -108,9 +108,14 @@ Result<std::vector<double>> Selection::valuesFor(const Part& part) const {
     const auto& owned = inductor    ? options_.owned.inductors
                         : capacitor ? options_.owned.capacitors
                                     : options_.owned.resistors;
-    if (!owned.empty()) return owned;
-    if (series == Series::None) return std::vector<double>();
-    return SeriesAround(series, part.value);
+    if (owned.empty() && series == Series::None) return std::vector<double>();
+    std::vector<double> values = owned.empty() ? SeriesAround(series, part.value) : owned;
+    const ValueLimits limits = inductor    ? options_.inductance
+                               : capacitor ? options_.capacitance
+                                           : ValueLimits();
+    std::erase_if(values, [&](double value) { return !limits.contains(value); });
+    if (values.empty()) return Status::Failure("no value on sale lies within the limits");
+    return values;
 }
 
 Status Selection::prepare() {

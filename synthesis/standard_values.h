@@ -4,6 +4,7 @@
 #include "core/series.h"
 #include "network/network.h"
 #include "synthesis/owned_parts.h"
+#include "synthesis/value_limits.h"
 
 // The best network of parts that can be bought.
 
@@ -14,7 +15,9 @@ struct StandardOptions {
     Series resistors = Series::None;
     Series inductors = Series::E24;
     Series capacitors = Series::E24;
-    OwnedParts owned = {};  ///< a list that is not empty counts instead of the series
+    OwnedParts owned = {};        ///< a list that is not empty counts instead of the series
+    ValueLimits inductance = {};  ///< values beyond them are not chosen
+    ValueLimits capacitance = {};
     bool operator==(const StandardOptions&) const = default;
 };
 
@@ -26,8 +29,8 @@ struct StandardNetwork {
 
 /// The values of a ladder's parts that together keep the worst gain in the bands highest, out of
 /// the nearest ones of their series or list; parts that stay free, lines and transformers are
-/// optimized anew. Never worse than rounding part by part. Fails where there is no band or no part
-/// to choose.
+/// optimized anew. Never worse than rounding part by part. Fails where there is no band, no part to
+/// choose, or no value within the limits.
 Result<StandardNetwork> WithStandardValues(const Network& network, const StandardOptions& options);
 
 }  // namespace kelvro

@@ -30,7 +30,7 @@ double ToleranceOf(const Network& network, const Tunable& tunable, const Toleran
         case PartKind::Resistor:
             break;
     }
-    return 0;
+    return tolerances.resistance / 100;
 }
 
 /// A network with everything that can be off, and how far.
@@ -108,12 +108,13 @@ struct Builds {
 /// problems", J. ACM 8, 1961) on the logarithms of the values: a quantile of fixed draws has bends.
 class Centring {
   public:
-    Centring(Builds& builds, std::uint64_t seed) : builds_(builds), seed_(seed) {}
+    Centring(Builds& builds, std::uint64_t seed, const CentringOptions& options)
+        : builds_(builds), seed_(seed), options_(options) {}
 
     std::vector<double> run(std::vector<double> values) {
         double best = quantile(values);
         double step = kFirstStep;
-        while (step > kLeastStep && calls_ < kMostCalls) {
+        while (step > kLeastStep && calls_ < kMostCalls && goesOn()) {
             std::vector<double> trial = values;
             const double found = explore(trial, best, step);
             if (!(found > best)) {
@@ -147,8 +148,12 @@ class Centring {
         return builds_.quantile(values, seed_, kBuilds);
     }
 
+    bool goesOn() const { return !options_.goesOn || options_.goesOn(); }
+
     double explore(std::vector<double>& values, double best, double step) {
-        for (double& value : values) {
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            if (std::ranges::count(options_.locked, builds_.network.tunables()[i]) > 0) continue;
+            double& value = values[i];
             const double before = value;
             for (const double factor : {1 + step, 1 / (1 + step)}) {
                 value = before * factor;
@@ -165,6 +170,7 @@ class Centring {
 
     Builds& builds_;
     std::uint64_t seed_;
+    const CentringOptions& options_;
     int calls_ = 0;
 };
 
@@ -177,13 +183,14 @@ Result<YieldReport> YieldOf(const Network& network, const YieldOptions& options)
     return builds->report(nominal, options);
 }
 
-Result<CentredNetwork> Centred(const Network& network, const YieldOptions& options) {
+Result<CentredNetwork> Centred(const Network& network, const YieldOptions& options,
+                               const CentringOptions& centring) {
     auto builds = Builds::Of(network, options);
     if (!builds) return builds.status();
     const std::vector<double> nominal = builds->network.nominal();
     CentredNetwork centred{network, builds->report(nominal, options), {}};
     centred.after = centred.before;
-    const auto values = Centring(*builds, options.seed + 1).run(nominal);
+    const auto values = Centring(*builds, options.seed + 1, centring).run(nominal);
     const YieldReport after = builds->report(values, options);
     if (after.quantile10 > centred.before.quantile10) {
         centred.network = builds->network.with(values);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "analysis/tolerance.h"
@@ -51,9 +52,15 @@ struct CentredNetwork {
     YieldReport after;
 };
 
+struct CentringOptions {
+    std::vector<Tunable> locked = {};   ///< values that stay where they are
+    std::function<bool()> goesOn = {};  ///< asked before each step; false ends it so far
+};
+
 /// Moves the nominal values so that the 10 % quantile of the worst gain rises. Never returns a
 /// network with a lower one; both reports stand on the same draws, others than the values were
 /// moved with.
-Result<CentredNetwork> Centred(const Network& network, const YieldOptions& options);
+Result<CentredNetwork> Centred(const Network& network, const YieldOptions& options,
+                               const CentringOptions& centring = {});
 
 }  // namespace kelvro

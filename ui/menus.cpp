@@ -63,6 +63,7 @@ constexpr std::array kToolItems = {
     Item{"Zweitore1", "&Two-Ports"},
     Item{"Network1", "&Network"},
     Item{"OpenAsNetwork1", "&Open as Network", "Ctrl+Shift+N", &TSDIAppForm::OpenAsNetwork1Click},
+    Item{"FindBetter1", "Find &Better...", "Ctrl+F", &TSDIAppForm::FindBetter1Click},
 };
 
 constexpr std::array kHelpItems = {

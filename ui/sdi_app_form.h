@@ -59,6 +59,7 @@ class TSDIAppForm : public QMainWindow {
     void Redo1Click();
     void ImVordergrundbleiben1Click();
     void ButtonCopyClick();
+    void FindBetter1Click();
     void Drucken1Click();
     void Druckereinstellung1Click();
     void ExecButtonClick();

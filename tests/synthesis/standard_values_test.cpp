@@ -76,6 +76,20 @@ TEST(StandardValuesTest, OwnPartsAreReadAndUsed) {
     }
 }
 
+TEST(StandardValuesTest, ValuesBeyondTheLimitsAreNotChosen) {
+    const StandardOptions free{.inductors = Series::E12, .capacitors = Series::E12};
+    StandardOptions limited = free;
+    limited.inductance.low = 18e-9;  // 15 nH would be the best
+    const auto found = WithStandardValues(FourParts(), limited);
+    ASSERT_TRUE(found) << found.message();
+    for (const Part* part : PartsOf(found->network.ladder)) {
+        EXPECT_TRUE(part->kind != PartKind::Inductor || part->value >= 18e-9) << part->value;
+    }
+    EXPECT_LT(found->worstGT, WithStandardValues(FourParts(), free)->worstGT);
+    limited.capacitance = {1.9e-12, 2.1e-12};
+    EXPECT_FALSE(WithStandardValues(FourParts(), limited));
+}
+
 TEST(StandardValuesTest, WhatCannotBeChosenIsRefused) {
     Network noBand = FourParts();
     noBand.bands.clear();

@@ -15,6 +15,20 @@ Network OneCoil() {
     return network;
 }
 
+/// A pad's resistor across equal resistances: GT = 1/(1 + 25/R)².
+TEST(YieldTest, ResistorsVaryToo) {
+    Network network = MatchingProblem(50.0, 50.0, {90e6, 100e6});
+    network.ladder = {ShuntArm(Part::R(100))};
+    YieldOptions options;
+    options.tolerances.resistance = 20;
+    options.leastGT = 1 / (1.25 * 1.25);
+    options.builds = 20000;
+    const auto report = YieldOf(network, options);
+    ASSERT_TRUE(report) << report.message();
+    EXPECT_NEAR(report->yield, 0.5, 0.01);
+    EXPECT_NEAR(report->parts.at(0).costDb, 20 * std::log10((1 + 25 / 80.0) / 1.25), 1e-9);
+}
+
 double GainWithCoil(double L) {
     return 1 / (1 + std::pow(kTwoPi * 100e6 * L / 100, 2));
 }
@@ -64,6 +78,13 @@ TEST(YieldTest, CentringRaisesTheQuantileAndNeverLowersIt) {
     // The reports are of the networks themselves.
     EXPECT_EQ(*YieldOf(network, options), centred->before);
     EXPECT_NEAR(YieldOf(centred->network, options)->quantile10, centred->after.quantile10, 1e-12);
+    // Locked values stay, and who stops it has at least what there was.
+    const Tunable first{0, 0};
+    const auto locked = Centred(network, options, {.locked = {first}});
+    EXPECT_EQ(ValueOf(locked->network.ladder, first), 144.2e-9);
+    EXPECT_GT(locked->after.quantile10, locked->before.quantile10);
+    const auto stopped = Centred(network, options, {.goesOn = [] { return false; }});
+    EXPECT_EQ(stopped->network, network);
     const auto again = Centred(centred->network, options);
     EXPECT_GE(again->after.quantile10, centred->after.quantile10);
 }

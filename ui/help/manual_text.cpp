@@ -81,6 +81,7 @@ std::vector<ManualTopic> Topics() {
                                        {"tolerances", QObject::tr("Tolerances")},
                                        {"optimizer", QObject::tr("Optimization")},
                                        {"files", QObject::tr("Settings, export, printing")},
+                                       {"search", QObject::tr("Finding networks for a band")},
                                        {"tools", QObject::tr("The Tools menu")},
                                        {"command-line", QObject::tr("Command line")}};
     for (const Page& page : Pages())

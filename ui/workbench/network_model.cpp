@@ -10,6 +10,7 @@ namespace {
 
 constexpr double kUsualFrequency = 100e6;
 constexpr int kBandPoints = 41;
+constexpr double kUsualHalfWidth = 0.05;  // of a band around the design frequency
 
 constexpr std::array<Rgb, 6> kSnapshotColours = {
     {{200, 60, 0}, {0, 130, 60}, {150, 0, 150}, {140, 100, 0}, {0, 130, 150}, {190, 0, 80}}};
@@ -72,17 +73,26 @@ void NetworkModel::open(Network network, std::vector<Snapshot> snapshots) {
 void NetworkModel::beginDrag(const QString& name) {
     history_.close();
     ++drags_;
-    drag_ = Drag{name, network()};
+    drag_ = Drag{name, network(), locked_};
+}
+
+void NetworkModel::preview(Network network) {
+    if (!drag_) return;
+    edit(
+        drag_->name, [&](Network& next) { next = std::move(network); },
+        QStringLiteral("drag %1").arg(drags_));
 }
 
 void NetworkModel::endDrag(bool keep) {
     if (!drag_) return;
-    const Network before = drag_->before;
+    const Drag drag = *drag_;
     // The moves so far and the way back are one step, which then is none.
-    if (!keep)
+    if (!keep) {
         edit(
-            drag_->name, [&](Network& next) { next = before; },
+            drag.name, [&](Network& next) { next = drag.before; },
             QStringLiteral("drag %1").arg(drags_));
+        locked_ = drag.locked;
+    }
     drag_.reset();
     history_.close();
     emit changed();
@@ -170,6 +180,16 @@ double NetworkModel::designFrequency() const {
     if (present.designFrequency > 0) return present.designFrequency;
     if (present.bands.empty()) return kUsualFrequency;
     return std::sqrt(present.bands.front().low * present.bands.back().high);
+}
+
+Network NetworkModel::problem() const {
+    Network problem = network();
+    const double f = designFrequency();
+    problem.designFrequency = f;
+    if (problem.bands.empty()) {
+        problem.bands = {{f * (1 - kUsualHalfWidth), f * (1 + kUsualHalfWidth)}};
+    }
+    return problem;
 }
 
 FrequencyBand NetworkModel::plotRange() const {

@@ -50,6 +50,8 @@ class NetworkModel : public QObject {
     void beginDrag(const QString& name);
     void endDrag(bool keep);
     bool dragging() const { return drag_.has_value(); }
+    /// Another network within a drag: one of a list that the user looks through.
+    void preview(Network network);
 
     void undo();
     void redo();
@@ -81,6 +83,9 @@ class NetworkModel : public QObject {
     /// The frequency of path and exact matches: the chosen one, the middle of the bands, or 100
     /// MHz.
     double designFrequency() const;
+    /// The present network as a problem over bands: where it has none, 5 % to each side of the
+    /// design frequency.
+    Network problem() const;
     /// Where the plots reach: the bands with half their width to each side, or a decade around the
     /// design frequency.
     FrequencyBand plotRange() const;
@@ -104,6 +109,7 @@ class NetworkModel : public QObject {
     struct Drag {
         QString name;
         Network before;
+        std::vector<Tunable> locked;
     };
 
     History<Network> history_;

@@ -258,6 +258,7 @@ void NetworkWindow::buildMenus() {
         [this] { matchHere(); });
     add(network, "NetworkRefine", tr("&Refine"), QKeySequence(Qt::CTRL | Qt::Key_R),
         [this] { refine(); });
+    addSearchActions(network);
     network.addSeparator();
     add(network, "NetworkSnapshot", tr("Take &Snapshot"), QKeySequence(Qt::Key_F6),
         [this] { takeSnapshot(); });

@@ -18,6 +18,7 @@ namespace kelvro {
 
 class DesignHost;
 class LadderPanel;
+class LimitWatch;
 class SliderPanel;
 class SmithView;
 class SweepView;
@@ -44,6 +45,8 @@ class NetworkWindow : public QMainWindow {
     /// A page's circuit as a step that can be undone, and as a document without a file.
     void takeDesign(const QString& caption, Network network);
     const QString& file() const { return file_; }
+    /// Opens the search for the problem of a page, taken over like a design.
+    void findFor(const QString& caption, Network problem);
 
     /// The call of the command-line program that analyses what is on the screen.
     QString commandLine() const;
@@ -64,6 +67,9 @@ class NetworkWindow : public QMainWindow {
     void takeSnapshot();
     void matchHere();
     void refine();
+    void findNetworks();
+    void standardValues();
+    void centre();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -74,6 +80,7 @@ class NetworkWindow : public QMainWindow {
 
   private:
     void buildMenus();
+    void addSearchActions(class QMenu& menu);
     void buildContents();
     QWidget* buildNetworkSide();
     QWidget* buildPlotSide();
@@ -115,6 +122,7 @@ class NetworkWindow : public QMainWindow {
     LadderPanel* ladder_ = nullptr;
     SliderPanel* sliders_ = nullptr;
     std::vector<SweepView*> plots_;
+    LimitWatch* limit_ = nullptr;
     QTableWidget* snapshots_ = nullptr;
     QLineEdit* frequency_ = nullptr;
     QLineEdit* bands_ = nullptr;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
@@ -216,6 +217,8 @@ void NetworkWindow::showEvent(QShowEvent* event) {
 }
 
 void NetworkWindow::closeEvent(QCloseEvent* event) {
+    // What a dialog only previews is no change of the network.
+    for (QDialog* dialog : findChildren<QDialog*>()) dialog->done(QDialog::Rejected);
     if (!mayDiscard()) return event->ignore();
     autosaveTimer_->stop();
     QFile::remove(AutosaveFile());
