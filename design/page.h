@@ -25,9 +25,8 @@ template <typename T>
 class Required {
   public:
     template <typename U>
-    requires(std::convertible_to<U, T> &&
-             !std::same_as<std::remove_cvref_t<U>, Required>) constexpr Required(U&& value)
-        : value_(std::forward<U>(value)) {}
+    requires std::convertible_to<U, T>
+    constexpr Required(U value) : value_(std::move(value)) {}
     constexpr operator const T&() const { return value_; }
 
   private:
