@@ -48,15 +48,18 @@ double RoundStep(double step) {
     return Join(step, std::round(mantissa), exponent);
 }
 
-/// x itself where it is a multiple of 10^n, n the decade of the step; else the multiple next above
-/// (direction 1) or below (-1), so that a value that was typed or computed comes to the round
-/// values of its neighbourhood.
+/// The multiple of 10^n next above x (direction 1) or below it (-1), n the decade of the step, so
+/// that a value that was typed or computed comes to the round values of its neighbourhood. From one
+/// of those on the next multiple of 10^(n + 1), so that nobody steps over 50 from 51 to 48.
 double NextRoundValue(double x, double step, int direction) {
+    const auto next = [&](double grid, double steps) {
+        return grid * (direction > 0 ? std::ceil(steps) : std::floor(steps));
+    };
     const auto grid = static_cast<double>(std::pow(10.0L, Split(step).exponent));
     const double steps = x / grid;
     const double nearest = std::nearbyint(steps);
     const bool onGrid = std::fabs(steps - nearest) < 1e-9 * std::fabs(steps);
-    return grid * (onGrid ? nearest : direction > 0 ? std::ceil(steps) : std::floor(steps));
+    return onGrid ? next(10 * grid, nearest / 10) : next(grid, steps);
 }
 
 double SpinStep(double x, double f, int direction) {

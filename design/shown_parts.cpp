@@ -1,6 +1,7 @@
 #include "design/shown_parts.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kelvro {
 
@@ -15,9 +16,11 @@ void ShownParts::set(const ShownPart& part) {
         *at = part;
         return;
     }
-    const auto behind = std::ranges::upper_bound(
-        parts_, part.key.page, {}, [](const ShownPart& other) { return other.key.page; });
-    parts_.insert(behind, part);
+    // By page and slot, so that what is written in another order, as from a file, is the same.
+    const auto place = [](const ShownPart& other) {
+        return std::pair(other.key.page, other.key.slot);
+    };
+    parts_.insert(std::ranges::upper_bound(parts_, place(part), {}, place), part);
 }
 
 void ShownParts::clear(int page) {

@@ -1,9 +1,13 @@
 #include "io/atomic_file.h"
 
+#include <fcntl.h>
+#include <unistd.h>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <system_error>
 
@@ -27,16 +31,61 @@ bool IsSpecial(const QString& path) {
     return info.exists() && !info.isFile();
 }
 
-/// Without a buffer, since QSaveFile::commit overlooks that the rest of a buffer did not fit on the
-/// disk. A full disk takes a part first; what does not fit then tells the reason.
-Status OpenAndWrite(QFileDevice& file, const QByteArray& content) {
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return Failed(file);
+/// A full disk takes a part first; what does not fit then tells the reason.
+Status WriteAll(QFileDevice& file, const QByteArray& content) {
     for (qsizetype done = 0; done < content.size();) {
         const qint64 written = file.write(content.constData() + done, content.size() - done);
         if (written <= 0) return Failed(file);
         done += written;
     }
     return {};
+}
+
+/// Without a buffer, since QSaveFile::commit overlooks that the rest of a buffer did not fit on the
+/// disk.
+Status OpenAndWrite(QFileDevice& file, const QByteArray& content) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return Failed(file);
+    return WriteAll(file, content);
+}
+
+/// Gives an open file without a name the name `path`, in place of what has it. False where that is
+/// not possible.
+bool TakeName(int file, const QByteArray& path) {
+    const QByteArray open = "/proc/self/fd/" + QByteArray::number(file);
+    const auto link = [&](const QByteArray& name) {
+        return ::linkat(AT_FDCWD, open.constData(), AT_FDCWD, name.constData(),
+                        AT_SYMLINK_FOLLOW) == 0;
+    };
+    if (link(path)) return true;
+    if (errno != EEXIST) return false;
+    const QByteArray second = path + '.' + QByteArray::number(::getpid()) + ".new";
+    if (!link(second)) return false;
+    if (::rename(second.constData(), path.constData()) == 0) return true;
+    ::unlink(second.constData());
+    return false;
+}
+
+/// Writes a file that has no name until it is complete, so that a process that is killed leaves
+/// nothing behind. Nothing where the file system does not know such files.
+std::optional<Status> WriteUnnamed(const QString& path, const QByteArray& content) {
+    const QFileInfo info(path);
+    const QString target = info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
+    if (info.isSymLink() && !info.exists()) return {};
+    if (info.exists() && !info.isWritable()) return {};
+    const QByteArray folder = QFile::encodeName(QFileInfo(target).absolutePath());
+    const int descriptor = ::open(folder.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+    if (descriptor < 0) return {};
+    QFile file;
+    if (!file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered,
+                   QFileDevice::AutoCloseHandle)) {
+        ::close(descriptor);
+        return {};
+    }
+    if (Status status = WriteAll(file, content); !status) return status;
+    if (info.exists()) file.setPermissions(QFile::permissions(target));
+    if (::fsync(descriptor) != 0) return Failed(static_cast<std::errc>(errno));
+    if (!TakeName(descriptor, QFile::encodeName(target))) return {};
+    return Status();
 }
 
 /// Devices and pipes cannot be replaced, only written to.
@@ -49,6 +98,7 @@ Status WriteDirectly(const QString& path, const QByteArray& content) {
 Status WriteWhole(const QString& path, const QByteArray& content) {
     if (path.isEmpty()) return Status::Failure("No file name");
     if (IsSpecial(path)) return WriteDirectly(path, content);
+    if (const auto done = WriteUnnamed(path, content)) return *done;
     QSaveFile file(path);
     if (Status status = OpenAndWrite(file, content); !status) return status;
     if (!file.commit()) return Failed(file);

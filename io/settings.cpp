@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <filesystem>
@@ -16,6 +17,7 @@
 #include "design/cycle.h"
 #include "design/pages.h"
 #include "io/atomic_file.h"
+#include "io/exact_settings.h"
 #include "io/profile_text.h"
 
 namespace kelvro {
@@ -188,6 +190,15 @@ void ReadKey(const SettingsKey& key, const std::optional<std::string>& text, Set
     }
 }
 
+/// Are the rounded texts of the file those of these settings?
+bool TextsAgree(const ProfileText& profile, const Settings& settings) {
+    return std::ranges::all_of(kKeys, [&](const SettingsKey& key) {
+        const auto text = profile.value(kSection, key.name);
+        const QByteArray written = QByteArray::fromStdString(TextOf(key, settings)).trimmed();
+        return text && *text == written.toStdString();
+    });
+}
+
 void ReadKeys(const ProfileText& profile, Settings& settings) {
     constexpr int passivePiT = 8;
     Design& state = settings.design;
@@ -199,6 +210,29 @@ void ReadKeys(const ProfileText& profile, Settings& settings) {
         const Limits limits = FieldLimits(&Design::v8).value_or(kFinite);
         state.v8 = Clamp(settings.v, limits.low, limits.high);
     }
+}
+
+/// Does a key of the rounded texts hold this input as well?
+bool IsRounded(const InputField& field) {
+    const auto* member = std::get_if<double Design::*>(&field.value);
+    return member && std::ranges::any_of(
+                         kKeys, [&](const SettingsKey& key) { return key.number == *member; });
+}
+
+/// All that the file holds; true when it is a whole design.
+bool ReadAll(const ProfileText& profile, Settings& settings) {
+    const Slots components = settings.design.components;
+    const ShownParts shown = settings.design.shown;
+    const bool exact = ReadExact(profile, IsRounded, settings);
+    settings.design.page = ReadPageNumber(profile.value(kSection, "Typ").value_or("1"));
+    if (exact && TextsAgree(profile, settings)) return true;
+    // Components belong to inputs; others come with other ones.
+    settings.design.components = components;
+    settings.design.shown = shown;
+    const bool byDrop = settings.design.QByBandwidth;
+    ReadKeys(profile, settings);
+    if (exact) settings.design.QByBandwidth = byDrop;
+    return false;
 }
 
 // ---------------------------------------------------------------- files
@@ -228,7 +262,8 @@ ExistingFile Examine(const QString& path) {
     const QByteArray bytes = file.read(kLargestFile);
     if (file.error() != QFileDevice::NoError) return {Kind::Unreadable, file.errorString()};
     ExistingFile existing{Kind::Settings, {}, ProfileText(bytes.toStdString())};
-    if (!existing.profile.complete() && !existing.profile.hasSection(kSection)) {
+    const bool hasSection = existing.profile.hasSection(kSection);
+    if (!existing.profile.complete() && !hasSection) {
         return {Kind::Foreign, QStringLiteral("it is not a settings file")};
     }
     return existing;
@@ -274,12 +309,16 @@ bool MustBeKept(const ExistingFile& existing) {
 SettingsRead ReadSettings(const QString& file, Settings settings) {
     const ExistingFile existing = Examine(file);
     SettingsRead read{SettingsRead::Status::Read, std::move(settings), {}};
-    ReadKeys(existing.profile, read.settings);
-    if (existing.kind == ExistingFile::Kind::Missing) read.status = SettingsRead::Status::Missing;
-    if (!existing.reason.isEmpty()) {
+    QString reason = existing.reason;
+    if (existing.kind == ExistingFile::Kind::Settings && !existing.profile.hasSection(kSection))
+        reason = QStringLiteral("it is not a settings file");
+    if (!reason.isEmpty()) {
         read.status = SettingsRead::Status::Unusable;
-        read.message = QStringLiteral("Cannot read \"%1\": %2.").arg(file, existing.reason);
+        read.message = QStringLiteral("Cannot read \"%1\": %2.").arg(file, reason);
+        return read;
     }
+    if (existing.kind == ExistingFile::Kind::Missing) read.status = SettingsRead::Status::Missing;
+    read.whole = ReadAll(existing.profile, read.settings);
     return read;
 }
 
@@ -289,6 +328,7 @@ SettingsSave WriteSettings(const QString& file, const Settings& settings) {
     for (const SettingsKey& key : kKeys) {
         existing.profile.set(kSection, key.name, TextOf(key, settings));
     }
+    WriteExact(settings, existing.profile);
     if (!file.isEmpty()) QDir().mkpath(QFileInfo(file).absolutePath());
     std::optional<QString> copy;
     if (MustBeKept(existing)) {

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "analysis/tolerance.h"
 #include "design/design.h"
 #include "design/preferences.h"
 
@@ -15,6 +16,8 @@ struct Settings {
     Design design = {};
     Preferences preferences = {};
     double v = 2;  ///< V2/V1 at fo as last calculated
+    Tolerances tolerances = {};
+    bool standardValues = false;  ///< exports take values of the standard series
 
     bool operator==(const Settings&) const = default;
 };
@@ -23,16 +26,20 @@ struct SettingsRead {
     enum class Status {
         Read,
         Missing,  ///< no such file; counts as one without keys
-        Unusable  ///< a folder, unreadable, too large or no settings file; counts likewise
+        Unusable  ///< a folder, unreadable, too large or no settings file; changes nothing
     };
     Status status = Status::Read;
     Settings settings;
     QString message;  ///< for the user, empty when read or missing
+    /// The file holds the whole design as it was written, its components too.
+    bool whole = false;
 };
 
 /// The settings with the values of a file in place of its own. What a file does not name stays as
 /// it is, except the page, which is 1, and QByBandwidth, which is set. Values are clamped like
 /// typed ones; unreadable numbers are 0 before that. Files are never read beyond 1 MB.
+/// Beside the rounded texts, which other programs read and write too, a file holds exact values.
+/// Those count while the rounded texts are still theirs; then the design comes back as it was.
 SettingsRead ReadSettings(const QString& file, Settings settings);
 
 struct SettingsSave {

@@ -19,6 +19,7 @@
 #include "ui/help/gr_hilfe_box.h"
 #include "ui/help/help_box.h"
 #include "ui/info_dlg.h"
+#include "ui/mnemonics.h"
 #include "ui/plot/form_phi.h"
 #include "ui/plot/form_vu.h"
 #include "ui/sweep_dlg.h"
@@ -139,6 +140,8 @@ QWidget* AppWindows::window(const QString& name) {
     if (!made) return nullptr;
     made->setObjectName(name);
     byName_.insert(name, made);
+    GiveMnemonics(*made);
+    EnterGroupsAtTheChosen(*made);
     connectControls(*made);
     if (!made->parent()) owned_.emplace_back(made);
     return made;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "design/pages.h"
+#include "ui/refusal_box.h"
 
 namespace kelvro {
 
@@ -26,7 +27,8 @@ bool OnlyShownDiffers(const Design& x, Design y) {
 
 }  // namespace
 
-DesignSession::DesignSession(QObject* parent) : DesignHost(parent), messageSink_(ShowMessageBox) {
+DesignSession::DesignSession(QObject* parent)
+    : DesignHost(parent), messageSink_(ShowMessageBox), refusalSink_(ShowRefusalBox) {
     optimizer_.reports = [this](const PageOptimization& optimization) {
         return KeepReports(optimization, optimizerFiles_);
     };
@@ -50,9 +52,24 @@ void DesignSession::type(const PartRef& part, double value) {
          {.followup = Followup::Evaluation, .joins = "type " + name});
 }
 
-void DesignSession::round(const PartRef& part) {
+void DesignSession::round(const PartRef& part, Rounding rounding) {
     edit("Round " + part.name(design()),
-         [&](Design& design) { part.round(design, preferences().ESeries); },
+         [&](Design& design) { RoundPart(part, design, preferences().ESeries, rounding); },
+         {.followup = Followup::Nothing});
+}
+
+void DesignSession::unround(const PartRef& part) {
+    edit("Undo rounding of " + part.name(design()),
+         [&](Design& design) { UnroundPart(part, design); }, {.followup = Followup::Nothing});
+}
+
+void DesignSession::roundAll() {
+    edit("Round All",
+         [&](Design& design) {
+             for (const PartRef& part : PartsOf(design))
+                 if (!part.field || part.field->hasStandardValues())
+                     part.round(design, preferences().ESeries);
+         },
          {.followup = Followup::Nothing});
 }
 
@@ -75,10 +92,15 @@ void DesignSession::goToPage(int number) {
     announce(design(), {});
 }
 
-void DesignSession::open(const Design& design) {
-    history_.reset(follow(design, Followup::Calculation));
+void DesignSession::open(const Design& design, Followup followup) {
+    history_.reset(follow(design, followup));
     announceAll();
-    if (result().message) showMessage(QString::fromStdString(*result().message));
+    if (result().message) tellRefusal();
+}
+
+void DesignSession::switchResistances() {
+    edit("Switch", [](Design& design) { std::swap(design.R1, design.R2); },
+         {.fields = Fields::Follow});
 }
 
 void DesignSession::undo() {
@@ -91,11 +113,23 @@ void DesignSession::redo() {
 
 DesignSession::State DesignSession::follow(Design changed, Followup followup) {
     if (followup == Followup::Nothing) return {std::move(changed), history_.present().result};
-    auto result = std::make_shared<CycleResult>(
-        followup == Followup::Evaluation
-            ? ShowComponents(changed, optimizer_)
-            : Calculate(changed, followup == Followup::Calculation, optimizer_));
+    auto result = std::make_shared<CycleResult>(resultOf(changed, followup));
+    const bool fieldsStay = followup == Followup::Results || followup == Followup::Restoration;
+    if (fieldsStay) result->design.shown = std::move(changed.shown);
     return {result->design, std::move(result)};
+}
+
+CycleResult DesignSession::resultOf(const Design& changed, Followup followup) {
+    if (followup == Followup::Restoration) {
+        OptimizerServices quick;
+        quick.settings.disabled = true;
+        CycleResult result = Calculate(changed, false, quick);
+        result.design.Q = changed.Q;
+        return result;
+    }
+    if (followup == Followup::Calculation || followup == Followup::KeptComponents)
+        return Calculate(changed, followup == Followup::Calculation, optimizer_);
+    return ShowComponents(changed, optimizer_);
 }
 
 void DesignSession::announce(const Design& before, const EditOptions& options) {
@@ -108,7 +142,7 @@ void DesignSession::announce(const Design& before, const EditOptions& options) {
     if (outputs || !OnlyShownDiffers(before, design())) emit designChanged();
     emit historyChanged();
     // Last, because a modal box runs its own event loop: every window is up to date behind it.
-    if (outputs && result().message) showMessage(QString::fromStdString(*result().message));
+    if (outputs && result().message) tellRefusal();
 }
 
 void DesignSession::announceAll() {
@@ -124,7 +158,23 @@ void DesignSession::showMessage(const QString& text) {
 }
 
 void DesignSession::setMessageSink(MessageSink sink) {
+    refusalSink_ = [sink](const QString& reason, bool) {
+        sink(reason);
+        return false;
+    };
     messageSink_ = std::move(sink);
+}
+
+void DesignSession::tellRefusal() {
+    if (refusalSink_(QString::fromStdString(*result().message), switchCures())) switchResistances();
+}
+
+bool DesignSession::switchCures() const {
+    OptimizerServices quick;
+    quick.settings.disabled = true;
+    Design switched = design();
+    std::swap(switched.R1, switched.R2);
+    return !Calculate(switched, true, quick).message;
 }
 
 void ShowMessageBox(const QString& text) {

@@ -7,7 +7,7 @@
 #include "core/history.h"
 #include "design/cycle.h"
 #include "design/design.h"
-#include "design/part_ref.h"
+#include "design/rounding_choice.h"
 #include "io/optimizer_reports.h"
 #include "optimize/page_optimizer.h"
 #include "ui/plot/design_host.h"
@@ -19,6 +19,8 @@ enum class Followup : unsigned char {
     Calculation,     ///< the page designs its components anew
     KeptComponents,  ///< the page is calculated with the components as they are
     Evaluation,      ///< outputs of the components as they are; nothing is designed or optimized
+    Restoration,     ///< the design comes back as it was; the page only tells of it
+    Results,         ///< v, loss and the like of the components, whose fields stay as they are
     Nothing,         ///< outputs stay as they are
 };
 
@@ -43,6 +45,9 @@ class DesignSession : public DesignHost {
 
   public:
     using MessageSink = std::function<void(const QString&)>;
+    /// Tells why a design is refused; true when the user wants R1 and R2 switched, which
+    /// `offersSwitch` says would cure it.
+    using RefusalSink = std::function<bool(const QString& reason, bool offersSwitch)>;
     using Change = std::function<void(Design&)>;
 
     explicit DesignSession(QObject* parent = nullptr);
@@ -55,11 +60,15 @@ class DesignSession : public DesignHost {
     /// Keeps a value that the user types into the field of a component.
     void type(const PartRef& part, double value);
     /// Rounds what the field of a component shows to the preferred standard series.
-    void round(const PartRef& part);
+    void round(const PartRef& part, Rounding rounding = Rounding::Nearest);
+    /// Shows the component of the design in place of its standard value.
+    void unround(const PartRef& part);
+    /// Rounds all components of the page that standard values exist for.
+    void roundAll();
     void recalculate(bool storeComponents = true) override;
     void goToPage(int page) override;
     /// Begins with a design, which is calculated as it stands: nothing can be undone.
-    void open(const Design& design);
+    void open(const Design& design, Followup followup = Followup::Calculation);
 
     /// What comes next is a step of its own, though it has the key of the last one.
     void closeStep() { history_.close(); }
@@ -70,8 +79,13 @@ class DesignSession : public DesignHost {
     std::string redoName() const { return history_.redoName(); }
 
     void showMessage(const QString& text) override;
-    /// What showMessage does; by default a modal box with the active window as parent.
+    /// What showMessage does; by default a modal box with the active window as parent. Refusals go
+    /// there too, until they get a way of their own.
     void setMessageSink(MessageSink sink);
+    void setRefusalSink(RefusalSink sink) { refusalSink_ = std::move(sink); }
+
+    /// Exchanges R1 and R2.
+    void switchResistances();
 
     /// The optimizer of all calculations: its settings and last run.
     OptimizerServices& optimizer() { return optimizer_; }
@@ -101,14 +115,19 @@ class DesignSession : public DesignHost {
     };
 
     State follow(Design changed, Followup followup);
+    CycleResult resultOf(const Design& changed, Followup followup);
     /// Tells of a new present; `before` is the design that it replaces.
     void announce(const Design& before, const EditOptions& options);
     void announceAll();
+    void tellRefusal();
+    /// Would the design be accepted with R1 and R2 exchanged?
+    bool switchCures() const;
 
     History<State> history_;
     OptimizerFiles optimizerFiles_ = UserReports();
     OptimizerServices optimizer_;
     MessageSink messageSink_;
+    RefusalSink refusalSink_;
 };
 
 /// Title of the program's message boxes and print jobs.

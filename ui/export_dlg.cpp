@@ -97,6 +97,7 @@ void TExportDlg::addRangeRow(const char* name, const QString& caption, const QSt
     auto* edit = new InputEdit(QLatin1String(name));
     edit->setMaximumWidth(FieldWidth(*edit));
     SetHint(*edit, hint);
+    edit->setUnit(unit);
     auto* label = new QLabel(caption);
     label->setBuddy(edit);
     rows_.push_back({edit, {label, edit, new QLabel(unit)}, value});
@@ -180,7 +181,7 @@ void TExportDlg::RangeChange() {
     rangeTyped_ = true;
     for (const RangeRow& row : rows_) {
         if (!row.edit->isModified()) continue;  // others keep the digits that their texts leave out
-        const double typed = ParseValue(row.edit->text().toStdString());
+        const double typed = row.edit->value();
         if (row.value) {
             range_.*row.value = typed;
         } else {

@@ -1,12 +1,19 @@
 #include "ui/fields.h"
 
+#include <QAbstractScrollArea>
 #include <QFontMetrics>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPalette>
+#include <QScrollBar>
 #include <QSignalBlocker>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
+#include <cmath>
 
+#include "core/field_text.h"
 #include "core/number_text.h"
 #include "core/scalar.h"
 
@@ -17,6 +24,8 @@ namespace {
 constexpr QColor kInputColour(255, 255, 208);
 constexpr QColor kOutputColour(192, 192, 192);
 constexpr QColor kPlaceholderColour(96, 96, 96);
+constexpr QColor kDoubtColour(255, 200, 140);
+constexpr QColor kStaleColour(112, 112, 112);
 
 /// Field colours are fixed, so the text colours must be too: a dark desktop scheme would otherwise
 /// write white on light yellow.
@@ -26,13 +35,6 @@ void SetFieldColours(QLineEdit& edit, QColor base) {
     palette.setColor(QPalette::Text, Qt::black);
     palette.setColor(QPalette::PlaceholderText, kPlaceholderColour);
     edit.setPalette(palette);
-}
-
-void SetUpField(QLineEdit& edit, const QString& objectName, QColor base) {
-    edit.setObjectName(objectName);
-    edit.setAlignment(Qt::AlignRight);
-    edit.setFixedWidth(FieldWidth(edit));
-    SetFieldColours(edit, base);
 }
 
 /// The keys of Undo and Redo belong to the window's menu, which comes back to the edit first. Edits
@@ -45,8 +47,30 @@ bool LeavesToMenu(QEvent& event) {
     return true;
 }
 
-double ParsedText(const QLineEdit& edit) {
-    return ParseValue(edit.text().toStdString());
+/// Can anything around the widget be scrolled up or down?
+bool StandsInScrollingArea(const QWidget& widget) {
+    for (const QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {
+        const auto* area = qobject_cast<const QAbstractScrollArea*>(around);
+        if (!area) continue;
+        const QScrollBar& bar = *area->verticalScrollBar();
+        if (bar.minimum() < bar.maximum()) return true;
+    }
+    return false;
+}
+
+/// Numbers as near as their texts can tell.
+bool Agree(double x, double y) {
+    return x == y || std::fabs(x - y) <= 1e-9 * std::max(std::fabs(x), std::fabs(y));
+}
+
+/// "3.00 kΩ; "3" was not read".
+QString ReadingText(const FieldReading& reading, double inUse, const QString& unit) {
+    QString text = ToQString(FormatQuantity(2, inUse, unit.toStdString()));
+    if (!reading.unread.empty())
+        text += QObject::tr("; \"%1\" was not read").arg(ToQString(reading.unread));
+    else if (!Agree(reading.value, inUse))
+        text += QObject::tr(" is used instead");
+    return text;
 }
 
 }  // namespace
@@ -68,16 +92,113 @@ int FieldWidth(const QWidget& widget) {
     return widget.fontMetrics().horizontalAdvance(QStringLiteral("  -000.000m")) + 18;
 }
 
-InputEdit::InputEdit(const QString& objectName, QWidget* parent) : QLineEdit(parent) {
-    SetUpField(*this, objectName, kInputColour);
+NumberEdit::NumberEdit(const QString& objectName, QColor base, QWidget* parent)
+    : QLineEdit(parent), base_(base) {
+    setObjectName(objectName);
+    setAlignment(Qt::AlignRight);
+    setFixedWidth(FieldWidth(*this));
+    SetFieldColours(*this, base);
+    connect(this, &QLineEdit::cursorPositionChanged, this, &NumberEdit::keepOutOfPadding);
+    connect(this, &QLineEdit::textEdited, this, &NumberEdit::typed);
+    connect(this, &QLineEdit::textChanged, this, [this] {
+        if (!isModified()) settle();
+    });
 }
 
-bool InputEdit::event(QEvent* event) {
-    return LeavesToMenu(*event) || QLineEdit::event(event);
+void NumberEdit::setUnit(const QString& unit) {
+    unit_ = unit;
+}
+
+double NumberEdit::value() const {
+    return ReadField(text().toStdString(), unit_.value_or(QString()).toStdString()).value;
+}
+
+void NumberEdit::showInUse(double inUse) {
+    if (!unit_) return;
+    const FieldReading reading = ReadField(text().toStdString(), unit_->toStdString());
+    if (reading.asMeant && Agree(reading.value, inUse)) return settle();
+    doubt_ = ReadingText(reading, inUse, *unit_);
+    SetFieldColours(*this, kDoubtColour);
+    if (hasFocus() && isVisible())
+        QToolTip::showText(mapToGlobal(rect().bottomLeft()), doubt_, this, rect());
+}
+
+void NumberEdit::settle() {
+    if (doubt_.isEmpty()) return;
+    doubt_.clear();
+    SetFieldColours(*this, base_);
+    QToolTip::hideText();
+}
+
+void NumberEdit::setBase(QColor base) {
+    base_ = base;
+    if (!doubtful()) SetFieldColours(*this, base);
+}
+
+void NumberEdit::typed() {
+    typed_ = true;
+    if (text().trimmed().isEmpty()) return settle();  // a choice of its own in many fields
+    showInUse(value());
+}
+
+void NumberEdit::keepOutOfPadding() {
+    if (hasSelectedText()) return;
+    const auto isBlank = [](QChar c) { return c == ' '; };
+    const QString shown = text();
+    const auto number = std::find_if_not(shown.begin(), shown.end(), isBlank) - shown.begin();
+    if (number < shown.size() && cursorPosition() < number)
+        setCursorPosition(static_cast<int>(number));
+}
+
+bool NumberEdit::event(QEvent* event) {
+    if (LeavesToMenu(*event)) return true;
+    if (event->type() == QEvent::ToolTip && doubtful()) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), doubt_, this);
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
+void NumberEdit::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason) return;
+    typed_ = false;
+    firstClick_ = focusedByClick_ = reason == Qt::MouseFocusReason;
+    if (!firstClick_) selectAll();
+}
+
+void NumberEdit::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason) return;
+    if (typed_) emit left();
+    typed_ = false;
+}
+
+void NumberEdit::mouseReleaseEvent(QMouseEvent* event) {
+    QLineEdit::mouseReleaseEvent(event);
+    if (firstClick_ && !hasSelectedText()) selectAll();
+    firstClick_ = false;
+}
+
+void NumberEdit::mouseDoubleClickEvent(QMouseEvent* event) {
+    selectAll();  // not the fragment of the number that a point separates
+    event->accept();
+}
+
+InputEdit::InputEdit(const QString& objectName, QWidget* parent)
+    : NumberEdit(objectName, kInputColour, parent) {}
+
+void InputEdit::setLocked(bool locked) {
+    if (locked == isReadOnly()) return;
+    setReadOnly(locked);
+    setBase(locked ? kOutputColour : kInputColour);
 }
 
 void InputEdit::keyPressEvent(QKeyEvent* event) {
     const bool up = event->key() == Qt::Key_Up;
+    if (isReadOnly()) return QLineEdit::keyPressEvent(event);
     if ((up || event->key() == Qt::Key_Down) && event->modifiers() == Qt::NoModifier) {
         emit stepped(up ? 1 : -1);
         return event->accept();
@@ -87,21 +208,34 @@ void InputEdit::keyPressEvent(QKeyEvent* event) {
 
 void InputEdit::wheelEvent(QWheelEvent* event) {
     const int turn = event->angleDelta().y();
-    if (!hasFocus() || turn == 0) return event->ignore();
+    if (isReadOnly() || !hasFocus() || !focusedByClick() || turn == 0 ||
+        StandsInScrollingArea(*this))
+        return event->ignore();
     emit stepped(turn > 0 ? 1 : -1);
     event->accept();
 }
 
 OutputEdit::OutputEdit(const QString& objectName, bool editable, QWidget* parent)
-    : QLineEdit(parent) {
-    SetUpField(*this, objectName, editable ? kInputColour : kOutputColour);
+    : NumberEdit(objectName, editable ? kInputColour : kOutputColour, parent) {
     setReadOnly(!editable);
-    // Read-only fields are left out of the tab order; a click still lets their text be copied.
-    if (!editable) setFocusPolicy(Qt::ClickFocus);
 }
 
-bool OutputEdit::event(QEvent* event) {
-    return LeavesToMenu(*event) || QLineEdit::event(event);
+void OutputEdit::setStale(bool stale) {
+    QPalette colours = palette();
+    colours.setColor(QPalette::Text, stale ? kStaleColour : QColor(Qt::black));
+    setPalette(colours);
+}
+
+/// The usual menu of an edit, for the whole text where nothing is selected, and what else the field
+/// offers.
+void OutputEdit::contextMenuEvent(QContextMenuEvent* event) {
+    if (!hasSelectedText()) selectAll();
+    QMenu* menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setObjectName(QStringLiteral("OutputMenu"));
+    if (!actions().isEmpty()) menu->addSeparator();
+    menu->addActions(actions());
+    menu->popup(event->globalPos());
 }
 
 void OutputEdit::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -112,7 +246,7 @@ void OutputEdit::mouseDoubleClickEvent(QMouseEvent* event) {
 void BoundInput::read(Design& state, const Limits& limits) const {
     InputField field = *field_;
     field.limits = limits;
-    field.write(state, ParsedText(*edit_));
+    field.write(state, edit_->value());
 }
 
 void BoundInput::write(const Design& state, const TextFormat& format) const {
@@ -120,10 +254,21 @@ void BoundInput::write(const Design& state, const TextFormat& format) const {
     edit_->setText(QString::fromStdString(format.text(field_->read(state))));
     edit_->setCursorPosition(0);
     edit_->end(false);
+    edit_->settle();
+}
+
+void BoundInput::writeInUse(const Design& state) const {
+    constexpr int mostDecimals = 9;
+    const double value = field_->read(state);
+    const std::string unit(field_->unit);
+    TextFormat format = field_->format;
+    const auto loses = [&] { return !Agree(ReadField(format.text(value), unit).value, value); };
+    while (format.decimals < mostDecimals && loses()) ++format.decimals;
+    write(state, loses() ? field_->format : format);
 }
 
 void BoundInput::refresh(const Design& state, const Limits& limits) const {
-    const double shown = Clamp(ParsedText(*edit_), limits.low, limits.high);
+    const double shown = Clamp(edit_->value(), limits.low, limits.high);
     const auto text = [&](double value) { return field_->format.text(value); };
     if (edit_->text().isEmpty() || text(shown) != text(field_->read(state))) write(state);
 }

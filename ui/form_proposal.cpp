@@ -54,8 +54,8 @@ QStringList RowTexts(const Proposal& proposal) {
 }
 
 /// The number that an edit holds; nothing where it is empty or holds none above zero.
-std::optional<double> WishedNumber(const QLineEdit& edit) {
-    const double value = ParseValue(edit.text().toStdString());
+std::optional<double> WishedNumber(const InputEdit& edit) {
+    const double value = edit.value();
     if (value > 0) return value;
     return std::nullopt;
 }

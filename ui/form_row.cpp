@@ -35,6 +35,9 @@ FormRow AddRow(QGridLayout& grid, RowPlace place, QWidget* field, const RowTexts
 InputRow AddInputRow(QGridLayout& grid, RowPlace place, const InputField& field,
                      const QString& spun) {
     auto* edit = new InputEdit(ToQString(field.object));
+    // Behind the element Qs stands what they belong to.
+    const bool quality = field.object.starts_with("Q");
+    edit->setUnit(quality ? QString() : ToQString(field.unit));
     auto* spin = new ValueSpin(QStringLiteral("SpinButton") +
                                edit->objectName().remove(QStringLiteral("Eingabe")));
     SetHint(*spin, QCoreApplication::translate("InputRow", "Increase or decrease %1").arg(spun));

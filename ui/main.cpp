@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "advise/window_arguments.h"
+#include "ui/end_request.h"
 #include "ui/hint_handler.h"
 #include "ui/plot/icons.h"
 #include "ui/sdi_app_form.h"
@@ -70,5 +71,10 @@ int main(int argc, char** argv) {
     form.show();
     form.openNetworkFiles();
     QObject::connect(&form, &TSDIAppForm::formClosed, &app, &QApplication::quit);
+    EndRequest endRequest;
+    QObject::connect(&endRequest, &EndRequest::requested, &form, [&] {
+        form.saveNow();
+        QApplication::exit();
+    });
     return app.exec();
 }

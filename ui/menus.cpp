@@ -31,7 +31,13 @@ struct Item {
 constexpr Item kSeparator{"", ""};
 
 constexpr std::array kFileItems = {
-    Item{"OpenProject1", "&Open Network Project...", "Ctrl+O", &TSDIAppForm::OpenProject1Click},
+    Item{"New1", "&New", "Ctrl+N", &TSDIAppForm::New1Click},
+    Item{"Open1", "&Open...", "Ctrl+O", &TSDIAppForm::SpeedButtonINILadenClick},
+    Item{"OpenRecent1", "Open &Recent"},
+    Item{"OpenProject1", "Open Network Pro&ject...", "Ctrl+Shift+O",
+         &TSDIAppForm::OpenProject1Click},
+    Item{"Save1", "Sa&ve", "Ctrl+Shift+S", &TSDIAppForm::Save1Click},
+    Item{"SaveAs1", "Save &As...", "", &TSDIAppForm::SpeedButtonINISaveClick},
     kSeparator,
     Item{"Drucken1", "&Print", "", &TSDIAppForm::Drucken1Click},
     Item{"Druckereinstellung1", "Printer &Setup...", "", &TSDIAppForm::Druckereinstellung1Click},
@@ -180,6 +186,7 @@ void AddSplashItem(QMenu& options) {
 
 void BuildMenus(TSDIAppForm& form) {
     AddMenu(form, "&File", kFileItems);
+    form.findChild<QAction*>(QStringLiteral("OpenRecent1"))->setMenu(new QMenu(&form));
     AddMenu(form, "&Edit", kEditItems);
     QMenu* options = AddMenu(form, "&Options", {});
     AddPageItems(form, *options);
@@ -187,7 +194,7 @@ void BuildMenus(TSDIAppForm& form) {
     for (const Item& item : kOptionItems) AddItem(form, *options, item);
     AddSplashItem(*options);
     AddMenu(form, "&Tools", kToolItems);
-    AddMenu(form, "He&lp", kHelpItems);
+    AddMenu(form, "Hel&p", kHelpItems);
     auto* unused = form.findChild<QAction*>(QStringLiteral("SerienParallelkreise1"));
     unused->setVisible(false);
     unused->setEnabled(false);

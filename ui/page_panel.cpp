@@ -19,6 +19,7 @@
 #include "ui/circuit_view.h"
 #include "ui/form_row.h"
 #include "ui/plot/value_spin.h"
+#include "ui/rounding_menu.h"
 #include "ui/stage_view.h"
 
 namespace kelvro {
@@ -38,6 +39,23 @@ constexpr int kPictureWidth = 520;
 constexpr int kLineHeight = 26;
 
 constexpr int kTableLine = 21;
+
+QString RoundingHint() {
+    return QObject::tr("A double-click rounds to the standard series, the context menu up or down");
+}
+
+/// What an output means, and what can be done with it.
+QString OutputHint(const OutputField& field) {
+    const QString meaning = ToQString(field.hint);
+    if (!field.hasStandardValues()) return meaning;
+    return meaning.isEmpty() ? RoundingHint() : meaning + QStringLiteral(". ") + RoundingHint();
+}
+
+/// What the user has typed into the field of a component.
+double TypedComponent(const OutputEdit& edit) {
+    const bool infinite = edit.text().trimmed() == ToQString(kInfinite);
+    return infinite ? std::numeric_limits<double>::infinity() : edit.value();
+}
 
 /// A table's value with its unit. Two leading spaces mark a rounded value, as in fields.
 QString CellText(const std::string& text, const TableRow& row) {
@@ -167,6 +185,9 @@ void PagePanel::addInputs(FieldGrid& grid) {
         const auto step = [this, input](int direction) { SpinButtonClick(input, direction); };
         connect(row.edit, &QLineEdit::textEdited, this, [this, input] { EingabeChange(input); });
         connect(row.edit, &InputEdit::stepped, this, step);
+        // With the session as context: fields lose their focus once more while they are torn down.
+        connect(row.edit, &NumberEdit::left, &session_,
+                [this, input] { input.writeInUse(session_.design()); });
         connect(row.spin, &ValueSpin::clicked, this, step);
     }
 }
@@ -225,16 +246,24 @@ void PagePanel::addOutputs(FieldGrid& grid, int column) {
     for (const OutputField& field : page_.outputs) {
         auto* edit = new OutputEdit(ToQString(field.object), field.editable);
         edit->setText(ToQString(field.initial));
-        SetHint(*edit, ToQString(field.hint));
+        SetHint(*edit, OutputHint(field));
         const FieldRow line{&field, new QLabel, edit, new QLabel};
         SetHint(*line.label, ToQString(field.hint));
         outputs_.insert(edit->objectName(), edit);
         rows_.push_back(line);
-        if (field.hasStandardValues())
+        if (field.hasStandardValues()) {
             connect(edit, &OutputEdit::doubleClicked, this,
                     [this, line] { AusgabeDblClick(line); });
-        if (field.editable)
+            AddRounding(*edit, session_, [this, line] { return line.part(page_); });
+        }
+        if (field.editable) {
+            edit->setUnit(ToQString(field.unit));
             connect(edit, &QLineEdit::textEdited, this, [this, line] { AusgabeChange(line); });
+            connect(edit, &NumberEdit::left, &session_, [this, line] {
+                const std::string inUse = line.part(page_).shownText(session_.design());
+                if (line.edit->doubtful()) line.edit->setText(QString::fromStdString(inUse));
+            });
+        }
         const int row = grid.nextRow(column);
         grid.layout->addWidget(line.label, row, column);
         grid.layout->addWidget(line.edit, row, column + 1, Qt::AlignLeft);
@@ -251,6 +280,9 @@ QWidget* PagePanel::buildTable() {
     table_->verticalHeader()->setDefaultSectionSize(kTableLine);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     connect(table_, &QTableWidget::cellDoubleClicked, this, &PagePanel::roundRowToSeries);
+    table_->setContextMenuPolicy(Qt::ActionsContextMenu);
+    SetHint(*table_, tr("Elements from source to load. ") + RoundingHint());
+    AddRounding(*table_, session_, [this] { return partOfRow(table_->currentRow()); });
     table_->setMinimumHeight(6 * kTableLine);
     table_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     return table_;
@@ -289,6 +321,9 @@ void PagePanel::changeEvent(QEvent* event) {
 }
 
 void PagePanel::EingabeChange(const BoundInput& input) {
+    Design typed = session_.design();
+    input.read(typed);
+    input.judge(typed);
     session_.edit(StepName(input.field(), page_.number),
                   [&](Design& design) { input.read(design); },
                   {.joins = "type " + std::string(input.field().object)});
@@ -304,7 +339,7 @@ void PagePanel::SpinButtonClick(const BoundInput& input, int direction) {
 }
 
 void PagePanel::AusgabeChange(const FieldRow& row) {
-    session_.type(row.part(page_), ParseComponent(row.edit->text().toStdString()));
+    session_.type(row.part(page_), TypedComponent(*row.edit));
 }
 
 void PagePanel::AusgabeDblClick(const FieldRow& row) {
@@ -419,11 +454,12 @@ void PagePanel::showParts() {
     const Design& design = session_.design();
     for (const FieldRow& row : rows_) {
         if (row.field->slot == Slot::None) continue;
+        row.edit->setStale(refused_);
         const ShownPart* shown = design.shown.find(row.part(page_).key());
         const std::string text = row.edit->text().toStdString();
         // What the user has typed stays in their own form.
         const bool typed = shown && shown->form == ShownPart::Form::Typed;
-        if (typed && ParseComponent(text) == shown->value) continue;
+        if (typed && TypedComponent(*row.edit) == shown->value) continue;
         const std::string shownText = row.part(page_).shownText(design);
         if (shownText != text) row.edit->setText(QString::fromStdString(shownText));
     }
@@ -436,9 +472,14 @@ void PagePanel::showParts() {
 }
 
 void PagePanel::roundRowToSeries(int row) {
+    if (const auto part = partOfRow(row)) session_.round(*part);
+}
+
+std::optional<PartRef> PagePanel::partOfRow(int row) const {
+    if (row < 0) return std::nullopt;
     const TableRow& element = tableRows_[static_cast<std::size_t>(row)];
-    if (element.slot == Slot::None) return;  // an input
-    session_.round({&page_, element.slot});
+    if (element.slot == Slot::None) return std::nullopt;  // an input
+    return PartRef{&page_, element.slot};
 }
 
 QString FormulaMarkup(const QString& formula, const QColor& barColour) {

@@ -89,6 +89,8 @@ class PagePanel : public QWidget {
     /// Components as the design says that they are shown.
     void showParts();
     void roundRowToSeries(int row);
+    /// The component in a row of the table; nothing for an input or no row.
+    std::optional<PartRef> partOfRow(int row) const;
 
     const Page& page_;
     DesignSession& session_;

@@ -5,8 +5,10 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QLockFile>
 #include <QPrinter>
 #include <QProcess>
 #include <QPushButton>
@@ -25,13 +27,14 @@
 #include "ui/shared_panel.h"
 #include "ui/tab_set.h"
 #include "ui/window_place.h"
+#include "ui/workbench/network_window.h"
 
 namespace kelvro {
 
 namespace {
 
+constexpr int kPauseBeforeSaving = 1000;  // ms
 constexpr char kFirstCaption[] = "Matching Network and PA Design";
-constexpr char kProductTitle[] = "Kelvro - Matching Network and PA Design";
 
 }  // namespace
 
@@ -43,7 +46,6 @@ TSDIAppForm::TSDIAppForm(QWidget* parent)
     setWindowTitle(QLatin1String(kFirstCaption));
     // The window is as large as its contents: no Size, no Maximize.
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
-    setAcceptDrops(true);
     buildContents();
     windows_.connectControls(*this);
     auto* hints = new HintHandler(this);
@@ -60,6 +62,12 @@ TSDIAppForm::TSDIAppForm(QWidget* parent)
     auto* exportBox = findChild<QCheckBox*>(QStringLiteral("CheckBoxE"));
     connect(exportBox, &QCheckBox::toggled, &session_, &DesignSession::setStandardValues);
     connect(&session_, &DesignSession::standardValuesChanged, exportBox, &QCheckBox::setChecked);
+    pause_.setSingleShot(true);
+    pause_.setInterval(kPauseBeforeSaving);
+    connect(&pause_, &QTimer::timeout, this, &TSDIAppForm::saveNow);
+    connect(&session_, &DesignSession::historyChanged, this, &TSDIAppForm::saveSoon);
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &TSDIAppForm::saveNow);
+    setAcceptDrops(true);
     writeInputs();
     enterPage();
     SeriesClick(session_.preferences().ESeries);
@@ -70,12 +78,24 @@ TSDIAppForm::TSDIAppForm(QWidget* parent)
 TSDIAppForm::~TSDIAppForm() = default;
 
 void TSDIAppForm::startUp(const QStringList& arguments) {
-    const Settings read = ReadSettings(DefaultSettingsFile(), settings()).settings;
-    session_.preferences() = read.preferences;
+    const bool first = claimSettings();
+    const SettingsRead read = ReadSettings(DefaultSettingsFile(), settings());
+    applyPreferences(read.settings);
     namePrinter();
-    readArguments(arguments);
-    setWindowTitle(QLatin1String(kProductTitle));
-    session_.open(read.design);
+    QStringList keywords = arguments;
+    // A file to open comes before the keywords, which are searched for in any text.
+    const QString named = keywords.value(0);
+    const bool opens = QFileInfo(named).isFile() && !NetworkWindow::opens(named);
+    const QString file = opens ? keywords.takeFirst() : QString();
+    readArguments(keywords);
+    showCaption();
+    listRecentFiles();
+    session_.open(read.settings.design, read.whole ? Followup::Restoration : Followup::Calculation);
+    if (!file.isEmpty()) openFile(file);
+    if (!first)
+        session_.showMessage(
+            tr("Kelvro is running already. This window does not save its settings "
+               "as it closes; those of the first one stay."));
 }
 
 void TSDIAppForm::OKClick() {
@@ -92,10 +112,7 @@ void TSDIAppForm::TabSet1Click(int index) {
 }
 
 void TSDIAppForm::SpeedButtonVertauschenClick() {
-    Design switched = session_.design();
-    std::swap(switched.R1, switched.R2);
-    shared_->writeResistances(switched);
-    session_.edit("Switch", [&](Design& design) { design = switched; });
+    session_.switchResistances();
 }
 
 void TSDIAppForm::SeriesClick(Series series) {
@@ -105,7 +122,11 @@ void TSDIAppForm::SeriesClick(Series series) {
 }
 
 void TSDIAppForm::ButtonTakeClick() {
-    session_.edit("Take Entries", Take, {.followup = Followup::Nothing});
+    session_.edit("Take Entries", Take, {.followup = Followup::Results});
+}
+
+void TSDIAppForm::ButtonRoundAllClick() {
+    session_.roundAll();
 }
 
 void TSDIAppForm::ButtonTakeAndOptClick() {
@@ -203,6 +224,7 @@ void TSDIAppForm::keyPressEvent(QKeyEvent* event) {
 void TSDIAppForm::enterPage() {
     const Page& page = PageOf(session_.design());
     shared_->enterPage();
+    shared_->lockQ(false);
     enable("SpeedButtonExport", page.exportable);
     enable("VuButton", page.plottable);
     enable("PhiBtn", page.plottable);
@@ -217,8 +239,11 @@ void TSDIAppForm::enable(const char* control, bool on) {
 }
 
 void TSDIAppForm::showResult(const CycleResult& result) {
+    // A refused design says nothing of Q: what its page does with it is known from before.
+    if (!result.message) shared_->lockQ(result.text("QEingabe"));
     PagePanel* panel = panels_[static_cast<std::size_t>(notebook_->currentIndex())];
     panel->showResult(result);
+    shared_->showRefusal(QString::fromStdString(result.message.value_or(std::string())));
     for (const FieldText& field : result.texts) {
         const QString object = ToQString(field.object);
         const QString text = QString::fromStdString(field.text);

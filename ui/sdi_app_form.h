@@ -3,6 +3,7 @@
 #include <QKeySequence>
 #include <QMainWindow>
 #include <QStringList>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "ui/design_session.h"
 
 class QAction;
+class QLockFile;
 class QPrinter;
 class QStackedWidget;
 
@@ -55,6 +57,7 @@ class TSDIAppForm : public QMainWindow {
     void SeriesClick(Series series);
     void ButtonTakeClick();
     void ButtonTakeAndOptClick();
+    void ButtonRoundAllClick();
     void Undo1Click();
     void Redo1Click();
     void ImVordergrundbleiben1Click();
@@ -67,6 +70,10 @@ class TSDIAppForm : public QMainWindow {
     void SpeedButtonINILadenClick();
     void OpenAsNetwork1Click();
     void OpenProject1Click();
+    void New1Click();
+    void Save1Click();
+    /// Saves the settings at once: the session of the desktop ends, or the process is to.
+    void saveNow();
     void ShowHint(const QString& hint);
 
   signals:
@@ -81,6 +88,7 @@ class TSDIAppForm : public QMainWindow {
 
   private:
     void buildContents();
+    void giveKeys();
     /// As large as its contents, or as the screen.
     void fitScreen();
     QWidget* buildNotebook();
@@ -97,7 +105,17 @@ class TSDIAppForm : public QMainWindow {
     /// Lets Undo and Redo name their steps.
     void nameSteps();
     Settings settings() const;
-    void saveSettings(const QString& file);
+    /// True when the file was written; else the user has been told.
+    bool saveSettings(const QString& file);
+    void applyPreferences(const Settings& settings);
+    /// Is this the program that keeps the settings file? A second one leaves it alone.
+    bool claimSettings();
+    void saveSoon();
+    void openFile(const QString& file);
+    /// The design is that of a file now, unchanged; an empty name: of none.
+    void nameFile(const QString& file);
+    void showCaption();
+    void listRecentFiles();
     void FormClose();
     void enable(const char* control, bool on);
     void readArguments(const QStringList& arguments);
@@ -116,7 +134,11 @@ class TSDIAppForm : public QMainWindow {
     std::unique_ptr<QPrinter> printer_;
     ProgramStarter startProgram_;
     QStringList networkFiles_;  ///< named by the command line, not opened yet
-    QString hint_;              ///< of the control under the pointer
+    QString file_;              ///< that the design was opened from or saved to; empty: none
+    Design saved_;              ///< as that file holds it
+    QTimer pause_;              ///< after a change, until the settings are saved
+    std::unique_ptr<QLockFile> claim_;  ///< on the settings file; null in a second instance
+    QString hint_;                      ///< of the control under the pointer
 };
 
 }  // namespace kelvro

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -14,6 +15,7 @@
 #include "design/pages.h"
 #include "ui/fields.h"
 #include "ui/menus.h"
+#include "ui/mnemonics.h"
 #include "ui/page_panel.h"
 #include "ui/sdi_app_form.h"
 #include "ui/shared_panel.h"
@@ -31,17 +33,23 @@ struct PushButton {
 };
 
 constexpr std::array kButtons = {
-    PushButton{"OK", "OK", "To calculate the circuit", &TSDIAppForm::OKClick},
-    PushButton{"ButtonTake", "Take Entries",
+    PushButton{"OK", "O&K", "To calculate the circuit", &TSDIAppForm::OKClick},
+    PushButton{"ButtonTake", "Take E&ntries",
                "Take values now from output fields for graphical display",
                &TSDIAppForm::ButtonTakeClick},
-    PushButton{"ButtonTakeAndOpt", "Take and Optimize", "", &TSDIAppForm::ButtonTakeAndOptClick},
-    PushButton{"ButtonGuide", "Guide", ""},
-    PushButton{"SpeedButtonHint", "Circuit Hints", ""},
-    PushButton{"SpeedButtonExport", "Export", ""},
+    PushButton{"ButtonTakeAndOpt", "Take and Optimi&ze",
+               "Take values from output fields and optimize from there",
+               &TSDIAppForm::ButtonTakeAndOptClick},
+    PushButton{"ButtonRoundAll", "Round &All",
+               "Round all components of the page to the chosen standard series",
+               &TSDIAppForm::ButtonRoundAllClick},
+    PushButton{"ButtonGuide", "Gui&de", "Which optimizer suits, and how long it takes"},
+    PushButton{"SpeedButtonHint", "Circ&uit Hints", "What is worth knowing of this circuit"},
+    PushButton{"SpeedButtonExport", "Expo&rt", "The circuit in the forms that other tools read"},
     PushButton{"", "", ""},
-    PushButton{"Abbruch", "Exit", "", &TSDIAppForm::ExitClick},
-    PushButton{"Hilfe", "&Help", ""},
+    PushButton{"Abbruch", "Ex&it", "Save the settings and end the program",
+               &TSDIAppForm::ExitClick},
+    PushButton{"Hilfe", "&Help", "The manual"},
 };
 
 /// Shows the contents whole where the window has room for them; else they scroll.
@@ -73,7 +81,24 @@ void TSDIAppForm::buildContents() {
     setCentralWidget(new ContentsArea(contents));
     statusBar()->setObjectName(QStringLiteral("StatusBar"));
     statusBar()->setSizeGripEnabled(false);
+    giveKeys();
     fitScreen();
+}
+
+/// Letters for menus and buttons. The pages share none with what stands around them, but with each
+/// other, since one is shown at a time. C copies the window, Alt+X ends the program. What is left
+/// goes to the tool bar, whose buttons are pictures in the first place.
+void TSDIAppForm::giveKeys() {
+    GiveMnemonics(*menuBar());
+    QString taken = QStringLiteral("CX");
+    for (const QAction* menu : menuBar()->actions())
+        taken += menu->text()[menu->text().indexOf('&') + 1];
+    taken = GiveMnemonics(*shared_, taken);
+    taken = GiveMnemonics(*findChild<QWidget*>(QStringLiteral("ButtonRow")), taken);
+    QString ofPages;
+    for (PagePanel* panel : panels_) ofPages += GiveMnemonics(*panel, taken);
+    GiveMnemonics(*findChild<QWidget*>(QStringLiteral("SpeedPanel")), taken + ofPages);
+    EnterGroupsAtTheChosen(*this);
 }
 
 void TSDIAppForm::fitScreen() {
@@ -120,6 +145,7 @@ void TSDIAppForm::addPageKey(QKeySequence key, int step) {
 
 QWidget* TSDIAppForm::buildButtons() {
     auto* whole = new QWidget;
+    whole->setObjectName(QStringLiteral("ButtonRow"));
     auto* row = new QHBoxLayout(whole);
     row->setContentsMargins(0, 0, 0, 0);
     for (const PushButton& entry : kButtons) {

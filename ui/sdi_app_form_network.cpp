@@ -1,8 +1,5 @@
 // From the main window on to networks: designs taken over, projects and measured data opened.
 
-#include <QDragEnterEvent>
-#include <QMimeData>
-#include <QUrl>
 #include <utility>
 
 #include "design/opened_network.h"
@@ -16,11 +13,6 @@ namespace kelvro {
 namespace {
 
 constexpr char kNetworkWindow[] = "NetworkWindow";
-
-QString FileOf(const QDropEvent& event) {
-    const QString file = event.mimeData()->urls().value(0).toLocalFile();
-    return NetworkWindow::opens(file) ? file : QString();
-}
 
 }  // namespace
 
@@ -42,17 +34,6 @@ void TSDIAppForm::OpenProject1Click() {
 void TSDIAppForm::openNetworkFiles() {
     const QStringList files = std::exchange(networkFiles_, {});
     for (const QString& file : files) networkWindow()->openAny(file);
-}
-
-void TSDIAppForm::dragEnterEvent(QDragEnterEvent* event) {
-    if (!FileOf(*event).isEmpty()) event->acceptProposedAction();
-}
-
-void TSDIAppForm::dropEvent(QDropEvent* event) {
-    const QString file = FileOf(*event);
-    if (file.isEmpty()) return;
-    event->acceptProposedAction();
-    networkWindow()->openAny(file);
 }
 
 }  // namespace kelvro

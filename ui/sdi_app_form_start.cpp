@@ -20,7 +20,7 @@ void TSDIAppForm::namePrinter() {
         current.isNull() ? QPrinterInfo::availablePrinterNames().value(0) : current.printerName();
     if (name.isEmpty()) return;
     findChild<QAction*>(QStringLiteral("Drucken1"))
-        ->setText(tr("Print window with ") + QString(name).replace('&', "&&"));
+        ->setText(tr("&Print window with ") + QString(name).replace('&', "&&"));
 }
 
 void TSDIAppForm::readArguments(const QStringList& arguments) {

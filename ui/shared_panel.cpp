@@ -24,6 +24,9 @@ enum Column { kLabel, kEdit, kSpin, kUnit, kAction };
 /// Lines of all groups stand in step, with a spin button or without.
 constexpr int kLineHeight = 26;
 
+constexpr QColor kRefusalColour(170, 0, 0);
+constexpr QColor kRefusalColourOnDark(255, 140, 130);
+
 constexpr std::string_view kQInput = "QEingabe";
 /// Spinning may pass the ceiling of typed values, and the floor of the Class-E page.
 constexpr Limits kSpunQ = {0.2, 1000};
@@ -92,6 +95,9 @@ SharedPanel::SharedPanel(DesignSession& session, QWidget* parent)
         const auto signal =
             IsQuality(input.field()) ? &QLineEdit::textEdited : &QLineEdit::textChanged;
         connect(&input.edit(), signal, this, [this, input] { EingabeChange(input); });
+        // With the session as context: fields lose their focus once more while they are torn down.
+        connect(&input.edit(), &NumberEdit::left, &session_,
+                [this, input] { input.writeInUse(session_.design()); });
     }
 }
 
@@ -103,13 +109,20 @@ QWidget* SharedPanel::buildResistances() {
         if (!IsQuality(field)) addInput(grid, row++, field);
     auto* swap = new QToolButton;
     swap->setObjectName(QStringLiteral("SpeedButtonVertauschen"));
-    swap->setText(tr("Switch"));
+    swap->setText(tr("S&witch"));
     swap->setIcon(VectorIcon("switch"));
     swap->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     swap->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     SetHint(*swap, tr("Switch R1 and R2"));
     connect(swap, &QToolButton::clicked, this, &SharedPanel::switchClicked);
     grid->addWidget(swap, 0, kAction, 2, 1);
+    refusal_ = new QLabel;
+    refusal_->setObjectName(QStringLiteral("RefusalLabel"));
+    refusal_->setTextFormat(Qt::PlainText);  // "R2<R1!" is no markup
+    refusal_->setWordWrap(true);
+    refusal_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    refusal_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    grid->addWidget(refusal_, row, kLabel, 2, kAction - kLabel + 2);
     grid->setRowStretch(5, 1);
     return box;
 }
@@ -125,7 +138,7 @@ QWidget* SharedPanel::buildQPanel() {
     int row = 0;
     for (const InputField& field : SharedInputs())
         if (IsQuality(field)) addInput(grid, row++, field);
-    checkBoxQ_ = new QCheckBox(tr("Q by d"));
+    checkBoxQ_ = new QCheckBox(tr("&Q by d"));
     checkBoxQ_->setObjectName(QStringLiteral("CheckBoxQ"));
     checkBoxQ_->setChecked(true);
     SetHint(*checkBoxQ_, tr("otherwise Q will be determined by bandwidth"));
@@ -141,8 +154,9 @@ QWidget* SharedPanel::buildOutputs() {
     const QString approximate = tr("approximately fo/Q");
     const QString loss = tr("compared to optimum match");
     addOutput(grid, 0, Caption(tr("Bandwidth"), approximate), "BAusgabe", "Hz", approximate);
-    addOutput(grid, 1, Caption(tr("v=V2/V1")), "ueAusgabe", "", {});
-    addOutput(grid, 2, Caption(tr("20·log(v)")), "dBAusgabe", "dB", {});
+    const QString ratio = tr("voltage at the load over that of the source, at fo");
+    addOutput(grid, 1, Caption(tr("v=V2/V1"), ratio), "ueAusgabe", "", ratio);
+    addOutput(grid, 2, Caption(tr("20·log(v)"), ratio), "dBAusgabe", "dB", ratio);
     addOutput(grid, 3, Caption(tr("Loss"), loss), "dAusgabe", "dB", loss);
     addOutput(grid, 4, TotalQCaption(), "QBgesAusgabe", "", tr("Total effective element Q-factor"));
     return box;
@@ -153,21 +167,22 @@ QWidget* SharedPanel::buildSeries() {
     auto* column = new QVBoxLayout(box);
     column->setContentsMargins(10, 6, 10, 8);
     column->setSpacing(3);
-    static constexpr const char* kCaptions[] = {"E6 Series (20%)", "E12 Series (10%)",
-                                                "E24 Series (5%)", "E48 Series (2%)",
-                                                "E96 Series (1%)"};
+    static constexpr const char* kCaptions[] = {"E&6 Series (20%)", "E1&2 Series (10%)",
+                                                "E2&4 Series (5%)", "E4&8 Series (2%)",
+                                                "E&96 Series (1%)"};
     static constexpr const char* kNames[] = {"E6Button", "E12Button", "E24Button", "E48Button",
                                              "E96Button"};
     for (int i = 0; i < 5; ++i) {
         auto* button = new QRadioButton(tr(kCaptions[i]));
         button->setObjectName(QLatin1String(kNames[i]));
+        SetHint(*button, tr("Series that component values are rounded to"));
         const auto series = static_cast<Series>(i + 1);
         connect(button, &QRadioButton::clicked, this,
                 [this, series] { emit seriesChosen(series); });
         series_.insert(i + 1, button);
         column->addWidget(button);
     }
-    auto* exportBox = new QCheckBox(tr("E-Series for Export"));
+    auto* exportBox = new QCheckBox(tr("E-&Series for Export"));
     exportBox->setObjectName(QStringLiteral("CheckBoxE"));
     SetHint(*exportBox, tr("Use selected E-series values for circuit export for all elements"));
     column->addWidget(exportBox);
@@ -206,6 +221,9 @@ Limits SharedPanel::typedLimits(const BoundInput& input) const {
 }
 
 void SharedPanel::EingabeChange(const BoundInput& input) {
+    Design typed = session_.design();
+    input.read(typed, typedLimits(input));
+    input.judge(typed);
     session_.edit(StepName(input.field()),
                   [&](Design& design) { input.read(design, typedLimits(input)); },
                   {.joins = "type " + std::string(input.field().object)});
@@ -230,11 +248,6 @@ void SharedPanel::writeInputs() {
     checkBoxQ_->setChecked(session_.design().QByBandwidth);
 }
 
-void SharedPanel::writeResistances(const Design& design) {
-    for (const BoundInput& input : inputs_)
-        if (input.field().unit == "Ω") input.write(design);
-}
-
 void SharedPanel::refreshInputs() {
     for (const BoundInput& input : inputs_) {
         // Q may stand outside its typed limits, where the cycle or a spin button put it.
@@ -250,6 +263,25 @@ bool SharedPanel::setText(const QString& object, const QString& text) {
     edit->setText(text);
     if (object == QLatin1String("BAusgabe")) AdjustBandwidthFont(*edit);
     return true;
+}
+
+void SharedPanel::showRefusal(const QString& reason) {
+    QPalette colours = refusal_->palette();
+    const bool dark = palette().color(QPalette::Window).lightnessF() < 0.5;
+    colours.setColor(QPalette::WindowText, dark ? kRefusalColourOnDark : kRefusalColour);
+    refusal_->setPalette(colours);
+    refusal_->setText(reason);
+    refusal_->setToolTip(reason);
+}
+
+/// On some pages Q follows from the design: there its field tells, and takes nothing.
+void SharedPanel::lockQ(bool locked) {
+    for (const BoundInput& input : inputs_) {
+        if (input.field().object != kQInput) continue;
+        input.edit().setLocked(locked);
+        if (QWidget* spin = findChild<QWidget*>(QStringLiteral("SpinButtonQ")))
+            spin->setEnabled(!locked);
+    }
 }
 
 void SharedPanel::enterPage() {

@@ -26,7 +26,6 @@ class SharedPanel : public QWidget {
 
     /// Rewrites all inputs from the state.
     void writeInputs();
-    void writeResistances(const Design& design);
     /// Rewrites inputs that show something else than the state holds.
     void refreshInputs();
     /// Texts of shared outputs and of Q; false when there is no such field here.
@@ -34,6 +33,10 @@ class SharedPanel : public QWidget {
     /// Shows what the state's page uses, with the page's own starting texts.
     void enterPage();
     void setSeries(Series series);
+    /// Makes the field of Q read-only, or an input again.
+    void lockQ(bool locked);
+    /// Why the present design was refused, to be read until it is cured; empty where it was not.
+    void showRefusal(const QString& reason);
 
   signals:
     void switchClicked();
@@ -56,6 +59,7 @@ class SharedPanel : public QWidget {
     std::vector<BoundInput> inputs_;
     QHash<QString, QLineEdit*> edits_;
     QWidget* qPanel_ = nullptr;
+    QLabel* refusal_ = nullptr;
     QCheckBox* checkBoxQ_ = nullptr;
     QHash<int, QRadioButton*> series_;
 };

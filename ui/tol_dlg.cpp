@@ -18,7 +18,7 @@ QString PercentText(double percent) {
 }
 
 double TypedTolerance(const InputEdit& edit) {
-    return ClampTolerance(ParseValue(edit.text().toStdString()));
+    return ClampTolerance(edit.value());
 }
 
 }  // namespace

@@ -82,9 +82,11 @@ Page LinePage() {
                     &Design::er,
                     {1, 100},
                     Fixed(7, 2)}};
-    page.outputs = {Component("ZL6Ausgabe", "ZL", "Charact. Impedance ZL", "Ω", Slot::ZL),
-                    {"NL6Ausgabe", "NL", "Normalized Length l/λ", ""},
-                    Component("l6Ausgabe", "l", "Geometrical Length l", "m", Slot::Length)};
+    page.outputs = {
+        Component("ZL6Ausgabe", "ZL", "Charact. Impedance ZL", "Ω", Slot::ZL),
+        {"NL6Ausgabe", "NL", "Normalized Length l/λ", "", "Length in wavelengths on the line"},
+        Component("l6Ausgabe", "l", "Geometrical Length l", "m", Slot::Length)};
+    page.outputs.back().hint = "Length to cut, shortened by the dielectric";
     page.outputs[1].format = Fixed(7, 3);
     page.design = DesignLine;
     page.transfer = [](const Design& s) { return Transfer::Line(s.components[Slot::ZL]); };

@@ -93,9 +93,10 @@ TEST_P(SpinSteps, LeadToRoundValues) {
 }
 
 // A step of 5 % with one significant digit; off the grid of its decade the next grid value comes
-// first.
+// first, and on the grid the next value with one digit less.
 INSTANTIATE_TEST_SUITE_P(Values, SpinSteps,
                          testing::Values(SpinCase{100, 1.05, 105, 95}, SpinCase{50.3, 1.05, 51, 50},
+                                         SpinCase{51, 1.05, 54, 50}, SpinCase{49, 1.05, 50, 47},
                                          SpinCase{1e8, 1.05, 1.05e8, 0.95e8},
                                          SpinCase{4.7e-9, 1.05, 4.9e-9, 4.5e-9},
                                          SpinCase{0, 1.5, 0.5, -0.5}, SpinCase{10, 2, 20, 5},

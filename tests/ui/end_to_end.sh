@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Starts the built program on a display of its own, types 5M into the frequency field with real key
-# events, leaves by Alt+X and reads the design back from the settings file.
+# Starts the built program on a display of its own, types, clicks, drags and saves with real events,
+# and reads the designs back from the settings files.
 #   end_to_end.sh PROGRAM
 set -eu
 program=$1
@@ -15,26 +15,112 @@ if [ -z "${KELVRO_END_TO_END:-}" ]; then
   cd "$folder"
   KELVRO_END_TO_END=1 XDG_CONFIG_HOME=$folder XDG_RUNTIME_DIR=$folder QT_QPA_PLATFORM=xcb \
     xvfb-run -a -s "-screen 0 1280x800x24" "$script" "$program"
-  ini=$folder/kelvro/kelvro.ini
-  for line in fo=5.00M R1=50.00 R2=200.00 Typ=1; do
-    tr -d '\r' <"$ini" | grep -qxF "$line" || { echo "no line $line in"; cat "$ini"; exit 1; }
-  done
-  echo "the typed frequency is in the settings file"
+  echo "what was typed is in the settings files"
   exit 0
 fi
 
-"$program" &
-pid=$!
-window=$(timeout 30 xdotool search --sync --onlyvisible --name "Matching Network and PA Design" | head -1)
-sleep 0.5
+ini=$XDG_CONFIG_HOME/kelvro/kelvro.ini
+
+# holds FILE LINE...: all lines stand in the file, within some seconds
+holds() {
+  local file=$1 line
+  shift
+  for line in "$@"; do
+    for _ in $(seq 50); do
+      tr -d '\r' <"$file" 2>/dev/null | grep -qxF "$line" && continue 2
+      sleep 0.1
+    done
+    echo "no line $line in $file"
+    cat "$file"
+    exit 1
+  done
+}
+
+# start ARGUMENT...: the program with its window in front
+start() {
+  "$program" "$@" nopt &
+  pid=$!
+  trap 'kill $pid 2>/dev/null' EXIT
+  window=$(timeout 30 xdotool search --sync --onlyvisible --name "Matching Network and PA Design" | head -1)
+  sleep 0.5
+  xdotool windowfocus --sync "$window"
+}
+
+box() {
+  xdotool search --onlyvisible --name "^Matching Networks$" 2>/dev/null | head -1
+}
+
+# box_other_than ID: waits for a message box that is not the named one
+box_other_than() {
+  local id
+  for _ in $(seq 100); do
+    id=$(box)
+    [ -n "$id" ] && [ "$id" != "$1" ] && { sleep 0.2; echo "$id"; return; }
+    sleep 0.1
+  done
+  echo "no message box" >&2
+  exit 1
+}
+
+box_gone() {
+  for _ in $(seq 100); do
+    [ -z "$(box)" ] && return
+    sleep 0.1
+  done
+  echo "the message box stays" >&2
+  exit 1
+}
+
+ended() {
+  for _ in $(seq 50); do
+    kill -0 $pid 2>/dev/null || { wait $pid && return 0 || return 1; }
+    sleep 0.1
+  done
+  echo "the program did not end"
+  exit 1
+}
+
+# Tab selects the text of fo; leaving writes back what is in use, and a pause saves it.
+start
+xdotool key --delay 50 Tab Tab
+xdotool type --delay 50 "5 MHz"
+holds "$ini" fo=5.00M R1=50.00 R2=200.00 Typ=1
+# The refusal of 300 > 200 lets the fourth digit through, and Escape closes the second one.
+xdotool key --delay 50 shift+Tab shift+Tab
+xdotool type --delay 50 300
+first=$(box_other_than none)
+xdotool key 0
+second=$(box_other_than "$first")
+holds "$ini" R1=3.00k
+xdotool key Escape
+box_gone
 xdotool windowfocus --sync "$window"
-xdotool key --delay 50 Tab Tab # from R1 to R2 to fo, whose text is selected then
-xdotool type --delay 50 5M
-xdotool key alt+x
-for _ in $(seq 50); do
-  kill -0 $pid 2>/dev/null || { wait $pid; exit; }
-  sleep 0.1
-done
-echo "the program did not end"
-kill $pid
-exit 1
+xdotool key --delay 50 ctrl+a
+xdotool type --delay 50 20
+holds "$ini" R1=20.00
+# Nothing typed is lost when the process is asked to end.
+xdotool key --delay 50 ctrl+a
+xdotool type --delay 50 21
+kill -TERM $pid
+ended
+holds "$ini" R1=21.00 fo=5.00M
+
+# A design of one's own, saved under a name that is asked for; then with another value.
+start
+xdotool key --delay 50 ctrl+shift+s
+sleep 1
+xdotool key --delay 50 ctrl+a
+xdotool type --delay 20 "$PWD/mine.ini"
+xdotool key Return
+holds "$PWD/mine.ini" R1=21.00
+xdotool windowfocus --sync "$window"
+xdotool key --delay 50 alt+x
+ended
+sed -i 's/^R1=21.00/R1=42/' mine.ini
+
+start "$PWD/mine.ini"
+xdotool search --name "mine.ini" >/dev/null || { echo "no caption with the file's name"; exit 1; }
+holds "$ini" R1=42.00
+xdotool key --delay 50 alt+x
+ended
+trap - EXIT

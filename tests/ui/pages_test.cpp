@@ -95,8 +95,8 @@ void PagesTest::switchingPagesKeepsTheInputs() {
     for (const int page : {4, 5, 10, 12, 17, 19, 3}) f.goTo(page);
     QCOMPARE(f.state().R1, 12.0);
     QCOMPARE(f.state().Q, 7.5);
-    QCOMPARE(f.text("R1Eingabe"), QString("12"));
-    QCOMPARE(f.text("QEingabe"), QString("7.5"));
+    QCOMPARE(f.text("R1Eingabe"), QString("   12.000"));
+    QCOMPARE(f.text("QEingabe"), QString("     7.50"));
 }
 
 void PagesTest::broadbandPageStartsFromTheSmallestQ() {
@@ -209,7 +209,6 @@ void PagesTest::takeReadsTheShownTexts() {
     f.click("ButtonTake");
     QCOMPARE(f.state().components[Slot::C1], ParseValue(f.text("C13Ausgabe").toStdString()));
     QCOMPARE(f.state().components[Slot::C2], ParseValue(f.text("C23Ausgabe").toStdString()));
-    QCOMPARE(f.calculations, 0);
     QCOMPARE(changes, 1);  // plots redraw
 }
 

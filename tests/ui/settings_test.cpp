@@ -1,9 +1,13 @@
 // The design between runs of the program, and designs in files of their own.
 
 #include <QDir>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
+#include <QMimeData>
 #include <QTimer>
+#include <QUrl>
 
 #include "tests/ui/form_fixture.h"
 #include "ui/splash_screen.h"
@@ -40,6 +44,14 @@ class SettingsTest : public QObject {
     void startShowsThePageOfTheSettingsAsItWasLeft();
     void fileThatIsNoSettingsFileIsReported();
     void splashScreenStaysAwayOnceItIsUnwanted();
+    void nextStartContinuesWithTheTakenComponents();
+    void captionTellsFileAndChange();
+    void recentFilesAreOpenedAgain();
+    void newDesignCanBeTakenBack();
+    void droppedFileIsOpened();
+    void fileGivenAtTheStartIsOpened();
+    void changesAreSavedAfterAPause();
+    void secondInstanceLeavesTheFileAlone();
 };
 
 void SettingsTest::closingWritesTheSettings() {
@@ -131,6 +143,142 @@ void SettingsTest::fileThatIsNoSettingsFileIsReported() {
     f.click("SpeedButtonINILaden");
     QCOMPARE(f.messages.size(), 1);
     QCOMPARE(f.state().fo, fo);
+}
+
+void SettingsTest::nextStartContinuesWithTheTakenComponents() {
+    FormFixture f;
+    f.goTo(3);
+    f.type("R1Eingabe", "33.333333");
+    f.doubleClick("C13Ausgabe");
+    f.click("ButtonTake");
+    f.doubleClick("L3Ausgabe");
+    f.choose("E48Reihe1");
+    const Design left = f.state();
+    const QString loss = f.text("dAusgabe");
+    f.form().close();
+    TSDIAppForm next;
+    next.session().optimizerFiles() = {{}, {}};
+    next.startUp({"nopt"});
+    QVERIFY(next.session().design() == left);
+    QCOMPARE(next.findChild<QLineEdit*>("L3Ausgabe")->text(), f.text("L3Ausgabe"));
+    QCOMPARE(next.findChild<QLineEdit*>("dAusgabe")->text(), loss);
+    QVERIFY(next.findChild<QAbstractButton*>("E48Button")->isChecked());
+}
+
+void SettingsTest::captionTellsFileAndChange() {
+    FormFixture f;
+    const QString product = "Kelvro - Matching Network and PA Design";
+    const QString file = f.configFolder() + "/pi.ini";
+    QCOMPARE(f.form().windowTitle(), product);
+    AnswerFileDialog(file);
+    f.choose("SaveAs1");
+    QCOMPARE(f.form().windowTitle(), "pi.ini[*] - " + product);
+    QVERIFY(!f.form().isWindowModified());
+    f.type("R1Eingabe", "33");
+    QVERIFY(f.form().isWindowModified());
+    f.choose("Save1");
+    QVERIFY(!f.form().isWindowModified());
+    QVERIFY2(Contents(file).contains("R1=33.00"), Contents(file));
+    f.type("R1Eingabe", "44");
+    f.choose("Undo1");
+    QVERIFY(!f.form().isWindowModified());
+}
+
+void SettingsTest::recentFilesAreOpenedAgain() {
+    FormFixture f;
+    for (const char* name : {"one.ini", "two.ini"}) {
+        f.type("R1Eingabe", name == QString("one.ini") ? "11" : "22");
+        AnswerFileDialog(f.configFolder() + '/' + name);
+        f.choose("SaveAs1");
+    }
+    QVERIFY(f.find<QAction>("Recent1").text().endsWith("two.ini"));
+    f.choose("Recent2");
+    QCOMPARE(f.state().R1, 11.0);
+    QVERIFY(f.find<QAction>("Recent1").text().endsWith("one.ini"));
+}
+
+void SettingsTest::newDesignCanBeTakenBack() {
+    FormFixture f;
+    f.goTo(3);
+    f.type("R1Eingabe", "33");
+    const Design before = f.state();
+    f.choose("New1");
+    QCOMPARE(f.state().R1, 50.0);
+    QCOMPARE(f.state().page, 3);
+    QCOMPARE(f.text("R1Eingabe"), QString("   50.000"));
+    f.find("foEingabe").setFocus();
+    f.choose("Undo1");
+    QVERIFY(f.state() == before);
+}
+
+void SettingsTest::droppedFileIsOpened() {
+    FormFixture f;
+    const QString file = f.configFolder() + "/fo.ini";
+    QFile out(file);
+    QVERIFY(out.open(QIODevice::WriteOnly));
+    out.write("[Variablen]\r\nfo=10M\r\n");
+    out.close();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&f.form(), &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&f.form(), &drop);
+    QCOMPARE(f.state().fo, 10e6);
+    QMimeData text;
+    text.setText("no file");
+    QDragEnterEvent other({5, 5}, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&f.form(), &other);
+    QVERIFY(!other.isAccepted());
+}
+
+void SettingsTest::fileGivenAtTheStartIsOpened() {
+    QTemporaryDir folder;
+    const QString file = folder.filePath("max.ini");  // no keyword, though it holds one
+    QFile out(file);
+    QVERIFY(out.open(QIODevice::WriteOnly));
+    out.write("[Variablen]\nfo=10M\nTyp=3\n");
+    out.close();
+    FormFixture f({file, "nopt"});
+    QCOMPARE(f.state().fo, 10e6);
+    QCOMPARE(f.state().page, 3);
+    QVERIFY(f.form().windowTitle().startsWith("max.ini"));
+    QVERIFY(f.startMessages.isEmpty());
+    QVERIFY(f.form().session().optimizer().settings.disabled);
+}
+
+void SettingsTest::changesAreSavedAfterAPause() {
+    FormFixture f;
+    const QString file = f.configFolder() + "/kelvro/kelvro.ini";
+    f.type("R1Eingabe", "33");
+    QVERIFY(!Contents(file).contains("R1=33.00"));
+    QTRY_VERIFY(Contents(file).contains("R1=33.00"));
+    f.type("R1Eingabe", "44");
+    f.form().saveNow();
+    QVERIFY(Contents(file).contains("R1=44.00"));
+}
+
+void SettingsTest::secondInstanceLeavesTheFileAlone() {
+    FormFixture f;
+    f.type("R1Eingabe", "33");
+    f.form().saveNow();
+    const QString file = f.configFolder() + "/kelvro/kelvro.ini";
+    const QByteArray before = Contents(file);
+    QStringList messages;
+    {
+        TSDIAppForm second;
+        second.session().optimizerFiles() = {{}, {}};
+        second.session().setMessageSink([&](const QString& text) { messages << text; });
+        second.startUp({"nopt"});
+        QCOMPARE(second.session().design().R1, 33.0);
+        second.session().edit("R1", [](Design& design) { design.R1 = 1; });
+        second.saveNow();
+        second.close();
+    }
+    QCOMPARE(messages.size(), 1);
+    QVERIFY2(messages[0].contains("running already"), qPrintable(messages[0]));
+    QCOMPARE(Contents(file), before);
 }
 
 QTEST_MAIN(SettingsTest)

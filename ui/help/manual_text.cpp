@@ -60,7 +60,7 @@ QString PageHtml(const Page& page) {
                          field.slot == Slot::None
                              ? Escaped(field.hint)
                              : QObject::tr("Component. A double click rounds it to the standard "
-                                           "series."));
+                                           "series, the context menu up or down."));
     }
     html += QStringLiteral("</table>");
     if (!page.transferText.empty()) {
@@ -77,6 +77,7 @@ std::vector<ManualTopic> Topics() {
                                        {"numbers", QObject::tr("How numbers are typed")},
                                        {"outputs", QObject::tr("What the outputs mean")},
                                        {"series", QObject::tr("Standard values and Take")},
+                                       {"keys", QObject::tr("Keys")},
                                        {"plots", QObject::tr("Response plots")},
                                        {"tolerances", QObject::tr("Tolerances")},
                                        {"optimizer", QObject::tr("Optimization")},

@@ -128,6 +128,8 @@ OutputEdit* ToolWindow::makeOutput(const QString& name) {
 InputEdit* ToolWindow::addInput(const char* name, const RowTexts& texts, const QString& start) {
     InputEdit* edit = makeInput(QLatin1String(name));
     edit->setText(start);
+    if (!texts.unit.isEmpty())
+        edit->setUnit(texts.unit == tr("ohm") ? QStringLiteral("Ω") : texts.unit);
     addField(edit, texts);
     return edit;
 }
@@ -209,7 +211,7 @@ void ToolWindow::finish() {
 // ---------------------------------------------------------------- values
 
 double ToolWindow::number(const InputEdit* edit) {
-    return ParseValue(edit->text().toStdString());
+    return edit->value();
 }
 
 bool ToolWindow::isEmpty(const InputEdit* edit) {

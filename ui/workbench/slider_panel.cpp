@@ -128,6 +128,7 @@ void SliderPanel::addRow(const Tunable& at, int line) {
             ValueOf(ladder, at)};
     row.name->setObjectName(QStringLiteral("SliderName%1").arg(line + 1));
     row.name->setBuddy(row.edit);
+    row.edit->setUnit(row.unit->text());
     row.slider->setObjectName(QStringLiteral("Slider%1").arg(line + 1));
     row.slider->setRange(-kHalfWay, kHalfWay);
     row.slider->setPageStep(kHalfWay / 10);
@@ -232,7 +233,7 @@ void SliderPanel::slid(std::size_t index, int position) {
 }
 
 void SliderPanel::typed(std::size_t index) {
-    const double value = ParseValue(rows_[index].edit->text().toStdString());
+    const double value = rows_[index].edit->value();
     const ValueRange limits = RangeOf(model_.network().ladder, rows_[index].at);
     if (value > 0) move(index, std::clamp(value, limits.low, limits.high));
 }

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <functional>
+
+#include "io/profile_text.h"
+#include "io/settings.h"
+
+namespace kelvro {
+
+/// Puts everything that a design needs into a section of its own: inputs and switches under the
+/// names of their controls with all digits, components and what their fields show, preferences.
+void WriteExact(const Settings& settings, ProfileText& profile);
+
+/// Takes what the section holds; keys that are missing or unreadable leave the settings as they
+/// are. Inputs are clamped like typed ones, unless `isRounded` says that they stand in the rounded
+/// texts too, with which they are to be compared. False without such a section.
+bool ReadExact(const ProfileText& profile, const std::function<bool(const InputField&)>& isRounded,
+               Settings& settings);
+
+}  // namespace kelvro
