@@ -26,6 +26,7 @@
 #include "ui/tol_dlg.h"
 #include "ui/tools/tool_window.h"
 #include "ui/tools/tool_windows.h"
+#include "ui/window_place.h"
 #include "ui/workbench/network_window.h"
 
 namespace kelvro {
@@ -151,6 +152,7 @@ void AppWindows::open(const QString& name) {
     QWidget* opened = window(name);
     if (!opened) return;
     opened->show();
+    KeepOnScreen(*opened);
     opened->raise();
     opened->activateWindow();
 }

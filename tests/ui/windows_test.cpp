@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <QPrintDialog>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <QToolButton>
 
@@ -37,6 +38,7 @@ class WindowsTest : public QObject {
 
   private slots:
     void everyLinkedControlOpensItsWindowWhichEscapeCloses();
+    void windowsOpenWhollyOnTheScreen();
     void noMenuItemAndNoButtonLeadsNowhere();
     void menuKeysOfOneMenuAreDistinct();
     void sweepFactorIsHeldToItsRangeWhileTyping_data();
@@ -82,6 +84,23 @@ void WindowsTest::everyLinkedControlOpensItsWindowWhichEscapeCloses() {
         if (qobject_cast<QDialog*>(window)) QVERIFY2(!window->isVisible(), link.window);
         window->close();
     }
+}
+
+void WindowsTest::windowsOpenWhollyOnTheScreen() {
+    FormFixture f;
+    const QRect room = f.form().screen()->availableGeometry();
+    QWidget& window = *f.form().windows().window("TSweepDlg");
+    for (const QPoint corner : {QPoint(-300, -300), QPoint(5000, 5000), QPoint(40, 50)}) {
+        window.move(corner);
+        f.form().windows().open("TSweepDlg");
+        QVERIFY(room.contains(window.frameGeometry()));
+        window.close();
+    }
+    QCOMPARE(window.pos(), QPoint(40, 50));
+    QWidget& large = *f.form().windows().window("TExportDlg");
+    large.resize(room.size() * 2);
+    f.form().windows().open("TExportDlg");
+    QVERIFY(room.contains(large.frameGeometry()));
 }
 
 void WindowsTest::noMenuItemAndNoButtonLeadsNowhere() {
