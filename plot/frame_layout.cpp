@@ -1,6 +1,7 @@
 // Where everything of a plot's picture stands.
 
 #include <QFontMetricsF>
+#include <QStringList>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -127,24 +128,43 @@ void PlaceLabels(FramePainter::Layout& layout, const QFontMetricsF& metrics) {
     }
 }
 
+/// The lines of the footer, broken between words where they are longer than the picture is wide.
+std::vector<QString> FooterLines(const Picture& picture, int width, const QFontMetricsF& metrics) {
+    std::vector<QString> lines;
+    for (const std::string& line : picture.footer) {
+        QString text;
+        for (const QString& word : ToText(line).split(' ')) {
+            const QString longer = text.isEmpty() ? word : text + ' ' + word;
+            if (!text.isEmpty() && metrics.horizontalAdvance(longer) > width - 2 * kGap) {
+                lines.push_back(std::exchange(text, word));
+            } else {
+                text = longer;
+            }
+        }
+        lines.push_back(text);
+    }
+    return lines;
+}
+
 /// The lines below everything else, from the left.
 void PlaceFooter(FramePainter::Layout& layout, QSize size, const Picture& picture,
                  const QFontMetricsF& metrics) {
-    double top = size.height() - kGap - double(picture.footer.size()) * metrics.height();
-    for (const std::string& line : picture.footer) {
-        const QString text = ToText(line);
+    const std::vector<QString> lines = FooterLines(picture, size.width(), metrics);
+    double top = size.height() - kGap - double(lines.size()) * metrics.height();
+    for (const QString& line : lines) {
         layout.footer.push_back(
-            {QRectF(kGap, top, metrics.horizontalAdvance(text), metrics.height()), text});
+            {QRectF(kGap, top, metrics.horizontalAdvance(line), metrics.height()), line});
         top += metrics.height();
     }
 }
 
 }  // namespace
 
-int FramePainter::footerHeight(const Picture& picture) const {
+int FramePainter::footerHeight(const Picture& picture, int width) const {
     if (picture.footer.empty()) return 0;
-    const double lines = double(picture.footer.size()) * QFontMetricsF(font_).height();
-    return static_cast<int>(std::ceil(lines + 2 * kGap));
+    const QFontMetricsF metrics(font_);
+    const double lines = double(FooterLines(picture, width, metrics).size());
+    return static_cast<int>(std::ceil(lines * metrics.height() + 2 * kGap));
 }
 
 FramePainter::Layout FramePainter::layout(QSize size, const Picture& picture) const {
@@ -161,7 +181,7 @@ FramePainter::Layout FramePainter::layout(QSize size, const Picture& picture) co
 
 FramePainter::Layout FramePainter::layoutWith(QSize whole, const Picture& picture,
                                               int legendRows) const {
-    const QSize size(whole.width(), whole.height() - footerHeight(picture));
+    const QSize size(whole.width(), whole.height() - footerHeight(picture, whole.width()));
     const QFontMetricsF metrics(font_);
     const double line = metrics.height();
     const bool namesAbove = !picture.yName.empty() || !picture.legend.empty();

@@ -17,11 +17,11 @@ using namespace metrics;
 /// Hair lines closer than this would run into a surface that hides the grid.
 constexpr double kHairLineGap = 3;
 
-/// What surrounds the curves. On a dark ground colours keep their hue and become light enough to
-/// be seen; hair lines stay behind the curves.
+/// What surrounds the curves. Colours keep their hue: on a dark ground they become light enough to
+/// be seen, on paper dark enough; hair lines stay behind the curves.
 class Theme {
   public:
-    explicit Theme(bool dark) : dark_(dark) {}
+    explicit Theme(bool dark, bool paper = false) : dark_(dark), paper_(paper) {}
 
     QColor ground() const { return dark_ ? QColor(24, 26, 30) : QColor(Qt::white); }
     QColor ink() const { return dark_ ? QColor(222, 224, 228) : QColor(Qt::black); }
@@ -29,25 +29,32 @@ class Theme {
     QColor majorGrid() const { return dark_ ? QColor(66, 70, 77) : QColor(196, 196, 196); }
     QColor originLine() const { return dark_ ? QColor(140, 144, 152) : QColor(96, 96, 96); }
 
-    QColor curve(Rgb colour) const { return at(colour, kLeastOnDark, 1); }
-    QColor hairLine(Rgb colour) const { return at(colour, 0, kMostBehind); }
+    QColor curve(Rgb colour) const {
+        return at(colour, dark_ ? kLeastOnDark : 0, paper_ ? kMostOnPaper : 1);
+    }
+    QColor hairLine(Rgb colour) const {
+        return at(colour, 0, dark_ ? kMostBehind : paper_ ? kMostBehindOnPaper : 1);
+    }
 
   private:
     static constexpr float kLeastOnDark = 0.6F;
     static constexpr float kMostBehind = 0.3F;
+    static constexpr float kMostOnPaper = 0.45F;
+    static constexpr float kMostBehindOnPaper = 0.6F;
 
-    QColor at(Rgb colour, float least, float most) const {
+    static QColor at(Rgb colour, float least, float most) {
         const QColor plain(colour.red, colour.green, colour.blue);
-        if (!dark_) return plain;
         float hue = 0;
         float saturation = 0;
         float lightness = 0;
         plain.getHslF(&hue, &saturation, &lightness);
+        if (lightness >= least && lightness <= most) return plain;
         return QColor::fromHslF(std::max(hue, 0.0F), saturation,
                                 std::clamp(lightness, least, most));
     }
 
     bool dark_;
+    bool paper_;
 };
 
 QPen ThinPen(const QColor& colour) {
@@ -243,14 +250,15 @@ void DrawNote(QPainter& painter, const Theme& theme, const std::string& note,
 
 }  // namespace
 
-FramePainter::FramePainter(int fontPixels) : font_("MS Sans Serif") {
+FramePainter::FramePainter(int fontPixels, const QString& family) : font_("MS Sans Serif") {
+    if (!family.isEmpty()) font_.setFamilies({font_.family(), family});
     font_.setStyleHint(QFont::SansSerif);
     font_.setPixelSize(fontPixels);
 }
 
 Frame FramePainter::draw(QPainter& painter, QSize size, const Picture& picture) const {
     const Layout layout = this->layout(size, picture);
-    const Theme theme(picture.dark);
+    const Theme theme(picture.dark, picture.paper);
     const Frame& frame = layout.frame;
     painter.save();
     painter.setFont(font_);
@@ -265,7 +273,12 @@ Frame FramePainter::draw(QPainter& painter, QSize size, const Picture& picture) 
     DrawLabels(painter, theme, layout);
     DrawTitle(painter, theme, picture.title, frame.plot);
     DrawLegend(painter, theme, layout);
-    for (const Curve& curve : picture.curves) drawCurve(painter, frame, curve, picture.dark);
+    for (const bool behind : {true, false}) {
+        for (const Curve& curve : picture.curves) {
+            if (curve.behind != behind) continue;
+            drawCurve(painter, frame, curve, picture.dark, picture.paper);
+        }
+    }
     DrawMarks(painter, theme, layout);
     DrawPointers(painter, theme, frame, picture.pointers);
     DrawNote(painter, theme, picture.note, frame.plot);
@@ -273,10 +286,10 @@ Frame FramePainter::draw(QPainter& painter, QSize size, const Picture& picture) 
     return frame;
 }
 
-void FramePainter::drawCurve(QPainter& painter, const Frame& whole, const Curve& curve,
-                             bool dark) const {
+void FramePainter::drawCurve(QPainter& painter, const Frame& whole, const Curve& curve, bool dark,
+                             bool paper) const {
     const Frame frame = curve.onRight ? whole.ofRightAxis() : whole;
-    const Theme theme(dark);
+    const Theme theme(dark, paper);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, true);
     if (curve.width > 0) {

@@ -17,8 +17,10 @@ namespace kelvro {
 /// logical pixels; scale the painter for finer devices.
 class FramePainter {
   public:
-    /// The texts' height in pixels; the default suits 640 x 480, small images take 9.
-    explicit FramePainter(int fontPixels = 11);
+    /// The texts' height in pixels; the default suits 640 x 480, small images take 9. A family of
+    /// the desktop stands in where the plots' own one is not installed.
+    explicit FramePainter(int fontPixels = kFontPixels, const QString& family = {});
+    static constexpr int kFontPixels = 11;
 
     /// A text with the place it takes; drawn left-aligned on its rectangle.
     struct Label {
@@ -59,11 +61,11 @@ class FramePainter {
     Frame draw(QPainter& painter, QSize size, const Picture& picture) const;
 
     /// Draws one more curve over a picture that was drawn with this frame.
-    void drawCurve(QPainter& painter, const Frame& frame, const Curve& curve,
-                   bool dark = false) const;
+    void drawCurve(QPainter& painter, const Frame& frame, const Curve& curve, bool dark = false,
+                   bool paper = false) const;
 
-    /// By how much the lines of its footer make a picture higher.
-    int footerHeight(const Picture& picture) const;
+    /// By how much the lines of its footer make a picture of this width higher.
+    int footerHeight(const Picture& picture, int width) const;
 
   private:
     Layout layoutWith(QSize whole, const Picture& picture, int legendRows) const;

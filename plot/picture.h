@@ -35,6 +35,7 @@ struct Curve {
     /// is drawn as leaving at one end and coming in at the other. 0: they do not.
     double turn = 0;
     bool onRight = false;  ///< values of the view's right axis
+    bool behind = false;   ///< drawn below all that are not
 };
 
 /// Thin vertical lines through the whole plot.
@@ -85,6 +86,7 @@ struct Picture {
     std::string note;                 ///< large in the middle of the plot: why it shows nothing
     std::vector<std::string> footer;  ///< lines below the plot
     bool dark = false;                ///< on a dark ground
+    bool paper = false;               ///< what is light on a screen is darker, to be read on paper
 };
 
 }  // namespace kelvro

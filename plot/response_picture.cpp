@@ -101,6 +101,7 @@ void AddHeld(Picture& picture, const ResponsePlot& plot) {
     for (std::size_t i = 0; i < plot.held.size(); ++i) {
         const Samples samples = Sampled(plot.held[i].design, plot.view, *plot.traces.front());
         Curve curve = CurveOf(samples, kHeldColours[i % kHeldColours.size()], 1.2);
+        curve.behind = true;
         picture.legend.push_back({plot.held[i].name + " :", curve.colour});
         picture.curves.push_back(std::move(curve));
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace kelvro {
 
@@ -71,6 +72,13 @@ std::vector<Design> Scatter::designs(const Design& nominal, int from) const {
 
 Envelope EnvelopeOf(const Design& nominal, std::span<const Design> runs, const View& view,
                     const Trace& trace) {
+    if (runs.empty()) return {};
+    const Samples centre = Sampled(nominal, view, trace);
+    return EnvelopeAt(EnvelopeFrequencies(centre, runs, view, trace), nominal, runs, trace);
+}
+
+Envelope EnvelopeAt(const std::vector<double>& frequencies, const Design& nominal,
+                    std::span<const Design> runs, const Trace& trace) {
     Envelope envelope;
     if (runs.empty()) return envelope;
     const TraceSource centre(nominal);
@@ -78,7 +86,7 @@ Envelope EnvelopeOf(const Design& nominal, std::span<const Design> runs, const V
     sources.reserve(runs.size());
     for (const Design& run : runs) sources.emplace_back(run);
     std::vector<double> values;
-    for (const double f : EnvelopeFrequencies(Sampled(centre, view, trace), runs, view, trace)) {
+    for (const double f : frequencies) {
         values.clear();
         const double middle = trace.value(centre, f);
         for (const TraceSource& source : sources) {
@@ -87,7 +95,7 @@ Envelope EnvelopeOf(const Design& nominal, std::span<const Design> runs, const V
             if (trace.turn > 0) value = middle + std::remainder(value - middle, trace.turn);
             if (std::isfinite(value)) values.push_back(value);
         }
-        if (values.empty()) continue;
+        if (values.empty()) values.push_back(std::numeric_limits<double>::quiet_NaN());
         std::ranges::sort(values);
         envelope.f.push_back(f);
         envelope.min.push_back(values.front());

@@ -39,6 +39,9 @@ struct Envelope {
     std::vector<double> f;
     std::vector<double> min, percentile5, median, percentile95, max;
 };
+/// At these frequencies; NaN where no run has a value.
+Envelope EnvelopeAt(const std::vector<double>& frequencies, const Design& nominal,
+                    std::span<const Design> runs, const Trace& trace);
 /// Over the points of the nominal curve and the peaks and notches of every run.
 Envelope EnvelopeOf(const Design& nominal, std::span<const Design> runs, const View& view,
                     const Trace& trace);

@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QPainter>
 #include <QStatusTipEvent>
+#include <QStyleOption>
 #include <QToolTip>
 #include <QWidget>
 
@@ -37,6 +39,25 @@ int HintStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
                          QStyleHintReturn* data) const {
     if (hint == SH_ToolTip_WakeUpDelay) return kPauseBeforeHint;
     return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+/// The platform draws their outline in the window's colour, darkened, which on a dark window is
+/// none.
+void HintStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool round = element == PE_IndicatorRadioButton;
+    if (!round && element != PE_IndicatorCheckBox) return;
+    if (option->palette.color(QPalette::Window).lightnessF() > 0.5F) return;
+    QColor outline = option->palette.color(QPalette::WindowText);
+    outline.setAlphaF(0.6F);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing, round);
+    painter->setPen(outline);
+    painter->setBrush(Qt::NoBrush);
+    const QRectF box = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    round ? painter->drawEllipse(box) : painter->drawRect(box);
+    painter->restore();
 }
 
 }  // namespace kelvro

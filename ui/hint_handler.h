@@ -24,7 +24,8 @@ class HintHandler : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
-/// The platform's style with the program's pause before a hint shows.
+/// The platform's style with the program's pause before a hint shows, and with round and square
+/// boxes that can also be seen on a dark window while they are empty.
 class HintStyle : public QProxyStyle {
     Q_OBJECT
 
@@ -32,6 +33,8 @@ class HintStyle : public QProxyStyle {
     using QProxyStyle::QProxyStyle;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
 };
 
 }  // namespace kelvro

@@ -2,13 +2,13 @@
 
 #include <QAction>
 #include <QPageSetupDialog>
-#include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QStandardPaths>
 
 #include "advise/keywords.h"
+#include "ui/print_page.h"
 #include "ui/sdi_app_form.h"
 #include "ui/workbench/network_window.h"
 
@@ -63,16 +63,9 @@ void TSDIAppForm::Druckereinstellung1Click() {
 }
 
 void TSDIAppForm::printOn(QPrinter& target) {
-    QPainter painter(&target);
-    if (!painter.isActive()) {
-        session_.showMessage(tr("The window cannot be printed to ") + target.outputFileName());
-        return;
+    if (const auto printed = PrintPage(target, size(), DrawingOf(*this)); !printed) {
+        session_.showMessage(QString::fromStdString(printed.message()));
     }
-    const QRectF paper = painter.viewport();
-    const double scale = std::min(paper.width() / width(), paper.height() / height());
-    painter.translate((paper.width() - scale * width()) / 2, 0);
-    painter.scale(scale, scale);
-    render(&painter, QPoint(), QRegion(), QWidget::DrawWindowBackground | QWidget::DrawChildren);
 }
 
 }  // namespace kelvro

@@ -1,10 +1,17 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDate>
+#include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPainter>
 #include <QPrinter>
 #include <QProcess>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
@@ -14,6 +21,7 @@
 #include "ui/plot/form_phi.h"
 #include "ui/plot/form_vu.h"
 #include "ui/plot/plot_image.h"
+#include "ui/print_page.h"
 
 using namespace kelvro;
 
@@ -125,10 +133,110 @@ class PlotFormFilesTest : public QObject {
         QCOMPARE(host_->messages.size(), 1);
     }
 
-    void copyingPutsThePictureOnTheClipboard() {
+    void copyingOffersBitmapDrawingAndNumbers() {
+        const QSize shown = vu_->findChild<PlotImage*>("Image")->size();
         choose("Copy1");
-        QCOMPARE(QApplication::clipboard()->image().size(),
-                 vu_->findChild<PlotImage*>("Image")->size());
+        const QMimeData& offered = *QApplication::clipboard()->mimeData();
+        QVERIFY(offered.data("image/svg+xml").contains("LC Series Tank"));
+        QVERIFY2(offered.text().startsWith("f_Hz\tV_dB\n"), qPrintable(offered.text().left(60)));
+        // The caption stands below the plot.
+        const QSize copied = QApplication::clipboard()->image().size();
+        QCOMPARE(copied.width(), shown.width());
+        QVERIFY(copied.height() > shown.height());
+        choose("Caption1");
+        choose("Copy1");
+        QCOMPARE(QApplication::clipboard()->image().size(), shown);
+    }
+
+    void theEndingIsThatOfTheFormat_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("written");
+        QTest::addRow("none") << "plot"
+                              << "plot.png";
+        QTest::addRow("its own") << "plot.PNG"
+                                 << "plot.PNG";
+        QTest::addRow("another format's") << "plot.jpg"
+                                          << "plot.png";
+        QTest::addRow("part of the name") << "plot.v2"
+                                          << "plot.v2.png";
+    }
+    void theEndingIsThatOfTheFormat() {
+        QFETCH(QString, typed);
+        const QTemporaryDir folder;
+        InDialog dialog([&](QWidget& d) { TypeFileName(d, folder.filePath(typed)); });
+        choose("SaveasPNG1");
+        QVERIFY(dialog.seen());
+        QTEST(QDir(folder.path()).entryList(QDir::Files).join('|'), "written");
+    }
+
+    void aFileThatTheEndingLeadsToIsNotReplacedUnasked() {
+        const QTemporaryDir folder;
+        QFile old(folder.filePath("plot.png"));
+        QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old") == 3);
+        old.close();
+        InDialog name([&](QWidget& d) { TypeFileName(d, folder.filePath("plot.jpg")); });
+        QTimer question;
+        bool asked = false;
+        connect(&question, &QTimer::timeout, this, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (box == nullptr) return;
+            asked = true;
+            QTest::mouseClick(box->button(QMessageBox::No), Qt::LeftButton);
+        });
+        question.start(5);
+        choose("SaveasPNG1");
+        QVERIFY(asked);
+        QVERIFY(old.open(QIODevice::ReadOnly));
+        QCOMPARE(old.readAll(), QByteArray("old"));
+    }
+
+    void savedPicturesSayWhatTheyShow() {
+        const QTemporaryDir folder;
+        choose("Marker1");
+        const auto saved = [&] {
+            InDialog dialog([&](QWidget& d) { TypeFileName(d, folder.filePath("plot.svg")); });
+            QFile::remove(folder.filePath("plot.svg"));
+            choose("SaveasSVG1");
+            QFile file(folder.filePath("plot.svg"));
+            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        };
+        const QByteArray drawing = saved();
+        for (const char* text :
+             {"1: f=", "1 LC Series Tank: R1", "fo 1.00 MHz", "Q 5", "C1 ",
+              QDate::currentDate().toString("yyyy-MM-dd").toLatin1().constData()}) {
+            QVERIFY2(drawing.contains(text), text);
+        }
+        choose("Caption1");
+        QVERIFY(!saved().contains("LC Series Tank: R1"));
+    }
+
+    void theCsvHoldsThePointsOfTheCurve() {
+        const QTemporaryDir folder;
+        InDialog dialog([&](QWidget& d) { TypeFileName(d, folder.filePath("numbers")); });
+        choose("SaveasCSV1");
+        QFile file(folder.filePath("numbers.csv"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const auto lines = file.readAll().split('\n');
+        QCOMPARE(lines[0], QByteArray("f_Hz,V_dB"));
+        QCOMPARE(lines[1].split(',')[0].toDouble(), vu_->view().x.min);
+        QVERIFY(lines.size() > 255);
+    }
+
+    void lightColoursAreDarkerOnPaper() {
+        Picture picture = vu_->findChild<PlotImage*>("Image")->picture();
+        const auto cyan = [&picture] {
+            QSet<QRgb> light;
+            const QImage image = ImageOf(
+                [&](QPainter& painter, QSize size) { FramePainter().draw(painter, size, picture); },
+                QSize(640, 480));
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 560; x < image.width(); ++x)
+                    light.insert(image.pixel(x, y) & 0xffffff);
+            return light.contains(0x80ffff);  // of the harmonics
+        };
+        QVERIFY(cyan());
+        picture.paper = true;
+        QVERIFY(!cyan());
     }
 
     void thePrintedPageCarriesTheCurve() {
@@ -142,12 +250,34 @@ class PlotFormFilesTest : public QObject {
         QVERIFY(GreenLines(printer.outputFileName()) > 100);
     }
 
-    void aPrinterThatCannotBeOpenedGivesOneMessage() {
+    void aPageThatCannotBeWrittenGivesOneMessage_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addRow("folder that takes no files") << "/proc/page.pdf";
+        QTest::addRow("no such folder") << "/nowhere/at/all/page.pdf";
+        QTest::addRow("full disk") << "/dev/full";
+    }
+    void aPageThatCannotBeWrittenGivesOneMessage() {
+        QFETCH(QString, path);
         QPrinter printer;
         printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName("/proc/page.pdf");
+        printer.setOutputFileName(path);
         vu_->print(printer);
-        QCOMPARE(host_->messages, QStringList("The printer cannot be opened."));
+        QCOMPARE(host_->messages.size(), 1);
+        QVERIFY2(host_->messages[0].contains(path), qPrintable(host_->messages[0]));
+    }
+
+    void aPrintedWindowConsistsOfTexts() {
+        const QTemporaryDir folder;
+        QLabel window("Frequency fo");
+        window.resize(200, 100);
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(folder.filePath("page.pdf"));
+        QVERIFY(PrintPage(printer, window.size(), DrawingOf(window)));
+        QFile file(printer.outputFileName());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray pdf = file.readAll();
+        QVERIFY(pdf.contains("/Type /Font") && !pdf.contains("/Subtype /Image"));
     }
 };
 

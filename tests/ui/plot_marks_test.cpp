@@ -3,11 +3,13 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <QTableWidget>
 #include <QTest>
 #include <memory>
 
 #include "tests/ui/plot_fixture.h"
+#include "ui/hint_handler.h"
 #include "ui/plot/form_phi.h"
 #include "ui/plot/form_vu.h"
 #include "ui/plot/marker_panel.h"
@@ -166,6 +168,22 @@ class PlotMarksTest : public QObject {
         QCOMPARE(legend(), QStringList("V(f) :"));
         action("Dark1").trigger();
         QVERIFY(image().toImage().pixelColor(2, 2).lightness() < 60);
+    }
+
+    void anEmptyRadioButtonIsSeenOnADarkWindow() {
+        HintStyle style;
+        QRadioButton button;
+        button.setStyle(&style);
+        const QColor dark(40, 40, 44);
+        QPalette palette(dark);
+        palette.setColor(QPalette::WindowText, Qt::white);
+        button.setPalette(palette);
+        const QImage image = button.grab().toImage();
+        int lightest = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < std::min(16, image.width()); ++x)
+                lightest = std::max(lightest, image.pixelColor(x, y).lightness());
+        QVERIFY2(lightest > dark.lightness() + 60, qPrintable(QString::number(lightest)));
     }
 
     void theChoiceOfTheGainHasKeys() {

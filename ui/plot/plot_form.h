@@ -5,6 +5,8 @@
 #include <optional>
 
 #include "core/history.h"
+#include "plot/frame_painter.h"
+#include "plot/picture_files.h"
 #include "plot/response_picture.h"
 #include "plot/scatter.h"
 #include "plot/view_edit.h"
@@ -20,7 +22,6 @@ namespace kelvro {
 
 class MarkerPanel;
 class PlotImage;
-enum class PictureFormat;
 
 /// What the gain and the phase window share: the picture of one response, the commands that change
 /// its view, reading and editing with the mouse and the keys, saving, copying and printing.
@@ -101,6 +102,7 @@ class PlotForm : public QMainWindow {
     void SaveasSVG1Click();
     void SaveasPDF1Click();
     void SaveasTable1Click();
+    void SaveasCSV1Click();
     void Copy1Click();
     void Print1Click();
 
@@ -182,6 +184,17 @@ class PlotForm : public QMainWindow {
     QString askFileName(const SaveDialog& asked);
     /// Asks for a name and writes the picture; the name when it was written, else empty.
     QString savePicture(const SaveDialog& asked, PictureFormat format);
+    bool mayReplace(const QString& path);
+    /// A picture to be saved or printed.
+    struct Sheet {
+        Picture picture;
+        QSize size;
+        FramePainter frame;
+        /// Valid as long as the sheet stands.
+        Drawing drawing() const;
+    };
+    Sheet sheetFor(bool paper) const;
+    std::string shownNumbers(char separator) const;
 
     DesignHost& host_;
     const Texts texts_;

@@ -1,19 +1,27 @@
 // Saving, copying and printing of the plot windows.
 
+#include <QAction>
 #include <QClipboard>
+#include <QDate>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
+#include <QMessageBox>
+#include <QMimeData>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <algorithm>
 
 #include "io/atomic_file.h"
+#include "plot/caption.h"
 #include "plot/frame_painter.h"
 #include "plot/picture_files.h"
 #include "plot/response_table.h"
+#include "plot/shown_numbers.h"
 #include "ui/plot/plot_form.h"
 #include "ui/plot/plot_image.h"
+#include "ui/print_page.h"
 
 namespace kelvro {
 
@@ -23,6 +31,14 @@ namespace {
 QString NameFilter(const QString& filter) {
     const QString caption = filter.section('|', 0, 0);
     return caption.contains('(') ? caption : caption + " (" + filter.section('|', 1) + ')';
+}
+
+/// The name with the ending of the format: in place of another format's, else behind the name.
+QString WithEnding(const QString& path, PictureFormat format, const QString& suffix) {
+    const auto named = PictureFormatOf(path);
+    if (named == format) return path;
+    const QFileInfo file(path);
+    return file.dir().filePath((named ? file.completeBaseName() : file.fileName()) + '.' + suffix);
 }
 
 }  // namespace
@@ -43,18 +59,54 @@ QString PlotForm::askFileName(const SaveDialog& asked) {
 }
 
 QString PlotForm::savePicture(const SaveDialog& asked, PictureFormat format) {
-    QString path = askFileName(asked);
-    if (path.isEmpty()) return {};
-    const auto drawing = [this](QPainter& painter, QSize size) {
-        FramePainter().draw(painter, size, image_->picture());
-    };
+    const QString chosen = askFileName(asked);
+    if (chosen.isEmpty()) return {};
+    QString path = WithEnding(chosen, format, asked.suffix);
+    if (path != chosen && QFileInfo::exists(path) && !mayReplace(path)) return {};
+    const bool vector = format == PictureFormat::Svg || format == PictureFormat::Pdf;
+    const Sheet sheet = sheetFor(vector && !plot_.dark);
     // Bitmaps as sharp as on the screen.
     const double scale = devicePixelRatioF();
-    if (const auto saved = SavePicture(path, format, image_->size(), drawing, scale); !saved) {
+    if (const auto saved = SavePicture(path, format, sheet.size, sheet.drawing(), scale); !saved) {
         host_.showMessage(QString::fromStdString(saved.message()));
         return {};
     }
     return path;
+}
+
+bool PlotForm::mayReplace(const QString& path) {
+    return QMessageBox::question(this, windowTitle(),
+                                 tr("%1 already exists.\nDo you want to replace it?")
+                                     .arg(QFileInfo(path).fileName())) == QMessageBox::Yes;
+}
+
+Drawing PlotForm::Sheet::drawing() const {
+    return [this](QPainter& painter, QSize whole) { frame.draw(painter, whole, picture); };
+}
+
+/// The picture as it leaves the window: with what it shows written below it.
+PlotForm::Sheet PlotForm::sheetFor(bool paper) const {
+    Sheet sheet{image_->picture(), image_->size(), image_->painter()};
+    Picture& picture = sheet.picture;
+    picture.paper = paper;
+    if (paper) picture.dark = false;
+    if (!findChild<QAction*>("Caption1")->isChecked()) return sheet;
+    const auto add = [&picture](const std::vector<std::string>& lines) {
+        picture.footer.insert(picture.footer.end(), lines.begin(), lines.end());
+    };
+    const Design& design = host_.design();
+    add(MarkerLines(TraceSource(design), plot_.traces, plot_.markers));
+    add(EdgeTexts(design, plot_, samples_));
+    add(CaptionOf({design, host_.result(), host_.preferences().ESeries, {}},
+                  QDate::currentDate().toString(Qt::ISODate).toStdString()));
+    sheet.size.rheight() += sheet.frame.footerHeight(picture, sheet.size.width());
+    return sheet;
+}
+
+std::string PlotForm::shownNumbers(char separator) const {
+    const auto runs = scatter_.designs(host_.design());
+    const ShownRuns shown{runs, !runCurves_.empty(), envelope_.has_value()};
+    return ShownNumbers(host_.design(), plot_, samples_, shown, separator);
 }
 
 void PlotForm::Save1Click() {
@@ -105,8 +157,25 @@ void PlotForm::SaveasTable1Click() {
     }
 }
 
+void PlotForm::SaveasCSV1Click() {
+    const QString path =
+        askFileName({"SaveDialogCSV", "CSV Files (*.csv)|*.csv", "csv", "graph.csv"});
+    if (path.isEmpty()) return;
+    const QByteArray numbers = QByteArray::fromStdString(shownNumbers(','));
+    if (const auto written = WriteAtomically(path, numbers); !written) {
+        host_.showMessage(QString::fromStdString(written.message()));
+    }
+}
+
+/// Whoever pastes takes what suits: the bitmap, the drawing, or the numbers for a spreadsheet.
 void PlotForm::Copy1Click() {
-    QGuiApplication::clipboard()->setImage(image_->toImage(devicePixelRatioF()));
+    const Sheet sheet = sheetFor(false);
+    auto* offered = new QMimeData;
+    offered->setImageData(ImageOf(sheet.drawing(), sheet.size, devicePixelRatioF()));
+    const auto svg = EncodePicture(PictureFormat::Svg, sheet.size, sheet.drawing());
+    if (svg) offered->setData("image/svg+xml", *svg);
+    offered->setText(QString::fromStdString(shownNumbers('\t')));
+    QGuiApplication::clipboard()->setMimeData(offered);
 }
 
 void PlotForm::Print1Click() {
@@ -118,13 +187,10 @@ void PlotForm::Print1Click() {
 }
 
 void PlotForm::print(QPrinter& printer) {
-    QPainter painter;
-    if (!painter.begin(&printer)) return host_.showMessage(tr("The printer cannot be opened."));
-    const QSize size = image_->size();
-    const QRectF page = painter.viewport();
-    const double scale = std::min(page.width() / size.width(), page.height() / size.height());
-    painter.scale(scale, scale);
-    FramePainter().draw(painter, size, image_->picture());
+    const Sheet sheet = sheetFor(true);
+    if (const auto printed = PrintPage(printer, sheet.size, sheet.drawing()); !printed) {
+        host_.showMessage(QString::fromStdString(printed.message()));
+    }
 }
 
 }  // namespace kelvro

@@ -91,7 +91,8 @@ void PlotForm::Hold1Click() {
     const QString name = QInputDialog::getText(this, tr("Hold Curve"), tr("Name in the legend"),
                                                QLineEdit::Normal, HoldName(host_.design()), &done);
     if (!done) return;
-    plot_.held.push_back({name.trimmed().toStdString(), host_.design()});
+    const QString shown = name.trimmed().isEmpty() ? HoldName(host_.design()) : name.trimmed();
+    plot_.held.push_back({shown.toStdString(), host_.design()});
     redraw();
 }
 

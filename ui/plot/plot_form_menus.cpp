@@ -79,7 +79,12 @@ constexpr std::array kFileEntries{
     MenuEntry{"SaveasPDF1", "Save as P&DF...", "", &PlotForm::SaveasPDF1Click},
     kSeparator,
     MenuEntry{"SaveasTable1", "Save as &Table...", "Ctrl+T", &PlotForm::SaveasTable1Click},
+    MenuEntry{"SaveasCSV1", "Sav&e as CSV...", "Ctrl+E", &PlotForm::SaveasCSV1Click,
+              "All that is drawn, as numbers with all their digits"},
     kSeparator,
+    MenuEntry{"Caption1", "Capti&on in Pictures", "", nullptr,
+              "Writes page, inputs, parts, markers and the day below what is saved, copied and "
+              "printed"},
     MenuEntry{"Print1", "&Print...", "Ctrl+P", &PlotForm::Print1Click},
 };
 
@@ -205,6 +210,8 @@ void PlotForm::buildMenus() {
     };
     QMenu* file = menuBar()->addMenu(tr("&File"));
     fill(file, kFileEntries);
+    findChild<QAction*>("Caption1")->setCheckable(true);
+    findChild<QAction*>("Caption1")->setChecked(true);
     file->addSeparator();
     file->addAction(tr("&Close"), QKeySequence("Ctrl+W"), this, &QWidget::close);
     fill(menuBar()->addMenu(tr("&Edit")), kEditEntries);

@@ -1,15 +1,29 @@
 #include "ui/plot/plot_image.h"
 
+#include <QFontInfo>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace kelvro {
 
-PlotImage::PlotImage(QWidget* parent) : QWidget(parent) {
+namespace {
+
+/// The plots' own size stands beside the 9 points, at 96 dots per inch, of a plain desktop.
+FramePainter PainterFor(const QFont& font) {
+    constexpr double kDesktopPixels = 12;
+    const QFontInfo desktop(font);
+    const double pixels = FramePainter::kFontPixels * desktop.pixelSize() / kDesktopPixels;
+    return FramePainter(std::max(6, qRound(pixels)), desktop.family());
+}
+
+}  // namespace
+
+PlotImage::PlotImage(QWidget* parent) : QWidget(parent), painter_(PainterFor(font())) {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -28,6 +42,15 @@ void PlotImage::addCurve(Curve curve) {
         painter_.drawCurve(painter, frame_, curve, picture_.dark);
     }
     picture_.curves.push_back(std::move(curve));
+    update();
+}
+
+void PlotImage::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::FontChange) return;
+    painter_ = PainterFor(font());
+    frame_ = painter_.layout(size(), picture_).frame;
+    drawn_ = {};
     update();
 }
 

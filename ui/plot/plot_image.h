@@ -23,6 +23,8 @@ class PlotImage : public QWidget {
     void addCurve(Curve curve);
     const Picture& picture() const { return picture_; }
     const Frame& frame() const { return frame_; }
+    /// Draws with the font of the desktop, in proportion to its size.
+    const FramePainter& painter() const { return painter_; }
     /// The picture as a bitmap of `scale` pixels per logical pixel.
     QImage toImage(double scale = 1) const;
 
@@ -47,6 +49,7 @@ class PlotImage : public QWidget {
   protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override { emit mouseMoved(event); }
     void mousePressEvent(QMouseEvent* event) override { emit mousePressed(event); }
     void mouseReleaseEvent(QMouseEvent* event) override { emit mouseReleased(event); }

@@ -29,6 +29,7 @@
 #include "plot/smith_painter.h"
 #include "synthesis/refine.h"
 #include "ui/plot/design_host.h"
+#include "ui/print_page.h"
 #include "ui/window_place.h"
 #include "ui/workbench/match_dialog.h"
 #include "ui/workbench/network_window.h"
@@ -345,14 +346,9 @@ void NetworkWindow::printPicture() {
     printer.setPageOrientation(QPageLayout::Landscape);
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() != QDialog::Accepted) return;
-    QPainter painter(&printer);
-    if (!painter.isActive())
-        return say(tr("The picture cannot be printed to ") + printer.outputFileName());
-    const QRectF paper = painter.viewport();
-    const double scale =
-        std::min(paper.width() / kPictureSize.width(), paper.height() / kPictureSize.height());
-    painter.scale(scale, scale);
-    paintAll(painter, kPictureSize);
+    const auto printed = PrintPage(
+        printer, kPictureSize, [this](QPainter& painter, QSize size) { paintAll(painter, size); });
+    if (!printed) say(QString::fromStdString(printed.message()));
 }
 
 QString NetworkWindow::commandLine() const {
