@@ -9,6 +9,7 @@ namespace kelvro {
 
 namespace {
 
+constexpr double kStart = 16;   // from the terminal to the first element
 constexpr double kStep = 70;    // from element to element
 constexpr double kHeight = 84;  // from the upper line to ground
 
@@ -17,11 +18,11 @@ class ThumbnailBuilder {
   public:
     CircuitDrawing build(const std::vector<LadderElement>& ladder) {
         drawing_.terminal({0, 0});
-        drawing_.wire({4, 0}, {16, 0});
+        drawing_.wire({4, 0}, {kStart, 0});
         for (const LadderElement& element : ladder)
             std::visit([this](const auto& is) { add(is); }, element.is);
-        drawing_.wire({x_, 0}, {x_ + 12, 0});
-        drawing_.terminal({x_ + 16, 0});
+        drawing_.wire({x_, 0}, {x_ + kStart - 4, 0});
+        drawing_.terminal({x_ + kStart, 0});
         return std::move(drawing_);
     }
 
@@ -99,7 +100,7 @@ class ThumbnailBuilder {
     }
 
     CircuitDrawing drawing_;
-    double x_ = 16;
+    double x_ = kStart;
 };
 
 }  // namespace
@@ -114,6 +115,14 @@ QImage LadderThumbnail(const std::vector<LadderElement>& ladder, QSize size, QRg
     ThumbnailBuilder().build(ladder).paint(painter, QRectF(QPointF(), QSizeF(size)), line, line,
                                            line);
     return image;
+}
+
+QRectF ThumbnailPlace(const std::vector<LadderElement>& ladder, QSize size, std::size_t index) {
+    // All elements are as wide, and what stands at both ends is alike.
+    const double scale = ThumbnailBuilder().build(ladder).scaleIn(QSizeF(size));
+    const double middle = static_cast<double>(ladder.size()) / 2;
+    const double left = size.width() / 2.0 + (static_cast<double>(index) - middle) * kStep * scale;
+    return {left, 0, kStep * scale, static_cast<double>(size.height())};
 }
 
 }  // namespace kelvro

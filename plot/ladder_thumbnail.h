@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QRectF>
 #include <QSize>
 
 #include "network/network.h"
@@ -11,5 +12,8 @@ namespace kelvro {
 /// from. `scale` pixels per logical pixel, transparent around the lines.
 QImage LadderThumbnail(const std::vector<LadderElement>& ladder, QSize size, QRgb colour,
                        double scale = 1);
+
+/// Where element number `index` stands in that picture, from top to bottom.
+QRectF ThumbnailPlace(const std::vector<LadderElement>& ladder, QSize size, std::size_t index);
 
 }  // namespace kelvro

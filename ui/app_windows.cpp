@@ -80,7 +80,8 @@ constexpr std::array kWindows = {
     WindowEntry{"THilfeBox", StartStage::BehindSplash, Dialog<THilfeBox>},
     WindowEntry{"TSweepDlg", StartStage::BehindSplash, Dialog<TSweepDlg>},
     WindowEntry{"TExportDlg", StartStage::BehindSplash, Dialog<TExportDlg>, "files"},
-    WindowEntry{"NetworkWindow", StartStage::WhenOpened, FreeWindow<NetworkWindow>},
+    WindowEntry{"NetworkWindow", StartStage::WhenOpened, FreeWindow<NetworkWindow>,
+                "network-match"},
 };
 
 // clang-format off

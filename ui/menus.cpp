@@ -74,6 +74,7 @@ constexpr std::array kToolItems = {
 
 constexpr std::array kHelpItems = {
     Item{"Hilfe1", "&Help", "F1"},
+    Item{"NetworkExample1", "Network &Example", "", &TSDIAppForm::NetworkExample1Click},
     Item{"ImVordergrundbleiben1", "Always Stay in &Front", "",
          &TSDIAppForm::ImVordergrundbleiben1Click},
     Item{"Info1", "&Info..."},

@@ -74,6 +74,7 @@ class TSDIAppForm : public QMainWindow {
     void Save1Click();
     /// Saves the settings at once: the session of the desktop ends, or the process is to.
     void saveNow();
+    void NetworkExample1Click();
     void ShowHint(const QString& hint);
 
   signals:

@@ -31,6 +31,10 @@ void TSDIAppForm::OpenProject1Click() {
     networkWindow()->chooseFile();
 }
 
+void TSDIAppForm::NetworkExample1Click() {
+    networkWindow()->openExample();
+}
+
 void TSDIAppForm::openNetworkFiles() {
     const QStringList files = std::exchange(networkFiles_, {});
     for (const QString& file : files) networkWindow()->openAny(file);

@@ -84,6 +84,9 @@ std::vector<ManualTopic> Topics() {
                                        {"files", QObject::tr("Settings, export, printing")},
                                        {"search", QObject::tr("Finding networks for a band")},
                                        {"tools", QObject::tr("The Tools menu")},
+                                       {"network-match", QObject::tr("Match an antenna")},
+                                       {"network-tune", QObject::tr("Tune on the Smith chart")},
+                                       {"network-compare", QObject::tr("Compare two variants")},
                                        {"command-line", QObject::tr("Command line")}};
     for (const Page& page : Pages())
         topics.push_back({TopicOfPage(page.number), Text(page.caption)});
@@ -95,6 +98,12 @@ std::vector<ManualTopic> Topics() {
 const std::vector<ManualTopic>& ManualTopics() {
     static const std::vector<ManualTopic> topics = Topics();
     return topics;
+}
+
+QByteArray ManualExample() {
+    LoadChapters();
+    QFile file(QStringLiteral(":/manual/whip.kelvro"));
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QString TopicOfPage(int page) {

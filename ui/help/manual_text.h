@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <vector>
 
@@ -17,6 +18,9 @@ const std::vector<ManualTopic>& ManualTopics();
 /// HTML of a chapter; pictures are named "picture:circuit-3", "picture:window". An unknown id gives
 /// the first chapter.
 QString ManualHtml(const QString& id);
+
+/// The project file of the worked example: an antenna matched.
+QByteArray ManualExample();
 
 /// The chapter about a design page.
 QString TopicOfPage(int page);

@@ -20,6 +20,7 @@
 #include "core/number_text.h"
 #include "plot/smith_picture.h"
 #include "ui/fields.h"
+#include "ui/workbench/ladder_picture.h"
 #include "ui/workbench/smith_view.h"
 
 namespace kelvro {
@@ -182,9 +183,20 @@ void TerminationEdit::chooseFile() {
 // ---------------------------------------------------------------- the list
 
 LadderPanel::LadderPanel(NetworkModel& model, DataLoader load, QWidget* parent)
-    : QWidget(parent), model_(model), load_(std::move(load)), list_(new QListWidget) {
+    : QWidget(parent),
+      model_(model),
+      load_(std::move(load)),
+      picture_(new LadderPicture(model)),
+      list_(new QListWidget) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(picture_);
+    connect(picture_, &LadderPicture::chosen, list_,
+            [this](int row) { list_->setCurrentRow(row); });
+    connect(picture_, &LadderPicture::moved, this, &LadderPanel::moveElement);
+    connect(picture_, &LadderPicture::editWanted, this,
+            [this](int row) { list_->editItem(list_->item(row)); });
+    connect(picture_, &LadderPicture::menuWanted, this, &LadderPanel::showMenu);
     list_->setObjectName(QStringLiteral("LadderList"));
     list_->setAccessibleName(tr("Elements from source to load"));
     list_->setDragDropMode(QAbstractItemView::InternalMove);
@@ -198,7 +210,9 @@ LadderPanel::LadderPanel(NetworkModel& model, DataLoader load, QWidget* parent)
     buildButtons(*column);
     connect(list_, &QListWidget::itemChanged, this, &LadderPanel::itemEdited);
     connect(list_, &QListWidget::currentRowChanged, this, &LadderPanel::rowChosen);
-    connect(list_, &QListWidget::customContextMenuRequested, this, &LadderPanel::showMenu);
+    connect(list_, &QListWidget::customContextMenuRequested, this, [this](QPoint at) {
+        showMenu(list_->row(list_->itemAt(at)), list_->viewport()->mapToGlobal(at));
+    });
     // The list has moved its row when the model hears of it; only then its order can be read.
     connect(list_->model(), &QAbstractItemModel::rowsMoved, this, &LadderPanel::rowsMoved,
             Qt::QueuedConnection);
@@ -270,6 +284,7 @@ void LadderPanel::showModel() {
         item->setData(Qt::UserRole, static_cast<int>(i));
     }
     if (row >= 0) list_->setCurrentRow(std::min(row, list_->count() - 1));
+    picture_->mark(list_->currentRow());
     filling_ = false;
 }
 
@@ -278,10 +293,12 @@ void LadderPanel::followSelection() {
     if (!at) return;
     const QSignalBlocker blocker(list_);
     list_->setCurrentRow(static_cast<int>(at->element));
+    picture_->mark(list_->currentRow());
 }
 
 void LadderPanel::rowChosen(int row) {
     if (filling_ || row < 0) return;
+    picture_->mark(row);
     const auto all = TunablesOf(model_.network().ladder);
     const auto first = std::ranges::find_if(
         all, [row](const Tunable& at) { return static_cast<int>(at.element) == row; });
@@ -341,9 +358,17 @@ void LadderPanel::moveCurrent(int step) {
     const int row = current();
     const int to = row + step;
     if (row < 0 || to < 0 || to >= list_->count()) return;
+    moveElement(row, to);
+}
+
+void LadderPanel::moveElement(int from, int to) {
     model_.edit(tr("Move element"), [=](Network& network) {
-        std::swap(network.ladder[static_cast<std::size_t>(row)],
-                  network.ladder[static_cast<std::size_t>(to)]);
+        const auto first = network.ladder.begin();
+        if (from < to) {
+            std::rotate(first + from, first + from + 1, first + to + 1);
+        } else {
+            std::rotate(first + to, first + from, first + from + 1);
+        }
     });
     list_->setCurrentRow(to);
 }
@@ -358,7 +383,8 @@ bool LadderPanel::eventFilter(QObject* watched, QEvent* event) {
     } else if (key->key() == Qt::Key_Insert) {
         findChild<QToolButton*>(QStringLiteral("ButtonAddElement"))->showMenu();
     } else if (key->key() == Qt::Key_Menu && list_->currentItem()) {
-        showMenu(list_->visualItemRect(list_->currentItem()).center());
+        const QPoint at = list_->visualItemRect(list_->currentItem()).center();
+        showMenu(list_->currentRow(), list_->viewport()->mapToGlobal(at));
     } else if (control && key->key() == Qt::Key_Up) {
         moveCurrent(-1);
     } else if (control && key->key() == Qt::Key_Down) {
@@ -371,8 +397,7 @@ bool LadderPanel::eventFilter(QObject* watched, QEvent* event) {
 
 // ---------------------------------------------------------------- the right button
 
-void LadderPanel::showMenu(QPoint at) {
-    const int row = list_->row(list_->itemAt(at));
+void LadderPanel::showMenu(int row, QPoint global) {
     if (row < 0) return;
     const auto index = static_cast<std::size_t>(row);
     QMenu menu(this);
@@ -389,7 +414,7 @@ void LadderPanel::showMenu(QPoint at) {
         if (tunable.element == index) addPartActions(menu, tunable);
     menu.addSeparator();
     menu.addAction(tr("&Delete"), this, [this] { removeCurrent(); });
-    menu.exec(list_->viewport()->mapToGlobal(at));
+    menu.exec(global);
 }
 
 void LadderPanel::addPartActions(QMenu& menu, const Tunable& at) {

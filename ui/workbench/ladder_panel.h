@@ -15,6 +15,8 @@ class QMenu;
 
 namespace kelvro {
 
+class LadderPicture;
+
 /// A termination as text, with the reason beside it while it cannot be read. Leaving the field
 /// writes back what is in use.
 class TerminationEdit : public QWidget {
@@ -69,7 +71,8 @@ class LadderPanel : public QWidget {
     void addElement(const LadderElement& element);
     void removeCurrent();
     void moveCurrent(int step);
-    void showMenu(QPoint at);
+    void showMenu(int row, QPoint global);
+    void moveElement(int from, int to);
     void addPartActions(QMenu& menu, const Tunable& at);
     /// A step that changes one element of the ladder.
     void editElement(const QString& name, std::size_t index,
@@ -78,6 +81,7 @@ class LadderPanel : public QWidget {
 
     NetworkModel& model_;
     const DataLoader load_;
+    LadderPicture* picture_;
     QListWidget* list_;
     Series series_ = Series::E24;
     bool filling_ = false;

@@ -24,6 +24,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/exact_number.h"
 #include "core/number_text.h"
 #include "plot/device_contours.h"
 #include "ui/fields.h"
@@ -77,7 +78,7 @@ std::string BandsText(const std::vector<FrequencyBand>& bands) {
     std::string text;
     for (const FrequencyBand& band : bands) {
         if (!text.empty()) text += ", ";
-        text += FormatEngShort(2, band.low) + ':' + FormatEngShort(2, band.high);
+        text += FormatPrefixed(band.low) + ':' + FormatPrefixed(band.high);
     }
     return text;
 }
@@ -231,6 +232,15 @@ QAction* NetworkWindow::add(QMenu& menu, const char* object, const QString& text
 }
 
 void NetworkWindow::buildMenus() {
+    buildFileMenu();
+    buildEditMenu();
+    buildNetworkMenu();
+    buildViewMenu();
+    QMenu& help = *menuBar()->addMenu(tr("&Help"));
+    add(help, "NetworkExample", tr("&Example: Whip on a Car"), {}, [this] { openExample(); });
+}
+
+void NetworkWindow::buildFileMenu() {
     QMenu& file = *menuBar()->addMenu(tr("&File"));
     add(file, "NetworkNew", tr("&New"), QKeySequence::New, [this] { newProject(); });
     add(file, "NetworkOpen", tr("&Open…"), QKeySequence::Open, [this] { chooseFile(); });
@@ -244,7 +254,9 @@ void NetworkWindow::buildMenus() {
     add(file, "NetworkPrint", tr("Prin&t…"), QKeySequence::Print, [this] { printPicture(); });
     file.addSeparator();
     add(file, "NetworkClose", tr("&Close"), QKeySequence::Close, [this] { close(); });
+}
 
+void NetworkWindow::buildEditMenu() {
     QMenu& edit = *menuBar()->addMenu(tr("&Edit"));
     undo_ = add(edit, "NetworkUndo", tr("&Undo"), QKeySequence::Undo, [this] { model_.undo(); });
     redo_ = add(edit, "NetworkRedo", tr("&Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
@@ -252,7 +264,9 @@ void NetworkWindow::buildMenus() {
     edit.addSeparator();
     add(edit, "NetworkCopyPicture", tr("Copy &Picture"), {}, [this] { copyPicture(); });
     add(edit, "NetworkCopyCommand", tr("Copy as &Command Line"), {}, [this] { copyCommandLine(); });
+}
 
+void NetworkWindow::buildNetworkMenu() {
     QMenu& network = *menuBar()->addMenu(tr("&Network"));
     add(network, "NetworkMatchHere", tr("&Match Here…"), QKeySequence(Qt::CTRL | Qt::Key_M),
         [this] { matchHere(); });
@@ -265,28 +279,43 @@ void NetworkWindow::buildMenus() {
     add(network, "NetworkFreeze", tr("&Freeze as Ghost"), QKeySequence(Qt::Key_F7),
         [this] { model_.freeze(); });
     add(network, "NetworkUnfreeze", tr("Remove &Ghost"), {}, [this] { model_.unfreeze(); });
+}
 
+void NetworkWindow::buildViewMenu() {
     QMenu& view = *menuBar()->addMenu(tr("&View"));
-    const auto toggle = [&](const char* object, const QString& text, bool on, auto&& run) {
-        QAction* action = view.addAction(text);
-        action->setObjectName(QLatin1String(object));
-        action->setCheckable(true);
-        action->setChecked(on);
-        connect(action, &QAction::toggled, this, run);
-    };
-    toggle("NetworkGridZ", tr("&Impedance Grid"), true, [this](bool on) {
+    addToggle(view, "NetworkGridZ", tr("&Impedance Grid"), true, [this](bool on) {
         ChartGrids grids = chart_->grids();
         grids.impedance = on;
         chart_->setGrids(grids);
     });
-    toggle("NetworkGridY", tr("&Admittance Grid"), false, [this](bool on) {
+    addToggle(view, "NetworkGridY", tr("&Admittance Grid"), false, [this](bool on) {
         ChartGrids grids = chart_->grids();
         grids.admittance = on;
         chart_->setGrids(grids);
     });
-    toggle("NetworkDark", tr("&Dark Chart"), palette().color(QPalette::Window).lightness() < 128,
-           [this](bool on) { chart_->setDark(on); });
+    addToggle(view, "NetworkDark", tr("&Dark Chart"),
+              palette().color(QPalette::Window).lightness() < 128,
+              [this](bool on) { chart_->setDark(on); });
     chart_->setDark(palette().color(QPalette::Window).lightness() < 128);
+    addCircles(view);
+    view.addSeparator();
+    add(view, "NetworkFit", tr("&Fit"), QKeySequence(Qt::Key_Home), [this] {
+        chart_->fit();
+        for (SweepView* plot : plots_) plot->fit();
+    });
+}
+
+void NetworkWindow::addToggle(QMenu& menu, const char* object, const QString& text, bool on,
+                              const std::function<void(bool)>& run) {
+    QAction* action = menu.addAction(text);
+    action->setObjectName(QLatin1String(object));
+    action->setCheckable(true);
+    action->setChecked(on);
+    connect(action, &QAction::toggled, this, run);
+}
+
+/// Circles to read against, on request.
+void NetworkWindow::addCircles(QMenu& view) {
     const auto numbers = [](const QStringList& texts) {
         std::vector<double> values;
         for (const QString& text : texts) values.push_back(ParseValue(text.toStdString()));
@@ -303,7 +332,7 @@ void NetworkWindow::buildMenus() {
         chart_->setQualityCircles(values);
     });
     const auto circles = [&](const char* object, const QString& text, DeviceSide side) {
-        toggle(object, text, false, [this, side](bool on) {
+        addToggle(view, object, text, false, [this, side](bool on) {
             chart_->showDeviceCircles(side, on);
             const bool none =
                 DeviceContours(model_.network(), model_.designFrequency(), side).empty();
@@ -313,11 +342,6 @@ void NetworkWindow::buildMenus() {
     };
     circles("NetworkLoadCircles", tr("Stability and Gain of &Loads"), DeviceSide::Load);
     circles("NetworkSourceCircles", tr("Stability and Gain of S&ources"), DeviceSide::Source);
-    view.addSeparator();
-    add(view, "NetworkFit", tr("&Fit"), QKeySequence(Qt::Key_Home), [this] {
-        chart_->fit();
-        for (SweepView* plot : plots_) plot->fit();
-    });
 }
 
 QStringList NetworkWindow::circlesFromUser(const QString& title, const QString& label,
@@ -335,7 +359,7 @@ void NetworkWindow::showModel() {
     const Network& network = model_.network();
     if (!frequency_->hasFocus() || !frequency_->isModified())
         frequency_->setText(network.designFrequency > 0
-                                ? Text(FormatEngShort(3, network.designFrequency))
+                                ? Text(FormatPrefixed(network.designFrequency))
                                 : QString());
     if (!bands_->hasFocus() || !bands_->isModified())
         bands_->setText(Text(BandsText(network.bands)));

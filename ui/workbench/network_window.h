@@ -58,6 +58,8 @@ class NetworkWindow : public QMainWindow {
   public slots:
     void newProject();
     void chooseFile();
+    /// The worked example of the manual, as a project without a file.
+    void openExample();
     bool save();
     bool saveAs();
     void copyPicture();
@@ -81,12 +83,19 @@ class NetworkWindow : public QMainWindow {
   private:
     void buildMenus();
     void addSearchActions(class QMenu& menu);
+    void buildFileMenu();
+    void buildEditMenu();
+    void buildNetworkMenu();
+    void buildViewMenu();
+    void addCircles(class QMenu& view);
     void buildContents();
     QWidget* buildNetworkSide();
     QWidget* buildPlotSide();
     QWidget* buildSnapshots();
     QAction* add(class QMenu& menu, const char* object, const QString& text,
                  const QKeySequence& key, const std::function<void()>& run);
+    void addToggle(class QMenu& menu, const char* object, const QString& text, bool on,
+                   const std::function<void(bool)>& run);
     void showModel();
     void showTitle();
     void showSnapshots();

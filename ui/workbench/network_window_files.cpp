@@ -28,6 +28,7 @@
 #include "plot/picture_files.h"
 #include "plot/smith_painter.h"
 #include "synthesis/refine.h"
+#include "ui/help/manual_text.h"
 #include "ui/plot/design_host.h"
 #include "ui/print_page.h"
 #include "ui/window_place.h"
@@ -115,6 +116,14 @@ bool NetworkWindow::openFile(const QString& path) {
     takeOver(std::move(read).value());
     rememberRecent(path);
     return true;
+}
+
+void NetworkWindow::openExample() {
+    if (!mayDiscard()) return;
+    auto read = ParseProject(ManualExample().toStdString(), {}, "whip.kelvro");
+    if (!read) return say(QString::fromStdString(read.message()));
+    file_.clear();
+    takeOver(std::move(read).value());
 }
 
 bool NetworkWindow::write(const QString& path) {
