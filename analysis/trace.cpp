@@ -4,9 +4,11 @@
 #include <array>
 #include <cassert>
 #include <cmath>
+#include <limits>
 
 #include "core/number_text.h"
 #include "core/rounding.h"
+#include "design/pages.h"
 
 namespace kelvro {
 
@@ -31,6 +33,59 @@ TraceScale DelayScale(const TraceSource& source) {
     const double delay = 2 * std::fabs(source.response.groupDelay(source.fo));
     const double top = RoundUpSig1(delay > 0 && std::isfinite(delay) ? delay : 1 / source.fo);
     return {-top / 5, top, StepUp125(top / 50)};
+}
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+/// |(Zin - R1)/(Zin + R1)|: what the source gets back.
+double Reflection(const TraceSource& source, double f) {
+    return source.network ? std::abs(source.network->at(f).gammaIn) : kNaN;
+}
+
+double ReturnLoss(const TraceSource& source, double f) {
+    return -MagnitudeDb(Reflection(source, f));
+}
+
+/// No value where everything comes back.
+double Vswr(const TraceSource& source, double f) {
+    const double reflection = Reflection(source, f);
+    return reflection < 1 ? (1 + reflection) / (1 - reflection) : kNaN;
+}
+
+double InputResistance(const TraceSource& source, double f) {
+    return source.network ? source.network->at(f).Zin.real() : kNaN;
+}
+
+double InputReactance(const TraceSource& source, double f) {
+    return source.network ? source.network->at(f).Zin.imag() : kNaN;
+}
+
+/// 40 dB, and more where the match at fo is better.
+TraceScale MatchScale(const TraceSource& source) {
+    constexpr double kUsual = 40;
+    constexpr double kMost = 400;
+    const double better = 1.2 * ReturnLoss(source, source.fo);
+    const double top = better > kUsual ? std::min(RoundUpSig1(better), kMost) : kUsual;
+    return {0, top, StepUp125(top / 50)};
+}
+
+/// From 0, so that a match has its line within the plot.
+TraceScale RatioScale(const TraceSource& source) {
+    constexpr double kUsual = 10;
+    const double worse = 2 * Vswr(source, source.fo);
+    const double top = worse > kUsual && std::isfinite(worse) ? RoundUpSig1(worse) : kUsual;
+    return {0, top, StepUp125(top / 50)};
+}
+
+/// Three times what the source and the network have at fo, to either side.
+TraceScale ImpedanceScale(const TraceSource& source) {
+    double largest = source.R1;
+    for (const double ohm : {std::fabs(InputResistance(source, source.fo)),
+                             std::fabs(InputReactance(source, source.fo))}) {
+        if (ohm > largest && std::isfinite(ohm)) largest = ohm;
+    }
+    const double top = RoundUpSig1(3 * largest);
+    return {-top, top, StepUp125(top / 25)};
 }
 
 double VoltageAtDesign(const Design&, double v) {
@@ -84,11 +139,58 @@ constexpr std::array kTraces{
           .value = OfResponse<&Response::groupDelay>,
           .scale = DelayScale,
           .engineering = true},
+    Trace{.key = "rl",
+          .title = "Return Loss at the Source",
+          .symbol = "RL",
+          .unit = "dB",
+          .column = "return_loss_dB",
+          .axis = TraceAxis::Match,
+          .value = ReturnLoss,
+          .scale = MatchScale,
+          .farthest = 100,
+          .tolerance = 0.1},
+    Trace{.key = "vswr",
+          .title = "VSWR at the Source",
+          .symbol = "VSWR",
+          .unit = "",
+          .column = "VSWR",
+          .axis = TraceAxis::Ratio,
+          .value = Vswr,
+          .scale = RatioScale,
+          .farthest = 100},
+    Trace{.key = "r",
+          .title = "Input Resistance",
+          .symbol = "R",
+          .unit = "Ω",
+          .column = "R_in_ohm",
+          .axis = TraceAxis::Impedance,
+          .value = InputResistance,
+          .scale = ImpedanceScale,
+          .engineering = true,
+          .farthest = 1e5},
+    Trace{.key = "x",
+          .title = "Input Reactance",
+          .symbol = "X",
+          .unit = "Ω",
+          .column = "X_in_ohm",
+          .axis = TraceAxis::Impedance,
+          .value = InputReactance,
+          .scale = ImpedanceScale,
+          .engineering = true,
+          .farthest = 1e5},
 };
+
+std::optional<LadderResponse> NetworkResponse(const Design& design) {
+    const Page& page = PageOf(design);
+    const auto networks = page.plottable ? page.builtNetworks(design) : std::vector<Network>();
+    if (networks.empty()) return std::nullopt;
+    return LadderResponse(networks.front());
+}
 
 }  // namespace
 
-TraceSource::TraceSource(const Design& state) : response(state), fo(state.fo), R1(state.R1) {}
+TraceSource::TraceSource(const Design& state)
+    : response(state), network(NetworkResponse(state)), fo(state.fo), R1(state.R1) {}
 
 std::string Trace::legend() const {
     return std::string(symbol) + "(f) :";

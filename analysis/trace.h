@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "analysis/response.h"
+#include "network/ladder_response.h"
 
 // What can be drawn and listed over frequency, as a table. Windows, legends, files and the command
 // line are built from it: a new curve is one row.
@@ -19,12 +20,13 @@ struct TraceSource {
     explicit TraceSource(const Design& state);
 
     Response response;
-    double fo;  ///< design frequency, Hz
-    double R1;  ///< source resistance, ohm
+    std::optional<LadderResponse> network;  ///< between source and load; none on some pages
+    double fo;                              ///< design frequency, Hz
+    double R1;                              ///< source resistance, ohm
 };
 
 /// Traces on the same axis share its range.
-enum class TraceAxis : std::uint8_t { Gain, Phase, Delay };
+enum class TraceAxis : std::uint8_t { Gain, Phase, Delay, Match, Ratio, Impedance };
 
 /// The range with which an axis opens.
 struct TraceScale {

@@ -4,6 +4,7 @@
 #include <complex>
 #include <cstdlib>
 #include <fstream>
+#include <limits>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -36,7 +37,11 @@ std::vector<std::vector<double>> CsvRows(const std::string& csv) {
         std::istringstream cells(line);
         std::string cell;
         rows.emplace_back();
-        while (std::getline(cells, cell, ',')) rows.back().push_back(json::parse(cell));
+        while (std::getline(cells, cell, ',')) {
+            // Nothing stands where a trace has no value, as the delay at 0 Hz.
+            rows.back().push_back(cell.empty() ? std::numeric_limits<double>::quiet_NaN()
+                                               : json::parse(cell).get<double>());
+        }
     }
     return rows;
 }

@@ -131,7 +131,9 @@ TEST(ResponseCsv, ReadsBackAsTheResponse) {
     std::istringstream lines(ResponseCsv(Exported(state), range));
     std::string line;
     std::getline(lines, line);
-    EXPECT_EQ(line, "f_Hz,re,im,V_dB,GT_dB,phase_deg,group_delay_s");
+    EXPECT_EQ(line,
+              "f_Hz,re,im,V_dB,GT_dB,phase_deg,group_delay_s,return_loss_dB,VSWR,R_in_ohm,"
+              "X_in_ohm");
     const Response response(state);
     int rows = 0;
     for (; std::getline(lines, line); ++rows) {
