@@ -7,6 +7,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "network/coverage.h"
 #include "network/network.h"
 
 namespace kelvro {
@@ -86,6 +87,16 @@ TEST(PortDataTest, TurnsCountInTheBandOnlyAndActiveSamplesAreNamed) {
     EXPECT_NEAR(data.largestTurn(1.12e9, 1.18e9), 0, 1e-9);
     EXPECT_NEAR(data.largestTurn(1.12e9, 2e9), 180, 1e-9);
     EXPECT_EQ(data.activeSamples(), std::vector<double>{1e9});
+}
+
+TEST(PortDataTest, EachFileOfANetworkIsNamedOnce) {
+    const auto antenna = std::make_shared<PortData>(OnePort({0.5, 0.5}));
+    const auto whip = std::make_shared<PortData>(OnePort({0.1, 0.2, 0.3}));
+    const Impedance both =
+        Impedance::InParallel({Impedance::Measured{antenna}, 50.0, Impedance::Measured{whip}});
+    const Network network{both, {ShuntArm(Impedance::Measured{antenna})}, both};
+    EXPECT_EQ(DataOf(network), (std::vector<std::shared_ptr<const PortData>>{antenna, whip}));
+    EXPECT_TRUE(DataOf(Network{}).empty());
 }
 
 TEST(PortDataTest, TwoPortsAreSeenFromEitherPortOrAsAnArm) {

@@ -106,6 +106,14 @@ TEST(TwoPortTest, TextbookTransistorHasItsStabilityFigures) {
     EXPECT_FALSE(figures.reciprocal);
 }
 
+/// K alone does not say it: this one oscillates although its K is 1.25, as |determinant| is 1.3.
+TEST(TwoPortTest, StabilityNeedsASmallDeterminantToo) {
+    const TwoPortFigures figures = FiguresOf({{1.2, 0.1, -1.0, 1.0}}, {50, 50});
+    EXPECT_NEAR(figures.stability, 1.25, 1e-12);
+    EXPECT_NEAR(figures.determinant, 1.3, 1e-12);
+    EXPECT_FALSE(figures.unconditional);
+}
+
 /// Without feedback MAG is the unilateral gain |s21|²/((1 - |s11|²)·(1 - |s22|²)).
 TEST(TwoPortTest, FiguresOfAnAmplifierWithoutFeedbackStayFinite) {
     const TwoPortFigures figures = FiguresOf({{0.6, 0, 10, 0.8}}, {50, 50});
