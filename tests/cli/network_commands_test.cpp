@@ -33,6 +33,11 @@ std::string DataFile(const std::string& name) {
     return std::string(TEST_DATA) + "/touchstone/" + name;
 }
 
+/// A file as an impedance, in quotes: folders may have blanks in their names.
+std::string LoadOf(const std::string& file) {
+    return '"' + file + '"';
+}
+
 /// A source of 5 + j50 straight at 50 ohm: GT = 4·5·50/|55 + j50|² = 0.180995 and, in power waves,
 /// Γ = (50 - 5 + j50)/(50 + 5 + j50) = 0.900452 + j0.090498.
 TEST(AnalyzeCommand, ShowsTheBareMismatchWithoutElements) {
@@ -79,7 +84,7 @@ TEST(AnalyzeCommand, KeepsTheNetworkAsAProject) {
     const std::string file = (folder / "a.kelvro").string();
     const Json direct =
         JsonOf({"analyze", "shunt: C=1p(Q=90@1G)", "--source", "50", "--load",
-                DataFile("impedance.s1p"), "--points", "5", "--save", file, "--json"});
+                LoadOf(DataFile("impedance.s1p")), "--points", "5", "--save", file, "--json"});
     const Json again = JsonOf({"analyze", "--network", file, "--points", "5", "--json"});
     ASSERT_EQ(direct.size(), 5U) << "the range of the data";
     EXPECT_EQ(direct[4]["f"], 2e9);
@@ -108,7 +113,7 @@ TEST(MatchCommand, GivesAllSolutionsAtAFrequency) {
 
 /// What match prints is what analyze takes.
 TEST(MatchCommand, PrintsElementsThatMatch) {
-    const std::string load = DataFile("impedance.s1p");
+    const std::string load = LoadOf(DataFile("impedance.s1p"));
     for (const char* topology : {"l", "pi", "t"}) {
         const Json document = JsonOf({"match", "--at", "1.5G", "--source", "20-j10", "--load", load,
                                       "--topology", topology, "--json"});
@@ -125,13 +130,13 @@ TEST(MatchCommand, PrintsElementsThatMatch) {
 /// Antennas that NEC-2 computed: a dipole, a short whip, a loop of a wavelength.
 TEST(MatchCommand, MatchesTheExampleAntennas) {
     for (const auto& [name, f] : {std::pair{"dipole", "145M"}, {"whip", "27M"}, {"loop", "145M"}}) {
-        const std::string load = std::string(TEST_DATA) + "/../../examples/" + name + ".s1p";
-        const Json file = JsonOf({"touchstone", load, "--json"});
+        const std::string antenna = std::string(TEST_DATA) + "/../../examples/" + name + ".s1p";
+        const Json file = JsonOf({"touchstone", antenna, "--json"});
         EXPECT_EQ(file["points"], 61) << name;
         EXPECT_TRUE(file["active"][0].empty()) << name;
         EXPECT_TRUE(file["warnings"].empty()) << name;
-        const Json networks =
-            JsonOf({"match", "--at", f, "--source", "50", "--load", load, "--json"})["networks"];
+        const Json networks = JsonOf({"match", "--at", f, "--source", "50", "--load",
+                                      LoadOf(antenna), "--json"})["networks"];
         ASSERT_GE(networks.size(), 2U) << name;
         EXPECT_NEAR(networks[0]["gt_db"].get<double>(), 0, 1e-6) << name;
     }
@@ -213,9 +218,10 @@ INSTANTIATE_TEST_SUITE_P(
                              "\"shunt C=1p\": column 1: expected series:"},
         FaultyNetworkCommand{Analyze({"--source", "50", "--load", "no.s1p"}), 1,
                              "there is no file \"no.s1p\""},
-        FaultyNetworkCommand{Analyze({"--source", "50", "--load", DataFile("descending.s1p")}), 1,
-                             "line 3: expected a frequency above"},
-        FaultyNetworkCommand{Analyze({"--source", "50", "--load", DataFile("tabs.s1p")}), 3,
+        FaultyNetworkCommand{
+            Analyze({"--source", "50", "--load", LoadOf(DataFile("descending.s1p"))}), 1,
+            "line 3: expected a frequency above"},
+        FaultyNetworkCommand{Analyze({"--source", "50", "--load", LoadOf(DataFile("tabs.s1p"))}), 3,
                              "tabs.s1p covers 1.000 GHz to 2.000 GHz, not 1.000 GHz to 3.000 GHz"},
         FaultyNetworkCommand{Analyze({"--source", "50", "--load", "50", "--points", "0"}), 2,
                              "--points"},
@@ -238,7 +244,7 @@ INSTANTIATE_TEST_SUITE_P(
         FaultyNetworkCommand{Match({"--at", "1G", "--load", "200", "--topology", "x"}), 2,
                              "--topology"},
         FaultyNetworkCommand{Match({"--at", "1G", "--load", "200", "--q", "5"}), 2, "--q is for"},
-        FaultyNetworkCommand{Match({"--at", "3G", "--load", DataFile("tabs.s1p")}), 3,
+        FaultyNetworkCommand{Match({"--at", "3G", "--load", LoadOf(DataFile("tabs.s1p"))}), 3,
                              "covers 1.000 GHz to 2.000 GHz, not 3.000 GHz"},
         FaultyNetworkCommand{{"touchstone", "no.s1p"}, 1, "there is no file \"no.s1p\""},
         FaultyNetworkCommand{{"touchstone"}, 2, "FILE is required"}));

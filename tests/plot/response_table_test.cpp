@@ -13,7 +13,7 @@ using namespace kelvro;
 namespace {
 
 /// A lossless quarter-wave line from 50 to 200 ohm at 256 Hz: its response at fo is known by hand.
-Design Line() {
+Design QuarterWave() {
     Design state;
     EnterPage(state, 6);
     state.fo = 256;
@@ -23,7 +23,8 @@ Design Line() {
 }
 
 QByteArrayList Lines(double xmin, double xmax, bool logarithmic) {
-    return QByteArray::fromStdString(ResponseTable(Line(), xmin, xmax, logarithmic)).split('\n');
+    return QByteArray::fromStdString(ResponseTable(QuarterWave(), xmin, xmax, logarithmic))
+        .split('\n');
 }
 
 }  // namespace
@@ -64,10 +65,10 @@ class ResponseTableTest : public QObject {
     void aTableReaderFindsFourColumnsOfNumbers() {
         QTemporaryDir folder;
         const QString path = folder.filePath("line.tab");
-        QCOMPARE(
-            WriteAtomically(path, QByteArray::fromStdString(ResponseTable(Line(), 1, 1e6, true)))
-                .message(),
-            "");
+        QCOMPARE(WriteAtomically(
+                     path, QByteArray::fromStdString(ResponseTable(QuarterWave(), 1, 1e6, true)))
+                     .message(),
+                 "");
         QProcess python;
         python.start("/usr/bin/python3",
                      {"-c",
