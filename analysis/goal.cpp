@@ -32,7 +32,6 @@ constexpr double kDistrusted = 0.5;
 // A design by phase may be wider than fo/Q, but not more than twice as wide: at ±1/Q of fo it is 3
 // dB down. What is missing there counts, squared, more than the 2 dB that a low Q saves.
 constexpr double kHalfPower = 3.01;
-constexpr double kTooWideWeight = 2;
 
 double Square(double x) {
     return x * x;
@@ -133,6 +132,7 @@ double BandWeight(const Band& band, bool maxNorm) {
 
 std::vector<double> SlotValues(const Design& design, const std::vector<Slot>& slots) {
     std::vector<double> values;
+    values.reserve(slots.size());
     for (const Slot slot : slots) values.push_back(design.components[slot]);
     return values;
 }
