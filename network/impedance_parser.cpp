@@ -118,7 +118,7 @@ Impedance NetworkParser::atom() {
     if (reader_.take("(")) return grouped();
     reader_.skipBlanks();
     const std::size_t place = reader_.place();
-    if (auto file = fileName()) return measured(*std::move(file), place);
+    if (auto file = fileName()) return measured(*file, place);
     if (auto part = named()) return *std::move(part);
     return constant();
 }
@@ -319,7 +319,7 @@ std::shared_ptr<const PortData> NetworkParser::data(const std::string& file, std
     return *loaded;
 }
 
-Impedance NetworkParser::measured(std::string file, std::size_t place) {
+Impedance NetworkParser::measured(const std::string& file, std::size_t place) {
     Impedance::Measured measured;
     measured.data = data(file, place);
     if (!measured.data) return {};

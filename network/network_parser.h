@@ -64,7 +64,7 @@ class NetworkParser {
     Impedance atom();
     Impedance grouped();
     Impedance constant();
-    Impedance measured(std::string file, std::size_t place);
+    Impedance measured(const std::string& file, std::size_t place);
     std::shared_ptr<const PortData> data(const std::string& file, std::size_t place);
     std::optional<std::string> fileName();
     std::optional<Impedance> named();
