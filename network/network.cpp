@@ -159,7 +159,10 @@ bool MeasuredTwoPort::operator==(const MeasuredTwoPort& other) const {
     return SameData(data, other.data);
 }
 
-bool Branch::operator==(const Branch& other) const = default;
+// Spelled out: clang 14 does not come to an end with the default of a record that holds itself.
+bool Branch::operator==(const Branch& other) const {
+    return ladder == other.ladder && load == other.load;
+}
 
 Immittance immittance(const Impedance& of, double f) {
     return std::visit([f](const auto& is) { return At(is, f); }, of.is);
