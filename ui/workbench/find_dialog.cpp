@@ -78,6 +78,7 @@ FindDialog::FindDialog(NetworkModel& model, LimitWatch& limit, QWidget* parent)
     split->addWidget(buildChoices());
     split->addWidget(buildResults());
     split->setStretchFactor(1, 1);
+    split->setSizes({kChoicesWidth, 3 * kChoicesWidth});
     column->addWidget(split, 1);
     auto* row = new QHBoxLayout;
     progress_ = new QProgressBar;

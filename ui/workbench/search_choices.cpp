@@ -137,7 +137,7 @@ QWidget* SearchChoices::buildLadder() {
     form->addRow(tr("S&hape"), shape_);
     harmonics_ = addEdit(*form, "FindHarmonics", tr("Ha&rmonics"), QStringLiteral("2:-20, 3:-30"),
                          tr("Gain left at harmonics of the middle of the band: order:dB"));
-    atSource_ = addEdit(*form, "FindAtSource", tr("&First at least"), QStringLiteral("C=2p"),
+    atSource_ = addEdit(*form, "FindAtSource", tr("F&irst at least"), QStringLiteral("C=2p"),
                         tr("A part that the source brings along: C across, L in series"));
     atLoad_ = addEdit(*form, "FindAtLoad", tr("Las&t at least"), QStringLiteral("L=3n"),
                       tr("A part that the load brings along: C across, L in series"));
