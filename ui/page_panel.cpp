@@ -157,14 +157,25 @@ QLayout* PagePanel::buildNotes() {
     for (const NoteField& note : page_.notes)
         if (note.object.empty()) row->addWidget(makeNote(note));
     row->addStretch();
+    const auto addButton = [&](const char* name, const QString& caption, const QString& hint,
+                               void (PagePanel::*clicked)()) {
+        auto* button = new QToolButton;
+        button->setObjectName(QLatin1String(name) + QString::number(page_.number));
+        button->setText(caption);
+        button->setAutoRaise(true);
+        SetHint(*button, hint);
+        connect(button, &QToolButton::clicked, this, clicked);
+        row->addWidget(button);
+    };
     if (page_.networks && page_.atFrequency) {
-        auto* open = new QToolButton;
-        open->setObjectName(QStringLiteral("OpenAsNetwork%1").arg(page_.number));
-        open->setText(tr("Open as Network"));
-        open->setAutoRaise(true);
-        SetHint(*open, tr("Take this circuit over into the Network window, to tune it there"));
-        connect(open, &QToolButton::clicked, this, &PagePanel::openAsNetworkClicked);
-        row->addWidget(open);
+        addButton("OpenAsNetwork", tr("Open as Network"),
+                  tr("Take this circuit over into the Network window, to tune it there"),
+                  &PagePanel::openAsNetworkClicked);
+    }
+    if (page_.suggestion.role == Role::Match) {
+        addButton("FindBetter", tr("Find Better…"),
+                  tr("Search for networks that match R1 to R2 better over the band fo/Q"),
+                  &PagePanel::findBetterClicked);
     }
     return row;
 }

@@ -44,6 +44,7 @@ class PagePanel : public QWidget {
 
   signals:
     void openAsNetworkClicked();
+    void findBetterClicked();
 
   protected:
     void changeEvent(QEvent* event) override;

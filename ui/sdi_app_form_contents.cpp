@@ -122,6 +122,8 @@ QWidget* TSDIAppForm::buildNotebook() {
         panels_.push_back(new PagePanel(page, session_));
         connect(panels_.back(), &PagePanel::openAsNetworkClicked, this,
                 &TSDIAppForm::OpenAsNetwork1Click);
+        connect(panels_.back(), &PagePanel::findBetterClicked, this,
+                &TSDIAppForm::FindBetter1Click);
         notebook_->addWidget(panels_.back());
         captions << ToQString(page.caption);
     }

@@ -12,6 +12,8 @@
 #include <QtTest>
 #include <cmath>
 
+#include "advise/page_problem.h"
+#include "design/pages.h"
 #include "synthesis/refine.h"
 #include "synthesis/yield.h"
 #include "tests/ui/form_fixture.h"
@@ -314,7 +316,7 @@ class NetworkSearchTest : public QObject {
         fixture.type("R2Eingabe", "200");
         fixture.type("foEingabe", "10M");
         const double Q = fixture.state().Q;
-        fixture.choose("FindBetter1");
+        fixture.click("FindBetter4");
         auto* window = dynamic_cast<NetworkWindow*>(
             fixture.form().windows().window(QStringLiteral("NetworkWindow")));
         QVERIFY(window && window->isVisible());
@@ -333,6 +335,12 @@ class NetworkSearchTest : public QObject {
                                  kPatience);
         QTest::keyClick(&dialog, Qt::Key_Escape);
         window->model().markSaved();
+        for (const Page& page : Pages()) {
+            fixture.goTo(page.number);
+            const QString name = QStringLiteral("FindBetter%1").arg(page.number);
+            QCOMPARE(fixture.form().findChild<QWidget*>(name) != nullptr,
+                     PageProblem(fixture.state()).ok());
+        }
         fixture.goTo(9);  // a pad
         fixture.choose("FindBetter1");
         QVERIFY(fixture.messages.join(' ').contains("matches no load"));
