@@ -286,7 +286,8 @@ Outcome Optimized(const Sample& design, bool singleRun, const OptimizerFiles& fi
     for (int i = 0; i < 3; ++i) {
         const auto begin = std::chrono::steady_clock::now();
         const PageOptimization result = OptimizePage(design.state, settings);
-        KeepReports(result, files);
+        if (const Status kept = KeepReports(result, files); !kept)
+            std::fprintf(stderr, "%s\n", kept.message().c_str());
         const std::chrono::duration<double, std::milli> time =
             std::chrono::steady_clock::now() - begin;
         Design after = design.state;

@@ -144,11 +144,11 @@ ExitCode Optimize(const OptimizeCommand& command, Session& session) {
     Design& optimized = design.after.state;
     design.optimization = OptimizePage(optimized, SettingsOf(command, prepared));
     optimized.components = design.optimization.components;
-    const std::string problem = KeepReports(design.optimization, command.files);
+    const Status kept = KeepReports(design.optimization, command.files);
     ResponseServices services;
     design.after.cycle = ShowComponents(optimized, services);
     session.out << (command.options->design->json ? JsonText(Document(design)) : HumanText(design));
-    return problem.empty() ? ExitCode::Done : session.fail({ExitCode::Failed, problem});
+    return kept ? ExitCode::Done : session.fail({ExitCode::Failed, kept.message()});
 }
 
 }  // namespace

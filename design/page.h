@@ -54,6 +54,23 @@ struct Limits {
     double high;
 };
 
+/// How the settings file keeps an input in its rounded texts; exactly it keeps every input.
+struct SettingsKey {
+    enum class Form : std::uint8_t {
+        Compact,  ///< FormatEngShort with 2 decimals; whole numbers as such
+        AsField,  ///< FormatEng(7, 2), as fields show it
+    };
+    std::string_view name;  ///< empty: kept exactly only
+    Form form = Form::Compact;
+    std::optional<Limits> limits = {};  ///< of what is read, where the field's own are narrower
+
+    constexpr SettingsKey(const char* key) : name(key) {}
+    constexpr SettingsKey(std::string_view key, Form as, std::optional<Limits> within = {})
+        : name(key), form(as), limits(within) {}
+};
+
+inline constexpr SettingsKey kKeptExactly{""};
+
 /// An input of the design: shared by all pages or belonging to one.
 struct InputField {
     std::string_view object;  ///< name of the edit: "k5Eingabe"
@@ -61,6 +78,7 @@ struct InputField {
     std::string_view unit;
     std::string_view hint;
     std::string_view option;  ///< command-line option without dashes: "k"
+    Required<SettingsKey> settings;
     std::variant<double Design::*, int Design::*> value;
     Limits limits;
     TextFormat format = kEngineering;

@@ -47,16 +47,22 @@ std::span<const InputField> SharedInputs() {
     constexpr Limits ohms{0.001, 1e6};
     constexpr Limits hertz{1, 2e10};
     constexpr Limits loadedQ{0.2, 500};
+    constexpr Limits anyQ{0.2, 1000};  // the spin button reaches further than typed values
     constexpr Limits elementQ{5, 10000};
     constexpr TextFormat q = Fixed(8, 2);
     static const std::vector<InputField> inputs = {
-        {"R1Eingabe", "Resistance R1", "Ω", "Resistance of the source", "r1", &Design::R1, ohms},
-        {"R2Eingabe", "Resistance R2", "Ω", "Resistance of the load", "r2", &Design::R2, ohms},
-        {"foEingabe", "Frequency fo", "Hz", "Centre frequency of the match", "fo", &Design::fo,
-         hertz},
-        {"QEingabe", "Q-Factor", "", qHint, "q", &Design::Q, loadedQ, q},
-        {"QBEingabe", "Element Q", "L", "Q of the inductors", "qb", &Design::QB, elementQ, q},
-        {"QBCEingabe", "Element Q", "C", "Q of the capacitors", "qbc", &Design::QBC, elementQ, q}};
+        {"R1Eingabe", "Resistance R1", "Ω", "Resistance of the source", "r1", "R1", &Design::R1,
+         ohms},
+        {"R2Eingabe", "Resistance R2", "Ω", "Resistance of the load", "r2", "R2", &Design::R2,
+         ohms},
+        {"foEingabe", "Frequency fo", "Hz", "Centre frequency of the match", "fo", "fo",
+         &Design::fo, hertz},
+        {"QEingabe", "Q-Factor", "", qHint, "q", SettingsKey("Q", SettingsKey::Form::Compact, anyQ),
+         &Design::Q, loadedQ, q},
+        {"QBEingabe", "Element Q", "L", "Q of the inductors", "qb", "QB(L)", &Design::QB, elementQ,
+         q},
+        {"QBCEingabe", "Element Q", "C", "Q of the capacitors", "qbc", "QB(C)", &Design::QBC,
+         elementQ, q}};
     return inputs;
 }
 

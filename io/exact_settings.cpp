@@ -8,6 +8,7 @@
 #include <span>
 #include <sstream>
 #include <string>
+#include <variant>
 
 #include "core/number_text.h"
 #include "core/scalar.h"
@@ -163,6 +164,13 @@ void ReadShown(const Section& section, const Page& page, ShownParts& shown) {
         if (const auto read = ShownPartOf(part, page.number)) shown.set(*read);
 }
 
+/// Does it stand in the rounded texts too? They are compared with what was stored, and computed
+/// values reach further than typed ones.
+bool IsRoundedToo(const InputField& field) {
+    return std::holds_alternative<double Design::*>(field.value) &&
+           !SettingsKey(field.settings).name.empty();
+}
+
 void ReadPreferences(const Section& section, Settings& settings) {
     constexpr Limits series{1, 5};
     double chosen = static_cast<double>(settings.preferences.ESeries);
@@ -205,8 +213,7 @@ void WriteExact(const Settings& settings, ProfileText& profile) {
         set(key.name, FormatShortest(settings.tolerances.*key.percent));
 }
 
-bool ReadExact(const ProfileText& profile, const std::function<bool(const InputField&)>& isRounded,
-               Settings& settings) {
+bool ReadExact(const ProfileText& profile, Settings& settings) {
     if (!profile.hasSection(kSection)) return false;
     const Section section(profile);
     Design& design = settings.design;
@@ -214,7 +221,7 @@ bool ReadExact(const ProfileText& profile, const std::function<bool(const InputF
         for (const InputField& field : inputs) {
             const auto value = section.number(field.object);
             if (!value) continue;
-            if (isRounded(field)) {
+            if (IsRoundedToo(field)) {
                 field.store(design, *value);
             } else {
                 field.write(design, *value);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "io/profile_text.h"
 #include "io/settings.h"
 
@@ -12,9 +10,8 @@ namespace kelvro {
 void WriteExact(const Settings& settings, ProfileText& profile);
 
 /// Takes what the section holds; keys that are missing or unreadable leave the settings as they
-/// are. Inputs are clamped like typed ones, unless `isRounded` says that they stand in the rounded
-/// texts too, with which they are to be compared. False without such a section.
-bool ReadExact(const ProfileText& profile, const std::function<bool(const InputField&)>& isRounded,
-               Settings& settings);
+/// are. Inputs are clamped like typed ones, unless they stand in the rounded texts too, with which
+/// they are to be compared. False without such a section.
+bool ReadExact(const ProfileText& profile, Settings& settings);
 
 }  // namespace kelvro

@@ -36,12 +36,14 @@ std::error_code CutTo(const std::string& path, std::size_t size) {
     return error;
 }
 
-std::string Write(const std::string& path, const std::string& text) {
+Status Write(const std::string& path, const std::string& text) {
     if (path.empty() || text.empty()) return {};
     std::error_code error;
     fs::create_directories(fs::path(path).parent_path(), error);  // a reason shows at opening
     errno = 0;
-    const auto problem = [&](int reason) { return path + ": " + std::strerror(reason); };
+    const auto problem = [&](int reason) {
+        return Status::Failure(path + ": " + std::strerror(reason));
+    };
     std::FILE* file = Open(path);
     if (!file) return problem(errno);
     const bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size();
@@ -49,7 +51,7 @@ std::string Write(const std::string& path, const std::string& text) {
     if (std::fclose(file) != 0) return problem(errno);
     if (!written) return problem(reason);
     error = CutTo(path, text.size());
-    return error ? path + ": " + error.message() : std::string();
+    return error ? Status::Failure(path + ": " + error.message()) : Status();
 }
 
 }  // namespace
@@ -61,9 +63,9 @@ OptimizerFiles UserReports() {
     return {(folder / "opt.txt").string(), (folder / "opt2.csv").string()};
 }
 
-std::string KeepReports(const PageOptimization& optimization, const OptimizerFiles& files) {
-    std::string problem = Write(files.log, optimization.log);
-    return problem.empty() ? Write(files.table, optimization.table) : problem;
+Status KeepReports(const PageOptimization& optimization, const OptimizerFiles& files) {
+    const Status log = Write(files.log, optimization.log);
+    return log ? Write(files.table, optimization.table) : log;
 }
 
 }  // namespace kelvro

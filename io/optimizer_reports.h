@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "core/result.h"
 #include "optimize/page_optimizer.h"
 
 namespace kelvro {
@@ -17,7 +18,7 @@ struct OptimizerFiles {
 OptimizerFiles UserReports();
 
 /// Writes log and table where there are any, folders included. "file: reason" for the first that
-/// cannot be written, else empty. The design does not depend on it.
-std::string KeepReports(const PageOptimization& optimization, const OptimizerFiles& files);
+/// cannot be written. The design does not depend on it.
+Status KeepReports(const PageOptimization& optimization, const OptimizerFiles& files);
 
 }  // namespace kelvro

@@ -10,7 +10,10 @@
 #include <filesystem>
 #include <limits>
 #include <optional>
+#include <span>
 #include <utility>
+#include <variant>
+#include <vector>
 
 #include "core/number_text.h"
 #include "core/scalar.h"
@@ -30,124 +33,119 @@ constexpr int kMostCopies = 100;
 
 // ---------------------------------------------------------------- keys
 
-struct SettingsKey {
-    enum class Kind : std::uint8_t {
-        Compact,     ///< number, FormatEngShort with 2 decimals
-        Field,       ///< number, FormatEng as in output fields
-        Resonators,  ///< whole number N(BP)
-        PageNumber,
-        ByPhase,  ///< written "Yes" or "No", read "Ja"
-        Ratio,    ///< V2/V1, as Compact
-        Sweep,    ///< sweep factor, as Compact
-        ByGain,   ///< the flag of ByPhase, "Yes" or "No", both read as written
-        Choke,    ///< of the class-E stage, as Compact, or "infinite"
-    };
-    const char* name;
-    Kind kind = Kind::Compact;
-    double Design::*number = nullptr;
-    std::optional<Limits> limits = {};  ///< empty: those of the input field
+/// A key that no single input is behind.
+enum class OwnKey : std::uint8_t {
+    Ratio,  ///< V2/V1, Compact
+    Sweep,  ///< sweep factor, Compact
+    PageNumber,
+    ByPhase,  ///< written "Yes" or "No", read "Ja"
+    ByDrop,   ///< the flag of ByPhase, "Yes" or "No", both read as written
+    Choke,    ///< of the class-E stage, Compact, or "infinite"
 };
 
-/// The spin button of Q reaches further than typed values.
-constexpr Limits kAnyQ{0.2, 1000};
+struct SettingsLine {
+    std::string_view key;
+    std::variant<OwnKey, const InputField*> is;
+};
+
+/// In the order of the file; inputs that came later follow behind. "\xFC" is u umlaut.
+constexpr std::string_view kFileOrder[] = {
+    "Q",     "QB(C)", "QB(L)",      "fo",    "k",     "er",         "\xFC", "R1",    "R2",
+    "P",     "Ub",    "Usat",       "L",     "C",     "R",          "Ls",   "Cs",    "Lp",
+    "L(BP)", "N(BP)", "Ripple(BP)", "Sweep", "Typ",   "Q by phase", "Vbg",  "Ibg",   "Rtot",
+    "Vref",  "Vlow1", "Vlow2",      "Vmid1", "Vmid2", "Vhi1",       "Vhi2", "Choke", "Q by d"};
+
+constexpr std::pair<std::string_view, OwnKey> kOwnKeys[] = {
+    {"\xFC", OwnKey::Ratio},         {"Sweep", OwnKey::Sweep}, {"Typ", OwnKey::PageNumber},
+    {"Q by phase", OwnKey::ByPhase}, {"Choke", OwnKey::Choke}, {"Q by d", OwnKey::ByDrop}};
+
 constexpr Limits kSweepFactors{1.0001, 10};
 constexpr Limits kFinite{0, std::numeric_limits<double>::max()};
 
-/// In the order of the file. "\xFC" is u umlaut.
-constexpr SettingsKey kKeys[] = {
-    {"Q", SettingsKey::Kind::Compact, &Design::Q, kAnyQ},
-    {"QB(C)", SettingsKey::Kind::Compact, &Design::QBC},
-    {"QB(L)", SettingsKey::Kind::Compact, &Design::QB},
-    {"fo", SettingsKey::Kind::Compact, &Design::fo},
-    {"k", SettingsKey::Kind::Compact, &Design::k},
-    {"er", SettingsKey::Kind::Compact, &Design::er},
-    {"\xFC", SettingsKey::Kind::Ratio, nullptr, kFinite},
-    {"R1", SettingsKey::Kind::Compact, &Design::R1},
-    {"R2", SettingsKey::Kind::Compact, &Design::R2},
-    {"P", SettingsKey::Kind::Compact, &Design::P},
-    {"Ub", SettingsKey::Kind::Compact, &Design::Ub},
-    {"Usat", SettingsKey::Kind::Compact, &Design::Usat},
-    {"L", SettingsKey::Kind::Compact, &Design::L},
-    {"C", SettingsKey::Kind::Compact, &Design::C},
-    {"R", SettingsKey::Kind::Compact, &Design::R},
-    {"Ls", SettingsKey::Kind::Compact, &Design::Ls},
-    {"Cs", SettingsKey::Kind::Compact, &Design::Cs},
-    {"Lp", SettingsKey::Kind::Compact, &Design::Lp},
-    {"L(BP)", SettingsKey::Kind::Compact, &Design::LBP},
-    {"N(BP)", SettingsKey::Kind::Resonators},
-    {"Ripple(BP)", SettingsKey::Kind::Compact, &Design::rippleBP},
-    {"Sweep", SettingsKey::Kind::Sweep, nullptr, kSweepFactors},
-    {"Typ", SettingsKey::Kind::PageNumber},
-    {"Q by phase", SettingsKey::Kind::ByPhase},
-    {"Vbg", SettingsKey::Kind::Field, &Design::Vbg},
-    {"Ibg", SettingsKey::Kind::Field, &Design::Ibg},
-    {"Rtot", SettingsKey::Kind::Field, &Design::Rtot},
-    {"Vref", SettingsKey::Kind::Field, &Design::Vref},
-    {"Vlow1", SettingsKey::Kind::Field, &Design::Vlow1},
-    {"Vlow2", SettingsKey::Kind::Field, &Design::Vlow2},
-    {"Vmid1", SettingsKey::Kind::Field, &Design::Vmid1},
-    {"Vmid2", SettingsKey::Kind::Field, &Design::Vmid2},
-    {"Vhi1", SettingsKey::Kind::Field, &Design::Vhi1},
-    {"Vhi2", SettingsKey::Kind::Field, &Design::Vhi2},
-    {"Choke", SettingsKey::Kind::Choke, &Design::chokeRatio},
-    {"Q by d", SettingsKey::Kind::ByGain},
-};
+/// Own keys and those of the inputs, each once: pages share inputs.
+std::vector<SettingsLine> FoundLines() {
+    std::vector<SettingsLine> lines;
+    for (const auto& [key, own] : kOwnKeys) lines.push_back({key, own});
+    const auto add = [&lines](std::span<const InputField> inputs) {
+        for (const InputField& field : inputs) {
+            const std::string_view key = SettingsKey(field.settings).name;
+            const bool known = std::ranges::find(lines, key, &SettingsLine::key) != lines.end();
+            if (!key.empty() && !known) lines.push_back({key, &field});
+        }
+    };
+    add(SharedInputs());
+    for (const Page& page : Pages()) add(page.inputs);
+    return lines;
+}
 
-/// Limits of the input field that is bound to a variable.
-template <typename Member>
-std::optional<Limits> FieldLimits(Member member) {
-    const auto bound = [&](const InputField& field) {
-        const auto* own = std::get_if<Member>(&field.value);
+std::span<const SettingsLine> Lines() {
+    static const std::vector<SettingsLine> lines = [] {
+        auto found = FoundLines();
+        std::ranges::stable_sort(found, {}, [](const SettingsLine& line) {
+            return std::ranges::find(kFileOrder, line.key) - std::begin(kFileOrder);
+        });
+        return found;
+    }();
+    return lines;
+}
+
+/// The input that is bound to a variable.
+const InputField& FieldOf(double Design::*member) {
+    const auto bound = [member](const InputField& field) {
+        const auto* own = std::get_if<double Design::*>(&field.value);
         return own && *own == member;
     };
-    for (const InputField& field : SharedInputs()) {
-        if (bound(field)) return field.limits;
-    }
-    for (const Page& page : Pages()) {
-        for (const InputField& field : page.inputs) {
-            if (bound(field)) return field.limits;
-        }
-    }
-    return {};
+    for (const Page& page : Pages())
+        if (const auto at = std::ranges::find_if(page.inputs, bound); at != page.inputs.end())
+            return *at;
+    return *std::ranges::find_if(SharedInputs(), bound);
 }
 
-std::string TextOf(const SettingsKey& key, const Settings& settings) {
-    const Design& state = settings.design;
-    switch (key.kind) {
-        case SettingsKey::Kind::Compact:
-            return FormatEngShort(2, state.*key.number);
-        case SettingsKey::Kind::Field:
-            return FormatEng(7, 2, state.*key.number);
-        case SettingsKey::Kind::Resonators:
-            return std::to_string(state.NBP);
-        case SettingsKey::Kind::PageNumber:
-            return std::to_string(state.page);
-        case SettingsKey::Kind::Ratio:
+std::string TextOf(const InputField& field, const Design& design) {
+    const double value = field.read(design);
+    if (std::holds_alternative<int Design::*>(field.value))
+        return std::to_string(static_cast<int>(value));
+    const bool compact = SettingsKey(field.settings).form == SettingsKey::Form::Compact;
+    return compact ? FormatEngShort(2, value) : FormatEng(7, 2, value);
+}
+
+std::string TextOf(OwnKey key, const Settings& settings) {
+    const Design& design = settings.design;
+    switch (key) {
+        case OwnKey::Ratio:
             return FormatEngShort(2, settings.v);
-        case SettingsKey::Kind::Sweep:
+        case OwnKey::Sweep:
             return FormatEngShort(2, settings.preferences.SweepFactor);
-        case SettingsKey::Kind::Choke:
-            return state.infiniteChoke ? std::string(kInfinite)
-                                       : FormatEngShort(2, state.chokeRatio);
-        case SettingsKey::Kind::ByPhase:
-        case SettingsKey::Kind::ByGain:
+        case OwnKey::PageNumber:
+            return std::to_string(design.page);
+        case OwnKey::Choke:
+            return design.infiniteChoke ? std::string(kInfinite)
+                                        : FormatEngShort(2, design.chokeRatio);
+        case OwnKey::ByPhase:
+        case OwnKey::ByDrop:
             break;
     }
-    return state.QByBandwidth ? "Yes" : "No";
+    return design.QByBandwidth ? "Yes" : "No";
 }
 
-double ReadNumber(const SettingsKey& key, const std::string& text) {
-    const Limits limits = key.limits ? *key.limits : FieldLimits(key.number).value_or(kFinite);
+std::string TextOf(const SettingsLine& line, const Settings& settings) {
+    if (const auto* own = std::get_if<OwnKey>(&line.is)) return TextOf(*own, settings);
+    return TextOf(*std::get<const InputField*>(line.is), settings.design);
+}
+
+double ReadNumber(const std::string& text, Limits limits) {
     return Clamp(ParseValue(text), limits.low, limits.high);
 }
 
-int ReadResonators(const std::string& text, int present) {
-    constexpr Limits any{1, 8};
-    int number = present;
+/// A whole number must be one from end to end; any other text reads as a number or as 0.
+void ReadInput(const InputField& field, const std::string& text, Design& design) {
+    if (std::holds_alternative<double Design::*>(field.value)) {
+        const Limits limits = SettingsKey(field.settings).limits.value_or(field.limits);
+        return field.store(design, ReadNumber(text, limits));
+    }
+    int number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size()) return present;
-    const Limits limits = FieldLimits(&Design::NBP).value_or(any);
-    return ClampInteger(number, static_cast<int>(limits.low), static_cast<int>(limits.high));
+    if (error == std::errc() && end == text.data() + text.size()) field.write(design, number);
 }
 
 int ReadPageNumber(const std::string& text) {
@@ -155,82 +153,75 @@ int ReadPageNumber(const std::string& text) {
     return number >= 1 && number < PageCount() + 1 ? static_cast<int>(number) : 1;
 }
 
-/// Takes one key; `text` is nothing where the file does not hold it.
-void ReadKey(const SettingsKey& key, const std::optional<std::string>& text, Settings& settings) {
-    Design& state = settings.design;
-    switch (key.kind) {
-        case SettingsKey::Kind::Compact:
-        case SettingsKey::Kind::Field:
-            if (text) state.*key.number = ReadNumber(key, *text);
+/// `text` is nothing where the file does not hold the key.
+void ReadOwn(OwnKey key, const std::optional<std::string>& text, Settings& settings) {
+    Design& design = settings.design;
+    switch (key) {
+        case OwnKey::Ratio:
+            if (text) settings.v = ReadNumber(*text, kFinite);
             break;
-        case SettingsKey::Kind::Resonators:
-            if (text) state.NBP = ReadResonators(*text, state.NBP);
+        case OwnKey::Sweep:
+            if (text) settings.preferences.SweepFactor = ReadNumber(*text, kSweepFactors);
             break;
-        case SettingsKey::Kind::Ratio:
-            if (text) settings.v = ReadNumber(key, *text);
-            break;
-        case SettingsKey::Kind::Sweep:
-            if (text) settings.preferences.SweepFactor = ReadNumber(key, *text);
-            break;
-        case SettingsKey::Kind::Choke:
+        case OwnKey::Choke:
             if (!text) break;
-            state.infiniteChoke = *text == kInfinite;
-            if (!state.infiniteChoke) state.chokeRatio = ReadNumber(key, *text);
+            design.infiniteChoke = *text == kInfinite;
+            if (!design.infiniteChoke)
+                FieldOf(&Design::chokeRatio).write(design, ParseValue(*text));
             break;
-        case SettingsKey::Kind::PageNumber:
-            state.page = ReadPageNumber(text.value_or("1"));
+        case OwnKey::PageNumber:
+            design.page = ReadPageNumber(text.value_or("1"));
             break;
-        case SettingsKey::Kind::ByPhase:
+        case OwnKey::ByPhase:
             // What is written here is never "Ja": files without the flag's own key clear it.
-            state.QByBandwidth = text.value_or("Ja") == "Ja";
+            design.QByBandwidth = text.value_or("Ja") == "Ja";
             break;
-        case SettingsKey::Kind::ByGain:
-            if (text) state.QByBandwidth = *text == "Yes";
+        case OwnKey::ByDrop:
+            if (text) design.QByBandwidth = *text == "Yes";
             break;
     }
+}
+
+std::optional<std::string> TextIn(const ProfileText& profile, std::string_view key) {
+    return profile.value(kSection, std::string(key).c_str());
 }
 
 /// Are the rounded texts of the file those of these settings?
 bool TextsAgree(const ProfileText& profile, const Settings& settings) {
-    return std::ranges::all_of(kKeys, [&](const SettingsKey& key) {
-        const auto text = profile.value(kSection, key.name);
-        const QByteArray written = QByteArray::fromStdString(TextOf(key, settings)).trimmed();
+    return std::ranges::all_of(Lines(), [&](const SettingsLine& line) {
+        const auto text = TextIn(profile, line.key);
+        const QByteArray written = QByteArray::fromStdString(TextOf(line, settings)).trimmed();
         return text && *text == written.toStdString();
     });
 }
 
-void ReadKeys(const ProfileText& profile, Settings& settings) {
+void ReadLines(const ProfileText& profile, Settings& settings) {
     constexpr int passivePiT = 8;
-    Design& state = settings.design;
-    for (const SettingsKey& key : kKeys) {
-        ReadKey(key, profile.value(kSection, key.name), settings);
+    for (const SettingsLine& line : Lines()) {
+        const auto text = TextIn(profile, line.key);
+        if (const auto* own = std::get_if<OwnKey>(&line.is)) {
+            ReadOwn(*own, text, settings);
+        } else if (text) {
+            ReadInput(*std::get<const InputField*>(line.is), *text, settings.design);
+        }
     }
     // v at fo is the wanted ratio of this page, so the file keeps it without a key of its own.
-    if (state.page == passivePiT && profile.value(kSection, "\xFC")) {
-        const Limits limits = FieldLimits(&Design::v8).value_or(kFinite);
-        state.v8 = Clamp(settings.v, limits.low, limits.high);
-    }
-}
-
-/// Does a key of the rounded texts hold this input as well?
-bool IsRounded(const InputField& field) {
-    const auto* member = std::get_if<double Design::*>(&field.value);
-    return member && std::ranges::any_of(
-                         kKeys, [&](const SettingsKey& key) { return key.number == *member; });
+    if (settings.design.page == passivePiT && TextIn(profile, "\xFC"))
+        FieldOf(&Design::v8).write(settings.design, settings.v);
 }
 
 /// All that the file holds; true when it is a whole design.
 bool ReadAll(const ProfileText& profile, Settings& settings) {
     const Slots components = settings.design.components;
     const ShownParts shown = settings.design.shown;
-    const bool exact = ReadExact(profile, IsRounded, settings);
-    settings.design.page = ReadPageNumber(profile.value(kSection, "Typ").value_or("1"));
+    const bool exact = ReadExact(profile, settings);
+    settings.design.page = ReadPageNumber(TextIn(profile, "Typ").value_or("1"));
     if (exact && TextsAgree(profile, settings)) return true;
     // Components belong to inputs; others come with other ones.
     settings.design.components = components;
     settings.design.shown = shown;
     const bool byDrop = settings.design.QByBandwidth;
-    ReadKeys(profile, settings);
+    ReadLines(profile, settings);
     if (exact) settings.design.QByBandwidth = byDrop;
     return false;
 }
@@ -325,9 +316,8 @@ SettingsRead ReadSettings(const QString& file, Settings settings) {
 SettingsSave WriteSettings(const QString& file, const Settings& settings) {
     ExistingFile existing = Examine(file);
     if (existing.kind == ExistingFile::Kind::NoFile) return Failed(file, existing.reason);
-    for (const SettingsKey& key : kKeys) {
-        existing.profile.set(kSection, key.name, TextOf(key, settings));
-    }
+    for (const SettingsLine& line : Lines())
+        existing.profile.set(kSection, std::string(line.key).c_str(), TextOf(line, settings));
     WriteExact(settings, existing.profile);
     if (!file.isEmpty()) QDir().mkpath(QFileInfo(file).absolutePath());
     std::optional<QString> copy;

@@ -111,7 +111,7 @@ void Add(const std::vector<LadderElement>& ladder, std::vector<LadderStep>& step
 }  // namespace
 
 ImpedanceForm ImpedanceForm::Of(const Impedance& impedance) {
-    return std::visit([](const auto& is) { return FormOf(is); }, impedance.is);
+    return std::visit([](const auto& form) { return FormOf(form); }, impedance.is);
 }
 
 LadderProgram LadderProgram::Of(const Network& network) {

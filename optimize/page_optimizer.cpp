@@ -204,7 +204,7 @@ Slots OptimizerServices::optimize(const Design& design) {
     settings.writeLog = static_cast<bool>(reports);
     last_ = OptimizePage(design, settings);
     if (reports && last_.status == PageOptimization::Status::Finished) {
-        last_.reportProblem = reports(last_);
+        last_.reportProblem = reports(last_).message();
     }
     return last_.components;
 }

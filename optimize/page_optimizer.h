@@ -45,8 +45,8 @@ PageOptimization OptimizePage(const Design& design, const OptimizerSettings& set
 /// Services of a calculation with the optimizer at work.
 class OptimizerServices : public ResponseServices {
   public:
-    /// Keeps the texts of an optimization; the reason where that fails, else empty.
-    using Reports = std::function<std::string(const PageOptimization&)>;
+    /// Keeps the texts of an optimization.
+    using Reports = std::function<Status(const PageOptimization&)>;
 
     explicit OptimizerServices(OptimizerSettings settings = {}, Reports reports = {});
 

@@ -37,6 +37,7 @@ std::vector<MaxMinPoint> PointsOf(const std::vector<std::vector<double>>& starts
                                   const ParameterBox& box, double spread, std::uint64_t seed) {
     const std::size_t n = box.low.size();
     std::vector<MaxMinPoint> points;
+    points.reserve(starts.size() + RandomStarts(n));
     for (const auto& x : starts) points.push_back({.x = x});
     UniformStream random(seed);
     for (std::size_t i = RandomStarts(n); i > 0; --i) {
@@ -106,9 +107,9 @@ std::vector<ScreenedLadder> CandidateSearch::screen(const Stages& topology,
     for (MaxMinPoint& point : points) point.settled = false;
     advance(points, topology, *box, 200, 1e-6, kSolutions);
     std::vector<ScreenedLadder> solved;
-    for (MaxMinPoint& point : points) {
+    solved.reserve(points.size());
+    for (MaxMinPoint& point : points)
         solved.push_back({{topology, std::move(point.x)}, point.worst});
-    }
     return solved;
 }
 

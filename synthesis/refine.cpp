@@ -58,7 +58,8 @@ Result<Network> Refined(const Network& network, std::span<const Tunable> locked)
     MaxMinPoint point{.x = goal.start(), .radius = kFirstRadius};
     MaxMinSolver().improve(goal, goal.box(), {}, point);
     Network refined = tuned.with(goal.valuesAt(point.x));
-    return WorstGain(refined) > before ? std::move(refined) : network;
+    if (WorstGain(refined) > before) return refined;
+    return network;
 }
 
 }  // namespace kelvro

@@ -28,7 +28,7 @@ struct Stage {
     StageKind kind = StageKind::L;
 
     bool operator==(const Stage&) const = default;
-    auto operator<=>(const Stage&) const = default;
+    auto operator<=>(const Stage&) const = default;  // NOLINT(modernize-use-nullptr): not a zero
 
     bool has(PartKind part) const;
     /// A pair counts as two.

@@ -38,7 +38,7 @@ double Distance(double a, double b) {
 
 std::vector<double> Nearest(std::vector<double> values, double to, std::size_t count) {
     std::ranges::stable_sort(values, {}, [&](double value) { return Distance(value, to); });
-    values.erase(std::ranges::unique(values).begin(), values.end());
+    values.erase(std::unique(values.begin(), values.end()), values.end());
     if (values.size() > count) values.resize(count);
     return values;
 }

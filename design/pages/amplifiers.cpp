@@ -11,15 +11,24 @@ namespace kelvro {
 
 std::vector<InputField> SupplyInputs(std::string_view P, std::string_view Ub,
                                      std::string_view Usat) {
-    return {{P, "Output Power P", "W", "Power to be delivered at fo", "p", &Design::P, {1e-6, 1e6}},
-            {Ub, "Supply Voltage Ub", "V", "Supply of the stage", "ub", &Design::Ub, {0.1, 1e5}},
-            {Usat,
-             "Saturation Voltage Usat",
-             "V",
-             "Voltage that the switched-on transistor keeps; lower than Ub",
-             "usat",
-             &Design::Usat,
-             {0, 1e5}}};
+    return {
+        {P,
+         "Output Power P",
+         "W",
+         "Power to be delivered at fo",
+         "p",
+         "P",
+         &Design::P,
+         {1e-6, 1e6}},
+        {Ub, "Supply Voltage Ub", "V", "Supply of the stage", "ub", "Ub", &Design::Ub, {0.1, 1e5}},
+        {Usat,
+         "Saturation Voltage Usat",
+         "V",
+         "Voltage that the switched-on transistor keeps; lower than Ub",
+         "usat",
+         "Usat",
+         &Design::Usat,
+         {0, 1e5}}};
 }
 
 namespace {

@@ -237,6 +237,7 @@ Page PassivePiTPage() {
          "",
          "Wanted ratio of load to source voltage; unequal resistances set an upper limit",
          "v",
+         kKeptExactly,
          &Design::v8,
          {1e-4, 1e3},
          Fixed(8, 4)}};

@@ -167,6 +167,7 @@ Page BandPassPage() {
                     "H",
                     "Inductance of every resonator; smaller: larger capacitors, wider band",
                     "lbp",
+                    "L(BP)",
                     &Design::LBP,
                     {1e-15, 1e3}},
                    {"N17Eingabe",
@@ -174,6 +175,7 @@ Page BandPassPage() {
                     "",
                     "Number of resonators, 1 to 8",
                     "nbp",
+                    "N(BP)",
                     &Design::NBP,
                     {1, 8},
                     Fixed(7, 0)},
@@ -182,6 +184,7 @@ Page BandPassPage() {
                     "dB",
                     "Ripple in the pass band, 0 to 3 dB; 0: maximally flat (Butterworth)",
                     "ripple",
+                    "Ripple(BP)",
                     &Design::rippleBP,
                     {0, 3}}};
     page.table = "Bp17Tabelle";

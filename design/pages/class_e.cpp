@@ -75,13 +75,14 @@ std::vector<InputField> StageInputs(Limits typedQ) {
     inputs[0].hint = "Power in R, harmonics included, where the parts have no loss";
     // The shared Q has its option already.
     inputs.push_back({"Q15Eingabe", "Q-Factor", "",
-                      "Loaded Q of L2, C2 and R, above 1.79; 5 to 10 is usual", "", &Design::Q,
+                      "Loaded Q of L2, C2 and R, above 1.79; 5 to 10 is usual", "", "Q", &Design::Q,
                       typedQ, Fixed(8, 2)});
     inputs.push_back({"Choke15Eingabe",
                       "Choke ωLc/R",
                       "",
                       "Reactance of the supply choke at fo in units of R: 5 to 200",
                       "choke",
+                      "Choke",
                       &Design::chokeRatio,
                       {5, 200},
                       Fixed(8, 1),

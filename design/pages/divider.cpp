@@ -81,25 +81,29 @@ std::vector<Network> DividerNetworks(const Design& s) {
 
 std::vector<InputField> DividerInputs() {
     constexpr Limits limits{1e-9, 1e9};
+    const auto key = [](std::string_view name) {
+        return SettingsKey(name, SettingsKey::Form::AsField);
+    };
     const auto tap = [&](std::string_view object, std::string_view label, std::string_view option,
                          double Design::*value) {
-        return InputField{object, label, "V",   "Tap voltage; the taps rise from Vlow1 to Vref",
-                          option, value, limits};
+        return InputField{
+            object, label,      "V",   "Tap voltage; the taps rise from Vlow1 to Vref",
+            option, key(label), value, limits};
     };
     return {{"Vref19Eingabe", "Reference Vref", "V", "Voltage at the top of the string", "vref",
-             &Design::Vref, limits},
+             key("Vref"), &Design::Vref, limits},
             {"Rtot19Eingabe", "Total Rtot", "Ω", "Resistance of the whole string, RD1 to RD7",
-             "rtot", &Design::Rtot, limits},
+             "rtot", key("Rtot"), &Design::Rtot, limits},
             tap("Vlow119Eingabe", "Vlow1", "vlow1", &Design::Vlow1),
             tap("Vlow219Eingabe", "Vlow2", "vlow2", &Design::Vlow2),
             tap("Vmid119Eingabe", "Vmid1", "vmid1", &Design::Vmid1),
             tap("Vmid219Eingabe", "Vmid2", "vmid2", &Design::Vmid2),
             tap("Vhi119Eingabe", "Vhi1", "vhi1", &Design::Vhi1),
             tap("Vhi219Eingabe", "Vhi2", "vhi2", &Design::Vhi2),
-            {"Vbg19Eingabe", "Band-gap Vbg", "V", "Band-gap voltage across RD8", "vbg",
+            {"Vbg19Eingabe", "Band-gap Vbg", "V", "Band-gap voltage across RD8", "vbg", key("Vbg"),
              &Design::Vbg, limits},
             {"Ibg19Eingabe", "Bias Current Ibg", "A", "Current that RD8 sets from Vbg", "ibg",
-             &Design::Ibg, limits}};
+             key("Ibg"), &Design::Ibg, limits}};
 }
 
 std::vector<OutputField> DividerOutputs() {

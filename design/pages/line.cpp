@@ -79,6 +79,7 @@ Page LinePage() {
                     "",
                     "Relative permittivity of the line's dielectric, 1 to 100",
                     "er",
+                    "er",
                     &Design::er,
                     {1, 100},
                     Fixed(7, 2)}};

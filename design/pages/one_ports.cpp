@@ -105,18 +105,18 @@ std::vector<Network> CombinedTankNetworks(const Design& s) {
 
 std::vector<InputField> CombinedTankInputs() {
     constexpr Limits frequencies{1, 2e10};
-    return {{"Ls12Eingabe", "Inductance Ls", "H", "In series with Cs", "ls", &Design::Ls,
+    return {{"Ls12Eingabe", "Inductance Ls", "H", "In series with Cs", "ls", "Ls", &Design::Ls,
              kReactanceLimits},
-            {"Cs12Eingabe", "Capacitance Cs", "F", "In series with Ls", "cs", &Design::Cs,
+            {"Cs12Eingabe", "Capacitance Cs", "F", "In series with Ls", "cs", "Cs", &Design::Cs,
              kReactanceLimits},
-            {"Lp12Eingabe", "Inductance Lp", "H", "Across the branch of Ls and Cs", "lp",
+            {"Lp12Eingabe", "Inductance Lp", "H", "Across the branch of Ls and Cs", "lp", "Lp",
              &Design::Lp, kReactanceLimits},
             {"fp12Eingabe", "Wanted fp (open)", "Hz",
-             "Frequency that the tank shall let pass; for the button below", "fp", &Design::fp12,
-             frequencies},
+             "Frequency that the tank shall let pass; for the button below", "fp", kKeptExactly,
+             &Design::fp12, frequencies},
             {"fs12Eingabe", "Wanted fs (short)", "Hz",
              "Frequency that the tank shall short, above fp; for the button below", "fs",
-             &Design::fs12, frequencies}};
+             kKeptExactly, &Design::fs12, frequencies}};
 }
 
 }  // namespace
@@ -146,15 +146,16 @@ Page LeffCeffPage() {
                   {"", "A coil acts as capacitance there, a capacitor as inductance", "Note11"}};
     page.inputs = {
         {"L11Eingabe", "Inductance L", "H", "Coil: its inductance. Capacitor: that of its leads",
-         "l", &Design::L, kReactanceLimits},
+         "l", "L", &Design::L, kReactanceLimits},
         {"C11Eingabe", "Capacitance C", "F",
-         "Capacitor: its capacitance. Coil: that of its winding", "c", &Design::C,
+         "Capacitor: its capacitance. Coil: that of its winding", "c", "C", &Design::C,
          kReactanceLimits},
         {"R11Eingabe",
          "Loss Resistance R",
          "Ω",
          "Series resistance at fo",
          "r",
+         "R",
          &Design::R,
          {1e-9, 1e6}}};
     page.outputs = {{"f0_11Ausgabe", "f0", "Self-Resonance f0", "Hz", "Resonance of L and C"},

@@ -133,6 +133,7 @@ Page TransformerPage() {
                     "",
                     "Coupling of the two coils, 0.1 to 1",
                     "k",
+                    "k",
                     &Design::k,
                     {0.1, 1},
                     Fixed(7, 3)}};
