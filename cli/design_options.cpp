@@ -69,7 +69,7 @@ InputField FieldOf(const Page& page, std::string_view option) {
         const auto found = std::ranges::find_if(other.inputs, matches);
         if (found != other.inputs.end()) return *found;
     }
-    return {};  // not reached: options are declared from these tables
+    return SharedInputs().front();  // not reached: options are declared from these tables
 }
 
 /// Check boxes with an option of their own.

@@ -36,10 +36,11 @@ set(kelvro_std_headers <algorithm> <array> <complex> <functional> <map> <optiona
                        <variant> <vector>)
 set(kelvro_qt_headers <QtWidgets/QtWidgets> ${kelvro_std_headers})
 
-# kelvro_room(NAME [QT] [LINKS libraries...]): the library kelvro_NAME of all sources below NAME/,
-# main.cpp excepted. QT runs moc and rcc over them.
+# kelvro_room(NAME [QT] [LINKS libraries...] [HEADERS headers...]): the library kelvro_NAME of all
+# sources below NAME/, main.cpp excepted. QT runs moc and rcc over them. HEADERS are large ones that
+# nearly every source reads: precompiled, they are read once.
 function(kelvro_room name)
-  cmake_parse_arguments(PARSE_ARGV 1 room "QT" "" "LINKS")
+  cmake_parse_arguments(PARSE_ARGV 1 room "QT" "" "LINKS;HEADERS")
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${name}/*.cpp ${name}/*.h ${name}/*.qrc)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   if(NOT sources)
@@ -52,6 +53,9 @@ function(kelvro_room name)
   if(room_QT)
     set_target_properties(kelvro_${name} PROPERTIES AUTOMOC ON AUTORCC ON)
     # Reading Qt's headers is more than half of what compiling a window costs.
-    target_precompile_headers(kelvro_${name} PRIVATE ${kelvro_qt_headers})
+    list(APPEND room_HEADERS ${kelvro_qt_headers})
+  endif()
+  if(room_HEADERS)
+    target_precompile_headers(kelvro_${name} PRIVATE ${room_HEADERS})
   endif()
 endfunction()
