@@ -75,7 +75,10 @@ TSDIAppForm::TSDIAppForm(QWidget* parent)
     findChild<QLineEdit*>(QStringLiteral("R1Eingabe"))->setFocus(Qt::TabFocusReason);
 }
 
-TSDIAppForm::~TSDIAppForm() = default;
+TSDIAppForm::~TSDIAppForm() {
+    // Windows under the pointer take their hints back as they go; nothing is left to show them.
+    delete findChild<HintHandler*>();
+}
 
 void TSDIAppForm::startUp(const QStringList& arguments) {
     const bool first = claimSettings();

@@ -7,12 +7,14 @@
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QStatusBar>
+#include <QStatusTipEvent>
 #include <QTimer>
 #include <cmath>
 
 #include "design/opened_network.h"
 #include "design/pages.h"
 #include "tests/ui/form_fixture.h"
+#include "ui/hint_handler.h"
 #include "ui/workbench/network_window.h"
 
 using namespace kelvro;
@@ -36,6 +38,7 @@ class MainFormTest : public QObject {
     void choosingASeriesChangesNoOutput();
     void bandwidthFontFollowsItsText();
     void hintsShowTheGoalOrTheWarning();
+    void controlsThatGoLastShowNoHint();
     void statusPanelTellsWhatTheShownDesignAchieves();
     void reportThatCannotBeWrittenStandsInTheStatusPanel();
     void stayInFrontTogglesFlagAndCheckMark();
@@ -272,6 +275,22 @@ void MainFormTest::hintsShowTheGoalOrTheWarning() {
     const QString shown = f.find<QStatusBar>("StatusBar").currentMessage();
     // Nothing has run yet.
     QVERIFY2(shown.startsWith("Increase or decrease R1, loss "), qPrintable(shown));
+}
+
+/// Under the pointer a control takes its hint back as it goes, behind the form's own members.
+void MainFormTest::controlsThatGoLastShowNoHint() {
+    int shown = 0;
+    {
+        FormFixture f;
+        connect(f.form().findChild<HintHandler*>(), &HintHandler::hintChanged, this,
+                [&shown] { ++shown; });
+        connect(&f.find("R1Eingabe"), &QObject::destroyed, this, [] {
+            QStatusTipEvent tip(QStringLiteral("late"));
+            QApplication::sendEvent(qApp, &tip);
+        });
+        shown = 0;
+    }
+    QCOMPARE(shown, 0);
 }
 
 void MainFormTest::statusPanelTellsWhatTheShownDesignAchieves() {

@@ -8,7 +8,6 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QtTest>
 #include <cmath>
 
@@ -17,7 +16,7 @@
 #include "synthesis/refine.h"
 #include "synthesis/yield.h"
 #include "tests/ui/form_fixture.h"
-#include "tests/ui/plot_fixture.h"
+#include "tests/ui/network_fixture.h"
 #include "ui/workbench/find_dialog.h"
 #include "ui/workbench/network_window.h"
 #include "ui/workbench/sweep_view.h"
@@ -30,41 +29,12 @@ constexpr int kPatience = 60'000;  // ms, on a machine with much else to do
 
 /// 40 ohm with 120 nH at 50 ohm from 295 MHz to 405 MHz: -2.655 dB with two parts, -1.215 dB with
 /// three, -0.215 dB at best.
-class Window {
+class Window : public NetworkFixture {
   public:
     Window() {
-        qputenv("XDG_CONFIG_HOME", folder_.path().toLocal8Bit());
-        qputenv("XDG_STATE_HOME", folder_.path().toLocal8Bit());
-        window_ = std::make_unique<NetworkWindow>(host_);
-        window_->setMessageSink([](const QString& text) { qFatal("%s", qPrintable(text)); });
-        window_->resize(1024, 600);
-        window_->show();
-        if (!QTest::qWaitForWindowExposed(window_.get())) qFatal("the window does not show");
-        type(*window_, "LoadEingabe", "R=40 + L=120n");
-        type(*window_, "BandsEingabe", "295M:405M");
-    }
-    ~Window() { model().markSaved(); }
-
-    NetworkWindow* operator->() { return window_.get(); }
-    NetworkModel& model() { return window_->model(); }
-
-    template <typename Widget>
-    static Widget& find(QWidget& in, const char* name) {
-        auto* found = in.findChild<Widget*>(QLatin1String(name));
-        if (!found) qFatal("no control %s", name);
-        return *found;
-    }
-    template <typename Widget>
-    Widget& find(const char* name) {
-        return find<Widget>(*window_, name);
-    }
-    void trigger(const char* action) { find<QAction>(action).trigger(); }
-
-    static void type(QWidget& in, const char* edit, const char* text) {
-        auto& field = find<QLineEdit>(in, edit);
-        field.setFocus();
-        field.selectAll();
-        QTest::keyClicks(&field, QLatin1String(text));
+        (**this).setMessageSink([](const QString& text) { qFatal("%s", qPrintable(text)); });
+        type("LoadEingabe", "R=40 + L=120n");
+        type("BandsEingabe", "295M:405M");
     }
     static void choose(QWidget& in, const char* box, const char* text) {
         auto& combo = find<QComboBox>(in, box);
@@ -90,11 +60,6 @@ class Window {
         QTest::keyClicks(&spin, QLatin1String(parts));
         return dialog;
     }
-
-  private:
-    QTemporaryDir folder_;
-    Host host_;
-    std::unique_ptr<NetworkWindow> window_;
 };
 
 bool Idle(QWidget& dialog, const char* button, const char* caption) {

@@ -11,18 +11,18 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QProcess>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSlider>
 #include <QStandardPaths>
 #include <QStyleOptionSlider>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QtTest>
 #include <algorithm>
 #include <cmath>
 
 #include "network/ladder_response.h"
-#include "tests/ui/plot_fixture.h"
-#include "ui/workbench/network_window.h"
+#include "tests/ui/network_fixture.h"
 #include "ui/workbench/smith_view.h"
 #include "ui/workbench/sweep_view.h"
 
@@ -33,40 +33,12 @@ namespace {
 /// 100 ohm to 200 - j100 at 500 MHz, whose L section is 38.985 nH and 0.92277 pF.
 constexpr double kFrequency = 500e6;
 
-class Window {
+class Window : public NetworkFixture {
   public:
     Window() {
-        qputenv("XDG_CONFIG_HOME", folder_.path().toLocal8Bit());
-        qputenv("XDG_STATE_HOME", folder_.path().toLocal8Bit());
-        window_ = std::make_unique<NetworkWindow>(host_);
-        window_->setMessageSink([this](const QString& text) { messages << text; });
-        window_->resize(1024, 600);
-        window_->show();
-        if (!QTest::qWaitForWindowExposed(window_.get())) qFatal("the window does not show");
         type("SourceEingabe", "100");
         type("LoadEingabe", "200-j100");
         type("FrequencyEingabe", "500M");
-    }
-    ~Window() { window_->model().markSaved(); }
-
-    NetworkWindow& operator*() { return *window_; }
-    NetworkWindow* operator->() { return window_.get(); }
-    NetworkModel& model() { return window_->model(); }
-    QString path(const char* name) const { return folder_.filePath(QLatin1String(name)); }
-
-    template <typename Widget>
-    Widget& find(const char* name) {
-        auto* found = window_->findChild<Widget*>(QLatin1String(name));
-        if (!found) qFatal("no control %s", name);
-        return *found;
-    }
-    void trigger(const char* action) { find<QAction>(action).trigger(); }
-
-    void type(const char* edit, const char* text) {
-        auto& field = find<QLineEdit>(edit);
-        field.setFocus();
-        field.selectAll();
-        QTest::keyClicks(&field, QLatin1String(text));
     }
 
     /// Adds an element by its button and types its text over it.
@@ -86,18 +58,6 @@ class Window {
         addElement("ButtonSeriesL", "series: L1=20n");
         addElement("ButtonShuntC", "shunt: C1=0.92277p");
     }
-
-    double value(std::size_t index) {
-        const auto& ladder = model().network().ladder;
-        return ValueOf(ladder, TunablesOf(ladder).at(index));
-    }
-
-    QStringList messages;
-
-  private:
-    QTemporaryDir folder_;
-    Host host_;
-    std::unique_ptr<NetworkWindow> window_;
 };
 
 /// How long it takes from a move of the pointer until the last view is painted.
@@ -240,6 +200,18 @@ class NetworkWindowTest : public QObject {
         QVERIFY(std::fabs(window.value(1) / 0.92277e-12 / ratio - 1) < 1e-9);
         window.type("Value1", "27n");
         QCOMPARE(window.value(0), 27e-9);
+    }
+
+    void allOfASliderIsInSightHoweverManyThereAre() {
+        Window window;
+        Network many = window.model().network();
+        for (int i = 0; i < 12; ++i) many.ladder.push_back(SeriesArm(Part::L(1e-9)));
+        window.model().take("Many", many);
+        const QWidget& last = window.find<QSlider>("Slider12");
+        QTRY_VERIFY(last.isVisible());
+        const auto* rows = window.find<QWidget>("SliderPanel").findChild<QScrollArea*>();
+        QTRY_VERIFY(rows->verticalScrollBar()->maximum() > 0);
+        QCOMPARE(rows->horizontalScrollBar()->maximum(), 0);
     }
 
     void elementsMoveAndGoByKeyboard() {

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QVBoxLayout>
@@ -88,11 +89,17 @@ SliderPanel::SliderPanel(NetworkModel& model, QWidget* parent)
     grid_ = new QGridLayout(rowsArea_);
     grid_->setContentsMargins(0, 0, 0, 0);
     grid_->setColumnStretch(3, 1);
-    auto* scroll = new QScrollArea;
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidget(rowsArea_);
-    column->addWidget(scroll, 1);
+    heads_ = {new QLabel(tr("gang")), new QLabel(tr("lock"))};
+    grid_->addWidget(heads_[0], 0, 0);
+    grid_->addWidget(heads_[1], 0, 1);
+    scroll_ = new QScrollArea;
+    scroll_->setWidgetResizable(true);
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setWidget(rowsArea_);
+    // Both show what is behind them: the page of the tab.
+    rowsArea_->setAutoFillBackground(false);
+    scroll_->viewport()->setAutoFillBackground(false);
+    column->addWidget(scroll_, 1);
     connect(&model_, &NetworkModel::changed, this, &SliderPanel::showModel);
     showModel();
 }
@@ -110,8 +117,15 @@ void SliderPanel::rebuild() {
     }
     rows_.clear();
     shown_ = TunablesOf(model_.network().ladder);
+    for (QLabel* head : heads_) head->setVisible(!shown_.empty());
     for (std::size_t i = 0; i < shown_.size(); ++i) addRow(shown_[i], static_cast<int>(i));
-    grid_->setRowStretch(static_cast<int>(shown_.size()), 1);
+    grid_->setRowStretch(static_cast<int>(shown_.size()) + 1, 1);
+}
+
+/// Sideways nothing is ever out of sight, the bar to scroll down included.
+void SliderPanel::keepWide() {
+    scroll_->setMinimumWidth(rowsArea_->minimumSizeHint().width() +
+                             scroll_->verticalScrollBar()->sizeHint().width());
 }
 
 void SliderPanel::addRow(const Tunable& at, int line) {
@@ -119,9 +133,9 @@ void SliderPanel::addRow(const Tunable& at, int line) {
     const auto index = static_cast<std::size_t>(line);
     const QString name = QString::fromStdString(NameOf(ladder, at));
     Row row{at,
-            new QCheckBox(tr("gang")),
-            new QCheckBox(tr("lock")),
-            new QLabel(name),
+            new QCheckBox,
+            new QCheckBox,
+            new QLabel,
             new QSlider(Qt::Horizontal),
             new InputEdit(QStringLiteral("Value%1").arg(line + 1)),
             new QLabel(ToQString(UnitOf(ladder, at))),
@@ -133,7 +147,6 @@ void SliderPanel::addRow(const Tunable& at, int line) {
     row.slider->setRange(-kHalfWay, kHalfWay);
     row.slider->setPageStep(kHalfWay / 10);
     row.slider->setMinimumWidth(90);
-    row.slider->setAccessibleName(name);
     row.gang->setObjectName(QStringLiteral("Gang%1").arg(line + 1));
     SetHint(*row.gang, tr("Moves together with the others that are ganged, by the same ratio"));
     row.lock->setObjectName(QStringLiteral("Lock%1").arg(line + 1));
@@ -155,8 +168,16 @@ void SliderPanel::addRow(const Tunable& at, int line) {
     int column = 0;
     for (QWidget* widget : std::initializer_list<QWidget*>{row.gang, row.lock, row.name, row.slider,
                                                            row.edit, row.unit})
-        grid_->addWidget(widget, line, column++);
+        grid_->addWidget(widget, line + 1, column++);
+    nameRow(row, name);
     rows_.push_back(row);
+}
+
+void SliderPanel::nameRow(Row& row, const QString& name) {
+    row.name->setText(name);
+    row.slider->setAccessibleName(name);
+    row.gang->setAccessibleName(tr("Gang %1").arg(name));
+    row.lock->setAccessibleName(tr("Lock %1").arg(name));
 }
 
 double SliderPanel::valueAt(const Row& row, int position) const {
@@ -182,8 +203,7 @@ void SliderPanel::showModel() {
         const auto& ladder = model_.network().ladder;
         const double value = ValueOf(ladder, row.at);
         // The element may have got another name, or become another kind of part.
-        row.name->setText(QString::fromStdString(NameOf(ladder, row.at)));
-        row.slider->setAccessibleName(row.name->text());
+        nameRow(row, QString::fromStdString(NameOf(ladder, row.at)));
         row.unit->setText(ToQString(UnitOf(ladder, row.at)));
         // A value set elsewhere, beyond the slider's ends, becomes its new middle.
         const double range = kRanges[static_cast<std::size_t>(rangeBox_->currentIndex())];
@@ -196,6 +216,7 @@ void SliderPanel::showModel() {
         row.lock->setChecked(model_.locked(row.at));
     }
     filling_ = false;
+    keepWide();
     showWorst();
 }
 

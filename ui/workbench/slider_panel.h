@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <array>
 #include <vector>
 
 #include "ui/workbench/network_model.h"
@@ -10,6 +11,7 @@ class QComboBox;
 class QGridLayout;
 class QLabel;
 class QProgressBar;
+class QScrollArea;
 class QSlider;
 
 namespace kelvro {
@@ -44,6 +46,8 @@ class SliderPanel : public QWidget {
 
     void rebuild();
     void addRow(const Tunable& at, int row);
+    static void nameRow(Row& row, const QString& name);
+    void keepWide();
     void showModel();
     void showWorst();
     void slid(std::size_t index, int position);
@@ -57,6 +61,8 @@ class SliderPanel : public QWidget {
     NetworkModel& model_;
     QGridLayout* grid_;
     QWidget* rowsArea_;
+    QScrollArea* scroll_ = nullptr;
+    std::array<QLabel*, 2> heads_ = {};  ///< above the ticks
     QProgressBar* worst_;
     QLabel* worstText_;
     QComboBox* seriesBox_;
