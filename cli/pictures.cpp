@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QPainter>
+#include <cmath>
 #include <optional>
 
 #include "plot/frame_painter.h"
@@ -34,7 +35,12 @@ class OffscreenQt {
 Status WritePicture(const Picture& picture, int width, int height, const std::string& file) {
     const OffscreenQt qt;
     const auto drawing = [&picture](QPainter& painter, QSize size) {
-        FramePainter().draw(painter, size, picture);
+        const double scale = picture.dpi / Picture().dpi;
+        painter.scale(scale, scale);
+        // Rounded up, so that no rim is left without ground.
+        const QSize logical(static_cast<int>(std::ceil(size.width() / scale)),
+                            static_cast<int>(std::ceil(size.height() / scale)));
+        FramePainter().draw(painter, logical, picture);
     };
     const QString path = QString::fromLocal8Bit(file.c_str());
     return SavePicture(path, *PictureFormatOf(path), QSize(width, height), drawing);

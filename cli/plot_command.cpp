@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <QDate>
 #include <QSize>
 #include <algorithm>
 #include <charconv>
@@ -10,6 +11,7 @@
 #include "cli/tolerance_options.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
+#include "plot/caption.h"
 #include "plot/picture_format.h"
 #include "plot/response_picture.h"
 #include "plot/scatter.h"
@@ -35,6 +37,10 @@ struct PlotOptions {
     bool envelope = false;
     bool edges = false;
     bool dark = false;
+    bool noCaption = false;
+    bool noHarmonics = false;
+    bool noLevels = false;
+    double dpi = Picture().dpi;
     std::vector<std::string> markers;
     std::string file;
 };
@@ -114,6 +120,18 @@ Picture PictureOf(const PlotOptions& options, const ResponsePlot& plot, const De
     return picture;
 }
 
+/// What stands below the plot: markers, edges of the band, and what was drawn on which day.
+std::vector<std::string> FooterOf(const ResponsePlot& plot, const DesignRun& run) {
+    const TraceSource source(run.state);
+    std::vector<std::string> lines = MarkerLines(source, plot.traces, plot.markers);
+    const auto add = [&lines](const std::vector<std::string>& more) {
+        lines.insert(lines.end(), more.begin(), more.end());
+    };
+    add(EdgeTexts(run.state, plot, SampledTraces(run.state, plot)));
+    add(CaptionOf(run, QDate::currentDate().toString(Qt::ISODate).toStdString()));
+    return lines;
+}
+
 ExitCode Plot(const PlotOptions& options, Session& session) {
     if (!session.writePicture) {
         return session.fail({ExitCode::Failed,
@@ -124,15 +142,20 @@ ExitCode Plot(const PlotOptions& options, Session& session) {
     if (!traces) return session.fail(traces.status());
     const auto outcome = RunRespondingDesign(*options.design, session);
     if (!outcome) return session.fail(outcome.status());
-    const Design& state = outcome->state;
+    const DesignRun& run = *outcome;
+    const Design& state = run.state;
     const auto view = ViewOf(options, *traces, state);
     if (!view) return session.fail(view.status());
     ResponsePlot plot{*traces, *view};
     plot.edges = options.edges;
     plot.dark = options.dark;
+    plot.harmonics = !options.noHarmonics;
+    plot.levels = !options.noLevels;
     for (const std::string& marker : options.markers) plot.markers.push_back(ParseValue(marker));
-    const Picture picture = PictureOf(options, plot, state);
+    Picture picture = PictureOf(options, plot, state);
+    if (!options.noCaption) picture.footer = FooterOf(plot, run);
 
+    picture.dpi = options.dpi;
     const QSize size = *SizeOf(options.size);
     const Status written = session.writePicture(picture, size.width(), size.height(), options.file);
     if (!written) return session.fail({ExitCode::Failed, written.message()});
@@ -170,6 +193,13 @@ void AddPlotCommand(CLI::App& app, Session& session) {
         ->type_name("NUMBER");
     command->add_flag("--edges", options->edges, "Edges of the band at -1 dB and -3 dB");
     command->add_flag("--dark", options->dark, "On a dark ground");
+    command->add_flag("--no-caption", options->noCaption,
+                      "Nothing below the plot; else page, inputs, parts, markers and the day");
+    command->add_flag("--no-harmonics", options->noHarmonics, "No lines at the multiples of fo");
+    command->add_flag("--no-levels", options->noLevels, "No lines at -1 dB and -3 dB");
+    command->add_option("--dpi", options->dpi, "Dots per inch for which texts and lines are sized")
+        ->capture_default_str()
+        ->check(CLI::Range(24.0, 1200.0));
     command
         ->add_option("-o,--output", options->file,
                      "File to write; its ending says which format: png, svg, pdf, bmp, jpg, gif "

@@ -85,6 +85,7 @@ struct Picture {
     std::vector<Pointer> pointers;
     std::string note;                 ///< large in the middle of the plot: why it shows nothing
     std::vector<std::string> footer;  ///< lines below the plot
+    double dpi = 96;                  ///< of bitmaps: texts and lines have their usual size there
     bool dark = false;                ///< on a dark ground
     bool paper = false;               ///< what is light on a screen is darker, to be read on paper
 };

@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScreen>
 #include <QTabBar>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -19,6 +20,7 @@
 
 #include "core/number_text.h"
 #include "core/scalar.h"
+#include "design/pages.h"
 #include "ui/plot/plot_image.h"
 
 namespace kelvro {
@@ -145,7 +147,8 @@ TFormOpt::TFormOpt(DesignHost& host, OptimizerServices& optimizer, const Optimiz
         showHistory();
     });
     showSettings();
-    resize(980, 700);
+    const QSize room = screen()->availableSize() - QSize(20, 60);  // less the window's frame
+    resize(QSize(980, 700).boundedTo(room));
 }
 
 QWidget* TFormOpt::settingsPanel() {
@@ -205,17 +208,16 @@ QWidget* TFormOpt::evaluationPanel() {
         evaluation_[i] = new QLabel;
         evaluation_[i]->setObjectName(QLatin1String(objects[i]));
         evaluation_[i]->setToolTip(tr(hints[i]));
-        evaluation_[i]->setWordWrap(i >= 4);  // the short ones stand on one line
+        evaluation_[i]->setWordWrap(true);
         evaluation_[i]->setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
     layout->addWidget(evaluation_[0]);
     layout->addWidget(evaluation_[1]);
-    auto* calls = new QHBoxLayout;
-    calls->addWidget(evaluation_[2]);
-    calls->addWidget(evaluation_[3], 1);
-    layout->addLayout(calls);
+    layout->addWidget(evaluation_[2]);
+    layout->addWidget(evaluation_[3]);
     auto* time = new QHBoxLayout;
-    time->addWidget(new QLabel(tr("Time:")), 0, Qt::AlignTop);
+    timeCaption_ = new QLabel(tr("Time:"));
+    time->addWidget(timeCaption_, 0, Qt::AlignTop);
     time->addWidget(evaluation_[4], 1);
     layout->addLayout(time);
     QFont bold = evaluation_[5]->font();
@@ -361,11 +363,32 @@ void TFormOpt::showSettings() {
     gradEingabe_->setText(' ' + Text(FormatEng(5, 1, optimizer_.settings.local.gradientLimit)));
 }
 
+/// A page without optimizer, and a design that is refused, leave the run of another one behind.
+const PageOptimization* TFormOpt::run() const {
+    const PageOptimization& last = optimizer_.last();
+    const bool ofThis = last.page == host_.design().page && !host_.result().message;
+    const bool ran = last.status != PageOptimization::Status::NotRun;
+    return ofThis && ran ? &last : nullptr;
+}
+
+QString TFormOpt::whyNoRun() const {
+    const Page& page = PageOf(host_.design());
+    if (page.goal.moved == nullptr && page.goal.testParameters == 0) {
+        return tr("This page has nothing to optimize.");
+    }
+    if (host_.result().message) return tr("The design is refused: there was nothing to optimize.");
+    if (optimizer_.settings.disabled) return tr("Optimization is switched off.");
+    return tr("No optimization has been run.");
+}
+
 void TFormOpt::showEvaluation() {
     const PageOptimization& last = optimizer_.last();
     const CallCounts calls = last.calls;
     const int line = calls.of(CallKind::LineSearch);
     const int gradient = calls.of(CallKind::Gradient);
+    for (QLabel* label : evaluation_) label->clear();
+    timeCaption_->setVisible(run() != nullptr);
+    if (run() == nullptr) return evaluation_[0]->setText(whyNoRun());
     evaluation_[0]->setText(tr("Actually used iterations : %1").arg(last.iterations()));
     evaluation_[1]->setText(tr("Total optimization time : %1ms")
                                 .arg(std::lround(last.milliseconds) + kAddedMilliseconds));
@@ -379,12 +402,15 @@ void TFormOpt::showEvaluation() {
 }
 
 void TFormOpt::showHistory() {
-    history_ = JoinedHistory(optimizer_.last());
+    history_ = run() ? JoinedHistory(*run()) : std::vector<HistoryPoint>();
+    for (QLabel* label : readOuts_) label->setText(QStringLiteral(" "));
     const HistoryStyle style{showLabels_->isChecked(), !showDx_->isChecked(),
                              logarithmic_->isChecked()};
     const auto& plots = kTabs[static_cast<std::size_t>(tabs_->currentIndex() == 1)];
     for (std::size_t i = 0; i < images_.size(); ++i) {
-        images_[i]->setPicture(HistoryPicture(plots[i], history_, style));
+        Picture picture = HistoryPicture(plots[i], history_, style);
+        if (history_.empty()) picture.note = tr("no run").toStdString();
+        images_[i]->setPicture(std::move(picture));
     }
 }
 

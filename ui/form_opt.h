@@ -59,6 +59,9 @@ class TFormOpt : public QDialog {
     void FormShow();
     void showSettings();
     void showEvaluation();
+    /// The run behind the design that is shown; null where there was none.
+    const PageOptimization* run() const;
+    QString whyNoRun() const;
     void showHistory();
     void readOut(std::size_t image, QPointF position);
 
@@ -71,6 +74,7 @@ class TFormOpt : public QDialog {
     QLineEdit* itEingabe_ = nullptr;
     QLineEdit* gradEingabe_ = nullptr;
     std::array<QLabel*, 6> evaluation_{};
+    QLabel* timeCaption_ = nullptr;
     QTabBar* tabs_ = nullptr;
     std::array<PlotImage*, 3> images_{};
     std::array<QLabel*, 3> readOuts_{};

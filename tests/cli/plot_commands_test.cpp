@@ -66,6 +66,13 @@ TEST_F(PlotCommands, OptionsOfTheViewChangeThePicture) {
                                                     {"--linear"},
                                                     {"--from", "1M", "--to", "20M"},
                                                     {"--autoscale"},
+                                                    {"--edges"},
+                                                    {"--marker", "9M,12M"},
+                                                    {"--dpi", "150"},
+                                                    {"--no-caption"},
+                                                    {"--no-harmonics"},
+                                                    {"--no-levels"},
+                                                    {"--dark"},
                                                     {"--size", "200x100"}}) {
         pictures.push_back(plot(options, "a.png"));
         EXPECT_EQ(std::ranges::count(pictures, pictures.back()), 1) << options.front();
@@ -149,6 +156,7 @@ TEST_F(PlotCommands, WhatCannotBeDoneEndsWithOneLineAndItsCode) {
                         {2, {"plot", "pi", "-o", png, "--trace", "gt,s21"}},
                         {2, {"plot", "pi", "-o", png, "--trace", "gt,phi,delay"}},
                         {2, {"plot", "pi", "-o", png, "--from", "0"}},
+                        {2, {"plot", "pi", "-o", png, "--dpi", "0"}},
                         {2, {"plot", "pi", "-o", png, "--from", "2M", "--to", "1M"}},
                         {2, {"plot", "pi", "-o", png, "--mc", "-1"}},
                         {2, {"plot", "pi", "-o", png, "--mc", "1", "--seed", "-1"}},

@@ -126,8 +126,33 @@ class FormOptTest : public QObject {
         QCOMPARE(image->picture().curves[1].y[1], run.history[1].x[1] - run.history[2].x[1]);
         form_->findChild<QTabBar*>("TabControlHistory")->setCurrentIndex(1);
         QCOMPARE(image->picture().title, std::string("Normalized Parameters vs Iteration"));
-        QTest::mouseMove(form_->findChild<PlotImage*>("ImageHistory1"), QPoint(60, 60));
+        hover("ImageHistory1");
         QVERIFY(label("LabelHistory1").startsWith("i="));
+    }
+
+    void withoutARunTheWindowSaysSoAndForgetsTheOneBefore() {
+        const auto* image = form_->findChild<PlotImage*>("ImageHistory1");
+        const auto points = [&] { return image->picture().curves.front().y.size(); };
+        QVERIFY(points() > 0);
+        hover("ImageHistory1");
+        QVERIFY(label("LabelHistory1").startsWith("i="));
+        session_->goToPage(11);
+        QCOMPARE(label("LabelIterations"), QString("This page has nothing to optimize."));
+        QCOMPARE(label("LabelGoal"), QString());
+        QCOMPARE(label("LabelHistory1").trimmed(), QString());
+        QCOMPARE(points(), std::size_t{0});
+        session_->goToPage(1);
+        QVERIFY(label("LabelGoal").startsWith("Achieved goal function : "));
+        session_->edit("R1", [](Design& design) { design.R1 = 1000; });  // page 1 steps up only
+        QCOMPARE(label("LabelIterations"),
+                 QString("The design is refused: there was nothing to optimize."));
+        QCOMPARE(points(), std::size_t{0});
+    }
+
+    void theWindowFitsASmallScreen() {
+        const QSize least = form_->minimumSizeHint();
+        QVERIFY2(least.width() <= 1000 && least.height() <= 540,
+                 qPrintable(QString("%1 x %2").arg(least.width()).arg(least.height())));
     }
 
     void aReportThatCannotBeWrittenDoesNotDecideTheDesign() {
@@ -149,6 +174,12 @@ class FormOptTest : public QObject {
     void click(const char* name) {
         auto* button = form_->findChild<QAbstractButton*>(name);
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+    }
+
+    /// Moves the mouse over an image, from another place of it than a test before left it at.
+    void hover(const char* name) {
+        auto* image = form_->findChild<PlotImage*>(name);
+        for (const QPoint at : {QPoint(40, 40), QPoint(60, 60)}) QTest::mouseMove(image, at);
     }
 
     void type(const char* name, const QString& text) {
