@@ -51,7 +51,8 @@ function(kelvro_room name)
   add_library(kelvro_${name} STATIC ${sources})
   target_link_libraries(kelvro_${name} PUBLIC kelvro_options ${room_LINKS})
   if(room_QT)
-    set_target_properties(kelvro_${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+    set_target_properties(kelvro_${name} PROPERTIES AUTOMOC ON AUTORCC ON
+                                                      AUTOGEN_ORIGIN_DEPENDS OFF)
     # Reading Qt's headers is more than half of what compiling a window costs.
     list(APPEND room_HEADERS ${kelvro_qt_headers})
   endif()

@@ -9,13 +9,6 @@ namespace kelvro {
 
 namespace {
 
-// A change of f this small relative to f leaves a gradient entry fewer than four good digits.
-constexpr double kSmallestRelativeChange = 1e-12;
-// Slopes on both sides that differ by more than this tell of a kink or of strong curvature.
-constexpr double kLargestAngleDifference = 2;
-constexpr double kInaccurate = 0.03;
-constexpr double kSlightlyInaccurate = 0.01;
-
 /// Slope between two points, one of which may not exist.
 double Slope(double minus, double f, double plus, double h) {
     if (std::isfinite(plus) && std::isfinite(minus)) return (plus - minus) / (2 * h);
@@ -29,10 +22,11 @@ double SecondDerivative(double minus, double f, double plus, double h) {
 }
 
 /// The parameter whose step changed f least, where that change drowns in rounding; -1 for none.
-Eigen::Index DrowningParameter(const Gradient& gradient, double f, double h) {
+Eigen::Index DrowningParameter(const Gradient& gradient, double f, const LocalOptions& options) {
     Eigen::Index least = 0;
-    const double change = gradient.g.cwiseAbs().minCoeff(&least) * h;
-    return change > 0 && change < kSmallestRelativeChange * std::fabs(f) ? least : -1;
+    const double change = gradient.g.cwiseAbs().minCoeff(&least) * options.differenceStep;
+    const double drowned = options.tuning.remark.smallestRelativeChange * std::fabs(f);
+    return change > 0 && change < drowned ? least : -1;
 }
 
 }  // namespace
@@ -109,7 +103,7 @@ Gradient GradientSource::compute(const Vector& x, double f, const GradientSituat
     wasDoubleSided_ = false;
     ++singleSided_;
     Gradient gradient = SingleSidedGradient(objective_, x, f, options_.differenceStep);
-    const Eigen::Index drowning = DrowningParameter(gradient, f, options_.differenceStep);
+    const Eigen::Index drowning = DrowningParameter(gradient, f, options_);
     if (options_.gradientChecks && drowning >= 0) {
         notes.push_back(
             {.kind = NoteKind::SingleSidedInaccurate, .index = static_cast<int>(drowning) + 1});
@@ -133,6 +127,7 @@ Gradient GradientSource::computeDoubleSided(const Vector& x, double f, std::vect
 
 void GradientSource::checkDoubleSided(const Gradient& gradient, double f,
                                       std::vector<Note>& notes) const {
+    const RemarkTuning& remark = options_.tuning.remark;
     const double h = options_.differenceStep;
     const Vector upper = (f - gradient.plus.array()) / h;
     const Vector lower = (gradient.minus.array() - f) / h;
@@ -140,7 +135,7 @@ void GradientSource::checkDoubleSided(const Gradient& gradient, double f,
     const Vector difference = (upper.array().atan() - lower.array().atan()).abs();
     const double angle =
         difference.size() == 0 ? 0 : difference.maxCoeff(&worst) * kDegreesPerRadian;
-    if (angle >= kLargestAngleDifference) {
+    if (angle >= remark.kinkedAngle) {
         notes.push_back({.kind = NoteKind::DoubleSidedInaccurate,
                          .index = static_cast<int>(worst) + 1,
                          .value = {angle, 0}});
@@ -148,9 +143,9 @@ void GradientSource::checkDoubleSided(const Gradient& gradient, double f,
         notes.push_back({.kind = NoteKind::DoubleSidedUsed});
     }
     const double deviation = std::fabs(gradient.length - upper.norm()) / gradient.length;
-    if (deviation > kInaccurate) {
+    if (deviation > remark.singleSidedOff) {
         notes.push_back({.kind = NoteKind::SingleSidedOffBy3Percent});
-    } else if (deviation > kSlightlyInaccurate) {
+    } else if (deviation > remark.singleSidedSlightlyOff) {
         notes.push_back({.kind = NoteKind::SingleSidedOffBy1Percent});
     }
 }

@@ -15,18 +15,11 @@ namespace kelvro {
 
 namespace {
 
-constexpr double kStartOffset = 0.05;  // of different start values: 5 % of each component
-// The second run refines: it starts where the first one ended and has to find something to do.
-constexpr double kSecondRunPart = 0.1;
-constexpr double kNotedLoss = 0.5;  // dB at fo
-// Rounded to ten digits the goal changes in steps; differences have to be wide against them.
-constexpr double kNoisyDifferenceStep = 1e-3;
-
 /// Offsets with alternating signs; the second run starts on the other side.
-Eigen::VectorXd OffsetStart(std::size_t size, int run) {
+Eigen::VectorXd OffsetStart(std::size_t size, int run, double offset) {
     Eigen::VectorXd x(static_cast<Eigen::Index>(size));
     for (Eigen::Index i = 0; i < x.size(); ++i) {
-        x[i] = (i + run) % 2 == 0 ? kStartOffset : -kStartOffset;
+        x[i] = (i + run) % 2 == 0 ? offset : -offset;
     }
     return x;
 }
@@ -53,13 +46,13 @@ std::string FarWarning(const Design& before, const Slots& components, double rea
 }
 
 /// What the design has lost at fo for the rest of its band, where that is worth a word.
-std::string LossWarning(const Design& before, const Slots& components) {
+std::string LossWarning(const Design& before, const Slots& components, double noted) {
     Design after = before;
     after.components = components;
     if (!PageOf(before).transfer) return {};
     const double more =
         Response(before).relativeDb(before.fo) - Response(after).relativeDb(before.fo);
-    if (!(more > kNotedLoss)) return {};
+    if (!(more > noted)) return {};
     return FormatFixed(0, 2, more) + " dB more loss at fo than the calculated design";
 }
 
@@ -97,8 +90,8 @@ class PageRuns {
             settings.local.reach = std::numeric_limits<double>::infinity();
         }
         if (settings.goal.noise) {
-            settings.local.differenceStep = kNoisyDifferenceStep;
-            settings.local.secondDifferenceStep = kNoisyDifferenceStep;
+            settings.local.differenceStep = settings.local.tuning.run.noisyDifferenceStep;
+            settings.local.secondDifferenceStep = settings.local.differenceStep;
         }
         settings.local.recordCalls = settings.writeTable;
         settings.local.finalHessian = settings.local.finalHessian || settings.writeLog;
@@ -111,10 +104,11 @@ class PageRuns {
 
     void runOnce(int index) {
         LocalOptions options = settings_.local;
-        if (index > 0) options.gradientLimit *= kSecondRunPart;
+        const RunTuning& tuning = settings_.local.tuning.run;
+        if (index > 0) options.gradientLimit *= tuning.secondRunPart;
         options.sequence = index;
         const Eigen::VectorXd start = settings_.differentStartValues
-                                          ? OffsetStart(goal_.size(), index)
+                                          ? OffsetStart(goal_.size(), index, tuning.startOffset)
                                       : index > 0 ? result_.runs[0].x
                                                   : calculated();
         result_.runs.push_back(MinimizeLocally(goal_, start, options, calculated()));
@@ -140,7 +134,8 @@ class PageRuns {
         if (best->x.isZero(0)) return;
         result_.components = goal_.components(AsSpan(best->x));
         result_.warning = FarWarning(design_, result_.components, settings_.local.reach);
-        const std::string loss = LossWarning(design_, result_.components);
+        const std::string loss =
+            LossWarning(design_, result_.components, settings_.local.tuning.remark.notedLoss);
         if (!loss.empty()) result_.warning += (result_.warning.empty() ? "" : ", ") + loss;
     }
 
@@ -160,7 +155,7 @@ class PageRuns {
         result_.log = ReportHead(settings_, settings_.writeTable ? settings_.tableName : "");
         for (std::size_t i = 0; i < result_.runs.size(); ++i) {
             OptimizerSettings settings = settings_;
-            if (i > 0) settings.local.gradientLimit *= kSecondRunPart;
+            if (i > 0) settings.local.gradientLimit *= settings.local.tuning.run.secondRunPart;
             result_.log += RunText(result_.runs[i], settings, origin(i), design_.page);
         }
         result_.log += ClosingText(result_.bestRun(), settings_);

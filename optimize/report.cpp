@@ -13,13 +13,10 @@ namespace kelvro {
 
 namespace {
 
-constexpr double kNegligible = 1e-18;
-constexpr double kExtremeRatio = 1e6;      // of eigenvalues
-constexpr double kUncertaintyGoal = 0.01;  // dB that an uncertain parameter may cost
-constexpr double kBigChange = 0.01;        // of a parameter in the last iteration
-
+/// What is nearly 0 divides as something small: the report shows a huge number then.
 double Guarded(double divisor) {
-    return SymmetricClamp(divisor, kNegligible, 1 / kNegligible);
+    constexpr double negligible = 1e-18;
+    return SymmetricClamp(divisor, negligible, 1 / negligible);
 }
 
 double AngleBetween(const Eigen::VectorXd& a, const Eigen::VectorXd& b) {
@@ -313,14 +310,14 @@ Eigen::MatrixXd TrustedInverse(const Summary& run) {
     return run.finalHessian->completeOrthogonalDecomposition().pseudoInverse();
 }
 
-void WriteEigenvalues(ReportText& out, const Summary& run) {
+void WriteEigenvalues(ReportText& out, const Summary& run, const RemarkTuning& tuning) {
     const Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> solver(run.inverseHessian);
     const Eigen::VectorXd& values = solver.eigenvalues();
     out << "Eigenvalues of final BFGS iH : " << values << "\n";
     const double smallest = values.minCoeff();
     const double largest = values.maxCoeff();
     if (smallest < 0) out << "Warning : Inverse Hessian used in BFGS was not positive-definite.\n";
-    if (std::fabs(largest / Guarded(smallest)) >= kExtremeRatio) {
+    if (std::fabs(largest / Guarded(smallest)) >= tuning.extremeEigenvalueRatio) {
         out << "Warning : Inverse Hessian used in BFGS has extreme eigenvalue ratio.\n";
     }
     for (Eigen::Index i = 0; i < values.size(); ++i) {
@@ -347,9 +344,9 @@ void WriteChoice(ReportText& out, const Summary& run) {
     }
 }
 
-void WriteEnd(ReportText& out, const Summary& run, bool steepest) {
-    out << (steepest ? "Gradient" : "BFGS") << " iterations : " << run.iterations << ", f=" << run.f
-        << ", |g|=" << run.gradientLength << ReasonText(run.stop) << "\n";
+void WriteEnd(ReportText& out, const Summary& run, const LocalOptions& options) {
+    out << (options.steepestDescent ? "Gradient" : "BFGS") << " iterations : " << run.iterations
+        << ", f=" << run.f << ", |g|=" << run.gradientLength << ReasonText(run.stop) << "\n";
     WriteCounters(out, run);
     WriteChoice(out, run);
     WriteWay(out, run);
@@ -357,7 +354,7 @@ void WriteEnd(ReportText& out, const Summary& run, bool steepest) {
         WriteHessian(out, *run.finalHessian);
         WriteInverse(out, run);
     }
-    if (run.inverseHessian.size() > 0) WriteEigenvalues(out, run);
+    if (run.inverseHessian.size() > 0) WriteEigenvalues(out, run, options.tuning.remark);
 }
 
 }  // namespace
@@ -404,34 +401,35 @@ std::string RunText(const Summary& run, const OptimizerSettings& settings, RunOr
         record.isStart ? WriteFurtherStart(out, record) : WriteIteration(out, record);
     }
     WriteNotes(out, run.closingNotes);
-    WriteEnd(out, run, settings.local.steepestDescent);
+    WriteEnd(out, run, settings.local);
     return std::move(out).text();
 }
 
 namespace {
 
 /// Did the delivered descent's last iteration still change a parameter much?
-bool IsStillMoving(const Summary& run) {
+bool IsStillMoving(const Summary& run, const RemarkTuning& tuning) {
     const auto last = std::ranges::find_if(
         run.history.rbegin(), run.history.rend(),
         [&](const IterationRecord& record) { return record.descent == run.delivered; });
     return last != run.history.rend() && last->step.size() > 0 &&
-           last->step.cwiseAbs().maxCoeff() > kBigChange;
+           last->step.cwiseAbs().maxCoeff() > tuning.stillMoving;
 }
 
 }  // namespace
 
 std::string ClosingText(const Summary& best, const OptimizerSettings& settings) {
     ReportText out;
+    const RemarkTuning& remark = settings.local.tuning.remark;
     out << "Parameter uncertainty estimation : \n";
     const Eigen::MatrixXd inverse = TrustedInverse(best);
     for (Eigen::Index i = 0; i < inverse.rows(); ++i) {
-        const double dX = std::sqrt(2 * kUncertaintyGoal * std::fabs(inverse(i, i)));
+        const double dX = std::sqrt(2 * remark.uncertaintyGoal * std::fabs(inverse(i, i)));
         out << static_cast<int>(i) + 1 << " : " << 100 * dX << "%, dX=" << dX << "\n";
     }
     out << "f at achieved optimum : " << best.f << "\n";
     out << "f*1e9 at achieved optimum : " << best.f * 1e9 << "\n";
-    if (best.stop == StopReason::MaxIterations && IsStillMoving(best)) {
+    if (best.stop == StopReason::MaxIterations && IsStillMoving(best, remark)) {
         out << "Warning : Quite big changes, maybe better increase number of iterations. Maximum "
                "number of iterations was "
             << settings.local.maxIterations << "\n";

@@ -9,8 +9,7 @@ namespace kelvro {
 
 namespace {
 
-constexpr double kExtremeAngle = 85;
-constexpr double kUnusuallyLargeStep = 100;
+// Searches this near to their limit are worth a word, as people know it from the reports.
 constexpr int kTooMany = kLineSearchLimit - 2;
 constexpr int kMany = kLineSearchLimit - 6;
 
@@ -20,12 +19,12 @@ void AddRemarks(IterationRecord& record, const LocalOptions& options) {
         if (holds) record.notes.push_back({.kind = kind, .flags = flags});
     };
     const int i = record.lineSteps;
-    remark(record.angleToDescent > kExtremeAngle, NoteKind::AngleExtreme);
+    remark(record.angleToDescent > options.tuning.remark.extremeAngle, NoteKind::AngleExtreme);
     remark(LargestEntry(record.step) < options.differenceStep, NoteKind::StepsBelowDifference,
            record.doubleSided ? 0 : 1);
     remark(i >= kTooMany && i <= kLineSearchLimit, NoteKind::LineSearchQuiteTooMany);
     remark(i >= kMany && i < kTooMany, NoteKind::LineSearchQuiteMany);
-    remark(record.t > kUnusuallyLargeStep, NoteKind::StepUnusuallyLarge);
+    remark(record.t > options.tuning.remark.unusuallyLargeStep, NoteKind::StepUnusuallyLarge);
     remark(record.t == 0, NoteKind::StepZero);
 }
 

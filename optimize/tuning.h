@@ -109,12 +109,49 @@ struct SearchTuning {
     double widestDraw = 6.9;
 };
 
+/// What the report finds worth a word. No step depends on these.
+struct RemarkTuning {
+    /// A change of f this small relative to f leaves a gradient entry fewer than four good digits.
+    double smallestRelativeChange = 1e-12;
+    /// Slopes on both sides of a point that differ by more degrees: a kink or a strong curvature.
+    double kinkedAngle = 2;
+    /// Parts of |g| by which the single-sided formula may be off, without and with a mild word.
+    double singleSidedOff = 0.03;
+    double singleSidedSlightlyOff = 0.01;
+    /// A direction nearly along the contour, degrees from the steepest descent, ...
+    double extremeAngle = 85;
+    /// ... and a step so many times what the matrix foresaw: it has learned nothing there.
+    double unusuallyLargeStep = 100;
+    /// Half the digits of a double are gone in a matrix of this ratio of eigenvalues.
+    double extremeEigenvalueRatio = 1e6;
+    /// dB that an uncertain parameter may cost: nobody measures less.
+    double uncertaintyGoal = 0.01;
+    /// A parameter that moved by 1 % in the last iteration had not arrived: parts are sold so.
+    double stillMoving = 0.01;
+    /// dB at fo that a refined design may lose without a word.
+    double notedLoss = 0.5;
+};
+
+/// The two runs of a page.
+struct RunTuning {
+    /// Different start values lie beside the calculated components by 5 %, the tolerance of parts.
+    double startOffset = 0.05;
+    /// The second run refines: it starts where the first one ended and has to find something to
+    /// do, so its limit on |g| is this part of the first one's.
+    double secondRunPart = 0.1;
+    /// Rounded to ten digits the goal changes in steps; differences have to be wide against them:
+    /// the third root of the noise 1e-10, as for any central difference.
+    double noisyDifferenceStep = 1e-3;
+};
+
 /// All of them.
 struct Tuning {
     LineSearchTuning line;
     MatrixTuning matrix;
     DescentTuning descent;
     SearchTuning search;
+    RemarkTuning remark;
+    RunTuning run;
 };
 
 }  // namespace kelvro

@@ -46,7 +46,7 @@ QString RoundingHint() {
 
 /// What an output means, and what can be done with it.
 QString OutputHint(const OutputField& field) {
-    const QString meaning = ToQString(field.hint);
+    QString meaning = ToQString(field.hint);
     if (!field.hasStandardValues()) return meaning;
     return meaning.isEmpty() ? RoundingHint() : meaning + QStringLiteral(". ") + RoundingHint();
 }
