@@ -19,11 +19,21 @@ Result<Network> PageProblem(const Design& design) {
     problem.load = design.R2;
     if (const auto opened = OpenedNetwork(design)) problem.ladder = opened->ladder;
     problem.designFrequency = design.fo;
-    // high - low = fo/Q and low·high = fo², for the lowest Q too.
-    const double half = 1 / (2 * design.Q);
-    const double root = std::sqrt(1 + half * half);
-    problem.bands = {{design.fo * (root - half), design.fo * (root + half)}};
+    problem.bands = {BandAround(design.fo, design.fo / design.Q)};
     return problem;
+}
+
+SearchLosses LossesOf(const Design& design) {
+    using Law = PartLoss::Law;
+    return {.inductor = {.law = Law::ConstantQ, .Q = design.QB},
+            .capacitor = {.law = Law::ConstantQ, .Q = design.QBC}};
+}
+
+FrequencyBand BandAround(double fo, double width) {
+    // high - low = width and low·high = fo², for the widest too.
+    const double half = width / 2;
+    const double middle = std::hypot(fo, half);
+    return {fo * fo / (middle + half), middle + half};
 }
 
 }  // namespace kelvro

@@ -3,6 +3,7 @@
 #include "core/result.h"
 #include "design/design.h"
 #include "network/network.h"
+#include "synthesis/search.h"
 
 namespace kelvro {
 
@@ -10,5 +11,11 @@ namespace kelvro {
 /// as wide as fo/Q with fo in its geometric middle, with what the page has designed between them.
 /// Fails on pages that match nothing.
 Result<Network> PageProblem(const Design& design);
+
+/// Losses of a search's parts as the pages reckon them: the element Q of inductors and capacitors.
+SearchLosses LossesOf(const Design& design);
+
+/// The band of this width with fo in its geometric middle.
+FrequencyBand BandAround(double fo, double width);
 
 }  // namespace kelvro

@@ -21,66 +21,15 @@ std::string CharacterOf(const Proposal& proposal) {
     return std::string(SuggestionOf(proposal).character);
 }
 
-// Ranking, in points; a lossless two-part match that meets every wish has about 100.
-constexpr double kFullScore = 100;
-constexpr double kPerDbOfLoss = 5;
-constexpr double kPerPart = 2;
-constexpr double kPerOctaveOfBandwidth = 12;
-constexpr double kPerOctaveOfRatio = 20;
-constexpr double kMostForOneWish = 48;
-constexpr double kMostHarmonicDb = 40;  // more suppression than that is not worth more
-constexpr double kImpractical = 30;
+// Points for what only pages have.
 constexpr double kTurned = 6;
 constexpr double kRoleWished = 25;
 
-/// Less than this is no suppression worth its name.
-constexpr double kLeastHarmonicDb = 6;
-/// A match to within this is a match; more is what a pad does.
-constexpr double kRatioTolerance = 0.01;
-
-// What can be bought or wound, and what still behaves as drawn: smaller values drown in the
-// parasitics of pads and leads, larger ones resonate with their own.
-struct Range {
-    double low;
-    double high;
-};
-constexpr Range kInductance = {0.5e-9, 0.1};
-constexpr Range kCapacitance = {0.3e-12, 1e-3};
-constexpr Range kResistance = {0.1, 10e6};
-constexpr Range kLineImpedance = {15, 150};
-constexpr Range kReactance = {0.5, 5000};
-constexpr Range kLineLength = {1e-3, 10};
-
+constexpr double kShortestLine = 1e-3;  // of what can be built, metres
+constexpr double kLongestLine = 10;
 constexpr double kHighestLoss = 6;  // dB that a match may lose and still be called one
 
 // ---------------------------------------------------------------- facts of a network
-
-double ReactanceAt(const ListedPart& part, double f) {
-    return std::abs(impedance(Part{part.kind, part.value}, f));
-}
-
-bool IsReactance(const ListedPart& part) {
-    return part.kind != PartKind::Resistor && !part.atSupply;
-}
-
-Range BuildableRange(const ListedPart& part) {
-    if (part.line) return kLineImpedance;
-    return part.kind == PartKind::Inductor    ? kInductance
-           : part.kind == PartKind::Capacitor ? kCapacitance
-                                              : kResistance;
-}
-
-/// Why a part cannot be built; empty when it can.
-std::string WhyImpractical(const ListedPart& listed, double f) {
-    const std::string part = listed.name + " " + FormatQuantity(2, listed.value, listed.unit());
-    if (!(listed.value > 0) || !std::isfinite(listed.value)) return part + " does not exist";
-    const Range range = BuildableRange(listed);
-    if (listed.value < range.low) return part + " is too small to be built";
-    if (listed.value > range.high) return part + " is too large to be built";
-    const double X = ReactanceAt(listed, f);
-    if (!IsReactance(listed) || (X >= kReactance.low && X <= kReactance.high)) return "";
-    return part + " has a reactance of " + FormatQuantity(2, X, "Ω") + ", where parasitics decide";
-}
 
 bool HasLine(const std::vector<Network>& networks) {
     return std::ranges::any_of(networks, [](const Network& network) {
@@ -94,28 +43,15 @@ bool IsBuilt(const ListedPart& part) {
     return part.value != 0 && !(part.atSupply && std::isinf(part.value));
 }
 
-void MeasurePart(Proposal& proposal, const ListedPart& part) {
-    const double fo = proposal.state.fo;
-    ++proposal.parts;
-    const SizedPart sized{part.name, part.value, std::string(part.unit()), ReactanceAt(part, fo)};
-    if (!proposal.smallest || sized.impedance < proposal.smallest->impedance) {
-        proposal.smallest = sized;
-    }
-    if (!proposal.largest || sized.impedance > proposal.largest->impedance) {
-        proposal.largest = sized;
-    }
-    if (proposal.impractical.empty()) proposal.impractical = WhyImpractical(part, fo);
-}
-
 void MeasureParts(Proposal& proposal) {
     const auto networks = PageOf(proposal.state).builtNetworks(proposal.state);
     for (const Network& network : networks) {
         for (const ListedPart& part : ListOf(network)) {
-            if (IsBuilt(part)) MeasurePart(proposal, part);
+            if (IsBuilt(part)) proposal.add(part, proposal.state.fo);
         }
     }
     const double length = proposal.state.components[Slot::Length];
-    if (HasLine(networks) && !(length >= kLineLength.low && length <= kLineLength.high)) {
+    if (HasLine(networks) && !(length >= kShortestLine && length <= kLongestLine)) {
         proposal.impractical = "the line would be " + FormatQuantity(1, length, "m") + " long";
     }
     proposal.practical = proposal.impractical.empty();
@@ -171,15 +107,8 @@ Proposal Designed(const Design& inputs, const Page& page, bool swapped, CycleSer
 
 // ---------------------------------------------------------------- judgement
 
-std::string Decibels(double value) {
-    return FormatFixed(0, 1, value) + " dB";
-}
-
 /// Why the kind of page does not suit; empty when it does.
 std::string WrongRole(const Suggestion& kind, const Design& state, const Wishes& wishes) {
-    const double matched = std::sqrt(state.R2 / state.R1);
-    const bool attenuate =
-        wishes.voltageRatio && *wishes.voltageRatio < matched * (1 - kRatioTolerance);
     switch (kind.role) {
         case Role::Other:
             return "it is no matching network";
@@ -187,7 +116,8 @@ std::string WrongRole(const Suggestion& kind, const Design& state, const Wishes&
             if (wishes.resistive) return "it is no resistive network";
             return wishes.amplifierStage ? "" : "no amplifier stage is wanted";
         case Role::Pad:
-            if (!wishes.resistive && !attenuate) return "its resistors would waste power";
+            if (!wishes.resistive && !wishes.attenuate(state.R1, state.R2))
+                return "its resistors would waste power";
             return wishes.balancedOutput ? "its output is not balanced" : "";
         case Role::Balun:
             if (wishes.resistive) return "it is no resistive network";
@@ -208,37 +138,18 @@ std::string MissedWish(const Proposal& proposal, const Wishes& wishes) {
     if (wishes.dc == Wishes::Dc::Block && path != Wishes::Dc::Block) return "it does not block DC";
     if (wishes.suppressHarmonics && proposal.secondHarmonicDb &&
         *proposal.secondHarmonicDb < kLeastHarmonicDb) {
-        return "at 2·fo it is only " + Decibels(*proposal.secondHarmonicDb) + " down";
+        return "at 2·fo it is only " + DecibelWords(*proposal.secondHarmonicDb) + " down";
     }
     const Role role = SuggestionOf(proposal).role;
     if (role != Role::Pad && proposal.gtDb && !(*proposal.gtDb >= -kHighestLoss)) {
-        return "it loses " + Decibels(-*proposal.gtDb) + " with these inputs";
+        return "it loses " + DecibelWords(-*proposal.gtDb) + " with these inputs";
     }
     return "";
 }
 
-double OctavesBetween(double a, double b) {
-    return std::isfinite(a) && std::isfinite(b) && a > 0 && b > 0 ? std::fabs(std::log2(a / b))
-                                                                  : kMostForOneWish;
-}
-
 double ScoreOf(const Proposal& proposal, const Wishes& wishes) {
     const Role role = SuggestionOf(proposal).role;
-    double score = kFullScore - kPerPart * proposal.parts;
-    if (proposal.gtDb && role != Role::Pad) score += kPerDbOfLoss * *proposal.gtDb;
-    const auto wanted = wishes.wantedBandwidth(proposal.state.fo);
-    if (wanted && proposal.passband) {
-        const double octaves = OctavesBetween(proposal.passband->width(), *wanted);
-        score -= std::min(kMostForOneWish, kPerOctaveOfBandwidth * octaves);
-    }
-    if (wishes.voltageRatio && proposal.gtDb) {
-        const double octaves = OctavesBetween(proposal.v, *wishes.voltageRatio);
-        score -= std::min(kMostForOneWish, kPerOctaveOfRatio * octaves);
-    }
-    if (wishes.suppressHarmonics && proposal.secondHarmonicDb) {
-        score += std::min(kMostHarmonicDb, *proposal.secondHarmonicDb);
-    }
-    if (!proposal.practical) score -= kImpractical;
+    double score = ScoreOf(proposal, wishes, proposal.state.fo, role != Role::Pad);
     if (proposal.turned) score -= kTurned;
     if (role == Role::Amplifier || role == Role::Balun) score += kRoleWished;
     return score;
@@ -257,7 +168,7 @@ bool FollowsQ(const Proposal& proposal, double wantedBandwidth, CycleServices& s
     const double width = PassbandAround(Response(cycle.design), other.fo).width();
     const double present = proposal.passband->width();
     if (!std::isfinite(width) || !std::isfinite(present)) return false;
-    return OctavesBetween(width, present) > leastOctaves;
+    return !(std::fabs(std::log2(width / present)) <= leastOctaves);
 }
 
 // ---------------------------------------------------------------- words
@@ -300,7 +211,7 @@ std::string ReasonOf(const Proposal& proposal, const Wishes& wishes, CycleServic
     if (proposal.parts > 0 && wishes.dc == Wishes::Dc::Pass) reason += "; passes DC";
     if (proposal.parts > 0 && wishes.dc == Wishes::Dc::Block) reason += "; blocks DC";
     if (wishes.suppressHarmonics && proposal.secondHarmonicDb) {
-        reason += "; 2·fo is " + Decibels(*proposal.secondHarmonicDb) + " down";
+        reason += "; 2·fo is " + DecibelWords(*proposal.secondHarmonicDb) + " down";
     }
     reason += BandwidthClause(proposal, wishes, services);
     if (wishes.voltageRatio && proposal.gtDb) {
@@ -375,16 +286,6 @@ Wishes::Dc DcPathOf(const Network& network) {
     // A path that begins at no source, or splits, is none from the source to the load.
     const bool path = !network.source.isNothing() && !HasBranch(network);
     return path ? Wishes::Dc::Pass : Wishes::Dc::Any;
-}
-
-std::optional<double> Wishes::wantedBandwidth(double fo) const {
-    if (Q && *Q > 0) return fo / *Q;
-    if (bandwidth && *bandwidth > 0) return bandwidth;
-    return std::nullopt;
-}
-
-std::string SizedPart::text() const {
-    return name + " " + FormatQuantity(2, value, unit);
 }
 
 std::vector<Proposal> Propose(const Design& state, const Wishes& wishes, CycleServices& services) {

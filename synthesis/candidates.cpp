@@ -50,6 +50,13 @@ bool BlocksDc(const Stage& stage) {
            (stage.kind == StageKind::C || stage.kind == StageKind::LC);
 }
 
+/// A coil across shorts the direct current that is to reach the load.
+bool ShortsDc(const Stage& stage) {
+    return stage.place == Place::Shunt &&
+           (stage.kind == StageKind::L || stage.kind == StageKind::LC ||
+            stage.kind == StageKind::ShortedStub);
+}
+
 /// All stages that the options allow anywhere.
 std::vector<Stage> StagesOf(const SearchOptions& options) {
     std::vector<Stage> stages;
@@ -57,7 +64,7 @@ std::vector<Stage> StagesOf(const SearchOptions& options) {
     const auto add = [&](bool wanted, Place place, StageKind kind) {
         const Stage stage{place, kind};
         if (!wanted || !FitsShape(stage, options.shape)) return;
-        if (options.dc == DcWish::Pass && BlocksDc(stage)) return;
+        if (options.dc == DcWish::Pass && (BlocksDc(stage) || ShortsDc(stage))) return;
         stages.push_back(stage);
     };
     const bool pairs = kinds.inductors && kinds.capacitors;

@@ -26,6 +26,7 @@ struct SearchKinds {
     bool operator==(const SearchKinds&) const = default;
 };
 
+/// Direct current from source to load. It passes only where nothing shorts it on the way either.
 enum class DcWish : std::uint8_t { Any, Block, Pass };
 
 /// Low-pass ladders have inductors in series and capacitors across, high-pass ladders the reverse.

@@ -145,6 +145,7 @@ QWidget* AppWindows::window(const QString& name) {
     GiveMnemonics(*made);
     EnterGroupsAtTheChosen(*made);
     connectControls(*made);
+    if (whenMade_) whenMade_(*made);
     if (!made->parent()) owned_.emplace_back(made);
     return made;
 }

@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QString>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -36,6 +37,8 @@ class AppWindows {
     void open(const QString& name);
     /// The window of a class name, made if need be; null for an unknown name.
     QWidget* window(const QString& name);
+    /// Told of each window that is made from now on.
+    void whenMade(std::function<void(QWidget&)> told) { whenMade_ = std::move(told); }
     void closeAll();
 
     /// Lets the controls below `root` open their windows.
@@ -51,6 +54,7 @@ class AppWindows {
     QWidget& parent_;
     std::vector<std::unique_ptr<QWidget>> owned_;
     QHash<QString, QWidget*> byName_;
+    std::function<void(QWidget&)> whenMade_;
 };
 
 }  // namespace kelvro

@@ -39,19 +39,8 @@ QString PartText(const std::optional<SizedPart>& part) {
     return part ? Text(part->text()) : QStringLiteral("-");
 }
 
-QStringList RowTexts(const Proposal& proposal) {
-    QStringList texts(ColumnCount);
-    texts[Column::Network] = Text(Title(proposal));
-    if (!proposal.suited) return texts;
-    const auto& band = proposal.passband;
-    texts[Gain] = DecibelText(proposal.gtDb);
-    texts[Band] = band ? Text(FormatQuantity(2, band->width(), "Hz")) : QStringLiteral("-");
-    texts[Harmonic] = DecibelText(proposal.secondHarmonicDb);
-    texts[Smallest] = PartText(proposal.smallest);
-    texts[Largest] = PartText(proposal.largest);
-    texts[Practical] = proposal.practical ? QObject::tr("yes") : QObject::tr("no");
-    return texts;
-}
+/// Long enough that nobody who types waits for a search.
+constexpr int kPause = 300;  // ms
 
 /// The number that an edit holds; nothing where it is empty or holds none above zero.
 std::optional<double> WishedNumber(const InputEdit& edit) {
@@ -61,6 +50,29 @@ std::optional<double> WishedNumber(const InputEdit& edit) {
 }
 
 }  // namespace
+
+const RankedCircuit& TFormProposal::Entry::circuit() const {
+    return network ? static_cast<const RankedCircuit&>(*network) : *page;
+}
+
+QString TFormProposal::Entry::title() const {
+    return Text(network ? Title(*network) : Title(*page));
+}
+
+QStringList TFormProposal::Entry::texts() const {
+    QStringList texts(ColumnCount);
+    texts[Column::Network] = title();
+    if (!suited()) return texts;
+    const RankedCircuit& shown = circuit();
+    const auto& band = shown.passband;
+    texts[Gain] = DecibelText(shown.gtDb);
+    texts[Column::Band] = band ? Text(FormatQuantity(2, band->width(), "Hz")) : QStringLiteral("-");
+    texts[Harmonic] = DecibelText(shown.secondHarmonicDb);
+    texts[Smallest] = PartText(shown.smallest);
+    texts[Largest] = PartText(shown.largest);
+    texts[Practical] = shown.practical ? tr("yes") : tr("no");
+    return texts;
+}
 
 TFormProposal::TFormProposal(DesignSession& session, QWidget* parent)
     : QDialog(parent), session_(session), mayExchange_([this] { return askToExchange(); }) {
@@ -80,6 +92,9 @@ TFormProposal::TFormProposal(DesignSession& session, QWidget* parent)
     rows->addWidget(buildButtons());
     due_.setSingleShot(true);
     connect(&due_, &QTimer::timeout, this, &TFormProposal::refresh);
+    pause_.setSingleShot(true);
+    pause_.setInterval(kPause);
+    connect(&pause_, &QTimer::timeout, this, &TFormProposal::search);
     connect(&session_, &DesignHost::designChanged, this, [this] {
         if (isVisible()) due_.start();
     });
@@ -149,14 +164,14 @@ void TFormProposal::buildTable() {
     table_->setExpandsOnDoubleClick(false);
     table_->setIndentation(14);
     table_->setUniformRowHeights(true);
-    SetHint(*table_, tr("Double-click or Enter goes to the page; parts are ordered by their "
-                        "impedance at fo"));
+    SetHint(*table_,
+            tr("Double-click or Enter goes to the page, or opens the network that a search "
+               "has found; parts are ordered by their impedance at fo"));
     table_->header()->setStretchLastSection(false);
     table_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     table_->header()->setSectionResizeMode(Column::Network, QHeaderView::Stretch);
     connect(table_, &QTreeWidget::itemActivated, this, &TFormProposal::ButtonGoClick);
-    connect(table_, &QTreeWidget::currentItemChanged, this,
-            [this] { go_->setEnabled(current() && current()->suited); });
+    connect(table_, &QTreeWidget::currentItemChanged, this, &TFormProposal::showGo);
 }
 
 QWidget* TFormProposal::buildButtons() {
@@ -166,6 +181,11 @@ QWidget* TFormProposal::buildButtons() {
     unsuited_ = AddButton<QCheckBox>(*row, "CheckBoxUnsuited", tr("Show &unsuited circuits too"),
                                      tr("With the reason why they do not suit"));
     connect(unsuited_, &QCheckBox::toggled, this, [this] { due_.start(); });
+    searched_ =
+        AddButton<QCheckBox>(*row, "CheckBoxSearched", tr("Sea&rch networks too"),
+                             tr("Rank the best ladders of up to four parts beside the pages"));
+    searched_->setChecked(true);
+    connect(searched_, &QCheckBox::toggled, this, [this] { due_.start(); });
     row->addStretch();
     go_ = AddButton<QPushButton>(*row, "ButtonGo", tr("&Go to page"),
                                  tr("Show the selected circuit in the main window"));
@@ -206,40 +226,105 @@ void TFormProposal::refresh() {
     // the user has asked for.
     OptimizerServices services(session_.optimizer().settings);
     proposals_ = Propose(state, wishes(), services);
+    prepareSearch();
+    rank();
+    showRows();
+    if (QTreeWidgetItem* first = table_->topLevelItem(0)) table_->setCurrentItem(first);
+    showGo();
+}
+
+/// Networks of another search are of no use; those of the same one stay.
+void TFormProposal::prepareSearch() {
+    const auto wished = SearchFor(session_.design(), wishes());
+    if (!searched_->isChecked() || !wished) {
+        wished_.reset();
+    } else if (wished_ && *wished_ == *wished) {
+        return;
+    } else {
+        wished_ = *wished;
+    }
+    work_.askToStop();
+    networks_.clear();
+    pause_.stop();
+    if (wished_) pause_.start();
+}
+
+void TFormProposal::search() {
+    if (!wished_) return;
+    work_.start([this, wished = *wished_](const std::stop_token& stop,
+                                          const BackgroundWork::HandOver& handOver) {
+        const auto show = [&](const std::vector<FoundNetwork>& found) {
+            handOver([this, wished, networks = ProposeNetworks(wished, found)]() mutable {
+                if (!wished_ || !(*wished_ == wished)) return;
+                networks_ = std::move(networks);
+                rank();
+                showRows();
+            });
+        };
+        const auto monitor = [&](const SearchProgress& progress) {
+            if (progress.networks && !stop.stop_requested()) show(*progress.networks);
+            return !stop.stop_requested();
+        };
+        // What it has found was shown; where nothing fits, the pages stay alone.
+        (void)SearchNetworks(wished.problem, wished.options, monitor);
+    });
+}
+
+/// Pages and networks in the order of their points, unsuited pages behind.
+void TFormProposal::rank() {
+    entries_.clear();
+    for (const Proposal& page : proposals_) {
+        if (page.suited || unsuited_->isChecked()) entries_.push_back({.page = &page});
+    }
+    for (const NetworkProposal& network : networks_) entries_.push_back({.network = &network});
+    std::ranges::stable_sort(entries_, [](const Entry& a, const Entry& b) {
+        return a.suited() != b.suited() ? a.suited() : a.circuit().score > b.circuit().score;
+    });
+}
+
+/// Fills the table; the current row stays current where it still exists.
+void TFormProposal::showRows() {
+    const QString chosen = table_->currentItem() ? table_->currentItem()->text(0) : QString();
     const QSignalBlocker blocker(table_);
     table_->clear();
-    for (std::size_t i = 0; i < proposals_.size(); ++i) {
-        if (proposals_[i].suited || unsuited_->isChecked()) {
-            addRow(proposals_[i], static_cast<int>(i));
-        }
+    for (std::size_t i = 0; i < entries_.size(); ++i) addRow(entries_[i], static_cast<int>(i));
+    none_->setVisible(std::ranges::none_of(entries_, &Entry::suited));
+    for (int i = 0; i < table_->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* row = table_->topLevelItem(i);
+        if (row->text(0) == chosen) table_->setCurrentItem(row);
     }
-    none_->setVisible(std::ranges::none_of(proposals_, &Proposal::suited));
-    if (QTreeWidgetItem* first = table_->topLevelItem(0)) table_->setCurrentItem(first);
-    go_->setEnabled(current() && current()->suited);
+    showGo();
 }
 
 /// A line of numbers, and the reason below it across all columns.
-void TFormProposal::addRow(const Proposal& proposal, int index) {
-    auto* row = new QTreeWidgetItem(table_, RowTexts(proposal));
-    auto* reason = new QTreeWidgetItem(row, {Text(proposal.reason)});
+void TFormProposal::addRow(const Entry& entry, int index) {
+    auto* row = new QTreeWidgetItem(table_, entry.texts());
+    const QString words = Text(entry.circuit().reason);
+    auto* reason = new QTreeWidgetItem(row, {words});
     reason->setFirstColumnSpanned(true);
-    reason->setToolTip(0, Text(proposal.reason));
+    reason->setToolTip(0, words);
     for (QTreeWidgetItem* item : {row, reason}) item->setData(0, Qt::UserRole, index);
     for (int column = Gain; column <= Harmonic; ++column) {
         row->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     }
     QFont bold = table_->font();
-    bold.setBold(proposal.suited);
+    bold.setBold(entry.suited());
     row->setFont(Column::Network, bold);
-    if (!proposal.suited)
+    if (!entry.suited())
         row->setForeground(Column::Network, palette().brush(QPalette::Disabled, QPalette::Text));
     row->setExpanded(true);
 }
 
-const Proposal* TFormProposal::current() const {
+void TFormProposal::showGo() {
+    const Entry* entry = current();
+    go_->setText(entry && entry->network ? tr("&Open network") : tr("&Go to page"));
+    go_->setEnabled(entry && entry->suited());
+}
+
+const TFormProposal::Entry* TFormProposal::current() const {
     const QTreeWidgetItem* item = table_->currentItem();
     if (!item) return nullptr;
-    return &proposals_[static_cast<std::size_t>(item->data(0, Qt::UserRole).toInt())];
+    return &entries_[static_cast<std::size_t>(item->data(0, Qt::UserRole).toInt())];
 }
 
 bool TFormProposal::askToExchange() {
@@ -252,8 +337,13 @@ bool TFormProposal::askToExchange() {
 }
 
 void TFormProposal::ButtonGoClick() {
-    const Proposal* proposal = current();
-    if (!proposal || !proposal->suited) return;
+    const Entry* entry = current();
+    if (!entry || !entry->suited()) return;
+    if (entry->network) {
+        const auto chosen = *entry;
+        return emit networkChosen(chosen.title(), chosen.network->found.network);
+    }
+    const Proposal* proposal = entry->page;
     const bool exchange = proposal->turned && mayExchange_();
     const auto apply = [&](Design& design) {
         Apply(*proposal, design, exchange);
@@ -264,9 +354,9 @@ void TFormProposal::ButtonGoClick() {
 
 void TFormProposal::ButtonCopyClick() {
     QStringList lines;
-    for (const Proposal& proposal : proposals_) {
-        if (!proposal.suited) continue;
-        lines << RowTexts(proposal).join('\t') + '\t' + Text(proposal.reason);
+    for (const Entry& entry : entries_) {
+        if (!entry.suited()) continue;
+        lines << entry.texts().join('\t') + '\t' + Text(entry.circuit().reason);
     }
     QApplication::clipboard()->setText(lines.join('\n'));
 }
@@ -274,6 +364,13 @@ void TFormProposal::ButtonCopyClick() {
 void TFormProposal::showEvent(QShowEvent* event) {
     refresh();
     QDialog::showEvent(event);
+}
+
+void TFormProposal::hideEvent(QHideEvent* event) {
+    pause_.stop();
+    work_.askToStop();
+    wished_.reset();  // shown again, it searches anew
+    QDialog::hideEvent(event);
 }
 
 }  // namespace kelvro

@@ -48,6 +48,7 @@ TSDIAppForm::TSDIAppForm(QWidget* parent)
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     buildContents();
     windows_.connectControls(*this);
+    windows_.whenMade([this](QWidget& window) { connectSuggestions(window); });
     auto* hints = new HintHandler(this);
     connect(hints, &HintHandler::hintChanged, this, &TSDIAppForm::ShowHint);
     connect(&session_, &DesignSession::calculated, this, &TSDIAppForm::showResult);

@@ -120,6 +120,7 @@ class TSDIAppForm : public QMainWindow {
     void FormClose();
     void enable(const char* control, bool on);
     void readArguments(const QStringList& arguments);
+    void connectSuggestions(const QWidget& made);
     /// The Network window, brought to the front.
     NetworkWindow* networkWindow();
     void namePrinter();

@@ -3,6 +3,7 @@
 #include "advise/page_problem.h"
 #include "design/pages.h"
 #include "ui/fields.h"
+#include "ui/form_proposal.h"
 #include "ui/sdi_app_form.h"
 #include "ui/workbench/network_window.h"
 
@@ -11,7 +12,18 @@ namespace kelvro {
 void TSDIAppForm::FindBetter1Click() {
     auto problem = PageProblem(session_.design());
     if (!problem) return session_.showMessage(QString::fromStdString(problem.message()));
-    networkWindow()->findFor(ToQString(PageOf(session_.design()).caption), *std::move(problem));
+    networkWindow()->findFor(ToQString(PageOf(session_.design()).caption), *std::move(problem),
+                             LossesOf(session_.design()));
+}
+
+/// What Suggestions has found opens where it can be tuned.
+void TSDIAppForm::connectSuggestions(const QWidget& made) {
+    const auto* suggestions = dynamic_cast<const TFormProposal*>(&made);
+    if (!suggestions) return;
+    connect(suggestions, &TFormProposal::networkChosen, this,
+            [this](const QString& title, const Network& network) {
+                networkWindow()->takeDesign(title, network);
+            });
 }
 
 }  // namespace kelvro

@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -24,7 +25,33 @@ class FormProposalTest : public QObject {
         session_->setMessageSink([this](const QString& text) { messages_ << text; });
         form_ = std::make_unique<TFormProposal>(*session_);
         form_->setMayExchange([] { return true; });
+        searches().setChecked(false);
         form_->show();
+    }
+
+    void networksArriveAmongThePagesAndOpen() {
+        QStringList pages;
+        for (int row = 0; row < table().topLevelItemCount(); ++row) pages << titleAt(row);
+        searches().setChecked(true);
+        QTRY_COMPARE_WITH_TIMEOUT(form_->networks().size(), std::size_t(3), 60'000);
+        QStringList found;
+        for (int row = 0; row < table().topLevelItemCount(); ++row) {
+            const bool network = titleAt(row).startsWith("Search");
+            (network ? found : pages) << titleAt(row);
+        }
+        QCOMPARE(pages.mid(pages.size() / 2), pages.mid(0, pages.size() / 2));
+        QCOMPARE(found.size(), 3);
+        QSignalSpy chosen(form_.get(), &TFormProposal::networkChosen);
+        for (int row = 0; row < table().topLevelItemCount(); ++row) {
+            if (titleAt(row) != "Search, 2 parts") continue;
+            table().setCurrentItem(table().topLevelItem(row));
+            QTest::mouseClick(form_->findChild<QPushButton*>("ButtonGo"), Qt::LeftButton);
+        }
+        QCOMPARE(chosen.size(), 1);
+        QCOMPARE(chosen[0][1].value<Network>().ladder.size(), std::size_t(2));
+        // Other wishes: nothing stays that was found for the old ones.
+        QTest::keyClicks(form_->findChild<InputEdit*>("ProposalQEingabe"), "8");
+        QTRY_COMPARE(form_->networks().size(), std::size_t(0));
     }
 
     void everyWishChangesTheTable_data() {
@@ -139,6 +166,7 @@ class FormProposalTest : public QObject {
     }
 
   private:
+    QCheckBox& searches() { return *form_->findChild<QCheckBox*>("CheckBoxSearched"); }
     QTreeWidget& table() { return *form_->findChild<QTreeWidget*>("ProposalTable"); }
     QString titleAt(int row) {
         const QTreeWidgetItem* item = table().topLevelItem(row);

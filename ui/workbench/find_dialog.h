@@ -30,6 +30,7 @@ class FindDialog : public QDialog {
     ~FindDialog() override;
 
     const std::vector<RatedNetwork>& networks() const { return networks_; }
+    SearchChoices& choices() { return *choices_; }
 
   public slots:
     void done(int result) override;

@@ -22,6 +22,7 @@ class LimitWatch;
 class SliderPanel;
 class SmithView;
 class SweepView;
+struct SearchLosses;
 
 /// The Network window: any source and load, a ladder of any shape between them, the Smith chart to
 /// tune on, plots, sliders, snapshots. It shows the one network of its model; every change goes
@@ -45,8 +46,8 @@ class NetworkWindow : public QMainWindow {
     /// A page's circuit as a step that can be undone, and as a document without a file.
     void takeDesign(const QString& caption, Network network);
     const QString& file() const { return file_; }
-    /// Opens the search for the problem of a page, taken over like a design.
-    void findFor(const QString& caption, Network problem);
+    /// Opens the search for the problem of a page, taken over like a design, with its losses.
+    void findFor(const QString& caption, Network problem, const SearchLosses& losses);
 
     /// The call of the command-line program that analyses what is on the screen.
     QString commandLine() const;

@@ -9,6 +9,7 @@
 #include "ui/workbench/find_dialog.h"
 #include "ui/workbench/limit_watch.h"
 #include "ui/workbench/network_window.h"
+#include "ui/workbench/search_choices.h"
 #include "ui/workbench/standard_dialog.h"
 #include "ui/workbench/sweep_view.h"
 
@@ -42,11 +43,13 @@ void NetworkWindow::addSearchActions(QMenu& menu) {
     });
 }
 
-void NetworkWindow::findFor(const QString& caption, Network problem) {
+void NetworkWindow::findFor(const QString& caption, Network problem, const SearchLosses& losses) {
     // A search that is open has another problem.
     for (auto* dialog : findChildren<FindDialog*>()) dialog->done(QDialog::Rejected);
     takeDesign(caption, std::move(problem));
-    findNetworks();
+    auto* dialog = new FindDialog(model_, *limit_, this);
+    dialog->choices().setLosses(losses);
+    Open(dialog);
 }
 
 void NetworkWindow::findNetworks() {

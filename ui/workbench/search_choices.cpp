@@ -181,6 +181,14 @@ QWidget* SearchChoices::buildBuilding() {
     return page;
 }
 
+void SearchChoices::setLosses(const SearchLosses& losses) {
+    const auto text = [](const PartLoss& loss) {
+        return QString::fromStdString(FormatShortest(loss.Q));
+    };
+    coilQ_->setText(text(losses.inductor));
+    capacitorQ_->setText(text(losses.capacitor));
+}
+
 Result<SearchOptions> SearchChoices::search() const {
     SearchOptions options;
     options.mostParts = parts_->value();

@@ -26,6 +26,8 @@ class SearchChoices : public QWidget {
     /// A failure names the field that cannot be read.
     Result<SearchOptions> search() const;
     Result<RatingOptions> rating() const;
+    /// Of a constant Q each.
+    void setLosses(const SearchLosses& losses);
 
   signals:
     /// Return in a field.
