@@ -64,8 +64,10 @@ template <typename PageStep>
 CycleResult RunCycle(const Design& design, bool storeComponents, CycleServices& services,
                      PageStep&& pageStep) {
     const Page& page = PageOf(design);
+    constexpr std::size_t usualTexts = 16;
     CycleResult result;
     result.design = design;
+    result.texts.reserve(usualTexts);
     result.QBges = static_cast<double>(
         2 / (1 / static_cast<long double>(design.QBC) + 1 / static_cast<long double>(design.QB)));
     result.v = MatchedRatio(design);

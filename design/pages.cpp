@@ -30,8 +30,9 @@ int PageCount() {
 }
 
 const Page& PageOf(int number) {
-    const bool known = number >= 1 && number <= PageCount();
-    return Pages()[static_cast<std::size_t>(known ? number - 1 : 0)];
+    const std::span<const Page> pages = Pages();
+    const auto index = static_cast<std::size_t>(number) - 1;  // of numbers below 1: beyond the last
+    return pages[index < pages.size() ? index : 0];
 }
 
 const Page* FindPage(std::string_view numberOrKey) {

@@ -16,6 +16,8 @@ void ShownParts::set(const ShownPart& part) {
         *at = part;
         return;
     }
+    constexpr std::size_t mostOfAPage = 8;
+    if (parts_.empty()) parts_.reserve(mostOfAPage);
     // By page and slot, so that what is written in another order, as from a file, is the same.
     const auto place = [](const ShownPart& other) {
         return std::pair(other.key.page, other.key.slot);

@@ -43,7 +43,7 @@ class ShownParts {
     bool operator==(const ShownParts&) const = default;
 
   private:
-    std::vector<ShownPart> parts_;  ///< by page; within a page in the order of writing
+    std::vector<ShownPart> parts_;  ///< by page and slot
 };
 
 }  // namespace kelvro

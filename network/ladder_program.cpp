@@ -105,6 +105,7 @@ void Add(const LadderElement& from, std::size_t element, std::vector<LadderStep>
 }
 
 void Add(const std::vector<LadderElement>& ladder, std::vector<LadderStep>& steps) {
+    steps.reserve(steps.size() + ladder.size());
     for (std::size_t i = 0; i < ladder.size(); ++i) Add(ladder[i], i, steps);
 }
 

@@ -115,9 +115,11 @@ constexpr std::array<std::string_view, 8> kInductors = {"L1", "L2", "L3", "L4",
 
 Network BandPassNetwork(const Design& s) {
     using enum PartKind;
-    std::vector<LadderElement> ladder{
-        SeriesArm(PagePart(Capacitor, kCouplings[0], s, CouplingSlot(0)))};
-    for (std::size_t i = 0; i < static_cast<std::size_t>(s.NBP); ++i) {
+    const auto resonators = static_cast<std::size_t>(s.NBP);
+    std::vector<LadderElement> ladder;
+    ladder.reserve(3 * resonators + 1);
+    ladder.push_back(SeriesArm(PagePart(Capacitor, kCouplings[0], s, CouplingSlot(0))));
+    for (std::size_t i = 0; i < resonators; ++i) {
         ladder.push_back(ShuntArm(PagePart(Capacitor, kResonators[i], s, ResonatorSlot(i))));
         ladder.push_back(ShuntArm(PagePart(Inductor, kInductors[i], s, s.LBP)));
         ladder.push_back(SeriesArm(PagePart(Capacitor, kCouplings[i + 1], s, CouplingSlot(i + 1))));
