@@ -263,4 +263,19 @@ void CircuitDrawing::paint(QPainter& painter, const QRectF& area, const QColor& 
     painter.restore();
 }
 
+QString CircuitDrawing::nameAt(const QRectF& area, QPointF at) const {
+    const double scale = scaleIn(area.size());
+    const QPointF here = (at - area.center()) / scale + bounds().center();
+    QString nearest;
+    double distance = kSymbolLength / 2;
+    for (const Label& label : labels_) {
+        const bool onText = labelBox(label).contains(here);
+        const double away = onText ? 0 : QLineF(here, label.at).length();
+        if (label.name.isEmpty() || away >= distance) continue;
+        distance = away;
+        nearest = label.name;
+    }
+    return nearest;
+}
+
 }  // namespace kelvro

@@ -47,6 +47,9 @@ class CircuitDrawing {
     void paint(QPainter& painter, const QRectF& area, const QColor& wire, const QColor& name,
                const QColor& value) const;
 
+    /// The name of the label that is at a point of that area, or whose symbol is.
+    QString nameAt(const QRectF& area, QPointF at) const;
+
   private:
     struct Label {
         QPointF at;

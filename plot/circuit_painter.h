@@ -23,6 +23,10 @@ struct CircuitColours {
 void PaintNetworks(QPainter& painter, const QRectF& area, std::span<const Network> networks,
                    const CircuitColours& colours = {});
 
+/// The name of the part whose symbol or label stands at a point of such a picture; empty where none
+/// does.
+QString PartAt(const QRectF& area, std::span<const Network> networks, QPointF at);
+
 /// A value with prefix and unit as people write it: "15.92 µH", "4.70 kΩ".
 QString ReadableValue(double value, std::string_view unit);
 

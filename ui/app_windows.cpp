@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QMenuBar>
 #include <QShortcut>
 #include <QWidget>
 #include <algorithm>
@@ -142,6 +143,7 @@ QWidget* AppWindows::window(const QString& name) {
     if (!made) return nullptr;
     made->setObjectName(name);
     byName_.insert(name, made);
+    for (QMenuBar* bar : made->findChildren<QMenuBar*>()) GiveMnemonics(*bar);
     GiveMnemonics(*made);
     EnterGroupsAtTheChosen(*made);
     connectControls(*made);
@@ -181,6 +183,13 @@ void AppWindows::connectControls(const QWidget& root) {
         if (const auto* action = root.findChild<QAction*>(control))
             QObject::connect(action, &QAction::triggered, &parent_, show);
     }
+}
+
+QStringList AppWindows::names() {
+    QStringList names;
+    for (const WindowEntry& entry : kWindows) names << QLatin1String(entry.window);
+    for (const ToolEntry& tool : ToolWindows()) names << QLatin1String(tool.window);
+    return names;
 }
 
 std::span<const WindowLink> AppWindows::links() {

@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <memory>
 #include <span>
@@ -44,6 +45,8 @@ class AppWindows {
     /// Lets the controls below `root` open their windows.
     void connectControls(const QWidget& root);
     static std::span<const WindowLink> links();
+    /// All windows that can be opened, by the names of their classes.
+    static QStringList names();
 
   private:
     QWidget* make(const QString& name);

@@ -47,6 +47,7 @@ TExportDlg::TExportDlg(DesignHost& host, QWidget* parent)
       note_(new QLabel) {
     setObjectName(QStringLiteral("TExportDlg"));
     formats_->setObjectName(QStringLiteral("ComboBoxExport"));
+    SetHint(*formats_, tr("Form in which the circuit leaves the program"));
     standardValues_->setObjectName(QStringLiteral("CheckBoxExportE"));
     SetHint(*standardValues_,
             tr("Use selected E-series values for circuit export for all elements"));
@@ -112,7 +113,8 @@ QWidget* TExportDlg::buttons() {
         AddButton<QPushButton>(*row, "ButtonExportCopy", tr("&Copy"), tr("Copy to the clipboard"));
     save_ = AddButton<QPushButton>(*row, "ButtonExportSave", tr("&Save..."), tr("Save to a file"));
     row->addStretch();
-    auto* closing = AddButton<QPushButton>(*row, "ButtonExportClose", tr("Close"), {});
+    auto* closing =
+        AddButton<QPushButton>(*row, "ButtonExportClose", tr("Close"), tr("Close the window"));
     connect(copy_, &QPushButton::clicked, this, &TExportDlg::ButtonExportCopyClick);
     connect(save_, &QPushButton::clicked, this, &TExportDlg::ButtonExportSaveClick);
     connect(closing, &QPushButton::clicked, this, &QDialog::close);

@@ -276,7 +276,8 @@ QWidget* TFormOpt::buttonRow() {
     button("ButtonDefaults", tr("&Defaults"), tr("Reset all settings"),
            &TFormOpt::ButtonDefaultsClick);
     layout->addStretch();
-    button("ButtonClose", tr("&Close"), QString(), &TFormOpt::ButtonCloseClick);
+    button("ButtonClose", tr("&Close"), tr("Close the window; the settings stay"),
+           &TFormOpt::ButtonCloseClick);
     return row;
 }
 

@@ -83,6 +83,7 @@ class PagePanel : public QWidget {
     void AusgabeDblClick(const FieldRow& row);
     void runAction(const ActionField& action);
     void CheckBoxClick(bool checked);
+    void goToField(const QString& part);
     void showCaptions();
     void showPicture();
     void blank(Network& network) const;

@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QLockFile>
 #include <QPrinter>
@@ -190,13 +191,16 @@ void TSDIAppForm::setProgramStarter(ProgramStarter starter) {
 void TSDIAppForm::ShowHint(const QString& hint) {
     hint_ = hint;
     if (session_.optimizer().settings.disabled) {
+        achieved_->hide();
         statusBar()->showMessage((hint.isEmpty() ? QString() : hint + tr(" - ")) +
                                  tr("Warning: Optimization is disabled!"));
         return;
     }
-    QStringList parts = achievedTexts();
-    if (!hint.isEmpty()) parts.prepend(hint);
-    statusBar()->showMessage(parts.join(tr(", ")));
+    // A hint stands alone on the left; of what was achieved the first stays, on the right.
+    const QStringList achieved = achievedTexts();
+    statusBar()->showMessage(hint.isEmpty() ? achieved.join(tr(", ")) : hint);
+    achieved_->setText(hint.isEmpty() ? QString() : achieved.value(0));
+    achieved_->setVisible(!achieved_->text().isEmpty());
 }
 
 /// What the last run has to say, where the design is still what it delivered, and what the response

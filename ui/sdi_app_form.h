@@ -14,6 +14,7 @@
 #include "ui/design_session.h"
 
 class QAction;
+class QLabel;
 class QLockFile;
 class QPrinter;
 class QStackedWidget;
@@ -140,6 +141,7 @@ class TSDIAppForm : public QMainWindow {
     Design saved_;              ///< as that file holds it
     QTimer pause_;              ///< after a change, until the settings are saved
     std::unique_ptr<QLockFile> claim_;  ///< on the settings file; null in a second instance
+    QLabel* achieved_ = nullptr;        ///< in the status panel, beside a hint
     QString hint_;                      ///< of the control under the pointer
 };
 

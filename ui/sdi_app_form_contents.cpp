@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
@@ -69,6 +70,7 @@ void TSDIAppForm::buildContents() {
     BuildMenus(*this);
     BuildSpeedPanel(*this);
     auto* contents = new QWidget;
+    contents->setObjectName(QStringLiteral("Contents"));
     auto* column = new QVBoxLayout(contents);
     column->setContentsMargins(10, 8, 10, 6);
     column->setSpacing(8);
@@ -81,6 +83,9 @@ void TSDIAppForm::buildContents() {
     setCentralWidget(new ContentsArea(contents));
     statusBar()->setObjectName(QStringLiteral("StatusBar"));
     statusBar()->setSizeGripEnabled(false);
+    achieved_ = new QLabel;
+    achieved_->setObjectName(QStringLiteral("AchievedLabel"));
+    statusBar()->addPermanentWidget(achieved_);
     giveKeys();
     fitScreen();
 }
@@ -124,7 +129,8 @@ QWidget* TSDIAppForm::buildNotebook() {
                 &TSDIAppForm::OpenAsNetwork1Click);
         connect(panels_.back(), &PagePanel::findBetterClicked, this,
                 &TSDIAppForm::FindBetter1Click);
-        notebook_->addWidget(panels_.back());
+        // Where the window is small the page scrolls, and all around it stays in sight.
+        notebook_->addWidget(new ContentsArea(panels_.back()));
         captions << ToQString(page.caption);
     }
     tabs_ = new TabSet(QStringLiteral("TabSet1"));

@@ -71,6 +71,14 @@ QWidget* TotalQCaption() {
     return caption;
 }
 
+/// Takes the room of two lines, whatever its width: else the whole window would count as one that
+/// may be lower where it is wider, and scroll where it need not.
+class RefusalText : public QLabel {
+  public:
+    bool hasHeightForWidth() const override { return false; }
+    QSize minimumSizeHint() const override { return {0, 2 * fontMetrics().lineSpacing()}; }
+};
+
 /// Numbers stand in the system font, words such as "infinite" in a smaller one.
 void AdjustBandwidthFont(QLineEdit& edit) {
     const bool number = !ParseNumber(edit.text().toStdString()).noDigits;
@@ -116,7 +124,7 @@ QWidget* SharedPanel::buildResistances() {
     SetHint(*swap, tr("Switch R1 and R2"));
     connect(swap, &QToolButton::clicked, this, &SharedPanel::switchClicked);
     grid->addWidget(swap, 0, kAction, 2, 1);
-    refusal_ = new QLabel;
+    refusal_ = new RefusalText;
     refusal_->setObjectName(QStringLiteral("RefusalLabel"));
     refusal_->setTextFormat(Qt::PlainText);  // "R2<R1!" is no markup
     refusal_->setWordWrap(true);

@@ -6,6 +6,8 @@
 #include <QPainterPath>
 #include <algorithm>
 
+#include "ui/fields.h"
+
 namespace kelvro {
 
 namespace {
@@ -100,6 +102,8 @@ void TabSet::setTabs(const QStringList& captions) {
         const int index = count();
         auto* tab = new TabButton(caption, this);
         tab->setObjectName(QStringLiteral("Tab%1").arg(index + 1));
+        SetHint(*tab, tr("Page %1; Ctrl+PgUp and Ctrl+PgDn lead to the one before and the next")
+                          .arg(index + 1));
         connect(tab, &QAbstractButton::clicked, this, [this, index] { emit clicked(index); });
         tabs_.append(tab);
     }

@@ -19,6 +19,15 @@
 
 using namespace kelvro;
 
+namespace {
+
+/// Moves the mouse where no control shows a hint.
+void LeaveControls(FormFixture& f) {
+    QTest::mouseMove(&f.find<QWidget>("StatusBar"));
+}
+
+}  // namespace
+
 class MainFormTest : public QObject {
     Q_OBJECT
 
@@ -272,9 +281,13 @@ void MainFormTest::hintsShowTheGoalOrTheWarning() {
     f.form().session().optimizer().settings.disabled = false;
     auto& two = f.find<QWidget>("SpinButtonR2");
     QTest::mouseMove(&two, QPoint(2, 2));
-    const QString shown = f.find<QStatusBar>("StatusBar").currentMessage();
-    // Nothing has run yet.
-    QVERIFY2(shown.startsWith("Increase or decrease R1, loss "), qPrintable(shown));
+    // The hint alone, what was achieved beside it; nothing has run yet.
+    QCOMPARE(f.find<QStatusBar>("StatusBar").currentMessage(), QString("Increase or decrease R1"));
+    const auto& achieved = f.find<QLabel>("AchievedLabel");
+    QVERIFY(achieved.isVisible());
+    QVERIFY2(achieved.text().startsWith("loss "), qPrintable(achieved.text()));
+    LeaveControls(f);
+    QVERIFY(achieved.isHidden());
 }
 
 /// Under the pointer a control takes its hint back as it goes, behind the form's own members.
@@ -297,17 +310,22 @@ void MainFormTest::statusPanelTellsWhatTheShownDesignAchieves() {
     FormFixture f({"single"});
     const auto& panel = f.find<QStatusBar>("StatusBar");
     f.goTo(3);
+    QTest::mouseMove(&f.find<QWidget>("SpeedButtonVertauschen"));
+    QVERIFY(f.find<QLabel>("AchievedLabel").text().startsWith("achieved fmin="));
+    LeaveControls(f);
     const QString optimized = panel.currentMessage();
     QVERIFY2(optimized.contains(QRegularExpression("achieved fmin= +[0-9.]+, loss 0\\.[0-9]+ dB at "
                                                    "fo, -3 dB width [0-9.]+ MHz .*loaded Q [0-9]")),
              qPrintable(optimized));
     f.goTo(8);  // nothing to optimize, no band
+    LeaveControls(f);
     QVERIFY2(!panel.currentMessage().contains("fmin"), qPrintable(panel.currentMessage()));
 }
 
 void MainFormTest::reportThatCannotBeWrittenStandsInTheStatusPanel() {
     FormFixture f({"single"});
     f.goTo(3);
+    LeaveControls(f);
     const auto& panel = f.find<QStatusBar>("StatusBar");
     QVERIFY2(panel.currentMessage().contains("achieved fmin="), qPrintable(panel.currentMessage()));
     f.form().session().optimizerFiles().log = "/dev/full";

@@ -1,13 +1,20 @@
 // The design pages in the main window: switching, refusals, swap boxes, double-click, Take.
 
 #include <QCheckBox>
+#include <QClipboard>
+#include <QDialog>
+#include <QFileInfo>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QStackedWidget>
+#include <QTimer>
 #include <cmath>
 
 #include "core/number_text.h"
 #include "design/pages.h"
+#include "design/part_ref.h"
 #include "tests/ui/form_fixture.h"
+#include "ui/circuit_view.h"
 
 using namespace kelvro;
 
@@ -34,6 +41,8 @@ class PagesTest : public QObject {
     void editedTransformerFieldIsUsedAndNotRewritten();
     void transformerSwitchesAndWeightsReachTheDesign();
     void classEPageClampsTypedQ();
+    void clickOnAPartLeadsToItsField();
+    void circuitPictureIsCopiedAndSaved();
 };
 
 void PagesTest::everyTabAndMenuItemShowsItsPage() {
@@ -302,6 +311,52 @@ void PagesTest::classEPageClampsTypedQ() {
     f.goTo(3);
     f.type("QEingabe", "0.5");
     QCOMPARE(f.state().Q, 0.5);
+}
+
+void PagesTest::clickOnAPartLeadsToItsField() {
+    FormFixture f;
+    struct Row {
+        int page;
+        const char* part;
+        const char* field;
+    };
+    for (const auto& [page, part, field] :
+         {Row{3, "C1", "C13Ausgabe"}, Row{3, "L", "L3Ausgabe"}, Row{3, "R2", "R2Eingabe"},
+          Row{13, "C", "C13GAusgabe"}, Row{9, "R1", "R1Eingabe"}}) {
+        f.goTo(page);
+        auto& picture = f.find<CircuitView>(QString("Image%1").arg(page));
+        const QRectF area = QRectF(picture.rect()).adjusted(6, 6, -6, -6);
+        const auto networks = ShownNetworks(f.state());
+        QPoint found;
+        for (int x = 0; x < picture.width() && found.isNull(); x += 12)
+            for (int y = 0; y < picture.height() && found.isNull(); y += 6)
+                if (PartAt(area, networks, QPointF(x, y)) == part) found = QPoint(x, y);
+        QVERIFY2(!found.isNull(), part);
+        QTest::mouseClick(&picture, Qt::LeftButton, {}, found);
+        QCOMPARE(f.form().focusWidget()->objectName(), QLatin1String(field));
+    }
+}
+
+void PagesTest::circuitPictureIsCopiedAndSaved() {
+    FormFixture f;
+    f.goTo(3);
+    auto& picture = f.find<CircuitView>("Image3");
+    picture.findChild<QAction*>("CopyCircuit")->trigger();
+    const QMimeData& copied = *QApplication::clipboard()->mimeData();
+    QVERIFY(copied.hasImage());
+    QVERIFY(copied.data("image/svg+xml").contains("C1"));
+    for (const QString& name : {QString("c.svg"), QString("c.png"), QString("c.doc")}) {
+        const QString file = f.configFolder() + '/' + name;
+        QTimer::singleShot(100, qApp, [&] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file);
+            dynamic_cast<QDialog*>(dialog)->accept();
+        });
+        picture.findChild<QAction*>("SaveCircuit")->trigger();
+        QCOMPARE(QFileInfo(file).size() > 500, !name.endsWith("doc"));
+    }
+    QVERIFY2(f.messages.size() == 1 && f.messages[0].contains("has to end in one of"),
+             qPrintable(f.messages.join(';')));
 }
 
 QTEST_MAIN(PagesTest)

@@ -1,6 +1,7 @@
 #include "ui/plot/value_spin.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -32,6 +33,17 @@ ValueSpin::ValueSpin(const QString& name, QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(up, &QToolButton::clicked, this, [this, up] { click(*up, 1); });
     connect(down, &QToolButton::clicked, this, [this, down] { click(*down, -1); });
+}
+
+/// The arrows say what the whole does.
+bool ValueSpin::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTipChange) {
+        for (auto* arrow : findChildren<QToolButton*>()) {
+            arrow->setToolTip(toolTip());
+            arrow->setStatusTip(toolTip());
+        }
+    }
+    return QWidget::event(event);
 }
 
 void ValueSpin::click(QToolButton& button, int direction) {

@@ -18,6 +18,9 @@ class ValueSpin : public QWidget {
     /// 1 for the up arrow, -1 for the down arrow.
     void clicked(int direction);
 
+  protected:
+    bool event(QEvent* event) override;
+
   private:
     void click(QToolButton& button, int direction);
 };

@@ -36,6 +36,7 @@ TXmaxDlg1::TXmaxDlg1(const ValueEdit& edit, const QString& unit, Spin spin, QWid
     xmaxEingabe_->selectAll();
     caption->setBuddy(xmaxEingabe_);
     auto* arrows = new ValueSpin("SpinButtonXmax", this);
+    arrows->setToolTip(tr("Increase or decrease the value"));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Ok)->setObjectName("OKBtn");
     buttons->button(QDialogButtonBox::Cancel)->setObjectName("CancelBtn");

@@ -24,12 +24,17 @@ TFormCoils::TFormCoils(QWidget* parent) : ToolWindow("TFormCoils", tr("Coils"), 
 void TFormCoils::addInputs() {
     beginGroup(tr("Wanted"));
     kind_ = addChoice("KindChoice", tr("&Coil"),
-                      {tr("Single-layer solenoid"), tr("Flat spiral"), tr("Toroid")});
-    direction_ =
-        addChoice("DirectionChoice", tr("&Find"), {tr("L from turns"), tr("Turns from L")});
-    turns_ = addInput("NEingabe", {tr("Turns &N"), {}, {}}, "10");
-    inductance_ = addInput("LEingabe", {tr("&Inductance L"), "H", {}}, "1u");
-    f_ = addInput("foEingabe", {tr("F&requency fo"), "Hz", {}}, "100M");
+                      {tr("Single-layer solenoid"), tr("Flat spiral"), tr("Toroid")},
+                      tr("How the coil is wound"));
+    direction_ = addChoice("DirectionChoice", tr("&Find"), {tr("L from turns"), tr("Turns from L")},
+                           tr("What is given and what is looked for"));
+    turns_ = addInput("NEingabe", {tr("Turns &N"), {}, tr("May be a fraction")}, "10");
+    inductance_ =
+        addInput("LEingabe", {tr("&Inductance L"), "H", tr("Wanted at low frequencies")}, "1u");
+    f_ = addInput(
+        "foEingabe",
+        {tr("F&requency fo"), "Hz", tr("For reactance and Q; follows the design until typed")},
+        "100M");
     setFrequencyField(f_);
 
     beginGroup(tr("Dimensions"));
@@ -37,21 +42,31 @@ void TFormCoils::addInputs() {
         addInput("DEingabe", {tr("Mean &diameter"), "m", tr("Wire centre to wire centre")}, "8m");
     wire_ =
         addInput("WireEingabe", {tr("&Wire diameter"), "m", tr("0: ideal current sheet")}, "0.8m");
-    keeps_ =
-        addChoice("KeepsChoice", tr("&Given"), {tr("Length of winding"), tr("Pitch of turns")});
-    extent_ = addInput("ExtentEingabe", {tr("L&ength"), "m", {}}, "12m");
-    shape_ = addChoice("ShapeChoice", tr("&Shape"),
-                       {tr("Square"), tr("Hexagon"), tr("Octagon"), tr("Circle")});
+    keeps_ = addChoice("KeepsChoice", tr("&Given"), {tr("Length of winding"), tr("Pitch of turns")},
+                       tr("Which of the two stays as typed when the turns change"));
+    extent_ = addInput("ExtentEingabe",
+                       {tr("L&ength"), "m", tr("Of the winding, or from turn to turn")}, "12m");
+    shape_ =
+        addChoice("ShapeChoice", tr("&Shape"),
+                  {tr("Square"), tr("Hexagon"), tr("Octagon"), tr("Circle")}, tr("Of one turn"));
     inner_ = addInput("InnerEingabe",
                       {tr("Inner &diameter"), "m", tr("Free width inside the first turn")}, "5m");
-    width_ = addInput("WidthEingabe", {tr("Conductor &width"), "m", {}}, "0.5m");
-    gap_ = addInput("GapEingabe", {tr("&Gap between turns"), "m", {}}, "0.5m");
-    core_ = addChoice("CoreChoice", tr("C&ore"), {tr("A_L of the data sheet"), tr("Dimensions")});
-    factor_ = addInput("ALEingabe", {tr("&A_L per turn²"), "H", {}}, "4.9n");
+    width_ =
+        addInput("WidthEingabe", {tr("Conductor &width"), "m", tr("Of the track or wire")}, "0.5m");
+    gap_ = addInput("GapEingabe",
+                    {tr("&Gap between turns"), "m", tr("Free width from turn to turn")}, "0.5m");
+    core_ = addChoice("CoreChoice", tr("C&ore"), {tr("A_L of the data sheet"), tr("Dimensions")},
+                      tr("What is known of the core"));
+    factor_ =
+        addInput("ALEingabe",
+                 {tr("&A_L per turn²"), "H", tr("Inductance factor of the data sheet")}, "4.9n");
     permeability_ = addInput("muEingabe", {tr("&Permeability"), {}, tr("1: air")}, "10");
-    coreOuter_ = addInput("OuterEingabe", {tr("O&utside diameter"), "m", {}}, "12.7m");
-    coreInner_ = addInput("HoleEingabe", {tr("&Hole diameter"), "m", {}}, "7.7m");
-    coreHeight_ = addInput("HeightEingabe", {tr("H&eight"), "m", {}}, "4.83m");
+    coreOuter_ =
+        addInput("OuterEingabe", {tr("O&utside diameter"), "m", tr("Of the core")}, "12.7m");
+    coreInner_ = addInput("HoleEingabe",
+                          {tr("&Hole diameter"), "m", tr("Inside diameter of the core")}, "7.7m");
+    coreHeight_ =
+        addInput("HeightEingabe", {tr("H&eight"), "m", tr("Of the core, along its axis")}, "4.83m");
     shape_->setCurrentIndex(3);
 }
 

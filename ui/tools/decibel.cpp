@@ -22,9 +22,10 @@ void TFormDecibel::addLevels() {
     QStringList units;
     for (const LevelUnitName& unit : LevelUnits()) units << ToQString(unit.text);
     beginGroup(tr("Level"));
-    level_ = addInput("LevelEingabe", {tr("&Level"), {}, {}}, "0");
-    levelUnit_ = addChoice("LevelUnitChoice", tr("&Unit"), units);
-    R_ = addInput("REingabe", {tr("In &R"), tr("ohm"), {}}, "50");
+    level_ = addInput("LevelEingabe", {tr("&Level"), {}, tr("In the unit below")}, "0");
+    levelUnit_ = addChoice("LevelUnitChoice", tr("&Unit"), units, tr("Of the level above"));
+    R_ =
+        addInput("REingabe", {tr("In &R"), tr("ohm"), tr("Resistance that takes the level")}, "50");
     beginGroup(tr("The same level"));
     for (int i = 0; i < units.size(); ++i) {
         const std::string name = "Level" + std::to_string(i) + "Ausgabe";
@@ -34,11 +35,13 @@ void TFormDecibel::addLevels() {
 
 void TFormDecibel::addRatio() {
     beginGroup(tr("Ratio"), Place::NewColumn);
-    ratio_ = addInput("RatioEingabe", {tr("R&atio"), {}, {}}, "6");
+    ratio_ =
+        addInput("RatioEingabe", {tr("R&atio"), {}, tr("Output over input, given as below")}, "6");
     ratioUnit_ =
-        addChoice("RatioUnitChoice", tr("Gi&ven as"), {"dB", "Np", tr("power"), tr("voltage")});
-    R1_ = addInput("R1Eingabe", {tr("From R&1"), tr("ohm"), {}}, "50");
-    R2_ = addInput("R2Eingabe", {tr("To R&2"), tr("ohm"), {}}, "50");
+        addChoice("RatioUnitChoice", tr("Gi&ven as"), {"dB", "Np", tr("power"), tr("voltage")},
+                  tr("What the number above is"));
+    R1_ = addInput("R1Eingabe", {tr("From R&1"), tr("ohm"), tr("Resistance at the input")}, "50");
+    R2_ = addInput("R2Eingabe", {tr("To R&2"), tr("ohm"), tr("Resistance at the output")}, "50");
     ratioDb_ = addOutput("RatioDbAusgabe", {tr("Gain"), "dB", {}});
     ratioNp_ = addOutput("RatioNpAusgabe", {{}, "Np", {}});
     ratioPower_ = addOutput("RatioPowerAusgabe", {"P2/P1", {}, {}});

@@ -117,8 +117,10 @@ TFormFilters::TFormFilters(QWidget* parent) : ToolWindow("TFormFilters", tr("LC 
 void TFormFilters::addInputs() {
     beginGroup(tr("Filter"));
     band_ = addChoice("BandChoice", tr("&Kind"),
-                      {tr("Low-pass"), tr("High-pass"), tr("Band-pass"), tr("Band-stop")});
-    shape_ = addChoice("ShapeChoice", tr("&Approximation"), {"Butterworth", "Chebyshev"});
+                      {tr("Low-pass"), tr("High-pass"), tr("Band-pass"), tr("Band-stop")},
+                      tr("What the filter lets pass"));
+    shape_ = addChoice("ShapeChoice", tr("&Approximation"), {"Butterworth", "Chebyshev"},
+                       tr("Flat in the pass band, or steeper with ripple"));
     order_ = new QSpinBox;
     order_->setObjectName(QStringLiteral("OrderEingabe"));
     order_->setRange(1, kMostOrder);
@@ -126,25 +128,31 @@ void TFormFilters::addInputs() {
     connect(order_, &QSpinBox::valueChanged, this, &TFormFilters::changed);
     addField(order_, {tr("&Order"), {}, tr("Of the low-pass that the filter is made from")});
     ripple_ = addInput("RippleEingabe", {tr("&Ripple"), "dB", tr("Above 0 to 3 dB")}, "0.5");
-    f_ = addInput("foEingabe", {{}, "Hz", {}}, "100M");
+    f_ = addInput("foEingabe",
+                  {{}, "Hz", tr("Edge or centre of the band; follows the design until typed")},
+                  "100M");
     setFrequencyField(f_);
-    bandwidth_ = addInput("BEingabe", {tr("&Bandwidth"), "Hz", {}}, "20M");
+    bandwidth_ =
+        addInput("BEingabe", {tr("&Bandwidth"), "Hz", tr("Upper edge less lower edge")}, "20M");
     source_ = addInput("R1Eingabe", {tr("R&1"), tr("ohm"), tr("Source resistance")}, "50");
-    first_ = addChoice("FirstChoice", tr("First &element"), {tr("across"), tr("in series")});
+    first_ = addChoice("FirstChoice", tr("First &element"), {tr("across"), tr("in series")},
+                       tr("How the ladder begins at the source"));
     QL_ = addInput("QLEingabe", {tr("Q of &L"), {}, tr("Empty: no losses")}, {});
     QC_ = addInput("QCEingabe", {tr("Q of &C"), {}, tr("Empty: no losses")}, {});
 }
 
 void TFormFilters::addOutputs() {
-    beginGroup(tr("Result"));
+    beginGroup(tr("Result"), Place::NewColumn);
     load_ = addOutput("R2Ausgabe", {"R2", tr("ohm"), tr("Load that the filter needs")});
     lower_ = addOutput("LowerAusgabe", {tr("Lower edge"), "Hz", {}});
     upper_ = addOutput("UpperAusgabe", {tr("Upper edge"), "Hz", {}});
     lowerHalf_ = addOutput("Lower3Ausgabe", {tr("Lower edge at 3 dB"), "Hz", tr("Without losses")});
     upperHalf_ = addOutput("Upper3Ausgabe", {tr("Upper edge at 3 dB"), "Hz", tr("Without losses")});
     beginGroup(tr("At another frequency"));
-    at_ = addInput("fEingabe", {"&f", "Hz", {}}, "200M");
-    wanted_ = addInput("WantedEingabe", {tr("&Wanted attenuation"), "dB", {}}, "40");
+    at_ = addInput("fEingabe", {"&f", "Hz", tr("Where attenuation and return loss are told")},
+                   "200M");
+    wanted_ = addInput("WantedEingabe",
+                       {tr("&Wanted attenuation"), "dB", tr("At f, for the least order")}, "40");
     attenuation_ =
         addOutput("AttenuationAusgabe", {tr("Attenuation"), "dB", tr("With the losses")});
     reflection_ = addOutput("ReflectionAusgabe", {tr("Return loss"), "dB", tr("With the losses")});
@@ -159,17 +167,18 @@ QWidget* TFormFilters::makePlotColumn() {
     depth_ = new QComboBox;
     depth_->setObjectName(QStringLiteral("DepthChoice"));
     for (const Depth& depth : kDepths) depth_->addItem(tr("Plot down to ") + depth.name);
+    SetHint(*depth_, tr("How deep the plot reaches, and how wide"));
     connect(depth_, &QComboBox::currentIndexChanged, this, &TFormFilters::changed);
     plot_ = new PlotImage;
     plot_->setObjectName(QStringLiteral("FilterPlot"));
-    plot_->setMinimumSize(440, 260);
+    plot_->setMinimumSize(320, 180);
     elements_ = new QTableWidget(0, 4);
     elements_->setObjectName(QStringLiteral("ElementsTable"));
     elements_->setHorizontalHeaderLabels({tr("Arm"), "L", "C", tr("Resonator")});
     elements_->verticalHeader()->hide();
     elements_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     elements_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    elements_->setMinimumHeight(170);
+    elements_->setMinimumHeight(110);
     layout->addWidget(depth_, 0, Qt::AlignLeft);
     layout->addWidget(plot_, 3);
     layout->addWidget(elements_, 2);

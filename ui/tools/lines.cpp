@@ -42,12 +42,16 @@ void TFormLines::addInputs() {
     QStringList types;
     for (const LineDescription& type : LineTypes()) types << ToQString(type.caption);
     beginGroup(tr("Line"));
-    type_ = addChoice("TypeChoice", tr("&Line"), types);
+    type_ = addChoice("TypeChoice", tr("&Line"), types, tr("Cross-section of the line"));
     direction_ = addChoice("DirectionChoice", tr("&Find"),
-                           {tr("Zo from dimensions"), tr("Dimensions from Zo")});
-    impedance_ = addInput("ZoEingabe", {tr("&Zo"), tr("ohm"), {}}, "50");
-    angle_ = addInput("AngleEingabe", {tr("&Electrical length"), "°", {}}, "90");
-    f_ = addInput("foEingabe", {tr("at f&o"), "Hz", {}}, "100M");
+                           {tr("Zo from dimensions"), tr("Dimensions from Zo")},
+                           tr("What is given and what is looked for"));
+    impedance_ =
+        addInput("ZoEingabe", {tr("&Zo"), tr("ohm"), tr("Wanted characteristic impedance")}, "50");
+    angle_ =
+        addInput("AngleEingabe",
+                 {tr("&Electrical length"), "°", tr("Wanted at fo; 90° is a quarter wave")}, "90");
+    f_ = addInput("foEingabe", {tr("at f&o"), "Hz", tr("Follows the design until typed")}, "100M");
     setFrequencyField(f_);
 
     beginGroup(tr("Dimensions"));
@@ -58,11 +62,17 @@ void TFormLines::addInputs() {
     gap_ = addInput("GapEingabe", {{}, "m", mil}, start[2]);
     thickness_ =
         addInput("ThicknessEingabe", {{}, "m", tr("0: thin metal of unknown loss")}, start[3]);
-    length_ = addInput("LengthEingabe", {tr("Lengt&h"), "m", {}}, "100m");
+    length_ =
+        addInput("LengthEingabe", {tr("Lengt&h"), "m", tr("Of the line from end to end")}, "100m");
 
     beginGroup(tr("Material"));
-    permittivity_ = addInput("erEingabe", {tr("Permittivity e&r"), {}, {}}, start[4]);
-    lossTangent_ = addInput("tanEingabe", {tr("Loss &tangent"), {}, {}}, start[5]);
+    permittivity_ = addInput(
+        "erEingabe",
+        {tr("Permittivity e&r"), {}, tr("Of the dielectric, relative: air 1, PTFE 2.1, FR-4 4.4")},
+        start[4]);
+    lossTangent_ = addInput(
+        "tanEingabe", {tr("Loss &tangent"), {}, tr("Of the dielectric: PTFE 0.0004, FR-4 0.02")},
+        start[5]);
     conductivity_ = addInput(
         "SigmaEingabe",
         {tr("&Conductivity"), "S/m", tr("Copper 58M, silver 61M, gold 41M, aluminium 37M")}, "58M");

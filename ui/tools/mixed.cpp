@@ -13,7 +13,8 @@ TFormMixed::TFormMixed(QWidget* parent)
     beginGroup(tr("Circuit"));
     QStringList names;
     for (const ConnectionName& name : Connections()) names << ToQString(name.text);
-    connection_ = addChoice("ConnectionChoice", tr("&Connection"), names);
+    connection_ = addChoice("ConnectionChoice", tr("&Connection"), names,
+                            tr("How R, L and C are put together"));
     const QString hint = tr("Leave empty what the circuit does not have");
     R_ = addInput("REingabe", {"&R", tr("ohm"), hint}, "10");
     L_ = addInput("LEingabe", {"&L", "H", hint}, "100n");

@@ -75,6 +75,7 @@ ToolWindow::ToolWindow(const char* className, const QString& title, QWidget* par
     SetHint(*copy, tr("Copy all values to the clipboard"));
     auto* close = new QPushButton(tr("Close"));
     close->setObjectName(QStringLiteral("ButtonClose"));
+    SetHint(*close, tr("Close the window; what stands in it stays"));
     connect(copy, &QPushButton::clicked, this, &ToolWindow::copyResult);
     connect(close, &QPushButton::clicked, this, &QWidget::close);
     buttons_ = new QHBoxLayout;
@@ -140,13 +141,13 @@ OutputEdit* ToolWindow::addOutput(const char* name, const RowTexts& texts) {
     return edit;
 }
 
-QComboBox* ToolWindow::addChoice(const char* name, const QString& label,
-                                 const QStringList& entries) {
+QComboBox* ToolWindow::addChoice(const char* name, const QString& label, const QStringList& entries,
+                                 const QString& hint) {
     auto* box = new QComboBox;
     box->setObjectName(QLatin1String(name));
     box->addItems(entries);
     connect(box, &QComboBox::currentIndexChanged, this, &ToolWindow::changed);
-    addField(box, {label, {}, {}});
+    addField(box, {label, {}, hint});
     widenLast();
     return box;
 }
@@ -173,8 +174,12 @@ ToolWindow::Pair<Edit> ToolWindow::addPair(const char* name, const QString& labe
     return pair;
 }
 
-ToolWindow::Pair<InputEdit> ToolWindow::addInputPair(const char* name, const QString& label) {
-    return addPair<InputEdit>(name, label);
+ToolWindow::Pair<InputEdit> ToolWindow::addInputPair(const char* name, const QString& label,
+                                                     const QString& hint) {
+    const Pair<InputEdit> pair = addPair<InputEdit>(name, label);
+    SetHint(*pair.first, hint);
+    SetHint(*pair.second, hint);
+    return pair;
 }
 
 ToolWindow::Pair<OutputEdit> ToolWindow::addOutputPair(const char* name, const QString& label) {

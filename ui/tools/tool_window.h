@@ -47,7 +47,8 @@ class ToolWindow : public QDialog {
     void beginGroup(const QString& title, Place place = Place::Below);
     InputEdit* addInput(const char* name, const RowTexts& texts, const QString& start);
     OutputEdit* addOutput(const char* name, const RowTexts& texts);
-    QComboBox* addChoice(const char* name, const QString& label, const QStringList& entries);
+    QComboBox* addChoice(const char* name, const QString& label, const QStringList& entries,
+                         const QString& hint);
     /// A field of any other kind; what its changes do is the tool's to connect.
     void addField(QWidget* field, const RowTexts& texts);
     /// A pair of inputs or outputs in one line, as the parts of a complex number.
@@ -56,7 +57,7 @@ class ToolWindow : public QDialog {
         Edit* first;
         Edit* second;
     };
-    Pair<InputEdit> addInputPair(const char* name, const QString& label);
+    Pair<InputEdit> addInputPair(const char* name, const QString& label, const QString& hint);
     Pair<OutputEdit> addOutputPair(const char* name, const QString& label);
     /// Lets the field of the last row take the place of its unit and all width that is left.
     void widenLast();

@@ -47,7 +47,8 @@ TFormTwoPorts::TFormTwoPorts(QWidget* parent)
     : ToolWindow("TFormTwoPorts", tr("Two-Ports"), parent) {
     beginGroup(tr("Numbers"));
     format_ = addChoice("FormatChoice", tr("&Written as"),
-                        {tr("real and imaginary part"), tr("magnitude and degrees")});
+                        {tr("real and imaginary part"), tr("magnitude and degrees")},
+                        tr("How complex numbers stand in all fields"));
     const QStringList pad{"0", "707.107m", "707.107m", "0"};
     first_ = addEntry(tr("Two-port"), "A", KindNames(), pad);
     second_ = addEntry(tr("Followed by"), "B", QStringList{tr("nothing")} + KindNames(), pad);
@@ -63,19 +64,24 @@ TFormTwoPorts::Entry TFormTwoPorts::addEntry(const QString& title, const char* p
     beginGroup(title);
     const std::string name(prefix);
     Entry entry{};
-    entry.kind = addChoice((name + "KindChoice").c_str(), tr("Parameters"), kinds);
+    entry.kind = addChoice((name + "KindChoice").c_str(), tr("Parameters"), kinds,
+                           tr("What the four numbers below are"));
     for (std::size_t i = 0; i < 4; ++i) {
-        entry.elements[i] = addInputPair((name + kPlaces[i]).c_str(), {});
+        entry.elements[i] = addInputPair((name + kPlaces[i]).c_str(), {},
+                                         tr("Real part or magnitude, imaginary part or degrees"));
         entry.elements[i].first->setText(start[static_cast<int>(i)]);
         entry.elements[i].second->setText("0");
     }
-    entry.reference = addInput((name + "ZoEingabe").c_str(), {tr("refer to"), tr("ohm"), {}}, "50");
+    entry.reference = addInput(
+        (name + "ZoEingabe").c_str(),
+        {tr("refer to"), tr("ohm"), tr("Resistance for which the S parameters hold")}, "50");
     return entry;
 }
 
 void TFormTwoPorts::addResult() {
     beginGroup(tr("Result"), Place::NewColumn);
-    kind_ = addChoice("ResultKindChoice", tr("&As"), KindNames());
+    kind_ =
+        addChoice("ResultKindChoice", tr("&As"), KindNames(), tr("The chain as these parameters"));
     for (std::size_t i = 0; i < 4; ++i) {
         const std::string name = std::string("Result") + kPlaces[i];
         result_[i] = addOutputPair(name.c_str(), {});

@@ -57,6 +57,8 @@ CentreDialog::CentreDialog(NetworkModel& model, QWidget* parent)
     lines_ =
         addEdit(*form, "CentreZtol", tr("Line impedances ±%"), NumberText(usual.lineImpedance, 0));
     const double leastGT = LeastGTOf(WorstGain(start_), {});
+    for (QLineEdit* edit : {coils_, capacitors_, resistors_, lines_})
+        SetHint(*edit, tr("Largest error of a part, percent"));
     least_ = addEdit(*form, "CentreLeast", tr("A build &keeps dB"),
                      NumberText(10 * std::log10(leastGT), 2));
     SetHint(*least_, tr("Worst gain in the bands that a build has to keep to count as good"));

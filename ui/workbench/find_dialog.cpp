@@ -88,8 +88,9 @@ FindDialog::FindDialog(NetworkModel& model, LimitWatch& limit, QWidget* parent)
     progress_->setMaximumWidth(160);
     state_ = new QLabel;
     state_->setObjectName(QStringLiteral("FindState"));
-    const auto button = [&](const char* name, const QString& caption) {
+    const auto button = [&](const char* name, const QString& caption, const QString& hint) {
         auto* made = new QPushButton(caption);
+        SetHint(*made, hint);
         made->setObjectName(QLatin1String(name));
         made->setAutoDefault(false);
         row->addWidget(made);
@@ -97,9 +98,10 @@ FindDialog::FindDialog(NetworkModel& model, LimitWatch& limit, QWidget* parent)
     };
     row->addWidget(progress_);
     row->addWidget(state_, 1);
-    start_ = button("FindStart", tr("&Find"));
-    take_ = button("FindTake", tr("&Take"));
-    auto* cancel = button("FindCancel", tr("Cancel"));
+    start_ =
+        button("FindStart", tr("&Find"), tr("Start the search, or end it with what it has found"));
+    take_ = button("FindTake", tr("&Take"), tr("Put the chosen network into the window"));
+    auto* cancel = button("FindCancel", tr("Cancel"), tr("Close; the network stays as it was"));
     column->addLayout(row);
     connect(start_, &QPushButton::clicked, this, &FindDialog::startOrStop);
     connect(take_, &QPushButton::clicked, this, &QDialog::accept);

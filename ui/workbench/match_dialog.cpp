@@ -57,6 +57,7 @@ MatchDialog::MatchDialog(NetworkModel& model, QWidget* parent)
     auto* head = new QHBoxLayout;
     topology_->setObjectName(QStringLiteral("MatchTopology"));
     topology_->addItems({tr("L sections"), tr("Pi sections"), tr("T sections")});
+    SetHint(*topology_, tr("Shape of the networks"));
     Q_->setObjectName(QStringLiteral("MatchQ"));
     Q_->setPlaceholderText(tr("automatic"));
     SetHint(*Q_, tr("Loaded Q of the pi or T; empty: twice the lowest"));

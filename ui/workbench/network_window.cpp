@@ -192,20 +192,24 @@ QWidget* NetworkWindow::buildSnapshots() {
     SetHint(*snapshots_, tr("Named variants beside the present network; ticked ones are drawn"));
     column->addWidget(snapshots_, 1);
     auto* row = new QHBoxLayout;
-    const auto button = [&](const char* object, const QString& caption, auto&& run) {
+    const auto button = [&](const char* object, const QString& caption, const QString& hint,
+                            auto&& run) {
         auto* made = new QPushButton(caption);
         made->setObjectName(QLatin1String(object));
+        SetHint(*made, hint);
         connect(made, &QPushButton::clicked, this, run);
         row->addWidget(made);
     };
-    button("ButtonSnapshot", tr("&Take snapshot"), [this] { takeSnapshot(); });
-    button("ButtonSnapshotRestore", tr("&Restore"), [this] {
-        const int at = snapshots_->currentColumn() - 2;
-        if (at < 0 || at >= static_cast<int>(model_.snapshots().size())) return;
-        const Snapshot& chosen = model_.snapshots()[static_cast<std::size_t>(at)];
-        model_.take(tr("Restore %1").arg(chosen.name), chosen.network);
-    });
-    button("ButtonSnapshotDelete", tr("&Delete"), [this] {
+    button("ButtonSnapshot", tr("&Take snapshot"), tr("Keep the present network under a name"),
+           [this] { takeSnapshot(); });
+    button("ButtonSnapshotRestore", tr("&Restore"),
+           tr("Make the chosen snapshot the present network"), [this] {
+               const int at = snapshots_->currentColumn() - 2;
+               if (at < 0 || at >= static_cast<int>(model_.snapshots().size())) return;
+               const Snapshot& chosen = model_.snapshots()[static_cast<std::size_t>(at)];
+               model_.take(tr("Restore %1").arg(chosen.name), chosen.network);
+           });
+    button("ButtonSnapshotDelete", tr("&Delete"), tr("Forget the chosen snapshot"), [this] {
         const int at = snapshots_->currentColumn() - 2;
         if (at >= 0) model_.removeSnapshot(static_cast<std::size_t>(at));
     });

@@ -119,6 +119,7 @@ QWidget* SearchChoices::buildLadder() {
     auto* grid = new QGridLayout;
     for (const KindRow& row : kKinds) {
         auto* box = new QCheckBox(tr(row.caption));
+        SetHint(*box, tr("The search may build with these"));
         box->setObjectName(QLatin1String(row.name));
         box->setChecked(SearchKinds().*row.member);
         const int at = static_cast<int>(kinds_.size());
@@ -134,6 +135,7 @@ QWidget* SearchChoices::buildLadder() {
     shape_ = new QComboBox;
     shape_->setObjectName(QStringLiteral("FindShape"));
     shape_->addItems({tr("any"), tr("low-pass"), tr("high-pass")});
+    SetHint(*shape_, tr("Of the response far from the band"));
     form->addRow(tr("S&hape"), shape_);
     harmonics_ = addEdit(*form, "FindHarmonics", tr("Ha&rmonics"), QStringLiteral("2:-20, 3:-30"),
                          tr("Gain left at harmonics of the middle of the band: order:dB"));
@@ -172,6 +174,7 @@ QWidget* SearchChoices::buildBuilding() {
     top_->setObjectName(QStringLiteral("FindTop"));
     top_->setRange(1, 100);
     top_->setValue(static_cast<int>(SearchOptions().most));
+    SetHint(*top_, tr("The best so many are listed"));
     form->addRow(tr("Networks shown"), top_);
     seed_ = new QSpinBox;
     seed_->setObjectName(QStringLiteral("FindSeed"));

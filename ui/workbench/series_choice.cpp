@@ -49,6 +49,7 @@ QComboBox* SeriesChoice::addSeries(const char* name, const QString& caption, Ser
         box->addItem(QLatin1String(series));
     }
     box->setCurrentIndex(static_cast<int>(first));
+    SetHint(*box, tr("Series that the values are taken from"));
     static_cast<QFormLayout*>(layout())->addRow(caption, box);
     connect(box, &QComboBox::currentIndexChanged, this, &SeriesChoice::changed);
     return box;
