@@ -6,7 +6,11 @@ namespace kelvro {
 
 Result<std::shared_ptr<const PortData>> DataFiles::load(std::string_view file) {
     const auto known = known_.find(file);
-    if (known != known_.end()) return known->second;
+    const auto stamp = stampOf(file);
+    // What the design knows outlives its file.
+    if (known != known_.end() && (!known->second.file || !stamp || known->second.file == stamp)) {
+        return known->second.data;
+    }
     auto read = ReadTouchstone(folder_ / file, file);
     if (!read.ok()) {
         failed_ = true;
@@ -16,12 +20,28 @@ Result<std::shared_ptr<const PortData>> DataFiles::load(std::string_view file) {
         warnings_.push_back(std::string(file) + ", " + warning);
     }
     auto data = std::make_shared<const PortData>(std::move(read->data));
-    known_.emplace(file, data);
+    known_.insert_or_assign(std::string(file), Known{data, stamp});
     return data;
 }
 
 void DataFiles::add(std::shared_ptr<const PortData> data) {
-    known_.insert_or_assign(data->name, std::move(data));
+    known_.insert_or_assign(data->name, Known{data, {}});
+}
+
+bool DataFiles::stillInFile(const std::shared_ptr<const PortData>& data) const {
+    const auto known = known_.find(data->name);
+    return known != known_.end() && known->second.data == data && known->second.file &&
+           known->second.file == stampOf(data->name);
+}
+
+std::optional<DataFiles::Stamp> DataFiles::stampOf(std::string_view file) const {
+    std::error_code error;
+    const std::filesystem::path path = folder_ / file;
+    const auto written = std::filesystem::last_write_time(path, error);
+    if (error) return std::nullopt;
+    const auto size = std::filesystem::file_size(path, error);
+    if (error) return std::nullopt;
+    return Stamp{written, size};
 }
 
 }  // namespace kelvro

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,8 +10,8 @@
 
 namespace kelvro {
 
-/// Measured data by the names that texts give them: files, read once each. Names are paths relative
-/// to a folder.
+/// Measured data by the names that texts give them: files, read once each and again when they have
+/// changed. Names are paths relative to a folder.
 class DataFiles {
   public:
     explicit DataFiles(std::filesystem::path folder = {}) : folder_(std::move(folder)) {}
@@ -21,8 +22,12 @@ class DataFiles {
         return [this](std::string_view file) { return load(file); };
     }
 
-    /// Data that came some other way under this name.
+    /// Data that came some other way under this name; no file takes their place.
     void add(std::shared_ptr<const PortData> data);
+    /// Nothing is known any more.
+    void clear() { known_.clear(); }
+    /// Would who reads the file of this name get these data?
+    bool stillInFile(const std::shared_ptr<const PortData>& data) const;
 
     /// Has a file been asked for that could not be read?
     bool failed() const { return failed_; }
@@ -30,8 +35,21 @@ class DataFiles {
     const std::vector<std::string>& warnings() const { return warnings_; }
 
   private:
+    /// By which a file that was written anew is told from the old one.
+    struct Stamp {
+        std::filesystem::file_time_type written;
+        std::uintmax_t size;
+        bool operator==(const Stamp&) const = default;
+    };
+    struct Known {
+        std::shared_ptr<const PortData> data;
+        std::optional<Stamp> file;  ///< nothing where no file stands behind them
+    };
+    /// Nothing where there is no such file.
+    std::optional<Stamp> stampOf(std::string_view file) const;
+
     std::filesystem::path folder_;
-    std::map<std::string, std::shared_ptr<const PortData>, std::less<>> known_;
+    std::map<std::string, Known, std::less<>> known_;
     std::vector<std::string> warnings_;
     bool failed_ = false;
 };

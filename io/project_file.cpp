@@ -250,13 +250,61 @@ Json SnapshotJson(const ProjectSnapshot& snapshot, const Json& known) {
     return json;
 }
 
+/// Gives data names of their own where several have the same one: a file that was measured anew
+/// between two snapshots. Texts and keys name data by nothing else.
+class NamesApart {
+  public:
+    using Data = std::shared_ptr<const PortData>;
+
+    explicit NamesApart(Project& project) : project_(project) {
+        const auto named = [this](const Data& data) { return apart(data); };
+        ReplaceData(project.network, named);
+        for (ProjectSnapshot& snapshot : project.snapshots) ReplaceData(snapshot.network, named);
+    }
+
+  private:
+    Data apart(const Data& data) {
+        if (!data) return data;
+        const auto known = renamed_.find(data);
+        if (known != renamed_.end()) return known->second;
+        std::string name = data->name;
+        for (int i = 2; taken_.contains(name) && !SameContent(*taken_[name], *data); ++i) {
+            // A link leads to one of them only.
+            project_.linkedData.erase(data->name);
+            name = Numbered(data->name, i);
+        }
+        Data& owner = taken_[name];
+        if (!owner) owner = name == data->name ? data : Renamed(*data, name);
+        return renamed_[data] = owner;
+    }
+
+    static bool SameContent(const PortData& a, const PortData& b) {
+        return a.f == b.f && a.s == b.s && a.ports == b.ports && a.reference == b.reference &&
+               a.interpolation == b.interpolation;
+    }
+    static Data Renamed(PortData data, const std::string& name) {
+        data.name = name;
+        return std::make_shared<const PortData>(std::move(data));
+    }
+    /// "antenna-2.s1p".
+    static std::string Numbered(const std::string& name, int i) {
+        const std::filesystem::path path(name);
+        const std::string file =
+            path.stem().string() + '-' + std::to_string(i) + path.extension().string();
+        return (path.parent_path() / file).string();
+    }
+
+    Project& project_;
+    std::map<std::string, Data> taken_;
+    std::map<Data, Data> renamed_;  ///< keeps what it has replaced
+};
+
 /// The measured data of a project, each once.
 std::vector<std::shared_ptr<const PortData>> DataOf(const Project& project) {
     auto all = DataOf(project.network);
     for (const ProjectSnapshot& snapshot : project.snapshots) {
         for (auto& data : DataOf(snapshot.network)) {
-            const auto same = [&](const auto& other) { return other->name == data->name; };
-            if (std::ranges::none_of(all, same)) all.push_back(std::move(data));
+            if (std::ranges::find(all, data) == all.end()) all.push_back(std::move(data));
         }
     }
     return all;
@@ -305,7 +353,9 @@ Result<Project> ReadProject(const std::filesystem::path& path) {
     return ParseProject(*content, path.parent_path(), name);
 }
 
-std::string ProjectText(const Project& project, const std::filesystem::path& folder) {
+std::string ProjectText(const Project& given, const std::filesystem::path& folder) {
+    Project project = given;
+    const NamesApart named(project);
     Json document = project.document.is_object() ? project.document : Json::object();
     document["version"] = kProjectVersion;
     document["network"] = NetworkJson(project.network, document.value("network", Json()));

@@ -14,34 +14,42 @@ constexpr std::size_t kMostNamed = 3;
 
 using Data = std::shared_ptr<const PortData>;
 
-/// Collects data in the order in which they stand, each once.
-class Collector {
-  public:
-    void operator()(const Impedance& impedance) {
-        if (const auto* measured = std::get_if<Impedance::Measured>(&impedance.is)) {
-            add(measured->data);
-        } else if (const auto* group = std::get_if<Impedance::Group>(&impedance.is)) {
-            for (const Impedance& member : group->members) (*this)(member);
+/// Visits the data of an impedance, to read or to replace as the impedance is.
+template <typename Any, typename Visit>
+void ForEachDataIn(Any& impedance, const Visit& visit) {
+    if (auto* measured = std::get_if<Impedance::Measured>(&impedance.is)) {
+        visit(measured->data);
+    } else if (auto* group = std::get_if<Impedance::Group>(&impedance.is)) {
+        for (auto& member : group->members) ForEachDataIn(member, visit);
+    }
+}
+
+template <typename Ladder, typename Visit>
+void ForEachDataOfLadder(Ladder& ladder, const Visit& visit) {
+    for (auto& element : ladder) {
+        if (auto* arm = std::get_if<Arm>(&element.is)) ForEachDataIn(arm->impedance, visit);
+        if (auto* two = std::get_if<MeasuredTwoPort>(&element.is)) visit(two->data);
+        if (auto* branch = std::get_if<Branch>(&element.is)) {
+            ForEachDataOfLadder(branch->ladder, visit);
+            ForEachDataIn(branch->load, visit);
         }
     }
-    void operator()(const std::vector<LadderElement>& ladder) {
-        for (const LadderElement& element : ladder) {
-            if (const auto* arm = std::get_if<Arm>(&element.is)) (*this)(arm->impedance);
-            if (const auto* two = std::get_if<MeasuredTwoPort>(&element.is)) add(two->data);
-            if (const auto* branch = std::get_if<Branch>(&element.is)) {
-                (*this)(branch->ladder);
-                (*this)(branch->load);
-            }
-        }
-    }
+}
 
-    std::vector<Data> data;
+/// From source to load.
+template <typename Any, typename Visit>
+void ForEachDataOfNetwork(Any& network, const Visit& visit) {
+    ForEachDataIn(network.source, visit);
+    ForEachDataOfLadder(network.ladder, visit);
+    ForEachDataIn(network.load, visit);
+}
 
-  private:
-    void add(const Data& found) {
-        if (found && std::ranges::find(data, found) == data.end()) data.push_back(found);
-    }
-};
+/// Keeps data in the order in which they come, each once.
+auto Into(std::vector<Data>& all) {
+    return [&all](const Data& found) {
+        if (found && std::ranges::find(all, found) == all.end()) all.push_back(found);
+    };
+}
 
 std::string Hertz(double f) {
     return FormatQuantity(3, f, "Hz");
@@ -50,17 +58,19 @@ std::string Hertz(double f) {
 }  // namespace
 
 std::vector<Data> DataOf(const Impedance& impedance) {
-    Collector collector;
-    collector(impedance);
-    return collector.data;
+    std::vector<Data> all;
+    ForEachDataIn(impedance, Into(all));
+    return all;
 }
 
 std::vector<Data> DataOf(const Network& network) {
-    Collector collector;
-    collector(network.source);
-    collector(network.ladder);
-    collector(network.load);
-    return collector.data;
+    std::vector<Data> all;
+    ForEachDataOfNetwork(network, Into(all));
+    return all;
+}
+
+void ReplaceData(Network& network, const std::function<Data(const Data&)>& other) {
+    ForEachDataOfNetwork(network, [&other](Data& data) { data = other(data); });
 }
 
 Status CheckRange(const Network& network, double low, double high) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,6 +16,10 @@ namespace kelvro {
 /// All measured data of an impedance or a network, each file once, from source to load.
 std::vector<std::shared_ptr<const PortData>> DataOf(const Impedance& impedance);
 std::vector<std::shared_ptr<const PortData>> DataOf(const Network& network);
+
+/// Other data in the place of those of a network that `other` answers differently for.
+void ReplaceData(Network& network, const std::function<std::shared_ptr<const PortData>(
+                                       const std::shared_ptr<const PortData>&)>& other);
 
 /// Can [low, high] be computed? A failure names the first data that do not cover it, with their
 /// range.

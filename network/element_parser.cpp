@@ -13,13 +13,14 @@ namespace {
 using At = SettingRule::At;
 using Kind = SettingRule::Kind;
 
-constexpr std::array<SettingRule, 7> kLineRules{{
+constexpr std::array<SettingRule, 8> kLineRules{{
     {"Z", TextUnit::Ohm},
     {"deg", TextUnit::None, At::Required},
     {"len", TextUnit::Metre},
     {"er", TextUnit::None},
     {"att", TextUnit::None, At::Required},
     {"tan", TextUnit::None},
+    {"tol", TextUnit::Percent},
     {"name", TextUnit::None, At::Never, Kind::Word},
 }};
 
@@ -93,6 +94,7 @@ Line NetworkParser::line(Line::Form form) {
         line.attenuationAtHertz = *loss->at;
     }
     if (const Setting* tangent = FindSetting(list, "tan")) line.tangent = tangent->value;
+    line.tolerance = toleranceOf(list);
     if (const Setting* name = FindSetting(list, "name")) line.name = name->word;
     return line;
 }

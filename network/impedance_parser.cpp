@@ -14,11 +14,12 @@ namespace {
 using At = SettingRule::At;
 using Kind = SettingRule::Kind;
 
-constexpr std::array<SettingRule, 5> kLossRules{{
+constexpr std::array<SettingRule, 6> kLossRules{{
     {"Q", TextUnit::None, At::Optional},
     {"law", TextUnit::None, At::Never, Kind::Word},
     {"ESR", TextUnit::Ohm},
     {"SRF", TextUnit::Hertz},
+    {"tol", TextUnit::Percent},
     {"name", TextUnit::None, At::Never, Kind::Word},
 }};
 
@@ -170,6 +171,7 @@ void NetworkParser::readLosses(Part& part) {
     const auto list = settings(kLossRules);
     reader_.need(")");
     if (const Setting* name = FindSetting(list, "name")) part.name = name->word;
+    part.tolerance = toleranceOf(list);
     part.loss = lossOf(list);
     require(part.kind != PartKind::Resistor || part.loss == PartLoss(), place,
             "a resistor has no Q, ESR or SRF");
@@ -334,6 +336,15 @@ Impedance NetworkParser::measured(const std::string& file, std::size_t place) {
     require(!portNeeded_ || measured.port > 0 || measured.data->ports == 1, place,
             "these data have two ports: write " + file + ":1 or " + file + ":2");
     return measured;
+}
+
+/// A part that is off by all of its value is none.
+double NetworkParser::toleranceOf(const std::vector<Setting>& settings) {
+    const Setting* tolerance = FindSetting(settings, "tol");
+    if (!tolerance) return 0;
+    require(tolerance->value > 0 && tolerance->value < 100, tolerance->place,
+            "tol= is in percent, above 0 and below 100");
+    return tolerance->value;
 }
 
 double NetworkParser::positive(const std::vector<Setting>& settings, std::string_view key) {

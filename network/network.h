@@ -91,6 +91,7 @@ struct Line {
     double attenuationAtHertz = 0;
     double tangent = 0;  ///< γl = angle·(tangent + j), as the pages reckon
     std::string name = {};
+    double tolerance = 0;  ///< ± percent of Z0; 0: that of all lines
     bool operator==(const Line&) const = default;
 };
 

@@ -22,11 +22,12 @@
 //
 // Losses, apart by commas: Q=40 (constant), Q=40@100M (40 at 100 MHz, proportional to √f), with
 // law=constant, law=f or law=page, law=mirrored another law; ESR=0.1; SRF=3G; name="…".
+// With them, also of a resistor, stands the part's own tolerance: tol=5, in percent ("5%" as well).
 //
 //   series: Z    shunt: Z               an arm; of a two-port file port 1 with port 2 grounded
 //   supply: Z                           a shunt arm that hangs at the supply
 //   line: Z=50, deg=90@2.4G             or len=31m, er=2.2; att=0.3@1G: dB/m, proportional to √f;
-//                                       tan=0.01: γl = angle·(tan + j); name=…
+//                                       tan=0.01: γl = angle·(tan + j); tol=5: of Z; name=…
 //   open: …    short: …                 stubs across, like lines
 //   transformer: n=2                    n:1, source side to load side
 //   coupled: L1=1u, L2=2u(Q=40), k=0.9  coils with common ground

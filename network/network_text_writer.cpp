@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "core/exact_number.h"
+#include "core/number_text.h"
 #include "network/network_text.h"
 
 namespace kelvro {
@@ -80,6 +81,7 @@ class NetworkPrinter {
             text += ", att=" + number(line.attenuation) + '@' + number(line.attenuationAtHertz);
         }
         if (line.tangent != 0) text += ", tan=" + number(line.tangent);
+        if (line.tolerance != 0) text += ", tol=" + FormatShortest(line.tolerance);
         if (!line.name.empty()) text += ", name=" + WordText(line.name);
         return text;
     }
@@ -137,6 +139,7 @@ class NetworkPrinter {
         }
         if (loss.ESR != 0) list.push_back("ESR=" + number(loss.ESR));
         if (loss.SRF != 0) list.push_back("SRF=" + number(loss.SRF));
+        if (part.tolerance != 0) list.push_back("tol=" + FormatShortest(part.tolerance));
         if (withName && !part.name.empty()) list.push_back("name=" + WordText(part.name));
         std::string text = number(part.value);
         for (std::size_t i = 0; i < list.size(); ++i) text += (i == 0 ? "(" : ",") + list[i];

@@ -45,6 +45,7 @@ struct Part {
     double value = 0;
     PartLoss loss = {};
     std::string name = {};  ///< as fields and pictures call it: "L1"; empty where nobody named it
+    double tolerance = 0;   ///< ± percent of the value; 0: that of all parts of its kind
 
     bool operator==(const Part&) const = default;
 

@@ -35,6 +35,7 @@ std::span<const std::string_view> NamesOf(TextUnit unit) {
     static constexpr std::array<std::string_view, 1> farad{"F"};
     static constexpr std::array<std::string_view, 3> hertz{"Hz", "hz", "HZ"};
     static constexpr std::array<std::string_view, 1> metre{"m"};
+    static constexpr std::array<std::string_view, 1> percent{"%"};
     switch (unit) {
         case TextUnit::Ohm:
             return ohm;
@@ -46,6 +47,8 @@ std::span<const std::string_view> NamesOf(TextUnit unit) {
             return hertz;
         case TextUnit::Metre:
             return metre;
+        case TextUnit::Percent:
+            return percent;
         default:
             return {};
     }

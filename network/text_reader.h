@@ -11,7 +11,7 @@
 
 namespace kelvro {
 
-enum class TextUnit : unsigned char { None, Ohm, Henry, Farad, Hertz, Metre };
+enum class TextUnit : unsigned char { None, Ohm, Henry, Farad, Hertz, Metre, Percent };
 
 class TextReader {
   public:

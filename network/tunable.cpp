@@ -45,6 +45,14 @@ auto* NumberAt(Ladder& ladder, const Tunable& at) {
     return &PartsAt(element)[at.part]->value;
 }
 
+/// Null where the number has no tolerance.
+template <typename Ladder>
+auto* ToleranceAt(Ladder& ladder, const Tunable& at) {
+    auto& element = ladder[at.element];
+    if (at.quantity == Quantity::PartValue) return &PartsAt(element)[at.part]->tolerance;
+    return at.quantity == Quantity::LineImpedance ? &std::get<Line>(element.is).tolerance : nullptr;
+}
+
 Quantity LengthOf(const Line& line) {
     return line.length.atHertz > 0 ? Quantity::LineAngle : Quantity::LineLength;
 }
@@ -88,6 +96,19 @@ const Part* PartAt(const std::vector<LadderElement>& ladder, const Tunable& at) 
 
 void ReplacePart(std::vector<LadderElement>& ladder, const Tunable& at, Part part) {
     *PartsAt(ladder[at.element])[at.part] = std::move(part);
+}
+
+bool CanHaveTolerance(const Tunable& at) {
+    return at.quantity == Quantity::PartValue || at.quantity == Quantity::LineImpedance;
+}
+
+double ToleranceOf(const std::vector<LadderElement>& ladder, const Tunable& at) {
+    const double* own = ToleranceAt(ladder, at);
+    return own ? *own : 0;
+}
+
+void SetTolerance(std::vector<LadderElement>& ladder, const Tunable& at, double percent) {
+    *ToleranceAt(ladder, at) = percent;
 }
 
 std::string NameOf(const std::vector<LadderElement>& ladder, const Tunable& at) {

@@ -43,6 +43,13 @@ const Part* PartAt(const std::vector<LadderElement>& ladder, const Tunable& at);
 /// Another part in the place of the one at an address, which has to be one.
 void ReplacePart(std::vector<LadderElement>& ladder, const Tunable& at, Part part);
 
+/// The tolerance, ± percent, that the part or line behind an address has of its own; 0 for none.
+double ToleranceOf(const std::vector<LadderElement>& ladder, const Tunable& at);
+/// Can it have one? Values of parts and impedances of lines can.
+bool CanHaveTolerance(const Tunable& at);
+/// There has to be something that can; 0 takes its own tolerance away.
+void SetTolerance(std::vector<LadderElement>& ladder, const Tunable& at, double percent);
+
 /// "C2", "L1 k": the name of the part, or its letter and place in the ladder where nobody named it.
 std::string NameOf(const std::vector<LadderElement>& ladder, const Tunable& at);
 /// "Ω", "H", "F", "°", "m"; empty for ratios.

@@ -15,27 +15,33 @@ constexpr double kQuantile = 0.1;
 /// Draws of one build: the first parts of all networks share them.
 constexpr std::size_t kDrawsPerBuild = 24;
 
-/// Relative tolerance of what a tunable stands for; 0 where it has none.
-double ToleranceOf(const Network& network, const Tunable& tunable, const Tolerances& tolerances) {
-    if (tunable.quantity == Tunable::Quantity::LineImpedance) {
-        return tolerances.lineImpedance / 100;
-    }
+/// Percent that all parts of a kind may be off; 0 for what has no tolerance.
+double UsualTolerance(const Network& network, const Tunable& tunable,
+                      const Tolerances& tolerances) {
+    if (tunable.quantity == Tunable::Quantity::LineImpedance) return tolerances.lineImpedance;
     const Part* part = PartAt(network.ladder, tunable);
     if (!part || tunable.quantity != Tunable::Quantity::PartValue) return 0;
     switch (part->kind) {
         case PartKind::Inductor:
-            return tolerances.inductance / 100;
+            return tolerances.inductance;
         case PartKind::Capacitor:
-            return tolerances.capacitance / 100;
+            return tolerances.capacitance;
         case PartKind::Resistor:
             break;
     }
-    return tolerances.resistance / 100;
+    return tolerances.resistance;
+}
+
+/// Tolerance of what a tunable stands for: its own before that of its kind.
+double AppliedTolerance(const Network& network, const Tunable& tunable,
+                        const Tolerances& tolerances) {
+    const double own = ToleranceOf(network.ladder, tunable);
+    return own > 0 ? own : UsualTolerance(network, tunable, tolerances);
 }
 
 /// A network with everything that can be off, and how far.
 struct Builds {
-    std::vector<double> tolerance;
+    std::vector<double> percent;
     TunedNetwork network;
     std::vector<double> values = {};
     std::vector<double> worst = {};
@@ -43,16 +49,16 @@ struct Builds {
     static Result<Builds> Of(const Network& network, const YieldOptions& options) {
         if (network.bands.empty()) return Status::Failure("there is no band to build for");
         std::vector<Tunable> parts;
-        std::vector<double> tolerance;
+        std::vector<double> percent;
         for (const Tunable& tunable : TunablesOf(network.ladder)) {
-            const double relative = ToleranceOf(network, tunable, options.tolerances);
-            if (!(relative > 0)) continue;
+            const double applied = AppliedTolerance(network, tunable, options.tolerances);
+            if (!(applied > 0)) continue;
             parts.push_back(tunable);
-            tolerance.push_back(relative);
+            percent.push_back(applied);
         }
         if (parts.empty()) return Status::Failure("the network has no part with a tolerance");
         TunedNetwork tuned(network, parts, FrequenciesIn(network.bands, options.pointsPerBand));
-        return Builds{std::move(tolerance), std::move(tuned)};
+        return Builds{std::move(percent), std::move(tuned)};
     }
 
     /// Worst gains of many builds around nominal values.
@@ -65,7 +71,7 @@ struct Builds {
             const std::size_t draws = std::max(kDrawsPerBuild, nominal.size());
             for (std::size_t i = 0; i < draws; ++i) {
                 const double off = 2 * random.next() - 1;
-                if (i < nominal.size()) values[i] = nominal[i] * (1 + off * tolerance[i]);
+                if (i < nominal.size()) values[i] = nominal[i] * (1 + off * (percent[i] / 100));
             }
             worst.push_back(network.worstGT(values));
         }
@@ -93,12 +99,12 @@ struct Builds {
         for (std::size_t i = 0; i < values.size(); ++i) {
             double least = report.nominalGT;
             for (const double sign : {1.0, -1.0}) {
-                values[i] = nominal[i] * (1 + sign * tolerance[i]);
+                values[i] = nominal[i] * (1 + sign * (percent[i] / 100));
                 least = std::min(least, network.worstGT(values));
             }
             values[i] = nominal[i];
             report.parts.push_back(
-                {network.tunables()[i], 10 * std::log10(report.nominalGT / least)});
+                {network.tunables()[i], percent[i], 10 * std::log10(report.nominalGT / least)});
         }
         return report;
     }

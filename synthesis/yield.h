@@ -15,8 +15,9 @@
 namespace kelvro {
 
 struct YieldOptions {
-    Tolerances tolerances = {};  ///< percent; each part equally distributed within its own
-    double leastGT = 0.8;        ///< worst transducer gain that a build has to keep, a ratio
+    /// Percent, of parts without a tolerance of their own. Each part is equally distributed.
+    Tolerances tolerances = {};
+    double leastGT = 0.8;  ///< worst transducer gain that a build has to keep, a ratio
     int builds = 2000;
     std::uint64_t seed = 1;  ///< the same seed draws the same deviations for every network
     std::size_t pointsPerBand = 41;
@@ -26,6 +27,7 @@ struct YieldOptions {
 /// What a tolerance of one part costs.
 struct PartSensitivity {
     Tunable part;
+    double tolerance = 0;  ///< percent, its own or that of its kind
     /// Worst gain lost when this part alone is off by its tolerance, in the worse direction, dB.
     double costDb = 0;
     bool operator==(const PartSensitivity&) const = default;

@@ -62,6 +62,32 @@ TEST(ProjectFile, IsReadBackAsItWasWritten) {
     EXPECT_FALSE(read->readOnly);
 }
 
+/// An antenna measured twice under one name stays two antennas, each where it belongs.
+TEST(ProjectFile, KeepsDataOfOneNameApart) {
+    const TemporaryFolder folder;
+    auto anew = *Antenna();
+    anew.s[1][0] = Cx(0.5, 0);
+    const auto second = std::make_shared<const PortData>(anew);
+    Project project;
+    project.network = Example();
+    project.snapshots = {{"first", Example()}, {"anew", Example()}, {"both", Example()}};
+    project.snapshots[1].network.load = Impedance::Measured{second};
+    project.snapshots[2].network.ladder = {SeriesArm(Impedance::Measured{second})};
+    project.linkedData["antenna.s1p"] = folder / "antenna.s1p";
+    Write(folder / "antenna.s1p", "# GHz S RI R 50\n1 0 0\n");
+    ASSERT_EQ(WriteProject(folder / "a.kelvro", project).message(), "");
+    const auto read = ReadProject(folder / "a.kelvro");
+    ASSERT_TRUE(read.ok()) << read.message();
+    EXPECT_EQ(read->network, project.network);
+    EXPECT_EQ(read->snapshots[0], project.snapshots[0]);
+    anew.name = "antenna-2.s1p";
+    EXPECT_EQ(*std::get<Impedance::Measured>(read->snapshots[1].network.load.is).data, anew);
+    const Network& both = read->snapshots[2].network;
+    const auto& arm = std::get<Arm>(both.ladder[0].is);
+    EXPECT_EQ(*std::get<Impedance::Measured>(arm.impedance.is).data, anew);
+    EXPECT_EQ(both.load, project.network.load);
+}
+
 TEST(ProjectFile, KeepsWhatOthersWroteIntoIt) {
     const TemporaryFolder folder;
     const char* const text = R"({"version": 1, "window": {"zoom": [1, 2.5]},

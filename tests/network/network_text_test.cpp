@@ -95,6 +95,7 @@ const ImpedanceCase kImpedances[] = {
     {"L=10n(Q=40@100M,law=f)", Lossy(Part::L(10e-9), {Law::ProportionalQ, 40, 100e6})},
     {"C=2p(ESR=0.1,SRF=3G)", Lossy(Part::C(2e-12), {Law::Lossless, 0, 0, 0.1, 3e9})},
     {"C=2p(Q=80,law=page)", Lossy(Part::C(2e-12), {Law::Page, 80})},
+    {"R1=50(tol=0.5 %)", Part{PartKind::Resistor, 50, {}, "R1", 0.5}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Examples, ImpedanceTexts, testing::ValuesIn(kImpedances));
@@ -128,6 +129,7 @@ const ElementCase kElements[] = {
      {Line{Line::Form::OpenStub, 50, {45, 1e9}, 0.3, 1e9, 0, "T1"}}},
     {"short: Z=75, len=1c, tan=0.01",
      {Line{Line::Form::ShortedStub, 75, {0, 0, 0.01}, 0, 0, 0.01}}},
+    {"line: Z=50, len=1c, tol=3", {Line{Line::Form::Through, 50, {0, 0, 0.01}, 0, 0, 0, "", 3}}},
     {"transformer: n=2", {Transformer{2}}},
     {"coupled: L1=1u(Q=50), L2=2u, k=0.9",
      {CoupledCoils{Lossy(Part::L(1e-6), {Law::ConstantQ, 50}), Part::L(2e-6), 0.9}}},
@@ -191,7 +193,11 @@ INSTANTIATE_TEST_SUITE_P(
         FaultyText{"L=1n(Q=4,law=f)", "column 10: this law needs the frequency"},
         FaultyText{"L=1n(Q=4@0)", "column 9: expected a frequency above 0"},
         FaultyText{"L=1n(Q=4", "column 9: expected ')', the text ends"},
-        FaultyText{"L=1n(K=4)", "column 6: expected one of Q=, law=, ESR=, SRF=, name=, found 'K'"},
+        FaultyText{"L=1n(K=4)",
+                   "column 6: expected one of Q=, law=, ESR=, SRF=, tol=, name="
+                   ", found 'K'"},
+        FaultyText{"L=1n(tol=0)", "column 6: tol= is in percent, above 0 and below 100"},
+        FaultyText{"L=1n(tol=100)", "column 6: tol= is in percent"},
         FaultyText{"R=1(Q=4)", "column 4: a resistor has no Q"},
         FaultyText{"loop: L=1n", "column 1: 'loop:' is no kind of element"},
         FaultyText{" : L=1n", "column 2: expected series:, shunt:"},
@@ -312,7 +318,7 @@ class RandomNetworks {
     }
 
     Part part(PartKind kind) {
-        Part part{kind, number(), {}, name()};
+        Part part{kind, number(), {}, name(), maybe() ? 0.0 : 0.5 + below(90)};
         if (kind == PartKind::Resistor || maybe()) return part;
         part.loss.law = static_cast<Law>(below(6));
         if (part.loss.law != Law::Lossless) part.loss.Q = number();

@@ -53,6 +53,22 @@ TEST(YieldTest, OnePartYieldsWhatItsDistributionSays) {
     }
 }
 
+TEST(YieldTest, APartsOwnToleranceComesBeforeThatOfItsKind) {
+    YieldOptions options;
+    options.tolerances.inductance = 20;
+    options.builds = 20000;
+    options.leastGT = GainWithCoil(50e-9 * 1.05);
+    Network network = OneCoil();
+    // Equally distributed over ±20 %, five eighths stay below +5 %; over ±10 %, three quarters do.
+    for (const auto& [own, expected] : {std::pair{0.0, 0.625}, {10.0, 0.75}}) {
+        PartsOf(network.ladder).front()->tolerance = own;
+        const auto report = YieldOf(network, options);
+        ASSERT_TRUE(report) << report.message();
+        EXPECT_NEAR(report->yield, expected, 0.01) << own;
+        EXPECT_EQ(report->parts.at(0).tolerance, own > 0 ? own : 20);
+    }
+}
+
 TEST(YieldTest, TheSameSeedDrawsTheSameBuildsForNetworksOfAnySize) {
     YieldOptions options;
     options.leastGT = GainWithCoil(50e-9);

@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QProcess>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSlider>
@@ -236,11 +237,24 @@ class NetworkWindowTest : public QObject {
         window.type("Value1", "39n");
         auto& table = window.find<QTableWidget>("SnapshotTable");
         QCOMPARE(table.columnCount(), 3);
-        QVERIFY(table.item(2, 2)->text().contains("20n"));
+        QVERIFY(table.item(3, 2)->text().contains("20n"));
+        // What differs stands out.
+        QVERIFY(table.item(3, 2)->font().bold() && !table.item(4, 2)->font().bold());
         auto& plot = window.find<SweepView>("Plot1");
         QCOMPARE(plot.picture().curves.size(), std::size_t(2));
         table.item(0, 2)->setCheckState(Qt::Unchecked);
         QCOMPARE(plot.picture().curves.size(), std::size_t(1));
+        // Undo brings them back as they were, with names of its own.
+        table.item(0, 2)->setText("low-pass");
+        QVERIFY(window.find<QAction>("NetworkUndo").text().endsWith("Rename Variant 1"));
+        table.setCurrentCell(0, 2);
+        window.find<QPushButton>("ButtonSnapshotDelete").click();
+        QVERIFY(window.model().snapshots().empty());
+        window.trigger("NetworkUndo");
+        QCOMPARE(window.model().snapshots().front().name, QString("low-pass"));
+        for (int i = 0; i < 3; ++i) window.trigger("NetworkUndo");
+        QCOMPARE(plot.picture().curves.size(), std::size_t(2));
+        QCOMPARE(window.value(0), 20e-9);
     }
 
     void refiningRaisesTheWorstGainAndKeepsWhatIsLocked() {
@@ -288,8 +302,8 @@ class NetworkWindowTest : public QObject {
         window.model().showSnapshot(0, false);
         window.type("Value1", "39n");
         auto& table = window.find<QTableWidget>("SnapshotTable");
-        QVERIFY(table.item(2, 1)->text().contains("39n"));
-        QVERIFY(table.item(2, 2)->text().contains("20n"));
+        QVERIFY(table.item(3, 1)->text().contains("39n"));
+        QVERIFY(table.item(3, 2)->text().contains("20n"));
         const QString file = window.path("variants.kelvro");
         Project project;
         project.network = window.model().network();
@@ -327,7 +341,7 @@ class NetworkWindowTest : public QObject {
         QVERIFY(window.model().network() == line);
     }
 
-    void theMenuOfAnElementOpensByKeyAndSetsLossesAndPlace() {
+    void theMenuOfAnElementOpensByKeyAndSetsLossesToleranceAndPlace() {
         Window window;
         window.addLowPass();
         auto& list = window.find<QListWidget>("LadderList");
@@ -368,6 +382,15 @@ class NetworkWindowTest : public QObject {
         QCOMPARE(L1.value, 20e-9);
         QCOMPARE(L1.name, std::string("L1"));
         QVERIFY((L1.loss == PartLoss{PartLoss::Law::RootQ, 40, 1e8, 0.1, 3e9}));
+        labels.clear();
+        const InDialog percent([&](QWidget& dialog) {
+            dialog.findChild<QLineEdit*>()->setText("2 %");
+            static_cast<QDialog&>(dialog).accept();
+        });
+        choose("Tolerance…");
+        QCOMPARE(PartsOf(window.model().network().ladder)[0]->tolerance, 2.0);
+        QVERIFY(list.item(0)->text().contains("tol=2"));
+        QVERIFY(window.find<QAction>("NetworkUndo").text().endsWith("Tolerance of L1"));
         choose("Put across");
         QVERIFY(list.item(0)->text().startsWith("shunt: L1=20n(Q=40@100M"));
     }

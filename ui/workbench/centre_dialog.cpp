@@ -73,14 +73,15 @@ CentreDialog::CentreDialog(NetworkModel& model, QWidget* parent)
     before_ = label("CentreBefore");
     after_ = label("CentreAfter");
     problem_ = label("CentreProblem");
-    table_ = new QTableWidget(0, 4);
+    table_ = new QTableWidget(0, 5);
     table_->setObjectName(QStringLiteral("CentreTable"));
-    table_->setHorizontalHeaderLabels({tr("Part"), tr("Value"), tr("Costs dB"), tr("Centred dB")});
+    table_->setHorizontalHeaderLabels(
+        {tr("Part"), tr("Value"), tr("± %"), tr("Costs dB"), tr("Centred dB")});
     table_->verticalHeader()->hide();
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->horizontalHeader()->setStretchLastSection(true);
-    SetHint(*table_, tr("Worst gain lost when this part alone is off by its tolerance: the dearest "
-                        "part first"));
+    SetHint(*table_, tr("Worst gain lost when this part alone is off by its tolerance, its own or "
+                        "that of its kind: the dearest part first"));
     column->addWidget(table_, 1);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     take_ = buttons->button(QDialogButtonBox::Ok);
@@ -195,12 +196,12 @@ void CentreDialog::showParts(const YieldReport& before, const std::optional<Yiel
                              [&](std::size_t i) { return before.parts[i].costDb; });
     table_->setRowCount(static_cast<int>(order.size()));
     for (std::size_t row = 0; row < order.size(); ++row) {
-        const auto& [part, costDb] = before.parts[order[row]];
+        const auto& [part, tolerance, costDb] = before.parts[order[row]];
         const QString texts[] = {
             QString::fromStdString(NameOf(start_.ladder, part)),
             QString::fromStdString(FormatQuantity(4, ValueOf(start_.ladder, part),
                                                   std::string(UnitOf(start_.ladder, part)))),
-            NumberText(costDb, 3),
+            QString::fromStdString(FormatShortest(tolerance)), NumberText(costDb, 3),
             after ? NumberText(after->parts[order[row]].costDb, 3) : QString()};
         int column = 0;
         for (const QString& text : texts) {

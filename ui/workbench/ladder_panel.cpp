@@ -90,6 +90,7 @@ const std::array kNewElements = {
 /// "Q=40@100M,ESR=0.1": what stands in the parentheses behind a part's value.
 QString LossText(Part part) {
     part.name.clear();
+    part.tolerance = 0;
     const QString whole = Text(ImpedanceText(part));
     const auto open = whole.indexOf('(');
     return open < 0 ? QString() : whole.mid(open + 1, whole.size() - open - 2);
@@ -97,7 +98,9 @@ QString LossText(Part part) {
 
 /// The part with the losses of such a text. A failure is one line.
 Result<Part> WithLosses(const Part& part, const QString& text) {
-    if (text.trimmed().isEmpty()) return Part{part.kind, part.value, {}, part.name};
+    Part next = part;
+    next.loss = {};
+    if (text.trimmed().isEmpty()) return next;
     const std::string letter(1, LetterOf(part.kind));
     const auto read = ParseImpedance(letter + "=1(" + text.toStdString() + ')');
     const Part* lossy = read ? std::get_if<Part>(&read->is) : nullptr;
@@ -107,7 +110,17 @@ Result<Part> WithLosses(const Part& part, const QString& text) {
         return Status::Failure("These are no losses: " +
                                (read ? "one part's only" : message.substr(place + 2)));
     }
-    return Part{part.kind, part.value, lossy->loss, part.name};
+    next.loss = lossy->loss;
+    if (lossy->tolerance > 0) next.tolerance = lossy->tolerance;
+    return next;
+}
+
+/// Percent of "5" or "5 %", 0 of an empty text.
+Result<double> ToleranceFrom(const QString& text) {
+    if (text.trimmed().isEmpty()) return 0.0;
+    const auto read = ParseImpedance("R=1(tol=" + text.toStdString() + ')');
+    if (!read) return Status::Failure("Expected percent, above 0 and below 100");
+    return std::get<Part>(read->is).tolerance;
 }
 
 }  // namespace
@@ -425,6 +438,8 @@ void LadderPanel::addPartActions(QMenu& menu, const Tunable& at) {
     lock->setCheckable(true);
     lock->setChecked(model_.locked(at));
     connect(lock, &QAction::triggered, this, [=, this](bool on) { model_.setLocked(at, on); });
+    if (CanHaveTolerance(at))
+        own->addAction(tr("&Tolerance…"), this, [=, this] { askForTolerance(at); });
     if (!part) return;
     const double value = part->value;
     const auto set = [=, this](double next) { model_.setValue(at, next); };
@@ -454,23 +469,44 @@ void LadderPanel::addPartActions(QMenu& menu, const Tunable& at) {
 
 void LadderPanel::askForLoss(const Tunable& at) {
     const Part present = *PartAt(model_.network().ladder, at);
-    QString text = LossText(present);
+    ask(tr("Losses of %1").arg(Text(NameOf(model_.network().ladder, at))),
+        tr("Q at a frequency, series resistance, self-resonance; empty for none:\n"
+           "Q=40@100M, law=f, ESR=0.1, SRF=3G"),
+        LossText(present), [&](const QString& text) {
+            const auto lossy = WithLosses(present, text);
+            if (lossy)
+                model_.edit(tr("Losses of part"),
+                            [&](Network& network) { ReplacePart(network.ladder, at, *lossy); });
+            return lossy.status();
+        });
+}
+
+void LadderPanel::askForTolerance(const Tunable& at) {
+    const double present = ToleranceOf(model_.network().ladder, at);
+    const QString name = Text(NameOf(model_.network().ladder, at));
+    ask(tr("Tolerance of %1").arg(name),
+        tr("± percent; empty: as all of its kind have it in Yield and Centring"),
+        present > 0 ? Text(FormatShortest(present)) : QString(), [&](const QString& text) {
+            const auto percent = ToleranceFrom(text);
+            if (percent)
+                model_.edit(tr("Tolerance of %1").arg(name),
+                            [&](Network& network) { SetTolerance(network.ladder, at, *percent); });
+            return percent.status();
+        });
+}
+
+void LadderPanel::ask(const QString& title, const QString& label, QString text,
+                      const std::function<Status(const QString&)>& take) {
     QString why;
+    bool given = true;
     while (true) {
-        bool given = false;
-        text = QInputDialog::getText(
-            this, tr("Losses of %1").arg(Text(NameOf(model_.network().ladder, at))),
-            tr("Q at a frequency, series resistance, self-resonance; empty for none:\n"
-               "Q=40@100M, law=f, ESR=0.1, SRF=3G") +
-                (why.isEmpty() ? why : QStringLiteral("\n\n") + why),
-            QLineEdit::Normal, text, &given);
+        text = QInputDialog::getText(this, title,
+                                     label + (why.isEmpty() ? why : QStringLiteral("\n\n") + why),
+                                     QLineEdit::Normal, text, &given);
         if (!given) return;
-        const auto lossy = WithLosses(present, text);
-        if (lossy) {
-            return model_.edit(tr("Losses of part"),
-                               [&](Network& network) { ReplacePart(network.ladder, at, *lossy); });
-        }
-        why = Text(lossy.message());
+        const Status taken = take(text);
+        if (taken) return;
+        why = Text(taken.message());
     }
 }
 

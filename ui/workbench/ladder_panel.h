@@ -43,7 +43,7 @@ class TerminationEdit : public QWidget {
 
 /// The ladder as a list of element texts from source to load: edited in place, moved by dragging or
 /// by Ctrl+Up and Ctrl+Down, deleted by Del, added by the buttons or by Ins. The right button
-/// offers place, kind, standard values, losses.
+/// offers place, kind, standard values, losses, tolerance.
 class LadderPanel : public QWidget {
     Q_OBJECT
 
@@ -78,6 +78,10 @@ class LadderPanel : public QWidget {
     void editElement(const QString& name, std::size_t index,
                      const std::function<void(LadderElement&)>& change);
     void askForLoss(const Tunable& at);
+    void askForTolerance(const Tunable& at);
+    /// Asks for a text until `take` can read it, or the user gives up.
+    void ask(const QString& title, const QString& label, QString text,
+             const std::function<Status(const QString&)>& take);
 
     NetworkModel& model_;
     const DataLoader load_;

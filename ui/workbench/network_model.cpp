@@ -15,19 +15,41 @@ constexpr double kUsualHalfWidth = 0.05;  // of a band around the design frequen
 constexpr std::array<Rgb, 6> kSnapshotColours = {
     {{200, 60, 0}, {0, 130, 60}, {150, 0, 150}, {140, 100, 0}, {0, 130, 150}, {190, 0, 80}}};
 
+/// Does an address of the ladder before point at the same number of the one behind?
+bool Stays(const Tunable& at, const Network& before, const Network& behind) {
+    if (before.ladder.size() != behind.ladder.size()) return false;
+    const auto all = TunablesOf(behind.ladder);
+    return std::ranges::find(all, at) != all.end();
+}
+
 }  // namespace
 
 NetworkModel::NetworkModel(QObject* parent)
-    : QObject(parent), history_(StartNetwork()), saved_(StartNetwork()) {}
+    : QObject(parent), history_({StartNetwork()}), saved_(StartNetwork()) {}
 
 void NetworkModel::edit(const QString& name, const std::function<void(Network&)>& change,
                         const QString& key) {
-    Network next = network();
+    this->change(
+        name,
+        [&](NetworkDocument& next) {
+            change(next.network);
+            std::erase_if(next.locked,
+                          [&](const Tunable& at) { return !Stays(at, network(), next.network); });
+        },
+        key);
+}
+
+void NetworkModel::change(const QString& name, const Change& change, const QString& key) {
+    const NetworkDocument before = history_.present();
+    NetworkDocument next = before;
     change(next);
-    if (next == network()) return;
-    const std::size_t before = network().ladder.size();
+    if (next == before) return;
     history_.edit(std::move(next), name.toStdString(), key.toStdString());
-    forgetLost(before);
+    tell(before);
+}
+
+void NetworkModel::tell(const NetworkDocument& before) {
+    if (selected_ && !Stays(*selected_, before.network, network())) selected_.reset();
     emit changed();
 }
 
@@ -46,34 +68,21 @@ void NetworkModel::take(const QString& name, Network network) {
     edit(name, [&](Network& next) { next = std::move(network); });
 }
 
-void NetworkModel::forgetLost(std::size_t before) {
-    const auto& ladder = network().ladder;
-    const auto all = TunablesOf(ladder);
-    const bool sameSize = ladder.size() == before;
-    const auto lost = [&](const Tunable& at) {
-        return !sameSize || std::ranges::find(all, at) == all.end();
-    };
-    std::erase_if(locked_, lost);
-    if (selected_ && lost(*selected_)) selected_.reset();
-}
-
 void NetworkModel::open(Network network, std::vector<Snapshot> snapshots) {
-    history_.reset(network);
-    saved_ = std::move(network);
-    setSnapshots(std::move(snapshots));
-    savedSnapshots_ = snapshots_;
-    ghost_.reset();
-    locked_.clear();
+    taken_ = static_cast<int>(snapshots.size());
+    for (std::size_t i = 0; i < snapshots.size(); ++i)
+        snapshots[i].colour = kSnapshotColours[i % kSnapshotColours.size()];
+    history_.reset({std::move(network), std::move(snapshots)});
+    markSaved();
     selected_.reset();
     drag_.reset();
-    emit snapshotsChanged();
     emit changed();
 }
 
 void NetworkModel::beginDrag(const QString& name) {
     history_.close();
     ++drags_;
-    drag_ = Drag{name, network(), locked_};
+    drag_ = Drag{name, history_.present()};
 }
 
 void NetworkModel::preview(Network network) {
@@ -88,10 +97,9 @@ void NetworkModel::endDrag(bool keep) {
     const Drag drag = *drag_;
     // The moves so far and the way back are one step, which then is none.
     if (!keep) {
-        edit(
-            drag.name, [&](Network& next) { next = drag.before; },
+        change(
+            drag.name, [&](NetworkDocument& next) { next = drag.before; },
             QStringLiteral("drag %1").arg(drags_));
-        locked_ = drag.locked;
     }
     drag_.reset();
     history_.close();
@@ -99,74 +107,74 @@ void NetworkModel::endDrag(bool keep) {
 }
 
 void NetworkModel::undo() {
-    const std::size_t before = network().ladder.size();
-    if (!history_.undo()) return;
-    forgetLost(before);
-    emit changed();
+    moveTo(&History<NetworkDocument>::undo);
 }
 
 void NetworkModel::redo() {
-    const std::size_t before = network().ladder.size();
-    if (!history_.redo()) return;
-    forgetLost(before);
-    emit changed();
+    moveTo(&History<NetworkDocument>::redo);
+}
+
+void NetworkModel::moveTo(bool (History<NetworkDocument>::*move)()) {
+    const NetworkDocument before = history_.present();
+    if ((history_.*move)()) tell(before);
 }
 
 void NetworkModel::markSaved() {
     saved_ = network();
-    savedSnapshots_ = snapshots_;
+    savedSnapshots_ = snapshots();
 }
 
 void NetworkModel::addSnapshot(const QString& name) {
     const Rgb colour =
         kSnapshotColours[static_cast<std::size_t>(taken_++) % kSnapshotColours.size()];
-    snapshots_.push_back({name, network(), colour, true});
-    emit snapshotsChanged();
+    change(tr("Snapshot %1").arg(name), [&](NetworkDocument& next) {
+        next.snapshots.push_back({name, network(), colour, true});
+    });
 }
 
-void NetworkModel::setSnapshots(std::vector<Snapshot> snapshots) {
-    snapshots_ = std::move(snapshots);
-    taken_ = static_cast<int>(snapshots_.size());
-    for (std::size_t i = 0; i < snapshots_.size(); ++i)
-        snapshots_[i].colour = kSnapshotColours[i % kSnapshotColours.size()];
+void NetworkModel::changeSnapshot(
+    const QString& name, std::size_t index,
+    const std::function<void(std::vector<Snapshot>&, std::size_t)>& change) {
+    if (index >= snapshots().size()) return;
+    this->change(name.arg(snapshots()[index].name),
+                 [&](NetworkDocument& next) { change(next.snapshots, index); });
 }
 
 void NetworkModel::removeSnapshot(std::size_t index) {
-    if (index >= snapshots_.size()) return;
-    snapshots_.erase(snapshots_.begin() + static_cast<std::ptrdiff_t>(index));
-    emit snapshotsChanged();
+    changeSnapshot(tr("Delete %1"), index, [](std::vector<Snapshot>& all, std::size_t at) {
+        all.erase(all.begin() + static_cast<std::ptrdiff_t>(at));
+    });
 }
 
 void NetworkModel::showSnapshot(std::size_t index, bool shown) {
-    if (index >= snapshots_.size() || snapshots_[index].shown == shown) return;
-    snapshots_[index].shown = shown;
-    emit snapshotsChanged();
+    changeSnapshot(shown ? tr("Show %1") : tr("Hide %1"), index,
+                   [=](std::vector<Snapshot>& all, std::size_t at) { all[at].shown = shown; });
 }
 
 void NetworkModel::renameSnapshot(std::size_t index, const QString& name) {
-    if (index >= snapshots_.size() || snapshots_[index].name == name) return;
-    snapshots_[index].name = name;
-    emit snapshotsChanged();
+    changeSnapshot(tr("Rename %1"), index,
+                   [&](std::vector<Snapshot>& all, std::size_t at) { all[at].name = name; });
 }
 
 void NetworkModel::freeze() {
-    ghost_ = network();
-    emit changed();
+    change(tr("Freeze as ghost"), [this](NetworkDocument& next) { next.ghost = network(); });
 }
 
 void NetworkModel::unfreeze() {
-    ghost_.reset();
-    emit changed();
+    change(tr("Remove ghost"), [](NetworkDocument& next) { next.ghost.reset(); });
 }
 
 bool NetworkModel::locked(const Tunable& at) const {
-    return std::ranges::find(locked_, at) != locked_.end();
+    const auto& all = history_.present().locked;
+    return std::ranges::find(all, at) != all.end();
 }
 
 void NetworkModel::setLocked(const Tunable& at, bool on) {
-    std::erase(locked_, at);
-    if (on) locked_.push_back(at);
-    emit changed();
+    const QString name = QString::fromStdString(NameOf(network().ladder, at));
+    change((on ? tr("Lock %1") : tr("Unlock %1")).arg(name), [&](NetworkDocument& next) {
+        std::erase(next.locked, at);
+        if (on) next.locked.push_back(at);
+    });
 }
 
 void NetworkModel::select(std::optional<Tunable> at) {

@@ -25,6 +25,15 @@ struct Snapshot {
     bool operator==(const Snapshot&) const = default;
 };
 
+/// What undo brings back: the network and what belongs to it.
+struct NetworkDocument {
+    Network network;
+    std::vector<Snapshot> snapshots = {};
+    std::optional<Network> ghost = {};
+    std::vector<Tunable> locked = {};
+    bool operator==(const NetworkDocument&) const = default;
+};
+
 /// The network that the Network window shows, and the one door through which it changes. Every view
 /// of the window reads it from here and nowhere else.
 class NetworkModel : public QObject {
@@ -33,7 +42,7 @@ class NetworkModel : public QObject {
   public:
     explicit NetworkModel(QObject* parent = nullptr);
 
-    const Network& network() const { return history_.present(); }
+    const Network& network() const { return history_.present().network; }
 
     /// Replaces the network by a changed copy. `name` stands in Edit > Undo; changes of one key
     /// that follow each other are one step.
@@ -55,20 +64,20 @@ class NetworkModel : public QObject {
 
     void undo();
     void redo();
-    const History<Network>& history() const { return history_; }
+    const History<NetworkDocument>& history() const { return history_; }
 
     /// Changed since the file was written?
-    bool modified() const { return !(network() == saved_ && snapshots_ == savedSnapshots_); }
+    bool modified() const { return !(network() == saved_ && snapshots() == savedSnapshots_); }
     void markSaved();
 
-    const std::vector<Snapshot>& snapshots() const { return snapshots_; }
+    const std::vector<Snapshot>& snapshots() const { return history_.present().snapshots; }
     void addSnapshot(const QString& name);
     void removeSnapshot(std::size_t index);
     void showSnapshot(std::size_t index, bool shown);
     void renameSnapshot(std::size_t index, const QString& name);
 
     /// The design whose ghost the chart shows; none until one was frozen.
-    const std::optional<Network>& ghost() const { return ghost_; }
+    const std::optional<Network>& ghost() const { return history_.present().ghost; }
     void freeze();
     void unfreeze();
 
@@ -98,26 +107,27 @@ class NetworkModel : public QObject {
   signals:
     /// The network, or what belongs to it, has changed: views show it anew.
     void changed();
-    void snapshotsChanged();
     void selectionChanged();
 
   private:
-    /// Addresses of another ladder, which had `before` elements, would point at other parts.
-    void forgetLost(std::size_t before);
-    void setSnapshots(std::vector<Snapshot> snapshots);
+    using Change = std::function<void(NetworkDocument&)>;
+    /// A step of the whole document.
+    void change(const QString& name, const Change& change, const QString& key = {});
+    /// A step of one snapshot; none where there is no such snapshot.
+    void changeSnapshot(const QString& name, std::size_t index,
+                        const std::function<void(std::vector<Snapshot>&, std::size_t)>& change);
+    /// Moves in the history and tells of what is different then.
+    void moveTo(bool (History<NetworkDocument>::*move)());
+    void tell(const NetworkDocument& before);
 
     struct Drag {
         QString name;
-        Network before;
-        std::vector<Tunable> locked;
+        NetworkDocument before;
     };
 
-    History<Network> history_;
+    History<NetworkDocument> history_;
     Network saved_;
     std::vector<Snapshot> savedSnapshots_;
-    std::vector<Snapshot> snapshots_;
-    std::optional<Network> ghost_;
-    std::vector<Tunable> locked_;
     std::optional<Tunable> selected_;
     std::optional<Drag> drag_;
     int drags_ = 0;

@@ -39,6 +39,7 @@ namespace kelvro {
 namespace {
 
 constexpr int kAutosavePause = 3000;  // ms after the last change
+constexpr int kShownDigits = 4;       // of values in the table of snapshots
 constexpr double kLowestFrequency = 1e-3;
 constexpr double kHighestFrequency = 1e13;
 
@@ -91,7 +92,6 @@ NetworkWindow::NetworkWindow(DesignHost& host, QWidget* parent)
     buildContents();
     buildMenus();
     connect(&model_, &NetworkModel::changed, this, &NetworkWindow::showModel);
-    connect(&model_, &NetworkModel::snapshotsChanged, this, &NetworkWindow::showModel);
     autosaveTimer_->setSingleShot(true);
     autosaveTimer_->setInterval(kAutosavePause);
     connect(autosaveTimer_, &QTimer::timeout, this, &NetworkWindow::autosave);
@@ -218,8 +218,9 @@ QWidget* NetworkWindow::buildSnapshots() {
     connect(snapshots_, &QTableWidget::itemChanged, this, [this](QTableWidgetItem* item) {
         if (item->row() != 0 || item->column() < 2) return;
         const auto at = static_cast<std::size_t>(item->column() - 2);
+        const bool shown = item->checkState() == Qt::Checked;
         model_.renameSnapshot(at, item->text());
-        model_.showSnapshot(at, item->checkState() == Qt::Checked);
+        model_.showSnapshot(at, shown);
     });
     return page;
 }
@@ -414,46 +415,82 @@ void NetworkWindow::takeSnapshot() {
     model_.addSnapshot(tr("Variant %1").arg(model_.snapshots().size() + 1));
 }
 
-/// Rows: name, worst gain, then every value; columns: the quantity, now, and the snapshots.
+/// A network as the table of snapshots shows it: source, elements, load. Nothing where it ends.
+struct NetworkWindow::Column {
+    QString name;
+    const Network* network;
+    const Snapshot* snapshot = nullptr;
+
+    std::size_t rows() const { return network->ladder.size() + 2; }
+    QString text(std::size_t row, std::size_t rows) const {
+        const std::size_t element = row - 1;
+        if (row == 0) return Text(ImpedanceText(network->source, kShownDigits));
+        if (row + 1 == rows) return Text(ImpedanceText(network->load, kShownDigits));
+        return element < network->ladder.size()
+                   ? Text(ElementText(network->ladder[element], kShownDigits))
+                   : QString();
+    }
+    bool same(const Column& other, std::size_t row, std::size_t rows) const {
+        const Network& a = *network;
+        const Network& b = *other.network;
+        const std::size_t element = row - 1;
+        if (row == 0) return a.source == b.source;
+        if (row + 1 == rows) return a.load == b.load;
+        const bool here = element < a.ladder.size();
+        if (here != (element < b.ladder.size())) return false;
+        return !here || a.ladder[element] == b.ladder[element];
+    }
+};
+
+/// Rows: name, worst gain, source, elements, load; columns: the quantity, now, and the snapshots.
+/// What differs from the present network stands in bold.
 void NetworkWindow::showSnapshots() {
     const QSignalBlocker blocker(snapshots_);
     if (model_.snapshots().empty()) return snapshots_->setColumnCount(0);
-    std::vector<std::pair<QString, const Network*>> columns{{tr("now"), &model_.network()}};
+    std::vector<Column> columns{{tr("now"), &model_.network()}};
     for (const Snapshot& snapshot : model_.snapshots())
-        columns.emplace_back(snapshot.name, &snapshot.network);
-    const auto rowsOf = [](const Network& network) { return network.ladder.size(); };
-    std::size_t elements = 0;
-    for (const auto& [name, network] : columns) elements = std::max(elements, rowsOf(*network));
+        columns.push_back({snapshot.name, &snapshot.network, &snapshot});
+    std::size_t rows = 0;
+    for (const Column& column : columns) rows = std::max(rows, column.rows());
     snapshots_->setColumnCount(static_cast<int>(columns.size()) + 1);
-    snapshots_->setRowCount(static_cast<int>(elements) + 2);
+    snapshots_->setRowCount(static_cast<int>(rows) + 2);
     snapshots_->horizontalHeader()->hide();
-    const auto put = [&](int row, int column, const QString& text) {
-        auto* item = new QTableWidgetItem(text);
-        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-        snapshots_->setItem(row, column, item);
+    const auto put = [&](std::size_t row, std::size_t column, const QString& text) {
+        QTableWidgetItem* item = snapshots_->item(static_cast<int>(row), static_cast<int>(column));
+        if (!item) {
+            item = new QTableWidgetItem;
+            item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+            snapshots_->setItem(static_cast<int>(row), static_cast<int>(column), item);
+        }
+        item->setText(text);
         return item;
     };
     put(0, 0, tr("Variant"));
     put(1, 0, tr("Worst GT"));
-    for (std::size_t i = 0; i < elements; ++i)
-        put(static_cast<int>(i) + 2, 0, tr("Element %1").arg(i + 1));
+    put(2, 0, tr("Source"));
+    for (std::size_t i = 1; i + 1 < rows; ++i) put(i + 2, 0, tr("Element %1").arg(i));
+    put(rows + 1, 0, tr("Load"));
     for (std::size_t c = 0; c < columns.size(); ++c) {
-        const auto& [name, network] = columns[c];
-        const int column = static_cast<int>(c) + 1;
-        auto* head = put(0, column, name);
-        if (c > 0) {
-            const Snapshot& snapshot = model_.snapshots()[c - 1];
-            head->setFlags(head->flags() | Qt::ItemIsEditable | Qt::ItemIsUserCheckable);
-            head->setCheckState(snapshot.shown ? Qt::Checked : Qt::Unchecked);
-            head->setForeground(
-                QColor(snapshot.colour.red, snapshot.colour.green, snapshot.colour.blue));
+        const Column& column = columns[c];
+        showVariant(*put(0, c + 1, column.name), column.snapshot);
+        const auto worst = NetworkModel::WorstGainDb(*column.network);
+        put(1, c + 1, worst ? Text(FormatFixed(0, 3, *worst)) + tr(" dB") : tr("no bands"));
+        for (std::size_t row = 0; row < rows; ++row) {
+            auto* item = put(row + 2, c + 1, column.text(row, rows));
+            QFont font = snapshots_->font();
+            font.setBold(!column.same(columns.front(), row, rows));
+            item->setFont(font);
         }
-        const auto worst = NetworkModel::WorstGainDb(*network);
-        put(1, column, worst ? Text(FormatFixed(0, 3, *worst)) + tr(" dB") : tr("no bands"));
-        for (std::size_t i = 0; i < network->ladder.size(); ++i)
-            put(static_cast<int>(i) + 2, column, Text(ElementText(network->ladder[i], 4)));
     }
     snapshots_->resizeColumnsToContents();
+}
+
+/// The head of a snapshot: its name to edit, a tick that draws it, its colour.
+void NetworkWindow::showVariant(QTableWidgetItem& head, const Snapshot* snapshot) {
+    if (!snapshot) return;
+    head.setFlags(head.flags() | Qt::ItemIsEditable | Qt::ItemIsUserCheckable);
+    head.setCheckState(snapshot->shown ? Qt::Checked : Qt::Unchecked);
+    head.setForeground(QColor(snapshot->colour.red, snapshot->colour.green, snapshot->colour.blue));
 }
 
 void NetworkWindow::changeEvent(QEvent* event) {

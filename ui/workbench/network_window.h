@@ -49,7 +49,8 @@ class NetworkWindow : public QMainWindow {
     /// Opens the search for the problem of a page, taken over like a design, with its losses.
     void findFor(const QString& caption, Network problem, const SearchLosses& losses);
 
-    /// The call of the command-line program that analyses what is on the screen.
+    /// The call of the command-line program that analyses what is on the screen; empty where its
+    /// measured data stand in no file.
     QString commandLine() const;
 
     /// Where messages go; a box by default.
@@ -99,7 +100,9 @@ class NetworkWindow : public QMainWindow {
                    const std::function<void(bool)>& run);
     void showModel();
     void showTitle();
+    struct Column;
     void showSnapshots();
+    void showVariant(class QTableWidgetItem& head, const Snapshot* snapshot);
     void applyFrequency();
     void applyBands();
     void chooseSeries(Series series);

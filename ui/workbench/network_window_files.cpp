@@ -23,6 +23,7 @@
 #include <cmath>
 
 #include "core/number_text.h"
+#include "network/coverage.h"
 #include "network/network_text.h"
 #include "plot/frame_painter.h"
 #include "plot/picture_files.h"
@@ -85,9 +86,14 @@ Project NetworkWindow::present() const {
 void NetworkWindow::takeOver(Project project) {
     for (const std::string& message : project.messages) say(QString::fromStdString(message));
     project_ = std::move(project);
+    // Texts that are typed from now on mean the project's data by their names.
+    data_.clear();
+    for (const auto& measured : DataOf(project_.network)) data_.add(measured);
     std::vector<Snapshot> snapshots;
-    for (const ProjectSnapshot& kept : project_.snapshots)
+    for (const ProjectSnapshot& kept : project_.snapshots) {
+        for (const auto& measured : DataOf(kept.network)) data_.add(measured);
         snapshots.push_back({QString::fromStdString(kept.name), kept.network, {}, kept.shown});
+    }
     model_.open(project_.network, std::move(snapshots));
 }
 
@@ -362,21 +368,36 @@ void NetworkWindow::printPicture() {
 
 QString NetworkWindow::commandLine() const {
     const Network& network = model_.network();
-    const FrequencyBand range = model_.plotRange();
+    const FrequencyBand plotted = model_.plotRange();
+    const FrequencyBand range = CoveredRange(network, plotted.low, plotted.high).value_or(plotted);
     QStringList words{QStringLiteral("kelvro-cli"), QStringLiteral("analyze")};
-    for (const LadderElement& element : network.ladder)
-        words << Quoted(QString::fromStdString(ElementText(element)));
-    words << QStringLiteral("--source")
-          << Quoted(QString::fromStdString(ImpedanceText(network.source)))
-          << QStringLiteral("--load") << Quoted(QString::fromStdString(ImpedanceText(network.load)))
-          << QStringLiteral("--from") << QString::fromStdString(FormatShortest(range.low))
+    const bool inFiles = std::ranges::all_of(
+        DataOf(network), [this](const auto& measured) { return data_.stillInFile(measured); });
+    if (inFiles) {
+        for (const LadderElement& element : network.ladder)
+            words << Quoted(QString::fromStdString(ElementText(element)));
+        words << QStringLiteral("--source")
+              << Quoted(QString::fromStdString(ImpedanceText(network.source)))
+              << QStringLiteral("--load")
+              << Quoted(QString::fromStdString(ImpedanceText(network.load)));
+    } else if (!file_.isEmpty() && !model_.modified()) {
+        words << QStringLiteral("--network") << Quoted(QFileInfo(file_).absoluteFilePath());
+    } else {
+        return {};
+    }
+    words << QStringLiteral("--from") << QString::fromStdString(FormatShortest(range.low))
           << QStringLiteral("--to") << QString::fromStdString(FormatShortest(range.high))
           << QStringLiteral("--linear");
     return words.join(' ');
 }
 
 void NetworkWindow::copyCommandLine() {
-    QApplication::clipboard()->setText(commandLine());
+    const QString line = commandLine();
+    if (line.isEmpty())
+        return say(
+            tr("The measured data stand in no file that a shell could read. Save the "
+               "project first; the command line then names it."));
+    QApplication::clipboard()->setText(line);
     statusBar()->showMessage(tr("Command line copied"));
 }
 

@@ -15,6 +15,7 @@
 #include <array>
 #include <cmath>
 
+#include "core/exact_number.h"
 #include "core/number_text.h"
 #include "ui/fields.h"
 #include "ui/workbench/smith_view.h"
@@ -26,6 +27,7 @@ namespace {
 constexpr int kHalfWay = 500;        // positions of a slider to each side of its middle
 constexpr double kWorstShown = -20;  // dB at which the bar is empty
 constexpr double kKeyStep = 0.01;
+constexpr int kShownDigits = 5;
 
 /// By how much the ends of a slider differ from its middle.
 constexpr std::array kRanges = {1.1, 1.5, 3.0, 10.0};
@@ -35,7 +37,7 @@ constexpr std::array kSeriesEntries = {Series::None, Series::E6,  Series::E12,
                                        Series::E24,  Series::E48, Series::E96};
 
 QString ValueText(double value) {
-    return QString::fromStdString(FormatEngShort(3, value));
+    return QString::fromStdString(FormatPrefixed(value, kShownDigits));
 }
 
 }  // namespace

@@ -51,7 +51,6 @@ SmithView::SmithView(NetworkModel& model, QWidget* parent) : QWidget(parent), mo
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     connect(&model_, &NetworkModel::changed, this, &SmithView::rebuild);
-    connect(&model_, &NetworkModel::snapshotsChanged, this, &SmithView::rebuild);
     connect(&model_, &NetworkModel::selectionChanged, this, &SmithView::rebuild);
     rebuild();
 }

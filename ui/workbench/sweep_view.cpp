@@ -53,7 +53,6 @@ SweepView::SweepView(const char* object, const char* trace, NetworkModel& model,
     connect(box_, &QComboBox::activated, this,
             [this](int index) { setTrace(NetworkTraces()[static_cast<std::size_t>(index)]); });
     connect(&model_, &NetworkModel::changed, this, &SweepView::rebuild);
-    connect(&model_, &NetworkModel::snapshotsChanged, this, &SweepView::rebuild);
     connectMouse();
     setTrace(*trace_);
 }
