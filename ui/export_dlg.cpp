@@ -80,29 +80,22 @@ QWidget* TExportDlg::choices() {
     grid->addWidget(caption, 0, 0);
     grid->addWidget(formats_, 0, 1, 1, 2);
     grid->addWidget(standardValues_, 0, 4, 1, 6);
-    addRangeRow("ExportFromEingabe", tr("From"), "Hz", tr("First frequency"), &ExportRange::from);
-    addRangeRow("ExportToEingabe", tr("to"), "Hz", tr("Last frequency"), &ExportRange::to);
-    addRangeRow("ExportPointsEingabe", tr("Points"), "", tr("Number of frequencies"), nullptr);
-    addRangeRow("ExportZ0Eingabe", tr("Reference Z0"), "Ω",
-                tr("Reference resistance of both ports"), &ExportRange::z0);
-    int place = 0;
-    for (const RangeRow& row : rows_) {
-        for (QWidget* widget : row.widgets) grid->addWidget(widget, 1, place++);
-    }
-    grid->setColumnStretch(place, 1);
+    int column = 0;
+    const auto add = [&](const char* name, const RowTexts& texts, double ExportRange::*value) {
+        auto* edit = new InputEdit(QLatin1String(name));
+        edit->setMaximumWidth(FieldWidth(*edit));
+        edit->setUnit(texts.unit);
+        rows_.push_back({edit, AddRow(*grid, {1, column}, edit, texts), value});
+        column += 3;
+        connect(edit, &QLineEdit::textEdited, this, &TExportDlg::RangeChange);
+    };
+    add("ExportFromEingabe", {tr("From"), "Hz", tr("First frequency")}, &ExportRange::from);
+    add("ExportToEingabe", {tr("to"), "Hz", tr("Last frequency")}, &ExportRange::to);
+    add("ExportPointsEingabe", {tr("Points"), {}, tr("Number of frequencies")}, nullptr);
+    add("ExportZ0Eingabe", {tr("Reference Z0"), "Ω", tr("Reference resistance of both ports")},
+        &ExportRange::z0);
+    grid->setColumnStretch(column, 1);
     return panel;
-}
-
-void TExportDlg::addRangeRow(const char* name, const QString& caption, const QString& unit,
-                             const QString& hint, double ExportRange::*value) {
-    auto* edit = new InputEdit(QLatin1String(name));
-    edit->setMaximumWidth(FieldWidth(*edit));
-    SetHint(*edit, hint);
-    edit->setUnit(unit);
-    auto* label = new QLabel(caption);
-    label->setBuddy(edit);
-    rows_.push_back({edit, {label, edit, new QLabel(unit)}, value});
-    connect(edit, &QLineEdit::textEdited, this, &TExportDlg::RangeChange);
 }
 
 QWidget* TExportDlg::buttons() {
@@ -205,9 +198,10 @@ bool TExportDlg::takesRange() const {
 void TExportDlg::refresh() {
     for (const RangeRow& row : rows_) {
         const bool reference = row.value == &ExportRange::z0;
-        for (QWidget* widget : row.widgets) {
-            widget->setVisible(reference ? format().reference : takesRange());
-        }
+        const bool asked = reference ? format().reference : takesRange();
+        for (QWidget* widget : {static_cast<QWidget*>(row.shown.label), row.shown.field,
+                                static_cast<QWidget*>(row.shown.unit)})
+            widget->setVisible(asked);
     }
     const Result<std::string> made = content();
     const std::string text = made ? *made : std::string();

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "io/exports.h"
+#include "ui/form_row.h"
 #include "ui/plot/design_host.h"
 
 class QCheckBox;
@@ -42,14 +43,12 @@ class TExportDlg : public QDialog {
   private:
     struct RangeRow {
         InputEdit* edit;
-        std::vector<QWidget*> widgets;
+        FormRow shown;
         double ExportRange::*value;
     };
 
     QWidget* choices();
     QWidget* buttons();
-    void addRangeRow(const char* name, const QString& caption, const QString& unit,
-                     const QString& hint, double ExportRange::*value);
     void designChanged();
     void listFormats();
     void defaultRange();

@@ -21,6 +21,8 @@
 #include "core/number_text.h"
 #include "core/scalar.h"
 #include "design/pages.h"
+#include "ui/fields.h"
+#include "ui/form_row.h"
 #include "ui/plot/plot_image.h"
 
 namespace kelvro {
@@ -158,8 +160,7 @@ QWidget* TFormOpt::settingsPanel() {
     for (const Option& option : options()) {
         auto* check = new QCheckBox(tr(option.caption));
         check->setObjectName(QLatin1String(option.object));
-        check->setToolTip(tr(option.hint));
-        check->setStatusTip(tr(option.hint));
+        SetHint(*check, tr(option.hint));
         connect(check, &QCheckBox::clicked, this,
                 [this, &option](bool checked) { optionClicked(option, checked); });
         grid->addWidget(check, row / 2, row % 2);
@@ -170,14 +171,10 @@ QWidget* TFormOpt::settingsPanel() {
                           void (TFormOpt::*handler)()) {
         auto* line = new QLineEdit;
         line->setObjectName(QLatin1String(object));
-        line->setToolTip(hint);
         line->setMaximumWidth(90);
-        auto* label = new QLabel(caption);
-        label->setBuddy(line);
-        auto* pair = new QHBoxLayout;
-        pair->addWidget(label);
-        pair->addWidget(line);
-        pair->addStretch();
+        auto* pair = new QGridLayout;
+        AddRow(*pair, {0}, line, {caption, {}, hint});
+        pair->setColumnStretch(2, 1);
         grid->addLayout(pair, row / 2 + 1, at);
         connect(line, &QLineEdit::textEdited, this, handler);
         return line;

@@ -7,6 +7,7 @@
 
 #include "core/number_text.h"
 #include "ui/fields.h"
+#include "ui/form_row.h"
 #include "ui/plot/design_host.h"
 
 namespace kelvro {
@@ -48,14 +49,9 @@ TToldlg::TToldlg(DesignHost& host, QWidget* parent)
 InputEdit* TToldlg::addRow(const QString& caption, const QString& name,
                            void (TToldlg::*handler)()) {
     auto* grid = static_cast<QGridLayout*>(layout());
-    const int row = grid->rowCount();
     auto* edit = new InputEdit(name);
-    auto* label = new QLabel(caption);
-    label->setBuddy(edit);
-    SetHint(*edit, tr("0.1 to 35 percent"));
-    grid->addWidget(label, row, 0);
-    grid->addWidget(edit, row, 1);
-    grid->addWidget(new QLabel(QStringLiteral("%")), row, 2);
+    AddRow(*grid, {grid->rowCount()}, edit,
+           {caption, QStringLiteral("%"), tr("0.1 to 35 percent")});
     connect(edit, &QLineEdit::textEdited, this, handler);
     return edit;
 }
