@@ -26,6 +26,8 @@ constexpr const char* kSeries = "Series";
 constexpr const char* kStandardValues = "Standard values for export";
 constexpr const char* kSweep = "Sweep factor";
 constexpr const char* kComponents = "Components";
+constexpr std::array<const char*, static_cast<std::size_t>(PlotWindow::Count)> kPlots = {
+    "Gain plot", "Phase plot"};
 
 struct ToleranceKey {
     const char* name;
@@ -178,6 +180,8 @@ void ReadPreferences(const Section& section, Settings& settings) {
     settings.preferences.ESeries = static_cast<Series>(static_cast<int>(chosen));
     if (const auto factor = section.number(kSweep)) settings.preferences.SweepFactor = *factor;
     section.read(kStandardValues, settings.standardValues);
+    for (std::size_t i = 0; i < kPlots.size(); ++i)
+        if (const auto text = section.text(kPlots[i])) settings.plots[i] = ParsePlotChoices(*text);
     for (const ToleranceKey& key : kTolerances)
         section.read(key.name, kToleranceLimits, settings.tolerances.*key.percent);
 }
@@ -209,6 +213,8 @@ void WriteExact(const Settings& settings, ProfileText& profile) {
     set(kSeries, std::to_string(static_cast<int>(settings.preferences.ESeries)));
     set(kSweep, FormatShortest(settings.preferences.SweepFactor));
     set(kStandardValues, YesOrNo(settings.standardValues));
+    for (std::size_t i = 0; i < kPlots.size(); ++i)
+        set(kPlots[i], PlotChoicesText(settings.plots[i]));
     for (const ToleranceKey& key : kTolerances)
         set(key.name, FormatShortest(settings.tolerances.*key.percent));
 }

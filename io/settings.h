@@ -5,6 +5,7 @@
 #include "analysis/tolerance.h"
 #include "design/design.h"
 #include "design/preferences.h"
+#include "io/plot_choices.h"
 
 // The settings file: the design inputs between runs of the program, and designs in files of their
 // own. An INI file in Windows-1252 with one section.
@@ -18,6 +19,7 @@ struct Settings {
     double v = 2;  ///< V2/V1 at fo as last calculated
     Tolerances tolerances = {};
     bool standardValues = false;  ///< exports take values of the standard series
+    PlotChoicesOfWindows plots = {};
 
     bool operator==(const Settings&) const = default;
 };

@@ -68,6 +68,7 @@ TSDIAppForm::TSDIAppForm(QWidget* parent)
     pause_.setInterval(kPauseBeforeSaving);
     connect(&pause_, &QTimer::timeout, this, &TSDIAppForm::saveNow);
     connect(&session_, &DesignSession::historyChanged, this, &TSDIAppForm::saveSoon);
+    connect(&session_, &DesignSession::plotChoicesChanged, this, &TSDIAppForm::saveSoon);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &TSDIAppForm::saveNow);
     setAcceptDrops(true);
     writeInputs();

@@ -132,14 +132,20 @@ void TSDIAppForm::showCaption() {
 }
 
 Settings TSDIAppForm::settings() const {
-    return {session_.design(), session_.preferences(), session_.result().v, session_.tolerances(),
-            session_.standardValues()};
+    return {session_.design(),
+            session_.preferences(),
+            session_.result().v,
+            session_.tolerances(),
+            session_.standardValues(),
+            {session_.plotChoices(PlotWindow::Gain), session_.plotChoices(PlotWindow::Phase)}};
 }
 
 void TSDIAppForm::applyPreferences(const Settings& settings) {
     session_.preferences() = settings.preferences;
     session_.setTolerances(settings.tolerances);
     session_.setStandardValues(settings.standardValues);
+    for (std::size_t i = 0; i < settings.plots.size(); ++i)
+        session_.setPlotChoices(static_cast<PlotWindow>(i), settings.plots[i]);
     SeriesClick(settings.preferences.ESeries);
 }
 

@@ -114,6 +114,15 @@ Settings RandomSettings(std::mt19937& random) {
     settings.preferences = {static_cast<Series>(1 + static_cast<int>(5 * unit())), 1 + 3 * unit()};
     settings.tolerances = {1 + unit(), 2 + unit(), 3 + unit(), 4 + unit()};
     settings.standardValues = yes();
+    for (PlotChoices& plot : settings.plots) {
+        plot.traces = {yes() ? "v" : "gt", "phi"};
+        plot.look = static_cast<int>(3 * unit());
+        plot.harmonics = yes();
+        plot.levels = yes();
+        plot.edges = yes();
+        plot.dark = yes();
+        plot.caption = yes();
+    }
     OptimizerServices services;
     services.settings.disabled = true;
     for (int visits = 0; visits < 3; ++visits) {
@@ -143,6 +152,16 @@ TEST_F(SettingsTest, OwnFilesRestoreEveryDesignExactly) {
         ASSERT_TRUE(read.settings == written) << content(file());
     }
     EXPECT_GT(designs, 100);
+}
+
+TEST_F(SettingsTest, PlotChoicesThatAreNotUnderstoodAreAsByDefault) {
+    const PlotChoices usual;
+    EXPECT_EQ(ParsePlotChoices(""), usual);
+    EXPECT_EQ(ParsePlotChoices("nosuch look=7 look=x dark=maybe grid=Yes caption"), usual);
+    const PlotChoices read = ParsePlotChoices("gt nosuch gt phi levels=No look=2 dark=Yes");
+    EXPECT_EQ(read.traces, (std::vector<std::string>{"gt", "phi"}));
+    EXPECT_EQ(read.look, 2);
+    EXPECT_TRUE(read.dark && !read.levels && read.harmonics);
 }
 
 TEST_F(SettingsTest, RoundedTextsThatSomeoneHasChangedCount) {

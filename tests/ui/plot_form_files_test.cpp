@@ -60,30 +60,15 @@ print(lines)
 }  // namespace
 
 /// Saving, copying and printing from the windows.
-class PlotFormFilesTest : public QObject {
+class PlotFormFilesTest : public QObject, protected GainWindow {
     Q_OBJECT
 
   private:
-    std::unique_ptr<Host> host_;
-    std::unique_ptr<TFormVu> vu_;
-
-    void choose(const char* name) {
-        auto* action = vu_->findChild<QAction*>(name);
-        QVERIFY2(action != nullptr, name);
-        action->trigger();
-    }
+    void choose(const char* name) { action(name).trigger(); }
 
   private slots:
-    void init() {
-        host_ = std::make_unique<Host>();
-        vu_ = std::make_unique<TFormVu>(*host_);
-        vu_->show();
-        QVERIFY(QTest::qWaitForWindowExposed(vu_.get()));
-    }
-    void cleanup() {
-        vu_.reset();
-        host_.reset();
-    }
+    void init() { openWindow(); }
+    void cleanup() { closeWindow(); }
 
     void picturesAreSavedInTheFormatOfTheirMenuEntry_data() {
         QTest::addColumn<QByteArray>("entry");

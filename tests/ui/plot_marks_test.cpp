@@ -18,20 +18,12 @@
 using namespace kelvro;
 
 /// What is laid over a curve: markers, held curves, Monte Carlo runs that stay, notes.
-class PlotMarksTest : public QObject {
+class PlotMarksTest : public QObject, protected GainWindow {
     Q_OBJECT
 
   private:
-    std::unique_ptr<Host> host_;
-    std::unique_ptr<TFormVu> vu_;
-
-    PlotImage& image() { return *vu_->findChild<PlotImage*>("Image"); }
     const Picture& picture() { return image().picture(); }
-    QAction& action(const char* name) { return *vu_->findChild<QAction*>(name); }
     QTableWidget& table() { return *vu_->findChild<QTableWidget*>("MarkerTable"); }
-    QPoint pixel(double f, double y) {
-        return {image().frame().xPixel(f), image().frame().yPixel(y)};
-    }
     QStringList legend() {
         QStringList names;
         for (const auto& entry : picture().legend) names << QString::fromStdString(entry.text);
@@ -49,16 +41,8 @@ class PlotMarksTest : public QObject {
     }
 
   private slots:
-    void init() {
-        host_ = std::make_unique<Host>();
-        vu_ = std::make_unique<TFormVu>(*host_);
-        vu_->show();
-        QVERIFY(QTest::qWaitForWindowExposed(vu_.get()));
-    }
-    void cleanup() {
-        vu_.reset();
-        host_.reset();
-    }
+    void init() { openWindow(); }
+    void cleanup() { closeWindow(); }
 
     void markersAreSetMovedAndRemovedOnTheCurve() {
         auto* panel = vu_->findChild<MarkerPanel*>();

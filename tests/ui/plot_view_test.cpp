@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 #include <QToolButton>
 #include <QWheelEvent>
@@ -17,44 +18,36 @@
 using namespace kelvro;
 
 /// How a view is left and found again, and several traces in one plot.
-class PlotViewTest : public QObject {
+class PlotViewTest : public QObject, protected GainWindow {
     Q_OBJECT
 
   private:
-    std::unique_ptr<Host> host_;
-    std::unique_ptr<TFormVu> vu_;
-
-    PlotImage& image() { return *vu_->findChild<PlotImage*>("Image"); }
-    QAction& action(const char* name) { return *vu_->findChild<QAction*>(name); }
-    QPoint pixel(double f, double y) {
-        return {image().frame().xPixel(f), image().frame().yPixel(y)};
-    }
-    void drag(Qt::MouseButton button, QPoint from, QPoint to) {
-        QTest::mousePress(&image(), button, {}, from);
-        QTest::mouseMove(&image(), (from + to) / 2);
-        QTest::mouseMove(&image(), to);
-        QTest::mouseRelease(&image(), button, {}, to);
-    }
-    void turnWheel(QPoint at, int notches) {
-        QWheelEvent event(at, image().mapToGlobal(at), {}, {0, 120 * notches}, Qt::NoButton, {},
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&image(), &event);
-    }
     void setFo(double fo) {
         host_->state().fo = fo;
         host_->recalculate();
     }
 
   private slots:
-    void init() {
-        host_ = std::make_unique<Host>();
-        vu_ = std::make_unique<TFormVu>(*host_);
-        vu_->show();
-        QVERIFY(QTest::qWaitForWindowExposed(vu_.get()));
-    }
-    void cleanup() {
-        vu_.reset();
-        host_.reset();
+    void init() { openWindow(); }
+    void cleanup() { closeWindow(); }
+
+    void choicesAreKeptByTheHostAndTakenFromIt() {
+        TFormVu other(*host_);
+        other.show();
+        vu_->findChild<QRadioButton*>("RadioButtonGT")->click();
+        for (const char* name : {"Dark1", "Levels1", "Trace_phi", "Dot1", "Caption1"})
+            action(name).trigger();
+        const PlotChoices& kept = host_->plotChoices(PlotWindow::Gain);
+        QCOMPARE(kept.traces, (std::vector<std::string>{"gt", "phi"}));
+        QVERIFY(kept.dark && !kept.levels && kept.harmonics && kept.look == 1 && !kept.caption);
+        QVERIFY(other.findChild<QRadioButton*>("RadioButtonGT")->isChecked());
+        QVERIFY(other.traces() == vu_->traces());
+        QVERIFY(!other.findChild<QAction*>("Caption1")->isChecked());
+        QVERIFY(image(other).picture().dark);
+        // What suits no gain window changes nothing but what it says.
+        host_->setPlotChoices(PlotWindow::Gain, {.traces = {"phi", "nosuch"}, .look = 2});
+        QVERIFY(other.traces().front()->key == "gt");
+        QVERIFY(!image(other).picture().dark);
     }
 
     void theViewFollowsFoUntilItIsChangedAndComesHome() {

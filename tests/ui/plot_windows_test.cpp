@@ -29,51 +29,21 @@ void TypeValue(QWidget& dialog, const QString& text) {
 
 }  // namespace
 
-class PlotWindowsTest : public QObject {
+class PlotWindowsTest : public QObject, protected GainWindow {
     Q_OBJECT
 
   private:
-    std::unique_ptr<Host> host_;
-    std::unique_ptr<TFormVu> vu_;
-
-    PlotImage& image(QWidget& window) { return *window.findChild<PlotImage*>("Image"); }
-    PlotImage& image() { return image(*vu_); }
     QString status() { return vu_->findChild<QLabel*>("StatusLabel")->text(); }
     void press(const char* name, QWidget* window = nullptr) {
         auto* button = (window != nullptr ? window : vu_.get())->findChild<QAbstractButton*>(name);
         QVERIFY2(button != nullptr, name);
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
     }
-    void choose(const char* name) {
-        auto* action = vu_->findChild<QAction*>(name);
-        QVERIFY2(action != nullptr, name);
-        action->trigger();
-    }
-    QPoint pixel(double f, double y) {
-        return {image().frame().xPixel(f), image().frame().yPixel(y)};
-    }
-    void drag(QPoint from, QPoint to) {
-        QTest::mousePress(&image(), Qt::RightButton, {}, from);
-        QTest::mouseMove(&image(), to);
-        QTest::mouseRelease(&image(), Qt::RightButton, {}, to);
-    }
-    void turnWheel(QPoint at, int notches, Qt::KeyboardModifiers keys = {}) {
-        QWheelEvent event(at, image().mapToGlobal(at), {}, {0, 120 * notches}, Qt::NoButton, keys,
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&image(), &event);
-    }
+    void choose(const char* name) { action(name).trigger(); }
 
   private slots:
-    void init() {
-        host_ = std::make_unique<Host>();
-        vu_ = std::make_unique<TFormVu>(*host_);
-        vu_->show();
-        QVERIFY(QTest::qWaitForWindowExposed(vu_.get()));
-    }
-    void cleanup() {
-        vu_.reset();
-        host_.reset();
-    }
+    void init() { openWindow(); }
+    void cleanup() { closeWindow(); }
 
     void theWindowOpensWithTheDesignsRangeAndPublishesIt() {
         const PlotSettings& published = host_->plotSettings();
@@ -152,11 +122,11 @@ class PlotWindowsTest : public QObject {
 
     void everyOtherDragLeavesTheView() {
         const View before = vu_->view();
-        drag(pixel(2e6, -20), pixel(5e5, 10));
-        drag(pixel(5e5, -20), pixel(2e6, 10));
-        drag(pixel(5e5, 10), pixel(5e5, 10));
-        drag(pixel(5e5, 10), QPoint(image().width() - 2, image().height() - 2));
-        drag(QPoint(2, 2), pixel(2e6, -20));
+        drag(Qt::RightButton, pixel(2e6, -20), pixel(5e5, 10));
+        drag(Qt::RightButton, pixel(5e5, -20), pixel(2e6, 10));
+        drag(Qt::RightButton, pixel(5e5, 10), pixel(5e5, 10));
+        drag(Qt::RightButton, pixel(5e5, 10), QPoint(image().width() - 2, image().height() - 2));
+        drag(Qt::RightButton, QPoint(2, 2), pixel(2e6, -20));
         QTest::mousePress(&image(), Qt::RightButton, {}, pixel(5e5, 10));
         QTest::mouseMove(&image(), pixel(2e6, -20));
         QTest::keyClick(&image(), Qt::Key_Escape);

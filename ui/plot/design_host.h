@@ -6,6 +6,7 @@
 #include "analysis/tolerance.h"
 #include "design/design.h"
 #include "design/preferences.h"
+#include "io/plot_choices.h"
 #include "plot/frame.h"
 
 namespace kelvro {
@@ -45,6 +46,17 @@ class DesignHost : public QObject {
     const PlotSettings& plotSettings() const { return plotSettings_; }
     void publish(const PlotSettings& settings) { plotSettings_ = settings; }
 
+    /// What the plot windows show, kept between runs of the program.
+    const PlotChoices& plotChoices(PlotWindow window) const {
+        return plots_[static_cast<std::size_t>(window)];
+    }
+    void setPlotChoices(PlotWindow window, const PlotChoices& choices) {
+        PlotChoices& own = plots_[static_cast<std::size_t>(window)];
+        if (own == choices) return;
+        own = choices;
+        emit plotChoicesChanged();
+    }
+
     /// What the Monte Carlo runs of the gain window vary by.
     const Tolerances& tolerances() const { return tolerances_; }
     void setTolerances(const Tolerances& tolerances) { tolerances_ = tolerances; }
@@ -55,12 +67,14 @@ class DesignHost : public QObject {
     /// Fields show components otherwise than before, rounded perhaps.
     void shownChanged();
     void standardValuesChanged(bool on);
+    void plotChoicesChanged();
 
   private:
     Preferences preferences_;
     PlotSettings plotSettings_;
     bool standardValues_ = false;
     Tolerances tolerances_;
+    PlotChoicesOfWindows plots_;
 };
 
 }  // namespace kelvro

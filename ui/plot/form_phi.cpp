@@ -4,7 +4,7 @@ namespace kelvro {
 
 TFormPhi::TFormPhi(DesignHost& host, QWidget* parent)
     : PlotForm(host,
-               {"TFormPhi", tr("Phase Response"), "Bitmap Dateien (*.bmp)|*.bmp",
+               {PlotWindow::Phase, "TFormPhi", tr("Phase Response"), "Bitmap Dateien (*.bmp)|*.bmp",
                 "Meta Dateien (*.wmf)|*.wmf"},
                TraceOf("phi"), parent) {
     buildMonteCarloButtons();

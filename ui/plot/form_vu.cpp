@@ -10,7 +10,8 @@ namespace kelvro {
 
 TFormVu::TFormVu(DesignHost& host, QWidget* parent)
     : PlotForm(host,
-               {"TFormVu", tr("Gain"), "Bitmap Files (*.bmp)|*.bmp", "Meta Files (*.wmf)|*.wmf"},
+               {PlotWindow::Gain, "TFormVu", tr("Gain"), "Bitmap Files (*.bmp)|*.bmp",
+                "Meta Files (*.wmf)|*.wmf"},
                TraceOf("v"), parent) {
     buildQuantityButtons();
     buildMonteCarloButtons();
@@ -53,6 +54,10 @@ void TFormVu::RadioButtonVuClick() {
     }
     setLeading(TraceOf("v"));
     setView(changed);
+}
+
+void TFormVu::leadingChanged() {
+    (&leading() == &TraceOf("gt") ? radioButtonGT_ : radioButtonVu_)->setChecked(true);
 }
 
 void TFormVu::RadioButtonGTClick() {

@@ -17,6 +17,9 @@ class TFormVu : public PlotForm {
     void RadioButtonVuClick();
     void RadioButtonGTClick();
 
+  protected:
+    void leadingChanged() override;
+
   private:
     void buildQuantityButtons();
     void addKey(const char* name, const QString& text, const char* key, QRadioButton* button);

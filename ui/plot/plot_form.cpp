@@ -1,11 +1,13 @@
 #include "ui/plot/plot_form.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QScreen>
 #include <QShowEvent>
 #include <QStatusBar>
 #include <QToolBar>
 #include <algorithm>
+#include <array>
 
 #include "design/cycle.h"
 #include "design/pages.h"
@@ -17,6 +19,20 @@ namespace kelvro {
 namespace {
 
 constexpr std::size_t kManyRuns = 100;
+
+/// Flags of a picture that the settings keep, and the menu item of each.
+struct ChoiceFlag {
+    bool ResponsePlot::*ofPlot;
+    bool PlotChoices::*ofChoices;
+    const char* action;
+};
+
+constexpr std::array kChoiceFlags = {
+    ChoiceFlag{&ResponsePlot::harmonics, &PlotChoices::harmonics, "Harmonics1"},
+    ChoiceFlag{&ResponsePlot::levels, &PlotChoices::levels, "Levels1"},
+    ChoiceFlag{&ResponsePlot::edges, &PlotChoices::edges, "BandEdges1"},
+    ChoiceFlag{&ResponsePlot::dark, &PlotChoices::dark, "Dark1"},
+};
 
 }  // namespace
 
@@ -54,12 +70,53 @@ PlotForm::PlotForm(DesignHost& host, const Texts& texts, const Trace& leading, Q
     connect(image_, &PlotImage::keyPressed, this, &PlotForm::ImageKeyDown);
     connect(image_, &PlotImage::resized, this, &PlotForm::FormResize);
     connect(&host_, &DesignHost::designChanged, this, &PlotForm::designChanged);
+    connect(&host_, &DesignHost::plotChoicesChanged, this, &PlotForm::takeChoices);
+    connect(findChild<QAction*>("Caption1"), &QAction::toggled, this, &PlotForm::keepChoices);
     resizeTo(StandardSize(screen()->size().width()));
 }
 
 void PlotForm::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (!event->spontaneous()) FormShow();
+}
+
+PlotChoices PlotForm::choices() const {
+    PlotChoices now{.look = static_cast<int>(plot_.look)};
+    for (const Trace* trace : plot_.traces) now.traces.emplace_back(trace->key);
+    for (const auto& [ofPlot, ofChoices, name] : kChoiceFlags) now.*ofChoices = plot_.*ofPlot;
+    now.caption = findChild<QAction*>("Caption1")->isChecked();
+    return now;
+}
+
+void PlotForm::keepChoices() {
+    host_.setPlotChoices(texts_.window, choices());
+}
+
+void PlotForm::takeChoices() {
+    const PlotChoices wanted = host_.plotChoices(texts_.window);
+    if (wanted == choices()) return;
+    TraceList traces;
+    for (const std::string& key : wanted.traces) {
+        const Trace* trace = FindTrace(key);
+        if (!trace) continue;
+        const bool fits = std::ranges::all_of(traces, [&](const Trace* other) {
+            return other->axis == traces.front()->axis || trace->axis == other->axis ||
+                   trace->axis == traces.front()->axis;
+        });
+        if (fits) traces.push_back(trace);
+    }
+    if (!traces.empty() && traces.front()->axis == leading().axis) plot_.traces = traces;
+    plot_.look = static_cast<CurveLook>(wanted.look);
+    for (const auto& [ofPlot, ofChoices, name] : kChoiceFlags) {
+        plot_.*ofPlot = wanted.*ofChoices;
+        const QSignalBlocker blocked(findChild<QAction*>(name));
+        findChild<QAction*>(name)->setChecked(wanted.*ofChoices);
+    }
+    const QSignalBlocker blocked(findChild<QAction*>("Caption1"));
+    findChild<QAction*>("Caption1")->setChecked(wanted.caption);
+    showTraceState();
+    leadingChanged();
+    if (isVisible()) showView();
 }
 
 void PlotForm::FormShow() {
@@ -135,6 +192,7 @@ void PlotForm::redraw() {
     redrawScatter();
     compose();
     showMarkers();
+    keepChoices();
 }
 
 /// The picture as it is shown: the response, and over it what the runs have drawn.

@@ -108,6 +108,7 @@ class PlotForm : public QMainWindow {
 
   protected:
     struct Texts {
+        PlotWindow window;
         QString objectName;
         QString caption;
         QString bitmapFilter;
@@ -124,6 +125,8 @@ class PlotForm : public QMainWindow {
     /// Puts a trace of the same axis in the place of the leading one; takes effect with the next
     /// redraw.
     void setLeading(const Trace& trace);
+    /// Another trace leads than the window's buttons have asked for.
+    virtual void leadingChanged() {}
 
     /// Takes the view, publishes it and draws; no step to take back.
     void setView(const View& view);
@@ -148,6 +151,10 @@ class PlotForm : public QMainWindow {
     void showUndoState();
     void showLogState();
     void showTraceState();
+    PlotChoices choices() const;
+    /// Shows what the settings say.
+    void takeChoices();
+    void keepChoices();
     void resizeTo(PixelSize size);
     std::optional<double> askValue(const ValueEdit& edit, Zone zone, QPoint at);
     void editEnd(Zone zone, QPoint at);
