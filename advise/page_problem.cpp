@@ -2,11 +2,25 @@
 
 #include <cmath>
 #include <string>
+#include <string_view>
 
+#include "core/exact_number.h"
 #include "design/opened_network.h"
 #include "design/pages.h"
 
 namespace kelvro {
+
+namespace {
+
+/// With six digits, as an edge of a band is typed; the narrowest bands of pages need them.
+double AsTyped(double f) {
+    const std::string text = FormatPrefixed(f, 6);
+    const auto number = ReadExactNumber(text);
+    const auto prefix = ReadPrefix(std::string_view(text).substr(number->length));
+    return ReadExactNumber(text, prefix ? prefix->exponent : 0)->value;
+}
+
+}  // namespace
 
 Result<Network> PageProblem(const Design& design) {
     const Page& page = PageOf(design);
@@ -33,7 +47,7 @@ FrequencyBand BandAround(double fo, double width) {
     // high - low = width and low·high = fo², for the widest too.
     const double half = width / 2;
     const double middle = std::hypot(fo, half);
-    return {fo * fo / (middle + half), middle + half};
+    return {AsTyped(fo * fo / (middle + half)), AsTyped(middle + half)};
 }
 
 }  // namespace kelvro

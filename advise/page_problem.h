@@ -15,7 +15,7 @@ Result<Network> PageProblem(const Design& design);
 /// Losses of a search's parts as the pages reckon them: the element Q of inductors and capacitors.
 SearchLosses LossesOf(const Design& design);
 
-/// The band of this width with fo in its geometric middle.
+/// The band of this width with fo in its geometric middle; edges have six digits.
 FrequencyBand BandAround(double fo, double width);
 
 }  // namespace kelvro

@@ -161,6 +161,9 @@ QWidget* FindDialog::buildResults() {
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setTabKeyNavigation(false);
     table_->setWordWrap(false);
+    table_->setColumnHidden(Standard, true);
+    table_->resizeColumnsToContents();
+    table_->horizontalHeader()->setStretchLastSection(true);
     SetHint(*table_, tr("A star: no network with fewer parts is as good. Arrow keys show a network "
                         "in chart and plots, Enter takes it"));
     column->addWidget(table_, 1);
@@ -278,7 +281,6 @@ void FindDialog::showNetworks(Rating rating) {
     }
     table_->setColumnHidden(Standard, !standard);
     table_->resizeColumnsToContents();
-    table_->horizontalHeader()->setStretchLastSection(true);
     table_->resizeRowsToContents();
     table_->horizontalHeaderItem(Yield)->setToolTip(
         tr("Builds that keep %1 dB").arg(DecibelText(rating.leastGT)));
