@@ -11,7 +11,7 @@ std::vector<WindowArgument> WindowArguments() {
         {"--no-splash", "Show the window at once, without the splash screen"},
         {"--help", "Print these lines and exit"},
         {"--version", "Print the version and exit"},
-        {"FILE", "Open a project or measured data in the Network window"},
+        {"FILE", "Open a design; a project or measured data in the Network window"},
         {"KEYWORDS", "Preset the optimizer; several may be joined: " + KeywordList()},
         {"ACCURACY", "Behind the keywords: accuracy of the line search, 0 to 1"},
         {"CENTRE", "Behind the accuracy: centre of the line search, 0 to 1"},

@@ -244,7 +244,9 @@ void CircuitDrawing::paint(QPainter& painter, const QRectF& area, const QColor& 
     painter.scale(scale, scale);
     painter.translate(-box.center());
     painter.fillPath(Outline(strokes_), wire);
-    painter.fillPath(fills_, wire);
+    QPainterPath solid = fills_;
+    solid.setFillRule(Qt::WindingFill);  // a node of two paths is drawn by both, and stays a dot
+    painter.fillPath(solid, wire);
     for (const Label& label : labels_) {
         const QRectF text = labelBox(label);
         const auto flags = label.side == Side::Right  ? Qt::AlignLeft

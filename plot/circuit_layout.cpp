@@ -382,6 +382,7 @@ class Layout {
             drawing_.wire({x, 0}, {x + kShuntWidth, 0});
             x += kShuntWidth;
         }
+        drawing_.node({x, 0});
         drawing_.resistor({x, y}, {x, 0});
         drawing_.label({x, y / 2}, Side::Right, "R2", EndText(load));
         drawing_.label({x, y}, Side::Right, direction < 0 ? "+" : "−");

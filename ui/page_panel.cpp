@@ -10,6 +10,7 @@
 
 #include "core/number_text.h"
 #include "core/series.h"
+#include "design/transfer_text.h"
 #include "ui/circuit_view.h"
 #include "ui/form_row.h"
 #include "ui/stage_view.h"
@@ -35,11 +36,16 @@ QString CellText(const std::string& text, const TableRow& row) {
 
 /// The fraction bar does not follow the text's colour by itself.
 void PagePanel::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::PaletteChange && formula_) {
-        formula_->setText(
-            FormulaMarkup(ToQString(page_.transferText), palette().color(QPalette::WindowText)));
-    }
+    if (event->type() == QEvent::PaletteChange) showFormula();
     QWidget::changeEvent(event);
+}
+
+/// That of the circuit in the picture: of the duals where L and C are interchanged.
+void PagePanel::showFormula() {
+    if (!formula_) return;
+    const QString formula = ToQString(TransferText(page_, page_.showsDuals(session_.design())));
+    formula_->setText(FormulaMarkup(formula, palette().color(QPalette::WindowText)));
+    formula_->setAccessibleName(formula);
 }
 
 void PagePanel::EingabeChange(const BoundInput& input) {
@@ -118,6 +124,7 @@ void PagePanel::refresh() {
     if (swapBox_) swapBox_->setChecked(state.LCSwapped);
     showCaptions();
     showParts();
+    showFormula();
     if (picture_) showPicture();
 }
 

@@ -85,6 +85,7 @@ class PagePanel : public QWidget {
     void CheckBoxClick(bool checked);
     void goToField(const QString& part);
     void showCaptions();
+    void showFormula();
     void showPicture();
     void blank(Network& network) const;
     void showTable(const std::vector<TableRow>& rows);

@@ -294,10 +294,8 @@ QWidget* PagePanel::buildPicture() {
 
 QLabel* PagePanel::buildTransferText() {
     if (page_.transferText.empty()) return nullptr;
-    const QString formula = ToQString(page_.transferText);
-    auto* label = new QLabel(FormulaMarkup(formula, palette().color(QPalette::WindowText)));
+    auto* label = new QLabel;
     label->setObjectName(QStringLiteral("TransferText%1").arg(page_.number));
-    label->setAccessibleName(formula);
     label->setTextFormat(Qt::RichText);
     label->setAlignment(Qt::AlignCenter);
     SetHint(*label, tr("Transfer function, G[1] = 1/R1, G[2] = 1/R2"));

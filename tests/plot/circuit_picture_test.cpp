@@ -1,5 +1,7 @@
 #include <QBuffer>
 #include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
 #include <QSvgGenerator>
 #include <QTest>
 #include <QXmlStreamReader>
@@ -10,6 +12,7 @@
 
 #include "analysis/response.h"
 #include "design/pages.h"
+#include "plot/circuit_drawing.h"
 #include "plot/circuit_painter.h"
 
 using namespace kelvro;
@@ -148,6 +151,22 @@ class CircuitPictureTest : public QObject {
                 QVERIFY2(&one == &other || !one.box.intersects(other.box),
                          qPrintable(one.text + " over " + other.text));
         QVERIFY2(picture.scale > 0.69, qPrintable(QString::number(picture.scale)));
+    }
+
+    /// Two paths that meet draw their joint twice.
+    void aJointDrawnTwiceIsADot() {
+        CircuitDrawing drawing;
+        drawing.wire({0, 0}, {0, 40});
+        for (int i = 0; i < 2; ++i) drawing.node({20, 20});
+        drawing.wire({40, 0}, {40, 40});
+        CircuitDrawing whole;
+        whole.add(drawing, {0, 0});
+        QImage image(100, 100, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        whole.paint(painter, image.rect(), Qt::black, Qt::black, Qt::black);
+        painter.end();
+        QCOMPARE(image.pixelColor(50, 50), QColor(Qt::black));
     }
 
     void bothNetworksOfAPageAreDrawn() {

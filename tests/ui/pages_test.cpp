@@ -42,6 +42,7 @@ class PagesTest : public QObject {
     void transformerSwitchesAndWeightsReachTheDesign();
     void classEPageClampsTypedQ();
     void clickOnAPartLeadsToItsField();
+    void swappedPagePrintsTheFormulaOfItsPicture();
     void circuitPictureIsCopiedAndSaved();
 };
 
@@ -335,6 +336,16 @@ void PagesTest::clickOnAPartLeadsToItsField() {
         QTest::mouseClick(&picture, Qt::LeftButton, {}, found);
         QCOMPARE(f.form().focusWidget()->objectName(), QLatin1String(field));
     }
+}
+
+void PagesTest::swappedPagePrintsTheFormulaOfItsPicture() {
+    FormFixture f;
+    const auto formula = [&] { return f.find<QLabel>("TransferText1").accessibleName(); };
+    QVERIFY(formula().startsWith("V(s) = sC[1]G[1] / "));
+    f.click("CheckBox1");
+    QVERIFY(formula().startsWith("V(s) = s²L[2]CG[1] / "));
+    f.click("CheckBox1");
+    QVERIFY(formula().startsWith("V(s) = sC[1]G[1] / "));
 }
 
 void PagesTest::circuitPictureIsCopiedAndSaved() {
