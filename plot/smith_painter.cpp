@@ -162,7 +162,8 @@ class ChartDrawing {
         }
         if (contour.label.empty()) return;
         const QPointF at = place({circle.u, circle.v + circle.radius});
-        painter_.drawText(at + QPointF(3, -3), QString::fromStdString(contour.label));
+        const QString text = QString::fromStdString(contour.label);
+        painter_.drawText(inside(at + QPointF(3, -3), text), text);
     }
 
     void ghost() {
@@ -204,7 +205,7 @@ class ChartDrawing {
         if (step.name.empty()) return;
         const QFontMetricsF metrics(font_);
         const QString text = QString::fromStdString(step.name);
-        const QPointF at = place(step.gamma[step.gamma.size() / 2]) + QPointF(6, -4);
+        const QPointF at = inside(place(step.gamma[step.gamma.size() / 2]) + QPointF(6, -4), text);
         QRectF box = metrics.tightBoundingRect(text).translated(at).adjusted(-2, -2, 2, 2);
         QColor veil = colours_.background;
         veil.setAlpha(200);
@@ -222,7 +223,18 @@ class ChartDrawing {
         painter_.setBrush(point.hollow ? QBrush(colours_.background) : QBrush(colour));
         painter_.drawEllipse(at, 4, 4);
         painter_.setBrush(Qt::NoBrush);
-        painter_.drawText(at + QPointF(6, 12), QString::fromStdString(point.label));
+        const QString text = QString::fromStdString(point.label);
+        const double width = QFontMetricsF(font_).horizontalAdvance(text);
+        const bool fits = at.x() + 6 + width < frame_.width;
+        painter_.drawText(at + QPointF(fits ? 6 : -6 - width, 12), text);
+    }
+
+    /// A text at the edge of the picture begins early enough to be whole. What lies beyond it stays
+    /// there.
+    QPointF inside(QPointF at, const QString& text) const {
+        const double last = frame_.width - QFontMetricsF(font_).horizontalAdvance(text) - 1;
+        if (at.x() > last && at.x() < frame_.width) at.setX(std::max(1.0, last));
+        return at;
     }
 
     void texts() {

@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
@@ -23,6 +22,7 @@
 #include <cmath>
 
 #include "network/ladder_response.h"
+#include "tests/ui/frame_times.h"
 #include "tests/ui/network_fixture.h"
 #include "ui/workbench/smith_view.h"
 #include "ui/workbench/sweep_view.h"
@@ -59,44 +59,6 @@ class Window : public NetworkFixture {
         addElement("ButtonSeriesL", "series: L1=20n");
         addElement("ButtonShuntC", "shunt: C1=0.92277p");
     }
-};
-
-/// How long it takes from a move of the pointer until the last view is painted.
-class FrameTimes : public QObject {
-  public:
-    FrameTimes(QWidget& moved, QWidget& last) : moved_(moved) {
-        moved.installEventFilter(this);
-        const auto parts = last.findChildren<QWidget*>();
-        for (QWidget* part : parts) part->installEventFilter(this);
-    }
-    QString text() const {
-        auto sorted = times_;
-        std::ranges::sort(sorted);
-        if (sorted.empty()) return "nothing painted";
-        return QString("median %1 ms, longest %2 ms of %3")
-            .arg(sorted[sorted.size() / 2], 0, 'f', 1)
-            .arg(sorted.back(), 0, 'f', 1)
-            .arg(sorted.size());
-    }
-
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched == &moved_ && event->type() == QEvent::MouseMove) {
-            if (!timer_.isValid()) timer_.start();
-        } else if (watched != &moved_ && event->type() == QEvent::Paint && timer_.isValid()) {
-            // The paint itself comes behind this filter.
-            QTimer::singleShot(0, this, [this] {
-                if (timer_.isValid()) times_.push_back(double(timer_.nsecsElapsed()) / 1e6);
-                timer_.invalidate();
-            });
-        }
-        return false;
-    }
-
-  private:
-    QWidget& moved_;
-    QElapsedTimer timer_;
-    std::vector<double> times_;
 };
 
 double Gain(Window& window) {
@@ -485,6 +447,19 @@ class NetworkWindowTest : public QObject {
         QVERIFY2(
             call.startsWith("kelvro-cli analyze 'series: L1=") && call.contains("--source '100'"),
             qPrintable(call));
+        // Data that are in no file are read from the project, once they stand there.
+        window.model().markSaved();
+        window.trigger("NetworkExample");
+        window.trigger("NetworkCopyCommand");
+        QVERIFY(window.messages.size() == 1 && QApplication::clipboard()->text() == call);
+        const QString file = window.path("whip.kelvro");
+        Project project;
+        project.network = window.model().network();
+        QVERIFY(WriteProject(file.toStdString(), project).ok() && window->openFile(file));
+        QVERIFY(window->commandLine().contains("--network '" + file + '\''));
+        // Its data are known to the fields by their name.
+        window.type("LoadEingabe", "whip.s1p + R=1");
+        QVERIFY(!window.find<QLabel>("LoadEingabeProblem").isVisible());
     }
 };
 
