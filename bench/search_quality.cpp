@@ -124,7 +124,21 @@ std::vector<Named> Problems(const Options& options) {
     return problems;
 }
 
-/// The best of one ladder from many starts, on the screening grid.
+/// Lets pairs resonate near the middle of the bands, at any impedance.
+void Resonate(std::vector<double>& x, const Stages& topology, double spread,
+              UniformStream& random) {
+    std::size_t at = 0;
+    for (const Stage& stage : topology) {
+        if (stage.parts() == 2) {
+            x[at] = spread * (2 * random.next() - 1);
+            x[at + 1] = -x[at] + 2 * random.next() - 1;
+        }
+        at += stage.parameters();
+    }
+}
+
+/// The best of one ladder from many starts, on the screening grid; half of them with pairs that
+/// resonate.
 ScreenedLadder Alone(const SearchTask& task, const Stages& topology, int starts,
                      std::uint64_t seed) {
     const auto box = BoxOf(topology, task.options, task.R0, task.f0, task.widest());
@@ -139,6 +153,10 @@ ScreenedLadder Alone(const SearchTask& task, const Stages& topology, int starts,
             const double low = std::max(box->low[j], -task.spread - 1);
             const double high = std::min(box->high[j], task.spread + 1);
             point.x.push_back(low + (high - low) * random.next());
+        }
+        if (random.next() < 0.5) Resonate(point.x, topology, task.spread + 3, random);
+        for (std::size_t j = 0; j < box->low.size(); ++j) {
+            point.x[j] = std::clamp(point.x[j], box->low[j], box->high[j]);
         }
         solver.improve(goal, *box, {.mostSteps = 80, .leastGain = 1e-6}, point);
     }

@@ -4,7 +4,6 @@
 #include "cli/network_options.h"
 #include "cli/sweep_options.h"
 #include "io/network_report.h"
-#include "io/project_file.h"
 
 namespace kelvro {
 
@@ -16,18 +15,6 @@ struct AnalyzeOptions {
     std::string save;
     bool json = false;
 };
-
-/// The network as a project file; keys that others keep in that file stay.
-Status Save(const Network& network, const std::string& file) {
-    Project project;
-    if (std::filesystem::exists(file)) {
-        auto before = ReadProject(file);
-        if (!before) return before.status();
-        project = std::move(*before);
-    }
-    project.network = network;
-    return WriteProject(file, project);
-}
 
 ExitCode Analyze(const AnalyzeOptions& options, Session& session) {
     const auto read = NetworkOf(options.network, session);
@@ -41,7 +28,7 @@ ExitCode Analyze(const AnalyzeOptions& options, Session& session) {
     const NetworkSweep& sweep = response.sweep(f);
     session.out << (options.json ? SweepJson(sweep) : SweepTable(sweep));
     if (options.save.empty()) return ExitCode::Done;
-    const Status saved = Save(network, options.save);
+    const Status saved = SaveNetwork(network, options.save);
     return saved ? ExitCode::Done : session.fail({ExitCode::Failed, saved.message()});
 }
 

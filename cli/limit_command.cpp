@@ -22,10 +22,9 @@ struct LimitOptions {
 ExitCode ShowLimit(const LimitOptions& options, Session& session) {
     auto problem = NetworkOf(options.terminations, session);
     if (!problem) return session.fail(problem.status());
-    const Network& network = *problem;
-    auto read = BandsOf(options.bands);
-    if (!read) return session.fail(read.status());
-    const auto& bands = *read;
+    Network& network = *problem;
+    if (const auto wrong = TakeBands(options.bands, network)) return session.fail(*wrong);
+    const auto& bands = network.bands;
     for (const FrequencyBand& band : bands) {
         if (const Status covered = CheckRange(network, band.low, band.high); !covered) {
             return session.fail({ExitCode::Refused, covered.message()});
@@ -51,11 +50,10 @@ void AddLimitCommand(CLI::App& app, Session& session) {
     CLI::App* command = app.add_subcommand(
         "limit", "How well a load can be matched over a band by any lossless network");
     auto options = std::make_shared<LimitOptions>();
-    AddTerminationOptions(*command, options->terminations);
+    AddNetworkOptions(*command, options->terminations, false);
     command->add_option("--band", options->bands, "A band, from:to (70M:130M); may be repeated")
         ->type_name("LO:HI")
-        ->take_all()
-        ->required();
+        ->take_all();
     command->add_flag("--json", options->json, "Write JSON");
     command->callback([&session, options] { session.status = ShowLimit(*options, session); });
 }

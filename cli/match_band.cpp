@@ -10,7 +10,6 @@
 #include "cli/match_report.h"
 #include "cli/network_options.h"
 #include "core/number_text.h"
-#include "io/project_file.h"
 #include "network/coverage.h"
 #include "synthesis/search_text.h"
 
@@ -221,6 +220,8 @@ void AddMatchBandOptions(CLI::App& command, MatchBandOptions& options) {
         ->type_name("FILE");
 }
 
+namespace {
+
 Outcome<std::vector<FrequencyBand>> BandsOf(const std::vector<std::string>& texts) {
     std::vector<FrequencyBand> bands;
     for (const std::string& text : texts) {
@@ -236,10 +237,18 @@ Outcome<std::vector<FrequencyBand>> BandsOf(const std::vector<std::string>& text
     return bands;
 }
 
+}  // namespace
+
+std::optional<Problem> TakeBands(const std::vector<std::string>& texts, Network& problem) {
+    auto bands = BandsOf(texts);
+    if (!bands) return bands.status();
+    if (!bands->empty()) problem.bands = *std::move(bands);
+    if (problem.bands.empty()) return Wrong("--band is required");
+    return {};
+}
+
 ExitCode MatchBands(Network problem, const MatchBandOptions& options, bool json, Session& session) {
-    auto bands = BandsOf(options.bands);
-    if (!bands) return session.fail(bands.status());
-    problem.bands = *std::move(bands);
+    if (const auto wrong = TakeBands(options.bands, problem)) return session.fail(*wrong);
     const auto search = SearchOptionsOf(options);
     if (!search) return session.fail(search.status());
     const auto owned = OwnedPartsOf(options.ownedFile);
@@ -259,9 +268,7 @@ ExitCode MatchBands(Network problem, const MatchBandOptions& options, bool json,
     const MatchReport report = ReportOn(problem, *search, *found, options, *owned);
     session.out << (json ? MatchJson(report) : MatchText(report));
     if (options.output.empty()) return ExitCode::Done;
-    Project project;
-    project.network = report.best();
-    const Status written = WriteProject(options.output, project);
+    const Status written = SaveNetwork(report.best(), options.output);
     return written ? ExitCode::Done : session.fail({ExitCode::Failed, written.message()});
 }
 

@@ -2,6 +2,7 @@
 
 #include <CLI/App.hpp>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,8 +38,9 @@ struct MatchBandOptions {
 /// Declares --band and everything that goes with it.
 void AddMatchBandOptions(CLI::App& command, MatchBandOptions& options);
 
-/// Bands as given: "70M:130M".
-Outcome<std::vector<FrequencyBand>> BandsOf(const std::vector<std::string>& texts);
+/// Takes bands as given ("70M:130M"); where none is given, those that the problem has stay. What is
+/// wrong with them, if anything.
+std::optional<Problem> TakeBands(const std::vector<std::string>& texts, Network& problem);
 
 /// Searches between the terminations of `problem` and writes what it found, as JSON or as text.
 ExitCode MatchBands(Network problem, const MatchBandOptions& options, bool json, Session& session);

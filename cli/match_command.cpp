@@ -11,11 +11,12 @@ namespace kelvro {
 namespace {
 
 ExitCode Match(const MatchOptions& options, Session& session) {
-    const bool overBands = !options.band.bands.empty();
-    if (overBands == !options.at.empty()) {
+    // A project brings its bands along.
+    const bool banded = !options.band.bands.empty();
+    if (banded ? !options.at.empty() : options.at.empty() && options.ends.file.empty()) {
         return session.fail({ExitCode::Usage, "either --at or --band is required"});
     }
-    if (!overBands) return MatchAtFrequency(options, session);
+    if (!options.at.empty()) return MatchAtFrequency(options, session);
     auto problem = NetworkOf(options.ends, session);
     if (!problem) return session.fail(problem.status());
     return MatchBands(*std::move(problem), options.band, options.json, session);
@@ -26,7 +27,7 @@ ExitCode Match(const MatchOptions& options, Session& session) {
 void AddMatchCommand(CLI::App& app, Session& session) {
     CLI::App* command = app.add_subcommand("match", "Networks that match a load to a source");
     auto options = std::make_shared<MatchOptions>();
-    AddTerminationOptions(*command, options->ends);
+    AddNetworkOptions(*command, options->ends, false);
     AddExactMatchOptions(*command, *options);
     AddMatchBandOptions(*command, options->band);
     command->add_flag("--json", options->json, "Write JSON");

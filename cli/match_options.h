@@ -11,7 +11,7 @@ namespace kelvro {
 
 /// What is to be matched, and how.
 struct MatchOptions {
-    NetworkOptions ends;  ///< source and load only
+    NetworkOptions ends;  ///< its ladder does not count
     bool json = false;
     MatchBandOptions band;  ///< searched over bands
 

@@ -1,6 +1,7 @@
 #include "cli/network_options.h"
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
 
 #include "io/data_files.h"
 #include "io/project_file.h"
@@ -72,6 +73,17 @@ Outcome<Network> NetworkOf(const NetworkOptions& options, Session& session) {
     }
     for (const std::string& warning : files.warnings()) session.tell(warning);
     return network;
+}
+
+Status SaveNetwork(const Network& network, const std::string& file) {
+    Project project;
+    if (std::filesystem::exists(file)) {
+        auto before = ReadProject(file);
+        if (!before) return before.status();
+        project = std::move(*before);
+    }
+    project.network = network;
+    return WriteProject(file, project);
 }
 
 void TellDataWarnings(const Network& network, double low, double high, Session& session) {

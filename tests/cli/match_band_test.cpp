@@ -107,6 +107,11 @@ TEST(MatchBandCommand, TheBestBecomesAProjectWithItsBand) {
     const Json project = Json::parse(stream, nullptr, false);
     EXPECT_THAT(project.dump(), HasSubstr(found["networks"][0]["elements"][0]));
     EXPECT_THAT(project.dump(), HasSubstr("405"));
+    // It brings source, load and band along.
+    const Json again = JsonOf({"match", "--network", file, "--parts", "2", "--json"});
+    EXPECT_EQ(again["networks"], found["networks"]);
+    EXPECT_NEAR(JsonOf({"limit", "--network", file, "--json"})["limit_db"].get<double>(), -0.2150,
+                5e-4);
 }
 
 TEST(MatchBandCommand, StandardValuesComeFromAListOfOwnParts) {
@@ -184,6 +189,7 @@ INSTANTIATE_TEST_SUITE_P(
         Fault{Antenna("match", {"--at", "300M"}), 2, "either --at or --band"},
         Fault{Antenna("match", {"--band", "130M:70M"}), 2, "a lower and a higher frequency"},
         Fault{Antenna("limit", {"--band", "130M"}), 2, "a lower and a higher frequency"},
+        Fault{{"limit", "--source", "50", "--load", "60"}, 2, "--band is required"},
         Fault{Antenna("match", {"--parts", "0"}), 2, "--parts"},
         Fault{Antenna("match", {"--kinds", "L,X"}), 2, "--kinds"},
         Fault{Antenna("match", {"--ql", "good"}), 2, "--ql: expected a Q"},

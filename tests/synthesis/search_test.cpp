@@ -291,7 +291,7 @@ Termination RandomLoad(UniformStream& random, double f0) {
 
 TEST(SearchTest, NothingFoundSurpassesTheLimit) {
     UniformStream random(7);
-    for (int i = 0; i < 16; ++i) {
+    for (int i = 0; i < 12; ++i) {
         const double f0 = 1e7 * std::pow(100, random.next());
         const double width = 0.75 * std::pow(0.003, random.next());
         Network problem = MatchingProblem(20 + 100 * random.next(), RandomLoad(random, f0),

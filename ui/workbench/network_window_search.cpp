@@ -39,7 +39,7 @@ void NetworkWindow::addSearchActions(QMenu& menu) {
         action->setChecked(limit_->on());
         const auto& limit = limit_->limit();
         const auto dB = limit ? std::optional(10 * std::log10(limit->GT)) : std::nullopt;
-        for (SweepView* plot : plots_) plot->setLimit(dB);
+        for (SweepView* plot : plots_) plot->setLimit(dB, limit && limit->estimate);
     });
 }
 

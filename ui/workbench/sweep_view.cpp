@@ -105,8 +105,9 @@ void SweepView::setTrace(const NetworkTrace& trace) {
     rebuild();
 }
 
-void SweepView::setLimit(std::optional<double> dB) {
+void SweepView::setLimit(std::optional<double> dB, bool estimate) {
     limitDb_ = dB;
+    limitIsEstimate_ = estimate;
     rebuild();
 }
 
@@ -128,7 +129,9 @@ void SweepView::showEvent(QShowEvent* event) {
 void SweepView::rebuild() {
     // A plot that nobody sees costs nothing while a node is dragged.
     if (!isVisible() && !image_->picture().curves.empty()) return;
-    NetworkPlot plot{trace_, zoomed_.value_or(model_.plotRange()), false, {}, markers_, limitDb_};
+    NetworkPlot plot{
+        trace_,          zoomed_.value_or(model_.plotRange()), false, {}, markers_, limitDb_,
+        limitIsEstimate_};
     const bool alone = model_.snapshots().empty();
     plot.networks.push_back({&model_.network(), alone ? std::string() : "now", kPresentColour});
     for (const Snapshot& snapshot : model_.snapshots()) {

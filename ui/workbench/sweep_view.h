@@ -28,7 +28,7 @@ class SweepView : public QWidget {
     QImage image(double scale) const;
     const NetworkTrace& trace() const { return *trace_; }
     void setTrace(const NetworkTrace& trace);
-    void setLimit(std::optional<double> dB);
+    void setLimit(std::optional<double> dB, bool estimate);
     const std::vector<double>& markers() const { return markers_; }
     void setMarkers(std::vector<double> markers);
     void fit();
@@ -54,6 +54,7 @@ class SweepView : public QWidget {
     QLabel* markerText_;
     std::optional<FrequencyBand> zoomed_;
     std::optional<double> limitDb_;
+    bool limitIsEstimate_ = false;
     std::vector<double> markers_;
 };
 
