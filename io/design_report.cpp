@@ -59,10 +59,10 @@ OutputField SharedOutput(std::string_view object, std::string_view name, std::st
 
 const OutputField kSharedOutputs[] = {
     SharedOutput("BAusgabe", "B", "Bandwidth", "Hz", kEngineering),
-    SharedOutput("ueAusgabe", "v", "V2/V1 at fo", "", Fixed(9, 3)),
+    SharedOutput("ueAusgabe", "v", "v=V2/V1, at fo", "", Fixed(9, 3)),
     SharedOutput("dBAusgabe", "v_db", "20·log(v)", "dB", Fixed(7, 2)),
-    SharedOutput("dAusgabe", "loss_db", "Loss against an ideal match", "dB", Fixed(7, 3)),
-    SharedOutput("QBgesAusgabe", "Q_total", "Total effective element Q", "", Fixed(7, 2)),
+    SharedOutput("dAusgabe", "loss_db", "Loss, compared to optimum match", "dB", Fixed(7, 3)),
+    SharedOutput("QBgesAusgabe", "Q_total", "Q, total effective element Q-factor", "", Fixed(7, 2)),
 };
 
 Json JsonComponents(const DesignRun& run) {
@@ -218,7 +218,9 @@ std::string WithUnit(std::string text, std::string_view unit) {
     text.erase(0, text.find_first_not_of(' '));
     if (text.empty() || text == "infinite") return text;
     if (std::isalpha(static_cast<unsigned char>(text.back())) != 0) {
+        const bool micro = text.back() == 'u';
         text.insert(text.size() - 1, " ");
+        if (micro) text.replace(text.size() - 1, 1, "µ");
     } else {
         text.pop_back();
         if (!unit.empty()) text += ' ';
@@ -245,16 +247,16 @@ TextRows InputRows(const Design& state) {
     const Page& page = PageOf(state);
     TextRows rows;
     if (page.shared == SharedOutputs::All) {
-        rows.push_back({"R1", WithUnit(state.R1, "Ω"), "Resistance of the source"});
-        rows.push_back({"R2", WithUnit(state.R2, "Ω"), "Resistance of the load"});
+        rows.push_back({"R1", WithUnit(state.R1, "Ω"), "Resistance R1, of the source"});
+        rows.push_back({"R2", WithUnit(state.R2, "Ω"), "Resistance R2, of the load"});
     }
     if (page.networks && page.atFrequency) {
-        rows.push_back({"fo", WithUnit(state.fo, "Hz"), "Centre frequency"});
+        rows.push_back({"fo", WithUnit(state.fo, "Hz"), "Frequency fo"});
     }
     if (page.qPanel) {
-        rows.push_back({"Q", FormatFixed(0, 2, state.Q), "Loaded Q"});
-        rows.push_back({"Q(L)", FormatFixed(0, 2, state.QB), "Element Q of the inductors"});
-        rows.push_back({"Q(C)", FormatFixed(0, 2, state.QBC), "Element Q of the capacitors"});
+        rows.push_back({"Q", FormatFixed(0, 2, state.Q), "Q-Factor, loaded"});
+        rows.push_back({"Q(L)", FormatFixed(0, 2, state.QB), "Element Q L, of the inductors"});
+        rows.push_back({"Q(C)", FormatFixed(0, 2, state.QBC), "Element Q C, of the capacitors"});
     }
     for (const InputField& field : page.inputs) {
         if (!field.hasEffect(state)) continue;

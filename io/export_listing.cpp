@@ -6,6 +6,8 @@
 
 #include "core/number_text.h"
 #include "core/series.h"
+#include "design/page_network.h"
+#include "design/part_ref.h"
 #include "io/design_report.h"
 #include "io/exports.h"
 #include "io/text_table.h"
@@ -31,7 +33,16 @@ std::string PlaceText(const ListedPart& part, bool branched) {
     return part.place == Place::Series ? "in series" : "across";
 }
 
-void AddPart(TextRows& rows, const ListedPart& part, bool branched, Series series) {
+/// The label beside the part's field in the window, as it stands there; empty where it has none.
+std::string LabelOf(const Network& network, std::string_view name, const ExportDesign& design) {
+    const bool duals = design.page().showsDuals(design.state);
+    const auto part = PartOf(design.page(), network, name, duals);
+    if (!part || !part->field) return {};
+    return duals ? DualLabel(part->field->label) : std::string(part->field->label);
+}
+
+void AddPart(TextRows& rows, const ListedPart& part, bool branched, Series series,
+             const std::string& label) {
     std::vector<std::string> row = {part.name, PlaceText(part, branched)};
     if (std::isinf(part.value)) {
         row.emplace_back(kInfinite);
@@ -43,7 +54,21 @@ void AddPart(TextRows& rows, const ListedPart& part, bool branched, Series serie
             row.push_back(ErrorText(nearest, part.value));
         }
     }
+    if (!label.empty()) {
+        row.resize(5);
+        row.push_back(label);
+    }
     rows.push_back(std::move(row));
+}
+
+/// What a page computes of its parts beside their values: the length to cut of a line.
+void AddLengths(TextRows& rows, const ExportDesign& design) {
+    for (const PartRef& part : PartsOf(design.state)) {
+        if (!part.field || part.slot != Slot::Length) continue;
+        rows.push_back({std::string(part.field->name), "",
+                        WithUnit(part.built(design.state), part.field->unit), "", "",
+                        std::string(part.field->label)});
+    }
 }
 
 /// The parts with the standard value of each beside the shown one.
@@ -52,11 +77,14 @@ TextRows PartRows(std::span<const Network> networks, const ExportDesign& design)
     for (const Network& network : networks) {
         const std::vector<ListedPart> parts = ListOf(network);
         const bool branched = std::ranges::any_of(parts, &ListedPart::branch);
-        for (const ListedPart& part : parts) AddPart(rows, part, branched, design.series);
+        for (const ListedPart& part : parts)
+            AddPart(rows, part, branched, design.series, LabelOf(network, part.name, design));
     }
     if (rows.empty()) return rows;
+    AddLengths(rows, design);
     const auto series = kSeriesNames[static_cast<std::size_t>(design.series)];
-    rows.insert(rows.begin(), {"Name", "Place", "Value", std::string(series) + " value", "Error"});
+    rows.insert(rows.begin(), {"Name", "Place", "Value", std::string(series) + " value", "Error",
+                               "In the window"});
     return rows;
 }
 

@@ -9,6 +9,7 @@
 #include "core/number_text.h"
 #include "design/part_ref.h"
 #include "export_design.h"
+#include "io/design_report.h"
 
 namespace kelvro {
 namespace {
@@ -29,10 +30,20 @@ TEST(Listing, NamesValuesStandardValuesAndErrors) {
     const Design state = DesignedState({"gamma", 13}, 1000);
     const std::string text = ListingOf(Exported(state), {});
     // L = 137.83 nH is nearest to 150 nH of E12: 150/137.83 = 1.0883.
-    EXPECT_THAT(LineOf(text, "L "), MatchesRegex("L +in series +137.83 nH +150.00 nH +\\+8.83 %"));
-    EXPECT_THAT(LineOf(text, "C "), MatchesRegex("C +across +13.78 pF +15.00 pF +\\+8.83 %"));
+    EXPECT_THAT(LineOf(text, "L "),
+                MatchesRegex("L +in series +137.83 nH +150.00 nH +\\+8.83 % +Inductance L"));
+    EXPECT_THAT(LineOf(text, "C "),
+                MatchesRegex("C +across +13.78 pF +15.00 pF +\\+8.83 % +Capacitance C"));
     EXPECT_THAT(LineOf(text, "R2"), HasSubstr("200.00 Ω"));
     EXPECT_THAT(LineOf(text, "loss_db"), HasSubstr("dB"));
+}
+
+/// A quarter wave at 100 MHz is 299.8 m / 100 / 4.
+TEST(Listing, SpeaksAsTheWindowDoes) {
+    const std::string text = ListingOf(Exported(DesignedState({"line", 6}, 100)), {});
+    EXPECT_THAT(LineOf(text, "l "), MatchesRegex("l +749.[45]. mm +Geometrical Length l"));
+    EXPECT_THAT(LineOf(text, "R1"), HasSubstr("Resistance R1"));
+    EXPECT_EQ(WithUnit("10.67u", "H"), "10.67 µH");
 }
 
 TEST(Listing, LeavesOutResistorsThatVanish) {

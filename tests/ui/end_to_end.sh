@@ -101,6 +101,7 @@ holds "$ini" R1=20.00
 # Nothing typed is lost when the process is asked to end.
 xdotool key --delay 50 ctrl+a
 xdotool type --delay 50 21
+sleep 0.6  # the keys have arrived, the pause before saving has not passed
 kill -TERM $pid
 ended
 holds "$ini" R1=21.00 fo=5.00M
@@ -121,6 +122,38 @@ sed -i 's/^R1=21.00/R1=42/' mine.ini
 start "$PWD/mine.ini"
 xdotool search --name "mine.ini" >/dev/null || { echo "no caption with the file's name"; exit 1; }
 holds "$ini" R1=42.00
+# All components rounded by one key: the file says how they are shown.
+xdotool key --delay 50 alt+a
+for _ in $(seq 50); do
+  grep -aq '^Shown on page 1=C1 standard .*; L standard ' "$ini" && break
+  sleep 0.1
+done
+grep -aq '^Shown on page 1=C1 standard ' "$ini" || { echo "nothing was rounded"; cat "$ini"; exit 1; }
+# A second instance says that one is running, and leaves its file alone.
+first=$pid
+"$program" nopt &
+pid=$!
+trap 'kill $first $pid 2>/dev/null' EXIT
+xdotool windowfocus --sync "$(box_other_than none)"
+xdotool key Return
+box_gone
+second=
+for _ in $(seq 100); do
+  second=$(xdotool search --onlyvisible --name "^Kelvro - Matching Network" | head -1)
+  [ -n "$second" ] && break
+  sleep 0.1
+done
+xdotool windowfocus --sync "$second"
+sleep 0.5
+xdotool key --delay 50 ctrl+a
+xdotool type --delay 50 77
+sleep 1.5
 xdotool key --delay 50 alt+x
 ended
+holds "$ini" R1=42.00
+pid=$first
+xdotool windowfocus --sync "$window"
+xdotool key --delay 50 alt+x
+ended
+holds "$ini" R1=42.00
 trap - EXIT
