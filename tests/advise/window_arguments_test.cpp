@@ -21,7 +21,7 @@ TEST(WindowArguments, OptionsAreNoKeywords) {
 TEST(WindowArguments, HelpAlignsWhatItTells) {
     const std::string help = WindowHelp();
     EXPECT_THAT(help, HasSubstr("  --no-splash  Show the window at once"));
-    EXPECT_THAT(help, HasSubstr("  FILE         Open a project"));
+    EXPECT_THAT(help, HasSubstr("  FILE         Open a design; a project"));
     EXPECT_THAT(help, HasSubstr("  CENTRE       Behind the accuracy"));
     EXPECT_THAT(help, HasSubstr(": dfp hessian "));
     EXPECT_THAT(help, HasSubstr(" thorough\n"));

@@ -27,8 +27,9 @@ namespace {
 
 enum Column { Best, Ladder, Gain, Parts, Worst, Mean, Yield, Standard, Elements, ColumnCount };
 
-constexpr QSize kLadderSize(150, 56);
-constexpr QSize kCurveSize(110, 56);
+constexpr QSize kLadderSize(130, 56);
+constexpr QSize kCurveSize(96, 56);
+constexpr int kElementsWidth = 150;  // at least
 constexpr int kShownDigits = 4;
 constexpr int kChoicesWidth = 300;
 constexpr double kSteps = 1000;  // of the progress bar
@@ -109,7 +110,7 @@ FindDialog::FindDialog(NetworkModel& model, LimitWatch& limit, QWidget* parent)
     connect(choices_, &SearchChoices::confirmed, this, &FindDialog::startOrStop);
     connect(&work_, &BackgroundWork::finished, this, &FindDialog::showState);
     connect(&limit_, &LimitWatch::changed, this, &FindDialog::showLimit);
-    resize(980, 520);
+    resize(1000, 520);
     model_.beginDrag(tr("Find networks"));
     limit_.setOn(true);
     showLimit();
@@ -160,7 +161,7 @@ QWidget* FindDialog::buildResults() {
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setTabKeyNavigation(false);
-    table_->setWordWrap(false);
+    table_->setWordWrap(true);
     table_->setColumnHidden(Standard, true);
     table_->resizeColumnsToContents();
     table_->horizontalHeader()->setStretchLastSection(true);
@@ -281,6 +282,9 @@ void FindDialog::showNetworks(Rating rating) {
     }
     table_->setColumnHidden(Standard, !standard);
     table_->resizeColumnsToContents();
+    // The last column takes what is left, and more lines instead of more width.
+    table_->setColumnWidth(Elements, kElementsWidth);
+    table_->horizontalHeader()->setStretchLastSection(true);
     table_->resizeRowsToContents();
     table_->horizontalHeaderItem(Yield)->setToolTip(
         tr("Builds that keep %1 dB").arg(DecibelText(rating.leastGT)));
