@@ -41,7 +41,8 @@ class TSDIAppForm : public QMainWindow {
     /// What follows the creation of all windows: settings, printer, command line, caption and the
     /// first calculation. `arguments` without the program's name.
     void startUp(const QStringList& arguments);
-    /// Opens the projects and measured data that the command line named, once the window stands.
+    /// Opens the projects and measured data that the command line named, once the window stands, or
+    /// the window that offers what a crash has left behind.
     void openNetworkFiles();
 
     /// Starts a program with the platform's means; false when it cannot be started.

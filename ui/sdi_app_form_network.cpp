@@ -38,6 +38,8 @@ void TSDIAppForm::NetworkExample1Click() {
 void TSDIAppForm::openNetworkFiles() {
     const QStringList files = std::exchange(networkFiles_, {});
     for (const QString& file : files) networkWindow()->openAny(file);
+    // The window asks whether to take it up again.
+    if (files.isEmpty() && NetworkWindow::leftBehind()) networkWindow();
 }
 
 }  // namespace kelvro

@@ -8,7 +8,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QLockFile>
 #include <QMenu>
+#include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
 #include <QScrollArea>
@@ -17,6 +19,7 @@
 #include <QStandardPaths>
 #include <QStyleOptionSlider>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <QtTest>
 #include <algorithm>
 #include <cmath>
@@ -280,6 +283,34 @@ class NetworkWindowTest : public QObject {
         QVERIFY(kept.network == first && !kept.shown);
         window.model().removeSnapshot(0);
         QVERIFY(window->windowTitle().contains('*'));
+    }
+
+    void whatAKilledProgramLeftIsOfferedAndThatOfARunningOneIsNot() {
+        const QTemporaryDir state;
+        qputenv("XDG_STATE_HOME", state.path().toLocal8Bit());
+        QVERIFY(QDir(state.path()).mkdir("kelvro"));
+        const QString file = state.filePath("kelvro/autosave.kelvro");
+        Project project;
+        project.network.source = 75.0;
+        QVERIFY(WriteProject(file.toStdString(), project).ok());
+        Host host;
+        {
+            QLockFile running(file + ".lock");
+            QVERIFY(running.tryLock() && !NetworkWindow::leftBehind());
+            NetworkWindow second(host);
+            second.show();
+            QTest::qWait(30);
+            QVERIFY(QFile::exists(file) && second.model().network() == StartNetwork());
+        }
+        QVERIFY(NetworkWindow::leftBehind());
+        NetworkWindow next(host);
+        const InDialog asked([](QWidget& box) {
+            dynamic_cast<QMessageBox&>(box).button(QMessageBox::Yes)->click();
+        });
+        next.show();
+        QTRY_COMPARE(next.model().network().source, Impedance(75.0));
+        QVERIFY(next.windowTitle().contains('*') && QFile::exists(file));
+        next.model().markSaved();
     }
 
     /// What was chosen or locked in another ladder is not to be looked for in the one that undo

@@ -9,6 +9,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLockFile>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
@@ -97,6 +98,8 @@ NetworkWindow::NetworkWindow(DesignHost& host, QWidget* parent)
 }
 
 NetworkWindow::~NetworkWindow() {
+    // Ended from outside before the pause was over.
+    if (autosaveTimer_->isActive()) autosave();
     // The views speak to the model once more when they lose the focus; it is to be there still.
     delete takeCentralWidget();
 }

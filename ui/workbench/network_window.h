@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <functional>
+#include <memory>
 
 #include "core/series.h"
 #include "io/data_files.h"
@@ -46,6 +47,8 @@ class NetworkWindow : public QMainWindow {
     /// A page's circuit as a step that can be undone, and as a document without a file.
     void takeDesign(const QString& caption, Network network);
     const QString& file() const { return file_; }
+    /// Has a program that was killed left a network behind, which a window shown would offer?
+    static bool leftBehind();
     /// Opens the search for the problem of a page, taken over like a design, with its losses.
     void findFor(const QString& caption, Network problem, const SearchLosses& losses);
 
@@ -112,6 +115,7 @@ class NetworkWindow : public QMainWindow {
     void rememberRecent(const QString& path);
     void fillRecent();
     void autosave();
+    QString autosaveFile();
     void offerAutosave();
     void restorePlace();
     void savePlace();
@@ -144,6 +148,8 @@ class NetworkWindow : public QMainWindow {
     QAction* redo_ = nullptr;
     class QMenu* recent_ = nullptr;
     class QTimer* autosaveTimer_ = nullptr;
+    std::unique_ptr<class QLockFile> autosaveLock_;
+    int autosaveSlot_ = 0;
     bool offered_ = false;  ///< what a crash left behind, once a run
 };
 

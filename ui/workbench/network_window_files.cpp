@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
+#include <QLockFile>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -45,6 +46,7 @@ namespace {
 constexpr QSize kPictureSize(1200, 700);
 constexpr double kClipboardScale = 2;  // pixels per logical pixel of a copied picture
 constexpr int kMostRecent = 8;
+constexpr int kMostPrograms = 99;
 constexpr char kProjectSuffix[] = ".kelvro";
 constexpr char kFilter[] = "Kelvro projects (*.kelvro)";
 
@@ -53,10 +55,21 @@ QSettings Remembered() {
                      QStringLiteral("windows"));
 }
 
-QString AutosaveFile() {
+/// Programs that run at once have a file each.
+QString AutosaveFile(int slot) {
     QString folder = qEnvironmentVariable("XDG_STATE_HOME");
     if (folder.isEmpty()) folder = QDir::homePath() + QStringLiteral("/.local/state");
-    return folder + QStringLiteral("/kelvro/autosave.kelvro");
+    folder += QStringLiteral("/kelvro");
+    QDir().mkpath(folder);
+    const QString number = slot == 0 ? QString() : QString::number(slot + 1);
+    return QStringLiteral("%1/autosave%2.kelvro").arg(folder, number);
+}
+
+/// Held by the program that writes the file; of one that was killed it does not count.
+std::unique_ptr<QLockFile> AutosaveLock(int slot) {
+    auto lock = std::make_unique<QLockFile>(AutosaveFile(slot) + QStringLiteral(".lock"));
+    lock->setStaleLockTime(0);
+    return lock->tryLock() ? std::move(lock) : nullptr;
 }
 
 std::filesystem::path PathOf(const QString& file) {
@@ -141,7 +154,7 @@ bool NetworkWindow::write(const QString& path) {
     file_ = path;
     model_.markSaved();
     rememberRecent(path);
-    QFile::remove(AutosaveFile());
+    QFile::remove(autosaveFile());
     showTitle();
     return true;
 }
@@ -201,23 +214,35 @@ void NetworkWindow::fillRecent() {
     if (files.isEmpty()) recent_->addAction(tr("none yet"))->setEnabled(false);
 }
 
+bool NetworkWindow::leftBehind() {
+    return QFile::exists(AutosaveFile(0)) && AutosaveLock(0);
+}
+
+/// The first that no running program has.
+QString NetworkWindow::autosaveFile() {
+    while (!autosaveLock_ && autosaveSlot_ < kMostPrograms) {
+        autosaveLock_ = AutosaveLock(autosaveSlot_);
+        if (!autosaveLock_) ++autosaveSlot_;
+    }
+    return AutosaveFile(autosaveSlot_);
+}
+
 void NetworkWindow::autosave() {
     if (!model_.modified()) return;
-    QDir().mkpath(QFileInfo(AutosaveFile()).path());
-    const Status written = WriteProject(PathOf(AutosaveFile()), present());
+    const Status written = WriteProject(PathOf(autosaveFile()), present());
     if (!written) statusBar()->showMessage(QString::fromStdString(written.message()));
 }
 
 /// What a crash or a power cut has left behind.
 void NetworkWindow::offerAutosave() {
-    if (!QFile::exists(AutosaveFile())) return;
+    if (!QFile::exists(autosaveFile())) return;
     QMessageBox box(QMessageBox::Question, tr("Network"),
                     tr("The program ended before a network was saved. Take it up again?"),
                     QMessageBox::Yes | QMessageBox::No, this);
     box.setObjectName(QStringLiteral("AutosaveBox"));
     const bool wanted = box.exec() == QMessageBox::Yes;
-    auto read = ReadProject(PathOf(AutosaveFile()));
-    QFile::remove(AutosaveFile());
+    auto read = ReadProject(PathOf(autosaveFile()));
+    QFile::remove(autosaveFile());
     if (!wanted) return;
     if (!read) return say(QString::fromStdString(read.message()));
     // Not saved anywhere yet: the change mark stands until it is.
@@ -225,6 +250,7 @@ void NetworkWindow::offerAutosave() {
     read->network = StartNetwork();
     takeOver(std::move(read).value());
     model_.take(tr("Take up the network of before"), network);
+    autosave();
 }
 
 void NetworkWindow::showEvent(QShowEvent* event) {
@@ -237,7 +263,7 @@ void NetworkWindow::closeEvent(QCloseEvent* event) {
     for (QDialog* dialog : findChildren<QDialog*>()) dialog->done(QDialog::Rejected);
     if (!mayDiscard()) return event->ignore();
     autosaveTimer_->stop();
-    QFile::remove(AutosaveFile());
+    QFile::remove(autosaveFile());
     savePlace();
     event->accept();
 }
