@@ -27,7 +27,7 @@ holds() {
   shift
   for line in "$@"; do
     for _ in $(seq 50); do
-      tr -d '\r' <"$file" 2>/dev/null | grep -qxF "$line" && continue 2
+      [ -f "$file" ] && tr -d '\r' <"$file" | grep -qxF "$line" && continue 2
       sleep 0.1
     done
     echo "no line $line in $file"
@@ -85,6 +85,14 @@ start
 xdotool key --delay 50 Tab Tab
 xdotool type --delay 50 "5 MHz"
 holds "$ini" fo=5.00M R1=50.00 R2=200.00 Typ=1
+# A click selects all of it, so that what is typed takes the place of the text.
+xdotool key --delay 50 Tab
+xdotool mousemove --window "$window" 170 163 click 1
+xdotool type --delay 50 433.92M
+holds "$ini" fo=433.92M
+xdotool key --delay 50 ctrl+a
+xdotool type --delay 50 5M
+holds "$ini" fo=5.00M
 # The refusal of 300 > 200 lets the fourth digit through, and Escape closes the second one.
 xdotool key --delay 50 shift+Tab shift+Tab
 xdotool type --delay 50 300

@@ -19,14 +19,10 @@
 
 using namespace kelvro;
 
-namespace {
-
 /// Moves the mouse where no control shows a hint.
-void LeaveControls(FormFixture& f) {
+static void LeaveControls(FormFixture& f) {
     QTest::mouseMove(&f.find<QWidget>("StatusBar"));
 }
-
-}  // namespace
 
 class MainFormTest : public QObject {
     Q_OBJECT
