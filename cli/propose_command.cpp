@@ -1,7 +1,9 @@
 #include <CLI/Option.hpp>
 #include <CLI/Validators.hpp>
+#include <algorithm>
 #include <map>
 
+#include "advise/network_proposal.h"
 #include "advise/proposal.h"
 #include "cli/commands.h"
 #include "cli/design_options.h"
@@ -9,6 +11,7 @@
 #include "design/pages.h"
 #include "io/json_output.h"
 #include "io/text_table.h"
+#include "network/network_text.h"
 #include "optimize/page_optimizer.h"
 
 namespace kelvro {
@@ -24,6 +27,7 @@ struct ProposeOptions {
     std::string bandwidth;
     std::string dc = "any";
     bool all = false;
+    bool search = false;
     bool json = false;
 };
 
@@ -61,6 +65,31 @@ Json JsonPassband(const std::optional<Passband>& band) {
             {"width", JsonNumber(band->width())}};
 }
 
+/// What pages and found networks have in common.
+Json JsonCircuit(const RankedCircuit& circuit) {
+    return {{"score", JsonNumber(circuit.score)},
+            {"gt_db", JsonOptional(circuit.gtDb)},
+            {"v", circuit.gtDb ? JsonNumber(circuit.v) : Json(nullptr)},
+            {"passband", JsonPassband(circuit.passband)},
+            {"second_harmonic_db", JsonOptional(circuit.secondHarmonicDb)},
+            {"parts", circuit.parts},
+            {"smallest", JsonPart(circuit.smallest)},
+            {"largest", JsonPart(circuit.largest)},
+            {"practical", circuit.practical}};
+}
+
+Json JsonProposal(const NetworkProposal& proposal) {
+    Json document = {{"page", nullptr},
+                     {"title", Title(proposal)},
+                     {"suited", true},
+                     {"reason", proposal.reason}};
+    for (const LadderElement& element : proposal.found.network.ladder) {
+        document["elements"].push_back(ElementText(element));
+    }
+    document.update(JsonCircuit(proposal));
+    return document;
+}
+
 Json JsonProposal(const Proposal& proposal) {
     const Page& page = PageOf(proposal.page);
     Json document = {{"page", page.number},        {"key", page.key},
@@ -68,33 +97,57 @@ Json JsonProposal(const Proposal& proposal) {
                      {"reason", proposal.reason},  {"swap_lc", proposal.LCSwapped},
                      {"switch_r", proposal.turned}};
     if (!proposal.suited) return document;
-    document.update({{"score", JsonNumber(proposal.score)},
-                     {"gt_db", JsonOptional(proposal.gtDb)},
-                     {"v", proposal.gtDb ? JsonNumber(proposal.v) : Json(nullptr)},
-                     {"passband", JsonPassband(proposal.passband)},
-                     {"second_harmonic_db", JsonOptional(proposal.secondHarmonicDb)},
-                     {"parts", proposal.parts},
-                     {"smallest", JsonPart(proposal.smallest)},
-                     {"largest", JsonPart(proposal.largest)},
-                     {"practical", proposal.practical}});
+    document.update(JsonCircuit(proposal));
     return document;
 }
 
-std::string HumanProposals(const std::vector<Proposal>& proposals) {
+/// A page or a found network in the ranking.
+struct Ranked {
+    const RankedCircuit* circuit;
+    std::string title;
+    bool suited;
+    Json json;
+};
+
+std::vector<Ranked> RankedOf(const std::vector<Proposal>& pages,
+                             const std::vector<NetworkProposal>& networks) {
+    std::vector<Ranked> ranked;
+    for (const Proposal& page : pages) {
+        ranked.push_back({&page, Title(page), page.suited, JsonProposal(page)});
+    }
+    for (const NetworkProposal& network : networks) {
+        ranked.push_back({&network, Title(network), true, JsonProposal(network)});
+    }
+    std::ranges::stable_sort(ranked, [](const Ranked& a, const Ranked& b) {
+        return a.suited != b.suited ? a.suited : a.circuit->score > b.circuit->score;
+    });
+    return ranked;
+}
+
+std::string HumanProposals(const std::vector<Ranked>& proposals) {
     std::vector<std::vector<std::string>> rows = {
         {"", "page", "GT/dB", "-3 dB band", "smallest", "largest", "practical"}};
     int rank = 0;
-    for (const Proposal& p : proposals) {
-        if (!p.suited) continue;
-        rows.push_back({std::to_string(++rank) + ".", Title(p),
+    for (const Ranked& ranked : proposals) {
+        if (!ranked.suited) continue;
+        const RankedCircuit& p = *ranked.circuit;
+        rows.push_back({std::to_string(++rank) + ".", ranked.title,
                         p.gtDb ? FormatFixed(6, 2, *p.gtDb) : "-",
                         p.passband ? FormatQuantity(2, p.passband->width(), "Hz") : "-",
                         p.smallest ? p.smallest->text() : "-", p.largest ? p.largest->text() : "-",
                         p.practical ? "yes" : "no"});
     }
     std::string text = rank > 0 ? AlignedTable(rows) + '\n' : "";
-    for (const Proposal& p : proposals) text += Title(p) + ": " + p.reason + '\n';
+    for (const Ranked& p : proposals) text += p.title + ": " + p.circuit->reason + '\n';
     return text;
+}
+
+/// Found networks; none where the wishes are for what the search does not find.
+std::vector<NetworkProposal> Searched(const Design& state, const Wishes& wishes) {
+    const auto search = SearchFor(state, wishes);
+    if (!search) return {};
+    const auto found = SearchNetworks(search->problem, search->options);
+    return found ? ProposeNetworks(*search, found->networks) : std::vector<NetworkProposal>();
 }
 
 ExitCode ReportProposals(const ProposeOptions& options, Session& session) {
@@ -102,14 +155,17 @@ ExitCode ReportProposals(const ProposeOptions& options, Session& session) {
     if (!prepared) return session.fail(prepared.status());
     OptimizerServices services({.disabled = options.inputs->noOptimize});
     auto proposals = Propose(*prepared, WishesOf(options), services);
-    const bool any = !proposals.empty() && proposals.front().suited;
+    const auto networks =
+        options.search ? Searched(*prepared, WishesOf(options)) : std::vector<NetworkProposal>();
+    const bool any = !networks.empty() || (!proposals.empty() && proposals.front().suited);
     if (!options.all) std::erase_if(proposals, [](const Proposal& p) { return !p.suited; });
+    const std::vector<Ranked> ranked = RankedOf(proposals, networks);
     if (options.json) {
         Json document = Json::array();
-        for (const Proposal& proposal : proposals) document.push_back(JsonProposal(proposal));
+        for (const Ranked& proposal : ranked) document.push_back(proposal.json);
         session.out << JsonText(document);
     } else {
-        session.out << HumanProposals(proposals);
+        session.out << HumanProposals(ranked);
     }
     if (any) return ExitCode::Done;
     return session.fail({ExitCode::Refused, "no page suits these wishes; --all tells why"});
@@ -139,6 +195,8 @@ void AddProposeCommand(CLI::App& app, Session& session) {
     command->add_flag("--resistive", wishes.resistive, "Resistive pad")->group(group);
     command->add_flag("--amplifier", wishes.amplifierStage, "Amplifier stage")->group(group);
     command->add_flag("--all", options->all, "Show unsuited pages too, with the reason");
+    command->add_flag("--search", options->search,
+                      "Rank the best ladders of up to four parts beside the pages");
     command->add_flag("--json", options->json, "Write JSON");
     command->callback([&session, options] { session.status = ReportProposals(*options, session); });
 }

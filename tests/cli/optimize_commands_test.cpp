@@ -119,6 +119,26 @@ TEST(OptimizeCommandTest, CarriesTheRunOutWhereItsReportCannotBeWritten) {
     EXPECT_EQ(full.err.find("kelvro-cli: /dev/full: "), 0U) << full.err;
 }
 
+TEST(ProposeCommandTest, NetworksOfTheSearchStandAmongThePages) {
+    std::vector<std::string> args = {"propose", "--r1", "50", "--r2", "200", "--json"};
+    const auto pages = nlohmann::json::parse(RunWith(args).out);
+    args.emplace_back("--search");
+    auto both = nlohmann::json::parse(RunWith(args).out);
+    double last = 1e9;
+    std::size_t networks = 0;
+    for (const auto& proposal : both) {
+        EXPECT_LE(proposal["score"], last);
+        last = proposal["score"];
+        if (!proposal["page"].is_null()) continue;
+        ++networks;
+        EXPECT_LE(proposal["elements"].size(), proposal["parts"]);
+    }
+    EXPECT_EQ(networks, 3U);
+    std::erase_if(both.get_ref<nlohmann::json::array_t&>(),
+                  [](const auto& proposal) { return proposal["page"].is_null(); });
+    EXPECT_EQ(both, pages);
+}
+
 TEST(ProposeCommandTest, SaysWhenNoPageSuits) {
     const Output output = RunWith({"propose", "--resistive", "--harmonics"});
     EXPECT_EQ(output.code, 3);
