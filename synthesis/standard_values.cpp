@@ -121,6 +121,7 @@ Result<std::vector<double>> Selection::valuesFor(const Part& part) const {
 Status Selection::prepare() {
     const auto& tunables = tuned_.tunables();
     for (std::size_t i = 0; i < tunables.size(); ++i) {
+        if (std::ranges::count(options_.locked, tunables[i]) > 0) continue;
         const Part* part = PartAt(network_.ladder, tunables[i]);
         const bool value = part && tunables[i].quantity == Tunable::Quantity::PartValue;
         if (value && part->value > 0) {

@@ -3,6 +3,7 @@
 #include "core/result.h"
 #include "core/series.h"
 #include "network/network.h"
+#include "network/tunable.h"
 #include "synthesis/owned_parts.h"
 #include "synthesis/value_limits.h"
 
@@ -18,6 +19,7 @@ struct StandardOptions {
     OwnedParts owned = {};        ///< a list that is not empty counts instead of the series
     ValueLimits inductance = {};  ///< values beyond them are not chosen
     ValueLimits capacitance = {};
+    std::vector<Tunable> locked = {};  ///< numbers that stay where they are
     bool operator==(const StandardOptions&) const = default;
 };
 

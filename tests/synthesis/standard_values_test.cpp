@@ -49,6 +49,19 @@ TEST(StandardValuesTest, AFinerSeriesIsNeverWorseThanOneItContains) {
     }
 }
 
+TEST(StandardValuesTest, WhatIsLockedStaysAndTheOthersMakeUpForIt) {
+    Network network = FourParts();
+    const auto tunables = TunablesOf(network.ladder);
+    SetValue(network.ladder, tunables[0], 20.5e-9);
+    const auto found = WithStandardValues(network, {.locked = {tunables[0]}});
+    ASSERT_TRUE(found) << found.message();
+    const auto values = ValuesIn(found->network);
+    EXPECT_EQ(values[0], 20.5e-9);
+    EXPECT_EQ(values[3], 1.8e-12);
+    EXPECT_GT(Decibels(found->worstGT), -0.95);
+    EXPECT_FALSE(WithStandardValues(network, {.locked = tunables}));
+}
+
 TEST(StandardValuesTest, WhatStaysFreeIsOptimizedAnew) {
     const auto found =
         WithStandardValues(FourParts(), {.inductors = Series::None, .capacitors = Series::E12});

@@ -70,7 +70,12 @@ void StandardDialog::done(int result) {
 }
 
 void StandardDialog::choose() {
-    const auto options = series_->options();
+    auto options = series_->options();
+    if (options) {
+        for (const Tunable& at : TunablesOf(start_.ladder)) {
+            if (model_.locked(at)) options->locked.push_back(at);
+        }
+    }
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto chosen = options ? WithStandardValues(start_, *options)
                                 : Result<StandardNetwork>(Status::Failure(
