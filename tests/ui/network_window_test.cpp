@@ -207,6 +207,8 @@ class NetworkWindowTest : public QObject {
         QVERIFY(table.item(3, 2)->font().bold() && !table.item(4, 2)->font().bold());
         auto& plot = window.find<SweepView>("Plot1");
         QCOMPARE(plot.picture().curves.size(), std::size_t(2));
+        window.trigger("NetworkDark");
+        QVERIFY(plot.picture().dark);
         table.item(0, 2)->setCheckState(Qt::Unchecked);
         QCOMPARE(plot.picture().curves.size(), std::size_t(1));
         // Undo brings them back as they were, with names of its own.

@@ -255,8 +255,8 @@ void NetworkWindow::buildViewMenu() {
     });
     addToggle(view, "NetworkDark", tr("&Dark Chart"),
               palette().color(QPalette::Window).lightness() < 128,
-              [this](bool on) { chart_->setDark(on); });
-    chart_->setDark(palette().color(QPalette::Window).lightness() < 128);
+              [this](bool on) { setDark(on); });
+    setDark(palette().color(QPalette::Window).lightness() < 128);
     addCircles(view);
     view.addSeparator();
     add(view, "NetworkFit", tr("&Fit"), QKeySequence(Qt::Key_Home), [this] {
@@ -366,9 +366,14 @@ void NetworkWindow::chooseSeries(Series series) {
     ladder_->setSeries(standard);
 }
 
+void NetworkWindow::setDark(bool dark) {
+    chart_->setDark(dark);
+    for (SweepView* plot : plots_) plot->setDark(dark);
+}
+
 void NetworkWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange && chart_)
-        chart_->setDark(palette().color(QPalette::Window).lightness() < 128);
+        setDark(palette().color(QPalette::Window).lightness() < 128);
     QMainWindow::changeEvent(event);
 }
 

@@ -109,6 +109,7 @@ class NetworkWindow : public QMainWindow {
     void applyFrequency();
     void applyBands();
     void chooseSeries(Series series);
+    void setDark(bool dark);
     /// False when the user wants to keep what is not saved.
     bool mayDiscard();
     bool write(const QString& path);

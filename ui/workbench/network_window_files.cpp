@@ -352,7 +352,9 @@ void NetworkWindow::paintAll(QPainter& painter, QSize size) {
     for (std::size_t i = 0; i < plots_.size(); ++i) {
         painter.save();
         painter.translate(chartWidth, static_cast<int>(i) * plot.height());
-        FramePainter().draw(painter, plot, plots_[i]->picture());
+        Picture curves = plots_[i]->picture();
+        curves.dark = false;
+        FramePainter().draw(painter, plot, curves);
         painter.restore();
     }
 }

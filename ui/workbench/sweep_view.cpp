@@ -116,6 +116,11 @@ void SweepView::setMarkers(std::vector<double> markers) {
     rebuild();
 }
 
+void SweepView::setDark(bool dark) {
+    dark_ = dark;
+    rebuild();
+}
+
 void SweepView::fit() {
     zoomed_.reset();
     rebuild();
@@ -139,7 +144,9 @@ void SweepView::rebuild() {
         plot.networks.push_back(
             {&snapshot.network, snapshot.name.toStdString(), snapshot.colour, true});
     }
-    image_->setPicture(NetworkPicture(plot));
+    Picture picture = NetworkPicture(plot);
+    picture.dark = dark_;
+    image_->setPicture(std::move(picture));
     showMarkers();
 }
 

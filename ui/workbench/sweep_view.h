@@ -31,6 +31,7 @@ class SweepView : public QWidget {
     void setLimit(std::optional<double> dB, bool estimate);
     const std::vector<double>& markers() const { return markers_; }
     void setMarkers(std::vector<double> markers);
+    void setDark(bool dark);
     void fit();
 
   signals:
@@ -55,6 +56,7 @@ class SweepView : public QWidget {
     std::optional<FrequencyBand> zoomed_;
     std::optional<double> limitDb_;
     bool limitIsEstimate_ = false;
+    bool dark_ = false;
     std::vector<double> markers_;
 };
 
