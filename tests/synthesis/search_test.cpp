@@ -308,6 +308,29 @@ TEST(SearchTest, NothingFoundSurpassesTheLimit) {
     }
 }
 
+/// A band that is not narrow: another L section than the best at its centre may win.
+TEST(SearchTest, IsNeverBelowTheExactMatchesOfOneFrequency) {
+    UniformStream random(11);
+    const auto termination = [&random] {
+        const double R = 5 * std::pow(40, random.next());
+        return std::complex<double>(R, R * (4 * random.next() - 2));
+    };
+    for (int i = 0; i < 10; ++i) {
+        Network problem;
+        problem.source = termination();
+        problem.load = termination();
+        problem.bands = {{90e6, 110e6}};
+        const auto exact = ExactMatches(problem.source, problem.load, 100e6);
+        ASSERT_TRUE(exact) << exact.message();
+        const double best = BestGT(Found(problem, {.mostParts = 2}), 2);
+        for (const ExactMatch& match : *exact) {
+            Network network = match.network;
+            network.bands = problem.bands;
+            EXPECT_GE(best, WorstOf(network, 101) * (1 - 1e-6)) << "problem " << i;
+        }
+    }
+}
+
 TEST(SearchTest, ItEndsWhenAskedToAndKeepsWhatItHas) {
     std::size_t networks = 0;
     const auto stopAfterTwo = [&](const SearchProgress& progress) {
