@@ -46,14 +46,16 @@ std::vector<FramePainter::Mark> PlaceMarks(const QFont& font, const Picture& pic
     for (const LevelMark& mark : picture.marks) {
         if (!(mark.y >= axis.min && mark.y <= axis.max)) continue;
         const int row = frame.yPixel(mark.y);
-        const QFont fitting = MarkFont(font, ToText(mark.label));
+        const QString text = ToText(mark.label);
+        const QFont fitting = mark.sentence ? font : MarkFont(font, text);
+        const double width =
+            mark.sentence ? QFontMetricsF(font).horizontalAdvance(text) + kGap : kMarkLabel;
         const double height = QFontMetricsF(fitting).capHeight();
         double baseline = row - 3;
         if (baseline - height < lastBaseline + 1) {
             baseline = std::max(row + 3.0, lastBaseline + 2) + height;
         }
-        const QRectF box(frame.plot.right - kMarkLabel, baseline - height - 1, kMarkLabel,
-                         height + 2);
+        const QRectF box(frame.plot.right - width, baseline - height - 1, width, height + 2);
         placed.push_back({mark, row, fitting, baseline, box});
         lastBaseline = baseline;
     }

@@ -194,7 +194,8 @@ Picture NetworkPicture(const NetworkPlot& plot) {
                                  plot.limitIsEstimate ? "limit of lossless networks, estimated"
                                                       : "no lossless network does better",
                                  {200, 0, 0},
-                                 {200, 0, 0}});
+                                 {200, 0, 0},
+                                 true});
     return picture;
 }
 

@@ -50,6 +50,7 @@ struct LevelMark {
     std::string label;
     Rgb lineColour;
     Rgb labelColour;
+    bool sentence = false;  ///< the label is as wide as it needs; others fit beside the border
 };
 
 /// A numbered pointer to a place on a curve.
