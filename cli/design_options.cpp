@@ -199,7 +199,7 @@ std::string NumberProblem(const std::string& text) {
 }
 
 std::string PositiveNumberProblem(const std::string& text) {
-    const std::string problem = NumberProblem(text);
+    std::string problem = NumberProblem(text);
     if (!problem.empty()) return problem;
     return ParseValue(text) > 0 ? "" : "'" + text + "' is not above 0";
 }

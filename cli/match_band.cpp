@@ -179,6 +179,7 @@ void AddMatchBandOptions(CLI::App& command, MatchBandOptions& options) {
         ->capture_default_str()
         ->group(group);
     std::vector<std::string> kinds;
+    kinds.reserve(std::size(kKinds));
     for (const auto& [name, member] : kKinds) kinds.push_back(name);
     command.add_option("--kinds", options.kinds, "What it may be made of")
         ->delimiter(',')

@@ -112,6 +112,7 @@ struct Ranked {
 std::vector<Ranked> RankedOf(const std::vector<Proposal>& pages,
                              const std::vector<NetworkProposal>& networks) {
     std::vector<Ranked> ranked;
+    ranked.reserve(pages.size() + networks.size());
     for (const Proposal& page : pages) {
         ranked.push_back({&page, Title(page), page.suited, JsonProposal(page)});
     }

@@ -24,7 +24,7 @@ Result<std::shared_ptr<const PortData>> DataFiles::load(std::string_view file) {
     return data;
 }
 
-void DataFiles::add(std::shared_ptr<const PortData> data) {
+void DataFiles::add(const std::shared_ptr<const PortData>& data) {
     known_.insert_or_assign(data->name, Known{data, {}});
 }
 

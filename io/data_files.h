@@ -23,7 +23,7 @@ class DataFiles {
     }
 
     /// Data that came some other way under this name; no file takes their place.
-    void add(std::shared_ptr<const PortData> data);
+    void add(const std::shared_ptr<const PortData>& data);
     /// Nothing is known any more.
     void clear() { known_.clear(); }
     /// Would who reads the file of this name get these data?

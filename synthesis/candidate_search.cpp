@@ -138,6 +138,7 @@ std::vector<ScreenedLadder> CandidateSearch::screen(const Stages& topology,
     }
     advance(points, topology, *box, 200, 1e-6, kSolutions);
     std::vector<ScreenedLadder> solved;
+    solved.reserve(points.size());
     for (MaxMinPoint& point : points) {
         solved.push_back({{topology, std::move(point.x)}, point.worst});
     }

@@ -97,7 +97,7 @@ class TSDIAppForm : public QMainWindow {
     QWidget* buildNotebook();
     QWidget* buildButtons();
     /// Key that leads `step` pages on.
-    void addPageKey(QKeySequence key, int step);
+    void addPageKey(const QKeySequence& key, int step);
     void enterPage();
     void showResult(const CycleResult& result);
     QStringList achievedTexts() const;

@@ -143,7 +143,7 @@ QWidget* TSDIAppForm::buildNotebook() {
     return whole;
 }
 
-void TSDIAppForm::addPageKey(QKeySequence key, int step) {
+void TSDIAppForm::addPageKey(const QKeySequence& key, int step) {
     auto* shortcut = new QShortcut(key, this);
     connect(shortcut, &QShortcut::activated, this, [this, step] {
         const int index = tabs_->currentIndex() + step;

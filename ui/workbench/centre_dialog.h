@@ -7,6 +7,7 @@
 #include "ui/workbench/background_work.h"
 #include "ui/workbench/network_model.h"
 
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -29,7 +30,7 @@ class CentreDialog : public QDialog {
     void reject() override;
 
   private:
-    QLineEdit* addEdit(class QFormLayout& form, const char* name, const QString& caption,
+    QLineEdit* addEdit(QFormLayout& form, const char* name, const QString& caption,
                        const QString& text);
     /// The fields; a failure names the one that cannot be read.
     Result<YieldOptions> options() const;

@@ -264,10 +264,12 @@ void LadderPanel::itemEdited(QListWidgetItem* item) {
 
 void LadderPanel::rowsMoved() {
     std::vector<std::size_t> order;
+    order.reserve(static_cast<std::size_t>(list_->count()));
     for (int i = 0; i < list_->count(); ++i)
         order.push_back(static_cast<std::size_t>(list_->item(i)->data(Qt::UserRole).toInt()));
     model_.edit(tr("Move element"), [&](Network& network) {
         std::vector<LadderElement> ladder;
+        ladder.reserve(order.size());
         for (const std::size_t from : order) ladder.push_back(network.ladder.at(from));
         network.ladder = std::move(ladder);
     });

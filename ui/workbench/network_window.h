@@ -12,8 +12,13 @@
 class QAction;
 class QLabel;
 class QLineEdit;
+class QLockFile;
+class QMenu;
+class QPainter;
 class QSplitter;
 class QTableWidget;
+class QTableWidgetItem;
+class QTimer;
 
 namespace kelvro {
 
@@ -87,25 +92,25 @@ class NetworkWindow : public QMainWindow {
 
   private:
     void buildMenus();
-    void addSearchActions(class QMenu& menu);
+    void addSearchActions(QMenu& menu);
     void buildFileMenu();
     void buildEditMenu();
     void buildNetworkMenu();
     void buildViewMenu();
-    void addCircles(class QMenu& view);
+    void addCircles(QMenu& view);
     void buildContents();
     QWidget* buildNetworkSide();
     QWidget* buildPlotSide();
     QWidget* buildSnapshots();
-    QAction* add(class QMenu& menu, const char* object, const QString& text,
-                 const QKeySequence& key, const std::function<void()>& run);
-    void addToggle(class QMenu& menu, const char* object, const QString& text, bool on,
+    QAction* add(QMenu& menu, const char* object, const QString& text, const QKeySequence& key,
+                 const std::function<void()>& run);
+    void addToggle(QMenu& menu, const char* object, const QString& text, bool on,
                    const std::function<void(bool)>& run);
     void showModel();
     void showTitle();
     struct Column;
     void showSnapshots();
-    void showVariant(class QTableWidgetItem& head, const Snapshot* snapshot);
+    void showVariant(QTableWidgetItem& head, const Snapshot* snapshot);
     void applyFrequency();
     void applyBands();
     void chooseSeries(Series series);
@@ -122,7 +127,7 @@ class NetworkWindow : public QMainWindow {
     void savePlace();
     QStringList circlesFromUser(const QString& title, const QString& label, const QString& present);
     /// What pictures, copies and prints show: chart and plots side by side.
-    void paintAll(class QPainter& painter, QSize size);
+    void paintAll(QPainter& painter, QSize size);
     void say(const QString& text) { message_(text); }
     /// The project as it is on the screen, snapshots included.
     Project present() const;
@@ -147,9 +152,9 @@ class NetworkWindow : public QMainWindow {
     QLabel* problem_ = nullptr;
     QAction* undo_ = nullptr;
     QAction* redo_ = nullptr;
-    class QMenu* recent_ = nullptr;
-    class QTimer* autosaveTimer_ = nullptr;
-    std::unique_ptr<class QLockFile> autosaveLock_;
+    QMenu* recent_ = nullptr;
+    QTimer* autosaveTimer_ = nullptr;
+    std::unique_ptr<QLockFile> autosaveLock_;
     int autosaveSlot_ = 0;
     bool offered_ = false;  ///< what a crash left behind, once a run
 };
