@@ -15,7 +15,7 @@ namespace kelvro {
 namespace {
 
 /// Digits of the values in texts; JSON has all of them beside.
-constexpr int kShownDigits = 5;
+constexpr int kExactDigits = 5;
 
 const std::map<std::string, MatchTopology> kTopologies = {
     {"l", MatchTopology::L}, {"pi", MatchTopology::Pi}, {"t", MatchTopology::T}};
@@ -49,7 +49,7 @@ Json JsonMatch(const ExactMatch& match) {
     Json elements = Json::array();
     Json values = Json::array();
     for (const LadderElement& element : match.network.ladder) {
-        elements.push_back(ElementText(element, kShownDigits));
+        elements.push_back(ElementText(element, kExactDigits));
         values.push_back(JsonValue(element));
     }
     return {{"elements", elements},
@@ -68,7 +68,7 @@ std::string HumanMatches(const std::vector<ExactMatch>& matches) {
         const ExactMatch& match = matches[i];
         std::string elements;
         for (const LadderElement& element : match.network.ladder) {
-            elements += (elements.empty() ? "" : "; ") + ElementText(element, kShownDigits);
+            elements += (elements.empty() ? "" : "; ") + ElementText(element, kExactDigits);
         }
         const auto edge = [](double f) { return f > 0 ? FormatQuantity(3, f, "Hz") : "DC"; };
         rows.push_back({std::to_string(i + 1) + '.',

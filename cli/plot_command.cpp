@@ -20,7 +20,7 @@ namespace kelvro {
 
 namespace {
 
-constexpr int kMostRuns = 10'000;
+constexpr int kMostDrawnRuns = 10'000;
 constexpr int kSmallestSide = 100;
 constexpr int kLargestSide = 10'000;
 /// As in the window: a range that is set by hand has fifty steps.
@@ -183,7 +183,7 @@ void AddPlotCommand(CLI::App& app, Session& session) {
         ->check(SizeProblem)
         ->type_name("WxH");
     command->add_option("--mc", options->runs, "Monte Carlo runs drawn behind the curve")
-        ->check(CLI::Range(0, kMostRuns));
+        ->check(CLI::Range(0, kMostDrawnRuns));
     AddToleranceOptions(*command, options->tolerance);
     command->add_flag("--envelope", options->envelope,
                       "Within what the runs lie: all, nine tenths, median");

@@ -18,7 +18,7 @@ namespace kelvro {
 
 namespace {
 
-const std::map<std::string, Wishes::Dc> kDcWishes = {
+const std::map<std::string, Wishes::Dc> kDcChoices = {
     {"any", Wishes::Dc::Any}, {"pass", Wishes::Dc::Pass}, {"block", Wishes::Dc::Block}};
 
 struct ProposeOptions {
@@ -42,7 +42,7 @@ Wishes WishesOf(const ProposeOptions& options) {
     wishes.Q = given("q");
     wishes.voltageRatio = given("v");
     if (!options.bandwidth.empty()) wishes.bandwidth = ParseValue(options.bandwidth);
-    wishes.dc = kDcWishes.at(options.dc);
+    wishes.dc = kDcChoices.at(options.dc);
     return wishes;
 }
 
@@ -188,7 +188,7 @@ void AddProposeCommand(CLI::App& app, Session& session) {
         ->excludes("--q")
         ->group(group);
     command->add_option("--dc", options->dc, "DC from source to load: any, pass or block")
-        ->check(CLI::IsMember(kDcWishes))
+        ->check(CLI::IsMember(kDcChoices))
         ->type_name("PATH")
         ->group(group);
     command->add_flag("--harmonics", wishes.suppressHarmonics, "Suppress harmonics")->group(group);

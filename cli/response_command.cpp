@@ -10,7 +10,7 @@ namespace kelvro {
 
 namespace {
 
-struct SweepOptions {
+struct ResponseOptions {
     std::shared_ptr<DesignOptions> design;
     std::string from;
     std::string to;
@@ -18,10 +18,10 @@ struct SweepOptions {
     bool linear = false;
 };
 
-constexpr int kMostPoints = 10'000'000;
+constexpr int kMostFrequencies = 10'000'000;
 
 /// The i-th of n frequencies; both ends come out exactly.
-double Frequency(const SweepOptions& sweep, double from, double to, int i) {
+double Frequency(const ResponseOptions& sweep, double from, double to, int i) {
     if (i == 0) return from;
     if (i == sweep.points - 1) return to;
     const double part = static_cast<double>(i) / (sweep.points - 1);
@@ -37,7 +37,7 @@ Json JsonRow(const TraceSource& source, double f) {
     return row;
 }
 
-Status Checked(const SweepOptions& sweep, double from, double to) {
+Status Checked(const ResponseOptions& sweep, double from, double to) {
     for (const auto& [name, f] : {std::pair{"--from", from}, std::pair{"--to", to}}) {
         if (!std::isfinite(f)) return Status::Failure(std::string(name) + ": too large");
         if (!sweep.linear && !(f > 0)) {
@@ -48,7 +48,7 @@ Status Checked(const SweepOptions& sweep, double from, double to) {
     return {};
 }
 
-ExitCode ReportResponse(const SweepOptions& sweep, Session& session) {
+ExitCode ReportResponse(const ResponseOptions& sweep, Session& session) {
     const double from = ParseValue(sweep.from);
     const double to = ParseValue(sweep.to);
     if (const Status range = Checked(sweep, from, to); !range) {
@@ -75,7 +75,7 @@ ExitCode ReportResponse(const SweepOptions& sweep, Session& session) {
 
 void AddResponseCommand(CLI::App& app, Session& session) {
     CLI::App* command = app.add_subcommand("response", "Frequency response of a design as CSV");
-    auto sweep = std::make_shared<SweepOptions>();
+    auto sweep = std::make_shared<ResponseOptions>();
     sweep->design = AddDesignOptions(*command);
     AddJsonOption(*command, *sweep->design);
     command->add_option("--from", sweep->from, "First frequency (Hz)")
@@ -88,7 +88,7 @@ void AddResponseCommand(CLI::App& app, Session& session) {
         ->type_name("NUMBER");
     command->add_option("--points", sweep->points, "Number of frequencies")
         ->capture_default_str()
-        ->check(CLI::Range(2, kMostPoints));
+        ->check(CLI::Range(2, kMostFrequencies));
     command->add_flag("--linear", sweep->linear, "Equal steps instead of equal ratios");
     command->callback([&session, sweep] { session.status = ReportResponse(*sweep, session); });
 }

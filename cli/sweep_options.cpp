@@ -34,7 +34,7 @@ FrequencyRange UsualRange(const Network& network) {
     return covered ? FrequencyRange{covered->low, covered->high} : FrequencyRange{};
 }
 
-std::vector<double> Spread(const FrequencyRange& range, int points, bool linear) {
+std::vector<double> Spaced(const FrequencyRange& range, int points, bool linear) {
     std::vector<double> f(static_cast<std::size_t>(points), range.to);
     for (int i = 0; i + 1 < points; ++i) {
         const double part = static_cast<double>(i) / (points - 1);
@@ -79,7 +79,7 @@ Outcome<std::vector<double>> FrequenciesOf(const SweepOptions& options, const Ne
     if (const Status covered = CheckRange(network, range.from, range.to); !covered) {
         return Problem{ExitCode::Refused, covered.message()};
     }
-    return Spread(range, points, given.linear);
+    return Spaced(range, points, given.linear);
 }
 
 }  // namespace kelvro

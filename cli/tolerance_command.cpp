@@ -29,7 +29,7 @@ struct Analysis {
     ToleranceReport report;
 };
 
-std::string Decibels(double value) {
+std::string DecibelText(double value) {
     return FormatFixed(8, 3, value) + " dB";
 }
 
@@ -81,13 +81,13 @@ std::string Text(const Analysis& analysis) {
     const Spread& gain = analysis.report.gain;
     const auto good = static_cast<int>(std::lround(gain.yield * static_cast<double>(gain.count)));
     std::vector<std::vector<std::string>> rows{
-        {"Nominal", Decibels(analysis.report.nominalGain)},
-        {"Minimum", Decibels(gain.min)},
-        {"5 percentile", Decibels(gain.percentile5)},
-        {"Mean", Decibels(gain.mean)},
-        {"95 percentile", Decibels(gain.percentile95)},
-        {"Maximum", Decibels(gain.max)},
-        {"Standard deviation", Decibels(gain.deviation)},
+        {"Nominal", DecibelText(analysis.report.nominalGain)},
+        {"Minimum", DecibelText(gain.min)},
+        {"5 percentile", DecibelText(gain.percentile5)},
+        {"Mean", DecibelText(gain.mean)},
+        {"95 percentile", DecibelText(gain.percentile95)},
+        {"Maximum", DecibelText(gain.max)},
+        {"Standard deviation", DecibelText(gain.deviation)},
         {"Yield", FormatFixed(8, 1, 100 * gain.yield) + " % (" + std::to_string(good) + " of " +
                       std::to_string(gain.count) + " at or above " +
                       FormatFixed(0, 2, analysis.report.limit) + " dB)"}};
