@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QMouseEvent>
 #include <QString>
 #include <QTimer>
 #include <QWidget>
@@ -31,7 +32,9 @@ class FrameTimes : public QObject {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (watched == &moved_ && event->type() == QEvent::MouseMove) {
-            if (!timer_.isValid()) timer_.start();
+            // A pointer that only passes over paints nothing.
+            const bool drags = static_cast<QMouseEvent*>(event)->buttons() != Qt::NoButton;
+            if (drags && !timer_.isValid()) timer_.start();
         } else if (watched != &moved_ && event->type() == QEvent::Paint && timer_.isValid()) {
             // The paint itself comes behind this filter.
             QTimer::singleShot(0, this, [this] {

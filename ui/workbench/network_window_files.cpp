@@ -30,6 +30,7 @@
 #include "plot/picture_files.h"
 #include "plot/smith_painter.h"
 #include "synthesis/refine.h"
+#include "ui/fields.h"
 #include "ui/help/manual_text.h"
 #include "ui/plot/design_host.h"
 #include "ui/print_page.h"
@@ -53,6 +54,10 @@ constexpr char kFilter[] = "Kelvro projects (*.kelvro)";
 QSettings Remembered() {
     return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("kelvro"),
                      QStringLiteral("windows"));
+}
+
+QString TracesKey(const SweepView& plot) {
+    return QStringLiteral("NetworkWindow/%1Traces").arg(plot.objectName());
 }
 
 /// Programs that run at once have a file each.
@@ -274,6 +279,11 @@ void NetworkWindow::savePlace() {
     settings.setValue(objectName() + QStringLiteral("/size"), size());
     settings.setValue(objectName() + QStringLiteral("/split"), split_->saveState());
     settings.setValue(objectName() + QStringLiteral("/plots"), right_->saveState());
+    for (const SweepView* plot : plots_) {
+        QStringList keys;
+        for (const NetworkTrace* trace : plot->traces()) keys << ToQString(trace->key);
+        settings.setValue(TracesKey(*plot), keys);
+    }
 }
 
 void NetworkWindow::restorePlace() {
@@ -281,6 +291,12 @@ void NetworkWindow::restorePlace() {
     resize(settings.value(objectName() + QStringLiteral("/size"), QSize(1000, 560)).toSize());
     split_->restoreState(settings.value(objectName() + QStringLiteral("/split")).toByteArray());
     right_->restoreState(settings.value(objectName() + QStringLiteral("/plots")).toByteArray());
+    for (SweepView* plot : plots_) {
+        NetworkTraceList traces;
+        for (const QString& key : settings.value(TracesKey(*plot)).toStringList())
+            if (const auto* trace = FindNetworkTrace(key.toStdString())) traces.push_back(trace);
+        plot->setTraces(traces);
+    }
     RestorePlace(*this);
 }
 
@@ -354,6 +370,8 @@ void NetworkWindow::paintAll(QPainter& painter, QSize size) {
         painter.translate(chartWidth, static_cast<int>(i) * plot.height());
         Picture curves = plots_[i]->picture();
         curves.dark = false;
+        for (const QString& line : plots_[i]->markerLines())
+            curves.footer.push_back(line.toStdString());
         FramePainter().draw(painter, plot, curves);
         painter.restore();
     }

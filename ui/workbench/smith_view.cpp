@@ -27,7 +27,7 @@ constexpr Rgb kTraceColourDark{255, 110, 110};
 constexpr Rgb kContourColour{120, 120, 160};
 
 QString FrequencyText(double f) {
-    return QString::fromStdString(FormatQuantity(2, f, "Hz"));
+    return QString::fromStdString(FormatQuantity(3, f, "Hz"));
 }
 
 }  // namespace
@@ -95,6 +95,11 @@ void SmithView::setContours(std::vector<ChartContour> contours) {
     rebuild();
 }
 
+void SmithView::setMarkers(std::vector<double> markers) {
+    markers_ = std::move(markers);
+    rebuild();
+}
+
 void SmithView::fit() {
     picture_.view = {};
     update();
@@ -140,19 +145,20 @@ void SmithView::addContours() {
     }
 }
 
-/// The ends of the bands on the trace.
+/// The ends of the bands and the numbered markers on the trace.
 void SmithView::addMarkers(const std::vector<Cx>& trace) {
     picture_.points.clear();
     if (trace.empty()) return;
     const LadderResponse response(model_.network());
+    const auto add = [&](double f, const std::string& name) {
+        const Cx gamma = response.at(f).gammaIn;
+        if (!std::isfinite(gamma.real())) return;
+        picture_.points.push_back({gamma, name, picture_.traces.front().colour, true});
+    };
     for (const FrequencyBand& band : model_.network().bands) {
-        for (const double f : {band.low, band.high}) {
-            const Cx gamma = response.at(f).gammaIn;
-            if (!std::isfinite(gamma.real())) continue;
-            picture_.points.push_back(
-                {gamma, FrequencyText(f).toStdString(), picture_.traces.front().colour, true});
-        }
+        for (const double f : {band.low, band.high}) add(f, FrequencyText(f).toStdString());
     }
+    for (std::size_t i = 0; i < markers_.size(); ++i) add(markers_[i], std::to_string(i + 1));
 }
 
 void SmithView::rebuild() {

@@ -1,9 +1,13 @@
 #include "ui/workbench/sweep_view.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QMouseEvent>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <algorithm>
@@ -18,8 +22,10 @@ namespace kelvro {
 namespace {
 
 constexpr Rgb kPresentColour{0, 60, 200};
+constexpr Rgb kGhostColour{150, 150, 150};
 constexpr double kWheelFactor = 1.25;
-constexpr double kMarkerReach = 8;  // pixels
+constexpr double kMarkerReach = 8;    // pixels
+constexpr double kReadingStep = 100;  // to a part of the plot's width
 
 QString FrequencyText(double f) {
     return QString::fromStdString(FormatQuantity(3, f, "Hz"));
@@ -30,65 +36,158 @@ QString FrequencyText(double f) {
 SweepView::SweepView(const char* object, const char* trace, NetworkModel& model, QWidget* parent)
     : QWidget(parent),
       model_(model),
-      trace_(FindNetworkTrace(trace)),
+      traces_{FindNetworkTrace(trace)},
       image_(new PlotImage),
       box_(new QComboBox),
+      menu_(new QMenu(this)),
       markerText_(new QLabel) {
-    setObjectName(QLatin1String(object));
+    const QString name = QLatin1String(object);
+    setObjectName(name);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);
-    auto* head = new QHBoxLayout;
-    box_->setObjectName(QLatin1String(object) + QStringLiteral("Trace"));
-    for (const NetworkTrace& entry : NetworkTraces()) box_->addItem(ToQString(entry.title));
-    SetHint(*box_, tr("What this plot shows"));
-    markerText_->setObjectName(QLatin1String(object) + QStringLiteral("Markers"));
-    markerText_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    head->addWidget(box_);
-    head->addWidget(markerText_, 1);
-    column->addLayout(head);
-    image_->setObjectName(QLatin1String(object) + QStringLiteral("Image"));
-    SetHint(*image_, tr("Click: marker, right button: remove it, wheel: zoom, double-click: fit"));
+    buildHead(name);
+    image_->setObjectName(name + QStringLiteral("Image"));
+    SetHint(*image_, tr("Click or M: marker, right button or Del: remove it, arrows: read, "
+                        "wheel: zoom, double-click or 0: fit"));
     column->addWidget(image_, 1);
-    connect(box_, &QComboBox::activated, this,
-            [this](int index) { setTrace(NetworkTraces()[static_cast<std::size_t>(index)]); });
     connect(&model_, &NetworkModel::changed, this, &SweepView::rebuild);
     connectMouse();
-    setTrace(*trace_);
+    showTraces();
+}
+
+void SweepView::buildHead(const QString& object) {
+    auto* head = new QHBoxLayout;
+    box_->setObjectName(object + QStringLiteral("Trace"));
+    for (const NetworkTrace& entry : NetworkTraces()) box_->addItem(ToQString(entry.title));
+    SetHint(*box_, tr("What this plot shows first, on the left axis"));
+    connect(box_, &QComboBox::activated, this,
+            [this](int index) { setLeading(NetworkTraces()[static_cast<std::size_t>(index)]); });
+    auto* more = new QToolButton;
+    more->setObjectName(object + QStringLiteral("More"));
+    more->setText(tr("More"));
+    more->setPopupMode(QToolButton::InstantPopup);
+    more->setFocusPolicy(Qt::StrongFocus);
+    SetHint(*more, tr("What this plot shows beside it, on the right axis where it is of another "
+                      "kind"));
+    fillTraceMenu(object);
+    more->setMenu(menu_);
+    markerText_->setObjectName(object + QStringLiteral("Markers"));
+    markerText_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    markerText_->setWordWrap(true);
+    markerText_->hide();
+    head->addWidget(box_);
+    head->addWidget(more);
+    head->addStretch(1);
+    auto* column = static_cast<QVBoxLayout*>(layout());
+    column->addLayout(head);
+    column->addWidget(markerText_);
+}
+
+void SweepView::fillTraceMenu(const QString& object) {
+    for (const NetworkTrace& trace : NetworkTraces()) {
+        QAction* action = menu_->addAction(ToQString(trace.title));
+        action->setObjectName(object + '_' + ToQString(trace.key));
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this,
+                [this, &trace](bool shown) { showTrace(trace, shown); });
+    }
 }
 
 void SweepView::connectMouse() {
-    connect(image_, &PlotImage::mouseMoved, this, [this](QMouseEvent* event) {
+    connect(image_, &PlotImage::mouseMoved, this, [this](const QMouseEvent* event) {
         const QPointF at = event->position();
         if (!image_->frame().contains(at.x(), at.y())) return emit hovered({});
         const double f = image_->frame().toWorld(at.x(), at.y()).x;
         emit hovered(FrequencyText(f) + QStringLiteral(": ") + readings(f));
     });
-    connect(image_, &PlotImage::mousePressed, this, [this](QMouseEvent* event) {
-        const QPointF at = event->position();
-        if (!image_->frame().contains(at.x(), at.y())) return;
-        const double f = image_->frame().toWorld(at.x(), at.y()).x;
-        if (event->button() == Qt::LeftButton) {
-            if (event->type() == QEvent::MouseButtonDblClick) return fit();
-            markers_.push_back(f);
-        } else {
-            std::erase_if(markers_, [&](double marker) {
-                return std::fabs(image_->frame().xPixel(marker) - at.x()) < kMarkerReach;
-            });
-        }
-        emit markersChanged();
-        rebuild();
+    connect(image_, &PlotImage::mousePressed, this,
+            [this](const QMouseEvent* event) { pressed(*event); });
+    connect(image_, &PlotImage::doubleClicked, this, [this](const QMouseEvent* event) {
+        if (event->button() != Qt::LeftButton) return;
+        // Its first click has set a marker that was not meant.
+        removeMarkerNear(event->position().x());
+        fit();
     });
     connect(image_, &PlotImage::wheelTurned, this, [this](QWheelEvent* event) {
-        const double f = image_->frame().toWorld(event->position().x(), 0).x;
-        const FrequencyBand shown = zoomed_.value_or(model_.plotRange());
-        const double factor = std::pow(kWheelFactor, -event->angleDelta().y() / 120.0);
-        const FrequencyBand next{std::max(f - (f - shown.low) * factor, 1e-3 * f),
-                                 f + (shown.high - f) * factor};
-        if (next.high - next.low > 1e-9 * f && next.high < 1e13) zoomed_ = next;
-        rebuild();
+        zoom(image_->frame().toWorld(event->position().x(), 0).x,
+             std::pow(kWheelFactor, -event->angleDelta().y() / 120.0));
         event->accept();
     });
+    connect(image_, &PlotImage::keyPressed, this, [this](QKeyEvent* event) { keyPressed(*event); });
+}
+
+void SweepView::pressed(const QMouseEvent& event) {
+    const QPointF at = event.position();
+    if (!image_->frame().contains(at.x(), at.y())) return;
+    if (event.button() == Qt::LeftButton) {
+        addMarker(image_->frame().toWorld(at.x(), at.y()).x);
+    } else if (event.button() == Qt::RightButton) {
+        removeMarkerNear(at.x());
+    }
+}
+
+void SweepView::keyPressed(QKeyEvent& event) {
+    const FrequencyBand shown = range();
+    const double f = reading_.value_or(std::clamp(model_.designFrequency(), shown.low, shown.high));
+    const double step = (shown.high - shown.low) / kReadingStep *
+                        (event.modifiers().testFlag(Qt::ControlModifier) ? 0.1 : 1);
+    switch (event.key()) {
+        case Qt::Key_Left:
+            return read(std::max(f - step, shown.low));
+        case Qt::Key_Right:
+            return read(std::min(f + step, shown.high));
+        case Qt::Key_M:
+            return addMarker(f);
+        case Qt::Key_Delete:
+            return removeMarkerNear(image_->frame().xPixel(f));
+        case Qt::Key_Plus:
+        case Qt::Key_Equal:
+            return zoom(f, 1 / kWheelFactor);
+        case Qt::Key_Minus:
+            return zoom(f, kWheelFactor);
+        case Qt::Key_0:
+            return fit();
+        default:
+            event.ignore();
+    }
+}
+
+void SweepView::addMarker(double f) {
+    markers_.push_back(f);
+    emit markersChanged();
+    rebuild();
+}
+
+void SweepView::removeMarkerNear(double x) {
+    std::erase_if(markers_, [&](double marker) {
+        return std::fabs(image_->frame().xPixel(marker) - x) < kMarkerReach;
+    });
+    emit markersChanged();
+    rebuild();
+}
+
+void SweepView::zoom(double f, double factor) {
+    const FrequencyBand shown = range();
+    const FrequencyBand next{std::max(f - (f - shown.low) * factor, 1e-3 * f),
+                             f + (shown.high - f) * factor};
+    if (next.high - next.low > 1e-9 * f && next.high < 1e13) zoomed_ = next;
+    rebuild();
+}
+
+void SweepView::read(double f) {
+    reading_ = f;
+    placeCross();
+    emit hovered(FrequencyText(f) + QStringLiteral(": ") + readings(f));
+}
+
+void SweepView::placeCross() {
+    if (!reading_) return image_->setCross(std::nullopt);
+    LadderResponse response(model_.network());
+    const double y = TraceValue(*traces_.front(), response, *reading_);
+    const WorldPoint at = image_->frame().place(*reading_, y);
+    const bool seen = std::isfinite(y) && image_->frame().contains(at.x, at.y);
+    image_->setCross(seen ? std::optional(QPointF(at.x, at.y)) : std::nullopt);
 }
 
 const Picture& SweepView::picture() const {
@@ -99,9 +198,40 @@ QImage SweepView::image(double scale) const {
     return image_->toImage(scale);
 }
 
-void SweepView::setTrace(const NetworkTrace& trace) {
-    trace_ = &trace;
-    box_->setCurrentIndex(static_cast<int>(trace_ - NetworkTraces().data()));
+void SweepView::setTraces(const NetworkTraceList& traces) {
+    if (traces.empty()) return;
+    traces_ = {traces.front()};
+    for (const NetworkTrace* trace : traces)
+        if (trace != traces_.front()) traces_ = WithTrace(std::move(traces_), *trace);
+    showTraces();
+}
+
+void SweepView::setLeading(const NetworkTrace& trace) {
+    NetworkTraceList next = traces_;
+    next.erase(next.begin());
+    std::erase(next, &trace);
+    next.insert(next.begin(), &trace);
+    setTraces(next);
+}
+
+void SweepView::showTrace(const NetworkTrace& trace, bool shown) {
+    if (&trace == traces_.front()) return showTraces();
+    if (shown) {
+        traces_ = WithTrace(std::move(traces_), trace);
+    } else {
+        std::erase(traces_, &trace);
+    }
+    showTraces();
+}
+
+void SweepView::showTraces() {
+    box_->setCurrentIndex(static_cast<int>(traces_.front() - NetworkTraces().data()));
+    const auto actions = menu_->actions();
+    for (qsizetype i = 0; i < actions.size(); ++i) {
+        const NetworkTrace* trace = &NetworkTraces()[static_cast<std::size_t>(i)];
+        actions[i]->setChecked(std::ranges::find(traces_, trace) != traces_.end());
+        actions[i]->setEnabled(trace != traces_.front());
+    }
     rebuild();
 }
 
@@ -134,45 +264,50 @@ void SweepView::showEvent(QShowEvent* event) {
 void SweepView::rebuild() {
     // A plot that nobody sees costs nothing while a node is dragged.
     if (!isVisible() && !image_->picture().curves.empty()) return;
-    NetworkPlot plot{
-        trace_,          zoomed_.value_or(model_.plotRange()), false, {}, markers_, limitDb_,
-        limitIsEstimate_};
-    const bool alone = model_.snapshots().empty();
+    NetworkPlot plot{traces_, range(), false, {}, markers_, limitDb_, limitIsEstimate_};
+    const bool alone =
+        !model_.ghost() && std::ranges::none_of(model_.snapshots(), &Snapshot::shown);
     plot.networks.push_back({&model_.network(), alone ? std::string() : "now", kPresentColour});
     for (const Snapshot& snapshot : model_.snapshots()) {
         if (!snapshot.shown) continue;
         plot.networks.push_back(
             {&snapshot.network, snapshot.name.toStdString(), snapshot.colour, true});
     }
+    if (model_.ghost()) plot.networks.push_back({&*model_.ghost(), "ghost", kGhostColour, true});
     Picture picture = NetworkPicture(plot);
     picture.dark = dark_;
     image_->setPicture(std::move(picture));
-    showMarkers();
+    placeCross();
+    markerText_->setText(markerLines().join(QStringLiteral(" | ")));
+    markerText_->setVisible(!markers_.empty());
 }
 
 QString SweepView::readings(double f) const {
-    const auto value = [&](const Network& network) {
+    const auto value = [f](const NetworkTrace& trace, const Network& network) {
         LadderResponse response(network);
-        const double y = TraceValue(*trace_, response, f);
-        if (!std::isfinite(y)) return tr("no value");
-        const bool engineering = trace_->unit == "s" || trace_->unit == "Ω";
-        return QString::fromStdString(engineering
-                                          ? FormatQuantity(2, y, trace_->unit)
-                                          : FormatFixed(0, 3, y) + " " + std::string(trace_->unit));
+        return QString::fromStdString(TraceText(trace, TraceValue(trace, response, f)));
     };
-    QString text = ToQString(trace_->symbol) + ' ' + value(model_.network());
-    for (const Snapshot& snapshot : model_.snapshots())
-        if (snapshot.shown)
-            text += QStringLiteral(", ") + snapshot.name + ' ' + value(snapshot.network);
-    return text;
+    QStringList texts;
+    for (const NetworkTrace* trace : traces_) {
+        QStringList others;
+        for (const Snapshot& snapshot : model_.snapshots())
+            if (snapshot.shown) others << snapshot.name + ' ' + value(*trace, snapshot.network);
+        texts << ToQString(trace->symbol) + ' ' + value(*trace, model_.network()) +
+                     (others.isEmpty() ? QString()
+                                       : " (" + others.join(QStringLiteral(", ")) + ')');
+    }
+    return texts.join(QStringLiteral(", "));
 }
 
-void SweepView::showMarkers() {
-    QStringList texts;
-    for (const double f : markers_) texts << FrequencyText(f) + ' ' + readings(f);
+QStringList SweepView::markerLines() const {
+    QStringList lines;
+    for (std::size_t i = 0; i < markers_.size(); ++i)
+        lines << QStringLiteral("%1: %2, %3")
+                     .arg(i + 1)
+                     .arg(FrequencyText(markers_[i]), readings(markers_[i]));
     if (markers_.size() == 2)
-        texts << tr("Δf %1").arg(FrequencyText(std::fabs(markers_[1] - markers_[0])));
-    markerText_->setText(texts.join(QStringLiteral(" | ")));
+        lines << tr("Δf %1").arg(FrequencyText(std::fabs(markers_[1] - markers_[0])));
+    return lines;
 }
 
 }  // namespace kelvro

@@ -8,15 +8,19 @@
 #include "ui/workbench/network_model.h"
 
 class QComboBox;
+class QKeyEvent;
 class QLabel;
+class QMenu;
+class QMouseEvent;
 
 namespace kelvro {
 
 class PlotImage;
 
-/// A plot of the Network window: one quantity over frequency of the present network and of the
-/// shown snapshots. A click sets a marker, the right button removes the nearest; markers read all
-/// curves. Wheel zooms about the cursor, a double-click fits.
+/// A plot of the Network window: quantities over frequency of the present network and of the shown
+/// snapshots, those of another kind than the leading one on the right axis. A click or M sets a
+/// marker, the right button or Del removes the nearest; markers read all curves. Arrows read, the
+/// wheel, + and - zoom, a double-click or 0 fits.
 class SweepView : public QWidget {
     Q_OBJECT
 
@@ -26,11 +30,17 @@ class SweepView : public QWidget {
 
     const Picture& picture() const;
     QImage image(double scale) const;
-    const NetworkTrace& trace() const { return *trace_; }
-    void setTrace(const NetworkTrace& trace);
+    /// The traces shown, the leading one first.
+    const NetworkTraceList& traces() const { return traces_; }
+    /// Those of a third axis are left out.
+    void setTraces(const NetworkTraceList& traces);
+    /// Shows a trace beside the leading one, or no more.
+    void showTrace(const NetworkTrace& trace, bool shown);
     void setLimit(std::optional<double> dB, bool estimate);
     const std::vector<double>& markers() const { return markers_; }
     void setMarkers(std::vector<double> markers);
+    /// "1: 70 MHz, GT -0.271 dB" of each marker, for pictures.
+    QStringList markerLines() const;
     void setDark(bool dark);
     void fit();
 
@@ -42,22 +52,36 @@ class SweepView : public QWidget {
     void showEvent(QShowEvent* event) override;
 
   private:
+    void buildHead(const QString& object);
+    void fillTraceMenu(const QString& object);
+    void setLeading(const NetworkTrace& trace);
     void rebuild();
+    void showTraces();
     void connectMouse();
-    void showMarkers();
-    /// "GT -0.271 dB (A -0.3 dB)" at a frequency.
+    void pressed(const QMouseEvent& event);
+    void keyPressed(QKeyEvent& event);
+    void addMarker(double f);
+    void removeMarkerNear(double x);
+    void zoom(double f, double factor);
+    /// Reads at a frequency: a cross on the leading trace, all values in the status line.
+    void read(double f);
+    void placeCross();
+    FrequencyBand range() const { return zoomed_.value_or(model_.plotRange()); }
+    /// "GT -0.271 dB (A -0.3 dB), RL 12 dB" at a frequency.
     QString readings(double f) const;
 
     NetworkModel& model_;
-    const NetworkTrace* trace_;
+    NetworkTraceList traces_;
     PlotImage* image_;
     QComboBox* box_;
+    QMenu* menu_;
     QLabel* markerText_;
     std::optional<FrequencyBand> zoomed_;
     std::optional<double> limitDb_;
     bool limitIsEstimate_ = false;
     bool dark_ = false;
     std::vector<double> markers_;
+    std::optional<double> reading_;  ///< Hz, by keys
 };
 
 }  // namespace kelvro

@@ -1,0 +1,123 @@
+// The plots of the Network window: what they show, read and remember.
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QtTest>
+#include <algorithm>
+#include <cmath>
+
+#include "tests/ui/network_fixture.h"
+#include "ui/plot/plot_image.h"
+#include "ui/workbench/smith_view.h"
+#include "ui/workbench/sweep_view.h"
+
+using namespace kelvro;
+
+namespace {
+
+/// 100 ohm straight to 200 - j100: GT = 4·100·200 / |300 - j100|² = 0.8, which is -0.969 dB, and
+/// Zin is the load, at all frequencies.
+class Window : public NetworkFixture {
+  public:
+    Window() {
+        type("SourceEingabe", "100");
+        type("LoadEingabe", "200-j100");
+    }
+    SweepView& plot() { return find<SweepView>("Plot1"); }
+    PlotImage& image() { return find<PlotImage>("Plot1Image"); }
+    QStringList keys() {
+        QStringList keys;
+        for (const NetworkTrace* trace : plot().traces())
+            keys << QString::fromUtf8(trace->key.data(), qsizetype(trace->key.size()));
+        return keys;
+    }
+    void leadBy(int row) {
+        auto& box = find<QComboBox>("Plot1Trace");
+        box.setCurrentIndex(row);
+        emit box.activated(row);
+    }
+};
+
+}  // namespace
+
+class NetworkPlotTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void tracesOfAnotherKindStandOnTheRightAxis() {
+        Window window;
+        window.trigger("Plot1_x");
+        window.trigger("Plot1_r");
+        const Picture& picture = window.plot().picture();
+        QCOMPARE(picture.curves.size(), std::size_t(3));
+        QVERIFY(picture.view.right.has_value());
+        QCOMPARE(QString::fromStdString(picture.rightName), QString("X, R in Ω"));
+        for (const double wanted : {-0.9691, -100.0, 200.0}) {
+            const auto drawn = std::ranges::find_if(picture.curves, [&](const Curve& curve) {
+                return std::fabs(curve.y.front() - wanted) < 1e-4;
+            });
+            QVERIFY2(drawn != picture.curves.end(), qPrintable(QString::number(wanted)));
+            QCOMPARE(drawn->onRight, wanted != -0.9691);
+            const Axis& axis = drawn->onRight ? *picture.view.right : picture.view.y;
+            QVERIFY(axis.min <= wanted && wanted <= axis.max);
+        }
+        QCOMPARE(picture.legend.size(), std::size_t(3));
+
+        // There is room for two kinds: the third takes the place of those on the right.
+        window.trigger("Plot1_phi");
+        QCOMPARE(window.keys(), QStringList({"gt", "phi"}));
+        window.trigger("Plot1_rl");
+        window.leadBy(1);  // what stood beside leads
+        QCOMPARE(window.keys(), QStringList({"rl"}));
+        QVERIFY(!window.plot().picture().view.right);
+        window.trigger("NetworkSnapshot");
+        window.trigger("Plot1_gt");
+        QCOMPARE(window.plot().picture().curves.size(), std::size_t(4));
+    }
+
+    void markersAreSetByKeysAndReadAllCurvesInAllViews() {
+        Window window;
+        window.trigger("Plot1_x");
+        auto& text = window.find<QLabel>("Plot1Markers");
+        auto& image = window.image();
+        image.setFocus();
+        QTest::keyClick(&image, Qt::Key_Right);
+        QVERIFY(image.hasCross());
+        QTest::keyClick(&image, Qt::Key_M);
+        QVERIFY2(text.text().contains("GT -0.969 dB, X -100.00 Ω"), qPrintable(text.text()));
+        QCOMPARE(window.plot().picture().pointers.size(), std::size_t(2));
+        QCOMPARE(window.find<SweepView>("Plot2").markers().size(), std::size_t(1));
+        QTest::keyClick(&image, Qt::Key_Delete);
+        QVERIFY(window.plot().markers().empty() && !text.isVisible());
+    }
+
+    void aDoubleClickFitsAndLeavesNoMarker() {
+        Window window;
+        auto& image = window.image();
+        const double left = window.plot().picture().view.x.min;
+        image.setFocus();
+        QTest::keyClick(&image, Qt::Key_Plus);
+        QVERIFY(window.plot().picture().view.x.min > left);
+        const PlotRect& plot = image.frame().plot;
+        const QPoint at((plot.left + plot.right) / 2, (plot.top + plot.bottom) / 2);
+        QTest::mouseClick(&image, Qt::LeftButton, {}, at);
+        QCOMPARE(window.plot().markers().size(), std::size_t(1));
+        QTest::mouseDClick(&image, Qt::LeftButton, {}, at);
+        QCOMPARE(window.plot().picture().view.x.min, left);
+        QVERIFY(window.plot().markers().empty());
+    }
+
+    void theNextWindowShowsTheSameTraces() {
+        Window window;
+        window.trigger("Plot1_rl");
+        window.model().markSaved();
+        QVERIFY(window->close());
+        Host host;
+        NetworkWindow next(host);
+        QCOMPARE(next.findChild<SweepView*>("Plot1")->traces(), window.plot().traces());
+    }
+};
+
+QTEST_MAIN(NetworkPlotTest)
+#include "network_plot_test.moc"
