@@ -17,6 +17,21 @@ using namespace metrics;
 /// Hair lines closer than this would run into a surface that hides the grid.
 constexpr double kHairLineGap = 3;
 
+/// Relative luminance of sRGB (WCAG 2.1).
+double Luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+/// Contrast ratio of two colours, from 1 to 21 (WCAG 2.1).
+double Contrast(const QColor& a, const QColor& b) {
+    const auto [darker, lighter] = std::minmax({Luminance(a), Luminance(b)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
 /// What surrounds the curves. Colours keep their hue: on a dark ground they become light enough to
 /// be seen, on paper dark enough; hair lines stay behind the curves.
 class Theme {
@@ -32,11 +47,16 @@ class Theme {
     QColor curve(Rgb colour) const {
         return at(colour, dark_ ? kLeastOnDark : 0, paper_ ? kMostOnPaper : 1);
     }
+    /// What a text of this colour can be read on: the ground, or a dark plate.
+    QColor groundOf(Rgb text) const {
+        return Contrast(curve(text), ground()) < kLegible ? QColor(56, 56, 56) : ground();
+    }
     QColor hairLine(Rgb colour) const {
         return at(colour, 0, dark_ ? kMostBehind : paper_ ? kMostBehindOnPaper : 1);
     }
 
   private:
+    static constexpr double kLegible = 4.5;  // WCAG 2.1, success criterion 1.4.3
     static constexpr float kLeastOnDark = 0.6F;
     static constexpr float kMostBehind = 0.3F;
     static constexpr float kMostOnPaper = 0.45F;
@@ -267,7 +287,8 @@ Frame FramePainter::draw(QPainter& painter, QSize size, const Picture& picture) 
     DrawGrid(painter, theme, layout);
     for (const HairLines& lines : picture.hairLines) DrawHairLines(painter, theme, lines, frame);
     // The light labels of the marks would be lost among grid and hair lines.
-    for (const Mark& mark : layout.marks) painter.fillRect(mark.box, theme.ground());
+    for (const Mark& mark : layout.marks)
+        painter.fillRect(mark.box, theme.groundOf(mark.level.labelColour));
     DrawAxes(painter, theme, frame);
     DrawRightTicks(painter, theme, layout);
     DrawLabels(painter, theme, layout);

@@ -13,6 +13,10 @@ namespace kelvro {
 
 namespace {
 
+/// Room for a field with its frame, and what lines have where there is space.
+constexpr int kLeastLine = 24;
+constexpr int kLine = 28;
+
 /// The row without its field.
 FormRow AddTexts(QGridLayout& grid, RowPlace place, QWidget* field, const RowTexts& texts) {
     const FormRow made{new QLabel(texts.label), field, new QLabel(texts.unit)};
@@ -25,6 +29,12 @@ FormRow AddTexts(QGridLayout& grid, RowPlace place, QWidget* field, const RowTex
 }
 
 }  // namespace
+
+void GiveLineHeight(QGridLayout& grid, int row) {
+    grid.setVerticalSpacing(1);
+    grid.setRowMinimumHeight(row, kLeastLine);
+    grid.addItem(new QSpacerItem(0, kLine, QSizePolicy::Fixed, QSizePolicy::Maximum), row, 0);
+}
 
 FormRow AddRow(QGridLayout& grid, RowPlace place, QWidget* field, const RowTexts& texts) {
     const FormRow made = AddTexts(grid, place, field, texts);

@@ -34,6 +34,10 @@ struct RowPlace {
     int fieldColumns = 1;
 };
 
+/// Gives a row of a grid the height of a line, the same with a spin button, a check box or a field
+/// alone, so that columns beside each other stay in step. Lines draw together in a low window.
+void GiveLineHeight(QGridLayout& grid, int row);
+
 /// Binds a field with its texts into a row of a grid. Label and field carry the hint.
 FormRow AddRow(QGridLayout& grid, RowPlace place, QWidget* field, const RowTexts& texts);
 

@@ -1,6 +1,7 @@
 #include "ui/menus.h"
 
 #include <QAction>
+#include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
@@ -228,6 +229,7 @@ void BuildSpeedPanel(TSDIAppForm& form) {
         if (entry.handler) QObject::connect(button, &QToolButton::clicked, &form, entry.handler);
         bar->addWidget(button);
     }
+    bar->layout()->setContentsMargins(4, 1, 4, 1);  // no room to spare in a low window
 }
 
 void CheckPageItem(TSDIAppForm& form, const Page& page) {

@@ -140,21 +140,27 @@ QString GiveMnemonics(QWidget& root, const QString& taken) {
     const auto take = [&](const QString& caption) {
         if (const QChar letter = MnemonicOf(caption); !letter.isNull()) letters += letter;
     };
-    for (const QLabel* label : root.findChildren<QLabel*>())
-        if (label->buddy()) take(label->text());
-    QList<QAbstractButton*> buttons;
+    for (const QMenuBar* bar : root.findChildren<QMenuBar*>())
+        for (const QAction* menu : bar->actions()) take(menu->text());
+    // Labels come first: what is left goes to the buttons.
+    QList<QWidget*> owners;
     QStringList captions;
+    for (QLabel* label : root.findChildren<QLabel*>()) {
+        if (!label->buddy() || MnemonicOf(label->text()).isNull()) continue;
+        owners << label;
+        captions << label->text();
+    }
     for (QAbstractButton* button : root.findChildren<QAbstractButton*>()) {
         if (!ShowsItsCaption(*button)) {
             take(button->text());
             continue;
         }
-        buttons << button;
+        owners << button;
         captions << button->text();
     }
     captions = WithUniqueMnemonics(captions, letters);
-    for (qsizetype i = 0; i < buttons.size(); ++i) {
-        if (buttons[i]->text() != captions[i]) buttons[i]->setText(captions[i]);
+    for (qsizetype i = 0; i < owners.size(); ++i) {
+        if (owners[i]->property("text") != captions[i]) owners[i]->setProperty("text", captions[i]);
         take(captions[i]);
     }
     return letters;

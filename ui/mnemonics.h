@@ -16,8 +16,8 @@ QStringList WithUniqueMnemonics(const QStringList& captions, const QString& take
 /// Gives the items of every menu of the bar letters of their own, and the bar's titles too.
 void GiveMnemonics(QMenuBar& bar);
 
-/// Gives every button below `root` that shows its caption a letter of its own. Returns all letters
-/// in use: those, the given ones and those of labels that lead to fields.
+/// Gives every button below `root` that shows its caption a letter of its own, and every label that
+/// leads to a field by a letter; letters of a menu bar are taken. Returns all letters in use.
 QString GiveMnemonics(QWidget& root, const QString& taken = {});
 
 /// Lets Tab enter each group of buttons of which one is chosen at that button, once one is chosen.

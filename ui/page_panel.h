@@ -71,6 +71,9 @@ class PagePanel : public QWidget {
     void addInputs(FieldGrid& grid);
     void addSwitches(FieldGrid& grid);
     void addSwapBox(FieldGrid& grid);
+    void addHarmonics(FieldGrid& grid);
+    /// The picture with the waves of the stage.
+    QWidget* withWaves(QWidget* picture);
     void addActions(FieldGrid& grid);
     void addOutputs(FieldGrid& grid, int column);
     QWidget* buildTable();

@@ -8,10 +8,12 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableWidget>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <array>
 
 #include "ui/circuit_view.h"
+#include "ui/folded_views.h"
 #include "ui/form_row.h"
 #include "ui/page_panel.h"
 #include "ui/plot/value_spin.h"
@@ -23,13 +25,9 @@ namespace kelvro {
 namespace {
 
 /// A page with more rows than this puts its outputs beside its inputs.
-constexpr int kRowsInOneColumn = 9;
+constexpr int kRowsInOneColumn = 6;
 /// Grid columns of a block of fields: caption, edit, unit, gap to the next block.
 constexpr int kBlock = 4;
-
-/// A line has the same height with a spin button, a check box or a field alone, so that the two
-/// columns of a page stay in step.
-constexpr int kLineHeight = 26;
 
 constexpr int kTableLine = 21;
 
@@ -52,7 +50,6 @@ class FieldGrid {
     explicit FieldGrid(QWidget* parent) : layout(new QGridLayout(parent)) {
         layout->setContentsMargins(0, 0, 0, 0);
         layout->setHorizontalSpacing(6);
-        layout->setVerticalSpacing(3);
     }
 
     /// Grid column in which the second column of fields starts.
@@ -60,7 +57,7 @@ class FieldGrid {
 
     int nextRow(int column) {
         int& row = next_[column == second ? 1 : 0];
-        layout->setRowMinimumHeight(row, kLineHeight);
+        GiveLineHeight(*layout, row);
         return row++;
     }
     /// A row across both columns.
@@ -80,24 +77,26 @@ class FieldGrid {
 PagePanel::PagePanel(const Page& page, DesignSession& session, QWidget* parent)
     : QWidget(parent), page_(page), session_(session) {
     setObjectName(QStringLiteral("Page%1").arg(page.number));
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(12, 5, 12, 5);
-    grid->setHorizontalSpacing(16);
-    grid->setVerticalSpacing(6);
-    enum Row { kNotes, kFields, kTable, kFormula };
-    grid->addLayout(buildNotes(), kNotes, 0, 1, 2);
-    // The formula stands below the picture, and where there is no table the fields beside both.
-    grid->addWidget(buildFields(), kFields, 0, page.table.empty() && !page.switched ? 3 : 1, 1);
+    auto* columns = new QHBoxLayout(this);
+    columns->setContentsMargins(10, 3, 10, 3);
+    columns->setSpacing(10);
+    if (page.switched) stage_ = new StageView(session);
+    // The fields have the whole height of the left, above a table where there is one; right of
+    // them stand the notes, the picture and its formula.
+    auto* left = new QVBoxLayout;
     QWidget* table = buildTable();
-    if (table) grid->addWidget(table, kTable, 0);
-    if (QWidget* picture = buildPicture()) grid->addWidget(picture, kFields, 1, table ? 2 : 1, 1);
-    if (QLabel* formula = buildTransferText()) grid->addWidget(formula, kFormula, 1);
-    if (page.switched) {
-        stage_ = new StageView(session);
-        grid->addWidget(stage_, kTable, 0, 1, 2);
-    }
-    grid->setColumnStretch(1, 1);
-    grid->setRowStretch(table || stage_ ? kTable : kFields, 1);
+    left->addWidget(buildFields(), table ? 0 : 1);
+    if (table) left->addWidget(table, 1);
+    auto* right = new QVBoxLayout;
+    right->addLayout(buildNotes());
+    right->setSpacing(3);
+    QWidget* picture = buildPicture();
+    if (stage_) picture = withWaves(picture);
+    if (picture) right->addWidget(picture, 1);
+    if (!picture) right->addStretch();
+    if (QLabel* formula = buildTransferText()) right->addWidget(formula);
+    columns->addLayout(left);
+    columns->addLayout(right, 1);
     refresh();
 }
 
@@ -110,12 +109,13 @@ QWidget* PagePanel::buildFields() {
     addSwitches(grid);
     addActions(grid);
     const auto rows = page_.inputs.size() + page_.outputs.size() + page_.switches.size();
+    if (stage_) addHarmonics(grid);
     const bool wide = rows > kRowsInOneColumn && !page_.inputs.empty();
-    if (wide) grid.layout->setColumnMinimumWidth(FieldGrid::second - 1, 14);
+    if (wide) grid.layout->setColumnMinimumWidth(FieldGrid::second - 1, 8);
     addOutputs(grid, wide ? FieldGrid::second : 0);
     addSwapBox(grid);
     addChangingNotes(grid);
-    grid.layout->setRowStretch(grid.layout->rowCount(), 1);
+    if (!stage_) grid.layout->setRowStretch(grid.layout->rowCount(), 1);
     grid.layout->setColumnStretch(2 * kBlock, 1);
     return fields;
 }
@@ -134,9 +134,11 @@ QLabel* PagePanel::makeNote(const NoteField& note) {
 
 QLayout* PagePanel::buildNotes() {
     auto* row = new QHBoxLayout;
-    row->setSpacing(24);
+    auto* lines = new QVBoxLayout;
+    lines->setSpacing(1);
     for (const NoteField& note : page_.notes)
-        if (note.object.empty()) row->addWidget(makeNote(note));
+        if (note.object.empty()) lines->addWidget(makeNote(note));
+    row->addLayout(lines);
     row->addStretch();
     const auto addButton = [&](const char* name, const QString& caption, const QString& hint,
                                void (PagePanel::*clicked)()) {
@@ -157,6 +159,7 @@ QLayout* PagePanel::buildNotes() {
                   tr("Search for networks that match R1 to R2 better over the band fo/Q"),
                   &PagePanel::findBetterClicked);
     }
+    if (stage_) row->addWidget(stage_->runButton());
     return row;
 }
 
@@ -221,6 +224,24 @@ void PagePanel::addSwapBox(FieldGrid& grid) {
     SetHint(*swapBox_, tr("Change inductance and capacitances and vice versa"));
     connect(swapBox_, &QCheckBox::clicked, this, &PagePanel::CheckBoxClick);
     grid.layout->addWidget(swapBox_, grid.nextRow(0), 1, 1, 2);
+}
+
+/// Beside the outputs, below the inputs, down to the end of the page.
+void PagePanel::addHarmonics(FieldGrid& grid) {
+    const int row = grid.nextRow(0);
+    const int last = static_cast<int>(page_.outputs.size());
+    grid.layout->addWidget(stage_->harmonics(), row, 0, last + 1 - row, kBlock - 1);
+    grid.layout->setRowStretch(last, 1);
+}
+
+QWidget* PagePanel::withWaves(QWidget* picture) {
+    constexpr int kPictureHeight = 190;
+    constexpr int kWavesHeight = 160;
+    auto* views = new FoldedViews;
+    views->setObjectName(QStringLiteral("Views%1").arg(page_.number));
+    views->add(picture, tr("Circuit"), kPictureHeight);
+    views->add(stage_, tr("Waves"), kWavesHeight);
+    return views;
 }
 
 void PagePanel::addActions(FieldGrid& grid) {

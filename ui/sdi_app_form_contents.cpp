@@ -72,13 +72,14 @@ void TSDIAppForm::buildContents() {
     auto* contents = new QWidget;
     contents->setObjectName(QStringLiteral("Contents"));
     auto* column = new QVBoxLayout(contents);
-    column->setContentsMargins(10, 8, 10, 6);
-    column->setSpacing(8);
+    column->setContentsMargins(10, 4, 10, 3);
+    column->setSpacing(5);
     shared_ = new SharedPanel(session_);
     connect(shared_, &SharedPanel::switchClicked, this, &TSDIAppForm::SpeedButtonVertauschenClick);
     connect(shared_, &SharedPanel::seriesChosen, this, &TSDIAppForm::SeriesClick);
     column->addWidget(shared_);
-    column->addWidget(buildNotebook(), 1);
+    // Without a stretch factor: in a low window all give way, not the notebook alone.
+    column->addWidget(buildNotebook());
     column->addWidget(buildButtons());
     setCentralWidget(new ContentsArea(contents));
     statusBar()->setObjectName(QStringLiteral("StatusBar"));
@@ -138,7 +139,7 @@ QWidget* TSDIAppForm::buildNotebook() {
     connect(tabs_, &TabSet::clicked, this, &TSDIAppForm::TabSet1Click);
     addPageKey(Qt::CTRL | Qt::Key_PageDown, 1);
     addPageKey(Qt::CTRL | Qt::Key_PageUp, -1);
-    column->addWidget(notebook_, 1);
+    column->addWidget(notebook_);
     column->addWidget(tabs_);
     return whole;
 }

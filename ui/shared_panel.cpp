@@ -21,8 +21,7 @@ namespace {
 
 enum Column { kLabel, kEdit, kSpin, kUnit, kAction };
 
-/// Lines of all groups stand in step, with a spin button or without.
-constexpr int kLineHeight = 26;
+constexpr int kLines = 5;
 
 constexpr QColor kRefusalColour(170, 0, 0);
 constexpr QColor kRefusalColourOnDark(255, 140, 130);
@@ -40,10 +39,9 @@ bool IsQuality(const InputField& field) {
 
 QGridLayout* GridIn(QGroupBox* box) {
     auto* grid = new QGridLayout(box);
-    grid->setContentsMargins(10, 6, 10, 8);
+    grid->setContentsMargins(10, 4, 10, 4);
     grid->setHorizontalSpacing(6);
-    grid->setVerticalSpacing(3);
-    for (int row = 0; row < 5; ++row) grid->setRowMinimumHeight(row, kLineHeight);
+    for (int row = 0; row < kLines; ++row) GiveLineHeight(*grid, row);
     grid->setColumnStretch(kAction + 1, 1);
     return grid;
 }
@@ -52,6 +50,12 @@ QLabel* Caption(const QString& text, const QString& hint = {}) {
     auto* label = new QLabel(text);
     SetHint(*label, hint);
     return label;
+}
+
+/// In a low window the button is hardly higher than its text.
+void LetShrink(QAbstractButton& button) {
+    button.setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    button.setMinimumHeight(button.fontMetrics().height() + 4);
 }
 
 /// Q with the small "Btot" beside it.
@@ -131,7 +135,7 @@ QWidget* SharedPanel::buildResistances() {
     refusal_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     refusal_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     grid->addWidget(refusal_, row, kLabel, 2, kAction - kLabel + 2);
-    grid->setRowStretch(5, 1);
+    grid->setRowStretch(kLines, 1);
     return box;
 }
 
@@ -152,7 +156,7 @@ QWidget* SharedPanel::buildQPanel() {
     SetHint(*checkBoxQ_, tr("otherwise Q will be determined by bandwidth"));
     connect(checkBoxQ_, &QCheckBox::clicked, this, &SharedPanel::CheckBoxQClick);
     grid->addWidget(checkBoxQ_, row, kEdit, 1, 3);
-    grid->setRowStretch(5, 1);
+    grid->setRowStretch(kLines, 1);
     return box;
 }
 
@@ -173,8 +177,8 @@ QWidget* SharedPanel::buildOutputs() {
 QWidget* SharedPanel::buildSeries() {
     auto* box = new QGroupBox(tr("Standard Values"));
     auto* column = new QVBoxLayout(box);
-    column->setContentsMargins(10, 6, 10, 8);
-    column->setSpacing(3);
+    column->setContentsMargins(10, 4, 10, 4);
+    column->setSpacing(0);
     static constexpr const char* kCaptions[] = {"E&6 Series (20%)", "E1&2 Series (10%)",
                                                 "E2&4 Series (5%)", "E4&8 Series (2%)",
                                                 "E&96 Series (1%)"};
@@ -184,6 +188,7 @@ QWidget* SharedPanel::buildSeries() {
         auto* button = new QRadioButton(tr(kCaptions[i]));
         button->setObjectName(QLatin1String(kNames[i]));
         SetHint(*button, tr("Series that component values are rounded to"));
+        LetShrink(*button);
         const auto series = static_cast<Series>(i + 1);
         connect(button, &QRadioButton::clicked, this,
                 [this, series] { emit seriesChosen(series); });
@@ -193,8 +198,8 @@ QWidget* SharedPanel::buildSeries() {
     auto* exportBox = new QCheckBox(tr("E-&Series for Export"));
     exportBox->setObjectName(QStringLiteral("CheckBoxE"));
     SetHint(*exportBox, tr("Use selected E-series values for circuit export for all elements"));
+    LetShrink(*exportBox);
     column->addWidget(exportBox);
-    column->addStretch();
     return box;
 }
 

@@ -14,7 +14,7 @@
 #include "plot/class_e_picture.h"
 #include "ui/export_dlg.h"
 #include "ui/fields.h"
-#include "ui/form_parts.h"
+#include "ui/mnemonics.h"
 #include "ui/plot/design_host.h"
 #include "ui/plot/plot_image.h"
 
@@ -60,17 +60,15 @@ StageView::StageView(DesignHost& host, QWidget* parent)
       host_(host),
       harmonics_(ReadingTable(QStringLiteral("Harmonics15Tabelle"))),
       voltage_(new PlotImage),
-      currents_(new PlotImage) {
+      currents_(new PlotImage),
+      run_(new QPushButton(tr("Si&mulate"))) {
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
-    auto* left = new QVBoxLayout;
     SetHint(*harmonics_, tr("Harmonics of the load current, parts without loss"));
-    harmonics_->setMinimumSize(280, 6 * kTableLine);
+    harmonics_->setMinimumSize(280, 5 * kTableLine);
     harmonics_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
-    left->addWidget(harmonics_, 1);
-    run_ = AddButton<QPushButton>(*left, "ButtonNgspice", tr("Run in &ngspice"),
-                                  tr("Simulate the exported netlist and compare"));
-    columns->addLayout(left);
+    run_->setObjectName(QStringLiteral("ButtonNgspice"));
+    SetHint(*run_, tr("Run the exported netlist in ngspice and compare"));
     voltage_->setObjectName(QStringLiteral("ImageVoltage15"));
     currents_->setObjectName(QStringLiteral("ImageCurrents15"));
     SetHint(*voltage_, tr("One period from turn-on, parts without loss"));
@@ -78,7 +76,7 @@ StageView::StageView(DesignHost& host, QWidget* parent)
     for (PlotImage* image : {voltage_, currents_}) {
         // The window takes the size of its other contents; the pictures fill what is there.
         image->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-        image->setMinimumSize(200, 140);
+        image->setMinimumSize(200, 120);
         columns->addWidget(image, 1);
     }
     connect(run_, &QPushButton::clicked, this, &StageView::ButtonNgspiceClick);
@@ -111,7 +109,7 @@ void StageView::ButtonNgspiceClick() {
         }));
     connect(simulation_.get(), &QThread::finished, this, [this, comparison] {
         simulation_.release()->deleteLater();
-        run_->setText(tr("Run in &ngspice"));
+        run_->setText(tr("Si&mulate"));
         run_->setEnabled(true);
         showComparison(*comparison);
     });
@@ -133,6 +131,7 @@ void StageView::showComparison(const Comparison& comparison) {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::close);
     column->addWidget(buttons);
+    GiveMnemonics(*dialog);
     dialog->show();
 }
 

@@ -17,8 +17,9 @@ namespace kelvro {
 class DesignHost;
 class PlotImage;
 
-/// What a switched stage does over one period: harmonics of its load current, the waves of voltage
-/// and currents, and a button that runs its netlist in ngspice and shows both side by side.
+/// What a switched stage does over one period: the waves of voltage and currents. Its page places
+/// the harmonics of the load current and a button that runs the stage's netlist in ngspice and
+/// shows both side by side.
 class StageView : public QWidget {
     Q_OBJECT
 
@@ -29,6 +30,9 @@ class StageView : public QWidget {
 
     /// Shows the stage of a calculation; nothing where it has none.
     void showStage(const CycleResult& result);
+
+    QTableWidget* harmonics() const { return harmonics_; }
+    QPushButton* runButton() const { return run_; }
 
   public slots:
     void ButtonNgspiceClick();

@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kRows = 2;
 constexpr int kPadding = 9;
+constexpr int kLeastPadding = 6;  // above and below, in a low window
 
 class TabButton : public QAbstractButton {
   public:
@@ -92,7 +93,7 @@ void LayRow(const QList<QAbstractButton*>& tabs, qsizetype from, qsizetype to, Q
 
 TabSet::TabSet(const QString& objectName, QWidget* parent) : QWidget(parent) {
     setObjectName(objectName);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
 }
 
 void TabSet::setTabs(const QStringList& captions) {
@@ -135,10 +136,14 @@ QSize TabSet::sizeHint() const {
     return {width, kRows * tabs_.first()->sizeHint().height()};
 }
 
+QSize TabSet::minimumSizeHint() const {
+    return {sizeHint().width(), kRows * (fontMetrics().height() + kLeastPadding)};
+}
+
 void TabSet::resizeEvent(QResizeEvent*) {
     if (tabs_.isEmpty()) return;
     const qsizetype first = FirstRow(tabs_);
-    const int height = tabs_.first()->sizeHint().height();
+    const int height = this->height() / kRows;
     LayRow(tabs_, 0, first, QRect(0, 0, width(), height));
     LayRow(tabs_, first, tabs_.size(), QRect(0, height, width(), height));
 }

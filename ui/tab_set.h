@@ -26,7 +26,7 @@ class TabSet : public QWidget {
     void setCurrentIndex(int index);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize minimumSizeHint() const override;
 
   signals:
     void clicked(int index);

@@ -35,7 +35,9 @@ TToldlg::TToldlg(DesignHost& host, QWidget* parent)
         addRow(tr("Charac. Imp. Tolerance"), "ZLTolEingabe", &TToldlg::ZLTolEingabeChange);
     RTolEingabe_ = addRow(tr("Resistance Tolerances"), "RTolEingabe", &TToldlg::RTolEingabeChange);
     auto* note = new QLabel(tr("The buttons of the gain window draw the runs."));
-    note->setEnabled(false);
+    QFont italic = note->font();
+    italic.setItalic(true);
+    note->setFont(italic);
     grid->addWidget(note, grid->rowCount(), 0, 1, 3);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("OKBtn"));

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -401,6 +402,36 @@ class PlotWindowsTest : public QObject, protected GainWindow {
             QCOMPARE(marks.size(), std::size_t{2});
             QVERIFY(marks[0].box.bottom() <= marks[1].box.top() + 1);
             QVERIFY(marks[0].box.top() >= image().frame().plot.top);
+        }
+    }
+
+    /// Between the text and what it stands on, after the formula of WCAG 2.1.
+    void theLabelsOfTheLevelsCanBeRead() {
+        const auto luminance = [](const QColor& colour) {
+            const auto linear = [](float part) { return std::pow(double{part}, 2.2); };
+            return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+                   0.0722 * linear(colour.blueF());
+        };
+        for (const auto& [dark, paper] : {std::pair(false, false), {true, false}, {false, true}}) {
+            Picture picture = image().picture();
+            picture.dark = dark;
+            picture.paper = paper;
+            picture.curves.clear();
+            QImage drawn(image().size() * 4, QImage::Format_RGB32);
+            QPainter painter(&drawn);
+            painter.scale(4, 4);
+            FramePainter().draw(painter, image().size(), picture);
+            painter.end();
+            const auto layout = FramePainter().layout(image().size(), picture);
+            const QRectF box = layout.marks[0].box;
+            double least = 1;
+            double most = 0;
+            for (int x = int(box.left() * 4); x < int(box.right() * 4); ++x) {
+                const double here = luminance(drawn.pixelColor(x, int(box.center().y() * 4)));
+                least = std::min(least, here);
+                most = std::max(most, here);
+            }
+            QVERIFY2((most + 0.05) / (least + 0.05) >= 4.5, dark ? "dark" : "light");
         }
     }
 

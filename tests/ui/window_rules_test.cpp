@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMenuBar>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -16,9 +17,12 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
+#include <QTableWidget>
+#include <QToolBar>
 #include <QToolButton>
 
 #include "analysis/trace.h"
+#include "design/pages.h"
 #include "tests/ui/form_fixture.h"
 #include "ui/mnemonics.h"
 #include "ui/plot/axis_limits_dialog.h"
@@ -62,25 +66,69 @@ bool NeedsHint(const QWidget& widget) {
     return qobject_cast<const QAbstractButton*>(&widget) ||
            qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
            qobject_cast<const QAbstractSpinBox*>(&widget) ||
-           qobject_cast<const QAbstractSlider*>(&widget);
+           qobject_cast<const QAbstractSlider*>(&widget) ||
+           qobject_cast<const QTableWidget*>(&widget);
 }
 
-/// The letters of one menu, and what is wrong with them.
-QStringList FaultsOf(const QList<QAction*>& actions, const QString& menu) {
-    QStringList faults;
-    QHash<QChar, QString> owners;
-    static const QRegularExpression mark("&([^&])");
-    for (const QAction* item : actions) {
-        if (item->isSeparator() || !item->isVisible()) continue;
-        const QString text = item->text();
-        if (item->menu()) faults += FaultsOf(item->menu()->actions(), menu + " > " + text);
-        const auto found = mark.match(QString(text).remove("&&"));
-        const QChar letter = found.hasMatch() ? found.captured(1)[0].toUpper() : QChar();
-        if (letter.isNull()) faults << menu + ": no letter in " + text;
-        if (owners.contains(letter)) faults << menu + ": " + owners[letter] + " and " + text;
-        owners[letter] = text;
+/// The letter behind '&' in upper case; null without one.
+QChar Letter(QString caption) {
+    caption.replace("&&", "");
+    const qsizetype at = caption.indexOf('&');
+    return at < 0 || at + 1 == caption.size() ? QChar() : caption[at + 1].toUpper();
+}
+
+/// Adds what is wrong with captions that stand together: a letter twice, or a caption without one
+/// though one of its letters is free.
+void Judge(const QStringList& captions, const QString& where, QHash<QChar, QString> seen,
+           QStringList& wrong, const QSet<QChar>& hidden = {}) {
+    QStringList bare;
+    for (const QString& caption : captions) {
+        const QChar letter = Letter(caption);
+        if (letter.isNull()) {
+            bare << caption;
+        } else if (seen.contains(letter)) {
+            wrong << where + ": " + seen[letter] + " and " + caption;
+        }
+        if (!letter.isNull()) seen.insert(letter, caption);
     }
-    return faults;
+    for (const QString& caption : std::as_const(bare))
+        for (const QChar letter : caption.toUpper())
+            if (letter.unicode() < 128 && letter.isLetterOrNumber() && !seen.contains(letter) &&
+                !hidden.contains(letter))
+                wrong << where + ": " + letter + " is free in " + caption;
+}
+
+void JudgeMenu(const QList<QAction*>& items, const QString& where, QStringList& wrong) {
+    QStringList captions;
+    for (const QAction* item : items) {
+        if (item->isSeparator() || !item->isVisible()) continue;
+        captions << item->text();
+        if (item->menu()) JudgeMenu(item->menu()->actions(), item->text(), wrong);
+    }
+    Judge(captions, where, {}, wrong);
+}
+
+/// Letters of what a window shows at present.
+void JudgeWindow(const QWidget& window, const QString& where, const QHash<QChar, QString>& seen,
+                 QStringList& wrong) {
+    QStringList captions;
+    QSet<QChar> hidden;
+    for (const QLabel* label : window.findChildren<QLabel*>()) {
+        if (!label->buddy() || Letter(label->text()).isNull()) continue;
+        if (label->isVisibleTo(&window)) captions << label->text();
+        hidden << Letter(label->text());
+    }
+    for (const QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
+        const auto* tool = qobject_cast<const QToolButton*>(button);
+        const bool icon = tool && tool->toolButtonStyle() == Qt::ToolButtonIconOnly;
+        if (!button->isVisibleTo(&window) || button->text().isEmpty()) continue;
+        // Pictures in the first place: a letter where one is left.
+        const bool inToolBar = qobject_cast<const QToolBar*>(button->parentWidget());
+        if (inToolBar && Letter(button->text()).isNull()) continue;
+        if (button->inherits("QTabBar") || button->objectName().startsWith("Tab")) continue;
+        if (!icon || !Letter(button->text()).isNull()) captions << button->text();
+    }
+    Judge(captions, where, seen, wrong, hidden);
 }
 
 }  // namespace
@@ -147,26 +195,83 @@ class WindowRulesTest : public QObject {
         QVERIFY2(silent.isEmpty(), qPrintable(silent.join("; ")));
     }
 
-    void pagesWithFewFieldsDoNotScrollThere() {
-        const auto& form = form_->form();
-        const int around = form.height() - form.findChild<QWidget*>("Notebook1")->height();
-        const int room = kSmallScreen.height() - around;
-        for (const int page : {1, 2, 3, 4, 6, 7, 9, 13, 14, 18}) {
-            const auto* panel = form.findChild<QWidget*>(QString("Page%1").arg(page));
-            const QSize least = panel->minimumSizeHint();
-            QVERIFY2(
-                least.height() <= room && least.width() <= kSmallScreen.width(),
-                qPrintable(QString("page %1: %2 of %3").arg(page).arg(least.height()).arg(room)));
+    void noPageScrollsThere() {
+        TSDIAppForm& form = form_->form();
+        const QSize whole = form.size();
+        form.setFixedSize(kSmallScreen);
+        QStringList scrolling;
+        for (int page = 1; page <= static_cast<int>(Pages().size()); ++page) {
+            form_->goTo(page);
+            QCoreApplication::processEvents();
+            for (const auto* area : form.findChildren<QScrollArea*>())
+                if (area->isVisible() && (area->horizontalScrollBar()->maximum() > 0 ||
+                                          area->verticalScrollBar()->maximum() > 0))
+                    scrolling << QString("page %1: %2 lines, %3 columns")
+                                     .arg(page)
+                                     .arg(area->verticalScrollBar()->maximum())
+                                     .arg(area->horizontalScrollBar()->maximum());
         }
+        form.setFixedSize(whole);
+        form_->goTo(1);
+        QVERIFY2(scrolling.isEmpty(), qPrintable(scrolling.join("; ")));
     }
 
-    void noMenuHasALetterTwice_data() { rows(); }
-    void noMenuHasALetterTwice() {
+    void noLetterStandsTwice_data() { rows(); }
+    void noLetterStandsTwice() {
         QFETCH(QWidget*, window);
+        QStringList wrong;
+        QHash<QChar, QString> titles;
         for (const QMenuBar* bar : window->findChildren<QMenuBar*>()) {
-            const QStringList faults = FaultsOf(bar->actions(), "bar");
-            QVERIFY2(faults.isEmpty(), qPrintable(faults.join("; ")));
+            JudgeMenu(bar->actions(), "menu bar", wrong);
+            for (const QAction* menu : bar->actions())
+                titles.insert(Letter(menu->text()), menu->text());
         }
+        const bool main = window == &form_->form();
+        if (main) titles.insert('X', "Alt+X");
+        for (std::size_t i = 0; i < (main ? Pages().size() : 1); ++i) {
+            if (main) form_->goTo(Pages()[i].number);
+            JudgeWindow(*window, main ? ToQString(Pages()[i].caption) : "window", titles, wrong);
+        }
+        QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join("; ")));
+    }
+
+    void lettersAreSharedOut_data() {
+        QTest::addColumn<QStringList>("captions");
+        QTest::addColumn<QString>("taken");
+        QTest::addColumn<QStringList>("expected");
+        const auto row = [](const char* name, QStringList captions, QString taken,
+                            QStringList result) {
+            QTest::addRow("%s", name) << captions << taken << result;
+        };
+        row("own ones stay", {"&Print", "E&xit"}, "", {"&Print", "E&xit"});
+        row("second of a letter", {"&Coils", "&Clipboard"}, "", {"C&oils", "&Clipboard"});
+        row("three letters for three", {"&T Section", "&TR", "T&L"}, "",
+            {"&T Section", "T&R", "T&L"});
+        row("taken ones", {"&Save", "Open"}, "so", {"S&ave", "O&pen"});
+        row("none left", {"&A", "&A"}, "", {"&A", "A"});
+        row("printed ampersand", {"R && D"}, "", {"&R && D"});
+        row("digits", {"E6 Series", "E12 Series"}, "es", {"E&6 Series", "E&12 Series"});
+    }
+
+    void lettersAreSharedOut() {
+        QFETCH(QStringList, captions);
+        QFETCH(QString, taken);
+        QFETCH(QStringList, expected);
+        QStringList given = WithUniqueMnemonics(captions, taken);
+        QStringList plain = given;
+        QHash<QChar, int> uses;
+        for (const QString& caption : given) ++uses[Letter(caption)];
+        uses.remove(QChar());
+        for (const int count : std::as_const(uses)) QCOMPARE(count, 1);
+        QCOMPARE(plain.replaceInStrings("&", ""), QStringList(expected).replaceInStrings("&", ""));
+        const auto missing = [](const QStringList& texts) {
+            return std::count_if(texts.begin(), texts.end(),
+                                 [](const QString& text) { return Letter(text).isNull(); });
+        };
+        QCOMPARE(missing(given), missing(expected));
+        for (const QString& caption : given)
+            QVERIFY(!taken.contains(Letter(caption), Qt::CaseInsensitive) ||
+                    Letter(caption).isNull());
     }
 
     /// A window that is not among the rows would keep to nothing.

@@ -1,4 +1,5 @@
 #include "ui/plot/axis_limits_dialog.h"
+#include "ui/mnemonics.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -63,6 +64,7 @@ AxisLimitsDialog::AxisLimitsDialog(const View& view, double fo, const Trace& lef
     check();
     rows_.front().field->setFocus();
     rows_.front().field->selectAll();
+    GiveMnemonics(*this);
 }
 
 void AxisLimitsDialog::addRow(QFormLayout& form, Zone zone, const char* object, const QString& name,

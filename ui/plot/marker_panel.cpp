@@ -13,6 +13,7 @@ MarkerPanel::MarkerPanel(QWidget* parent)
     setObjectName("MarkerPanel");
     setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
     table_->setObjectName("MarkerTable");
+    table_->setToolTip(tr("Markers on the curve, and what lies between each and the first"));
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setSelectionMode(QAbstractItemView::ContiguousSelection);
     table_->verticalHeader()->hide();

@@ -11,6 +11,7 @@
 #include "core/rounding.h"
 #include "core/scalar.h"
 #include "plot/ticks.h"
+#include "ui/mnemonics.h"
 #include "ui/plot/value_spin.h"
 
 namespace kelvro {
@@ -54,6 +55,7 @@ TXmaxDlg1::TXmaxDlg1(const ValueEdit& edit, const QString& unit, Spin spin, QWid
     connect(arrows, &ValueSpin::clicked, this, &TXmaxDlg1::SpinButtonXmaxClick);
     connect(buttons, &QDialogButtonBox::accepted, this, &TXmaxDlg1::OKBtnClick);
     connect(buttons, &QDialogButtonBox::rejected, this, &TXmaxDlg1::CancelBtnClick);
+    GiveMnemonics(*this);
 }
 
 void TXmaxDlg1::xmaxEingabeChange() {

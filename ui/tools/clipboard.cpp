@@ -37,6 +37,7 @@ TFormClipboard::TFormClipboard(QWidget* parent)
     numbers_ = new QTableWidget(0, 2);
     numbers_->setObjectName(QStringLiteral("NumbersTable"));
     numbers_->setHorizontalHeaderLabels({tr("As written"), tr("Value")});
+    SetHint(*numbers_, tr("What the text in the clipboard is read as"));
     numbers_->verticalHeader()->hide();
     numbers_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     numbers_->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -72,6 +73,7 @@ void TFormClipboard::recalculate() {
     const auto found =
         NumbersIn({text.constData(), static_cast<std::size_t>(text.size())}, kMostNumbers);
     std::vector<double> values;
+    values.reserve(found.size());
     for (const FoundNumber& number : found) values.push_back(number.value);
     const ListSummary summary = SummaryOf(values);
     const bool any = !values.empty();

@@ -138,7 +138,7 @@ void TFormFilters::addInputs() {
     first_ = addChoice("FirstChoice", tr("First &element"), {tr("across"), tr("in series")},
                        tr("How the ladder begins at the source"));
     QL_ = addInput("QLEingabe", {tr("Q of &L"), {}, tr("Empty: no losses")}, {});
-    QC_ = addInput("QCEingabe", {tr("Q of &C"), {}, tr("Empty: no losses")}, {});
+    QC_ = addInput("QCEingabe", {tr("&Q of C"), {}, tr("Empty: no losses")}, {});
 }
 
 void TFormFilters::addOutputs() {
@@ -175,6 +175,7 @@ QWidget* TFormFilters::makePlotColumn() {
     elements_ = new QTableWidget(0, 4);
     elements_->setObjectName(QStringLiteral("ElementsTable"));
     elements_->setHorizontalHeaderLabels({tr("Arm"), "L", "C", tr("Resonator")});
+    SetHint(*elements_, tr("Arms from source to load"));
     elements_->verticalHeader()->hide();
     elements_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     elements_->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -208,7 +209,7 @@ void TFormFilters::showRows() {
     const auto band = static_cast<FilterBand>(band_->currentIndex());
     setShown(bandwidth_, HasBandwidth(band));
     setShown(ripple_, shape_->currentIndex() == 1);
-    setTexts(f_, HasBandwidth(band) ? tr("Centre &fo") : tr("&Cutoff frequency"));
+    setTexts(f_, HasBandwidth(band) ? tr("&Centre fo") : tr("&Cutoff frequency"));
     for (OutputEdit* lower : {lower_, lowerHalf_}) setShown(lower, band != FilterBand::LowPass);
     for (OutputEdit* upper : {upper_, upperHalf_}) setShown(upper, band != FilterBand::HighPass);
 }

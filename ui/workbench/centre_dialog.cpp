@@ -16,6 +16,7 @@
 #include "synthesis/rating.h"
 #include "synthesis/refine.h"
 #include "ui/fields.h"
+#include "ui/mnemonics.h"
 
 namespace kelvro {
 
@@ -98,6 +99,7 @@ CentreDialog::CentreDialog(NetworkModel& model, QWidget* parent)
     model_.beginDrag(tr("Centring"));
     rate();
     showState();
+    GiveMnemonics(*this);
 }
 
 CentreDialog::~CentreDialog() = default;

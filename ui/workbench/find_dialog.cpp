@@ -17,6 +17,7 @@
 #include "plot/gain_thumbnail.h"
 #include "plot/ladder_thumbnail.h"
 #include "ui/fields.h"
+#include "ui/mnemonics.h"
 #include "ui/workbench/limit_watch.h"
 #include "ui/workbench/network_window.h"
 #include "ui/workbench/search_choices.h"
@@ -115,6 +116,7 @@ FindDialog::FindDialog(NetworkModel& model, LimitWatch& limit, QWidget* parent)
     limit_.setOn(true);
     showLimit();
     showState();
+    GiveMnemonics(*this);
 }
 
 FindDialog::~FindDialog() = default;

@@ -14,6 +14,7 @@
 #include "network/network_text.h"
 #include "plot/ladder_thumbnail.h"
 #include "ui/fields.h"
+#include "ui/mnemonics.h"
 
 namespace kelvro {
 
@@ -86,6 +87,7 @@ MatchDialog::MatchDialog(NetworkModel& model, QWidget* parent)
     resize(520, 420);
     search();
     list_->setFocus();
+    GiveMnemonics(*this);
 }
 
 void MatchDialog::search() {

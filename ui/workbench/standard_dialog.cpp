@@ -12,6 +12,7 @@
 #include "core/number_text.h"
 #include "synthesis/refine.h"
 #include "ui/fields.h"
+#include "ui/mnemonics.h"
 #include "ui/workbench/series_choice.h"
 
 namespace kelvro {
@@ -62,6 +63,7 @@ StandardDialog::StandardDialog(NetworkModel& model, QWidget* parent)
     resize(380, 420);
     model_.beginDrag(tr("Standard values"));
     choose();
+    GiveMnemonics(*this);
 }
 
 void StandardDialog::done(int result) {
