@@ -68,11 +68,13 @@ void NetworkModel::take(const QString& name, Network network) {
     edit(name, [&](Network& next) { next = std::move(network); });
 }
 
-void NetworkModel::open(Network network, std::vector<Snapshot> snapshots) {
+void NetworkModel::open(Network network, std::vector<Snapshot> snapshots, DataLinks links) {
     taken_ = static_cast<int>(snapshots.size());
     for (std::size_t i = 0; i < snapshots.size(); ++i)
         snapshots[i].colour = kSnapshotColours[i % kSnapshotColours.size()];
-    history_.reset({std::move(network), std::move(snapshots)});
+    history_.reset({.network = std::move(network),
+                    .snapshots = std::move(snapshots),
+                    .links = std::move(links)});
     markSaved();
     selected_.reset();
     drag_.reset();
@@ -122,6 +124,7 @@ void NetworkModel::moveTo(bool (History<NetworkDocument>::*move)()) {
 void NetworkModel::markSaved() {
     saved_ = network();
     savedSnapshots_ = snapshots();
+    savedLinks_ = links();
 }
 
 void NetworkModel::addSnapshot(const QString& name) {

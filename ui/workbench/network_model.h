@@ -2,7 +2,9 @@
 
 #include <QObject>
 #include <QString>
+#include <filesystem>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,12 +27,16 @@ struct Snapshot {
     bool operator==(const Snapshot&) const = default;
 };
 
+/// Measured data that a project names by their file, by name; all others are stored in it.
+using DataLinks = std::map<std::string, std::filesystem::path>;
+
 /// What undo brings back: the network and what belongs to it.
 struct NetworkDocument {
     Network network;
     std::vector<Snapshot> snapshots = {};
     std::optional<Network> ghost = {};
     std::vector<Tunable> locked = {};
+    DataLinks links = {};
     bool operator==(const NetworkDocument&) const = default;
 };
 
@@ -52,8 +58,11 @@ class NetworkModel : public QObject {
     void setValue(const Tunable& at, double value);
     /// Another network as a step that can be undone: taken from a page, a search, a snapshot.
     void take(const QString& name, Network network);
+    /// A step of the whole document: what belongs to the network with it.
+    using Change = std::function<void(NetworkDocument&)>;
+    void change(const QString& name, const Change& change, const QString& key = {});
     /// Another document: nothing left to undo.
-    void open(Network network, std::vector<Snapshot> snapshots = {});
+    void open(Network network, std::vector<Snapshot> snapshots = {}, DataLinks links = {});
 
     // A drag: its moves are shown at once and are one step; cancelled it was none.
     void beginDrag(const QString& name);
@@ -67,7 +76,9 @@ class NetworkModel : public QObject {
     const History<NetworkDocument>& history() const { return history_; }
 
     /// Changed since the file was written?
-    bool modified() const { return !(network() == saved_ && snapshots() == savedSnapshots_); }
+    bool modified() const {
+        return !(network() == saved_ && snapshots() == savedSnapshots_ && links() == savedLinks_);
+    }
     void markSaved();
 
     const std::vector<Snapshot>& snapshots() const { return history_.present().snapshots; }
@@ -75,6 +86,8 @@ class NetworkModel : public QObject {
     void removeSnapshot(std::size_t index);
     void showSnapshot(std::size_t index, bool shown);
     void renameSnapshot(std::size_t index, const QString& name);
+
+    const DataLinks& links() const { return history_.present().links; }
 
     /// The design whose ghost the chart shows; none until one was frozen.
     const std::optional<Network>& ghost() const { return history_.present().ghost; }
@@ -110,9 +123,6 @@ class NetworkModel : public QObject {
     void selectionChanged();
 
   private:
-    using Change = std::function<void(NetworkDocument&)>;
-    /// A step of the whole document.
-    void change(const QString& name, const Change& change, const QString& key = {});
     /// A step of one snapshot; none where there is no such snapshot.
     void changeSnapshot(const QString& name, std::size_t index,
                         const std::function<void(std::vector<Snapshot>&, std::size_t)>& change);
@@ -128,6 +138,7 @@ class NetworkModel : public QObject {
     History<NetworkDocument> history_;
     Network saved_;
     std::vector<Snapshot> savedSnapshots_;
+    DataLinks savedLinks_;
     std::optional<Tunable> selected_;
     std::optional<Drag> drag_;
     int drags_ = 0;

@@ -161,6 +161,11 @@ QWidget* NetworkWindow::buildNetworkSide() {
     problem_->setWordWrap(true);
     problem_->hide();
     column->addWidget(problem_);
+    dataNotes_ = new QLabel;
+    dataNotes_->setObjectName(QStringLiteral("DataNotes"));
+    dataNotes_->setWordWrap(true);
+    dataNotes_->hide();
+    column->addWidget(dataNotes_);
     connect(ladder_, &LadderPanel::problem, this, [this](const QString& text) {
         problem_->setText(text);
         problem_->setVisible(!text.isEmpty());
@@ -240,6 +245,8 @@ void NetworkWindow::buildNetworkMenu() {
     add(network, "NetworkRefine", tr("&Refine"), QKeySequence(Qt::CTRL | Qt::Key_R),
         [this] { refine(); });
     addSearchActions(network);
+    network.addSeparator();
+    addDataMenu(network);
     network.addSeparator();
     add(network, "NetworkSnapshot", tr("Take &Snapshot"), QKeySequence(Qt::Key_F6),
         [this] { takeSnapshot(); });
@@ -338,6 +345,7 @@ void NetworkWindow::showModel() {
     redo_->setText(name(tr("&Redo"), model_.history().redoName()));
     redo_->setEnabled(model_.history().canRedo());
     showSnapshots();
+    showDataNotes();
     showTitle();
     autosaveTimer_->start();
 }

@@ -93,6 +93,12 @@ class NetworkWindow : public QMainWindow {
   private:
     void buildMenus();
     void addSearchActions(QMenu& menu);
+    void addDataMenu(QMenu& menu);
+    void fillDataMenu(QMenu& menu);
+    void addDataActions(QMenu& menu, const std::shared_ptr<const PortData>& data);
+    void interpolate(const std::string& name, Interpolation form);
+    void linkData(const std::shared_ptr<const PortData>& data);
+    void showDataNotes();
     void buildFileMenu();
     void buildEditMenu();
     void buildNetworkMenu();
@@ -136,7 +142,7 @@ class NetworkWindow : public QMainWindow {
     DesignHost& host_;
     NetworkModel model_;
     QString file_;
-    Project project_;  ///< as read: keys of others, links
+    Project project_;  ///< as read: keys of others
     DataFiles data_;
     MessageSink message_;
     QSplitter* split_ = nullptr;
@@ -150,6 +156,8 @@ class NetworkWindow : public QMainWindow {
     QLineEdit* frequency_ = nullptr;
     QLineEdit* bands_ = nullptr;
     QLabel* problem_ = nullptr;
+    QLabel* dataNotes_ = nullptr;
+    std::size_t toldWarnings_ = 0;  ///< of those that reading data gave
     QAction* undo_ = nullptr;
     QAction* redo_ = nullptr;
     QMenu* recent_ = nullptr;

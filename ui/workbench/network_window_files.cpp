@@ -94,6 +94,7 @@ QString Quoted(const QString& text) {
 Project NetworkWindow::present() const {
     Project project = project_;
     project.network = model_.network();
+    project.linkedData = model_.links();
     project.snapshots.clear();
     for (const Snapshot& snapshot : model_.snapshots())
         project.snapshots.push_back(
@@ -112,7 +113,7 @@ void NetworkWindow::takeOver(Project project) {
         for (const auto& measured : DataOf(kept.network)) data_.add(measured);
         snapshots.push_back({QString::fromStdString(kept.name), kept.network, {}, kept.shown});
     }
-    model_.open(project_.network, std::move(snapshots));
+    model_.open(project_.network, std::move(snapshots), project_.linkedData);
 }
 
 void NetworkWindow::newProject() {

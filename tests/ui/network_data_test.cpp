@@ -1,0 +1,132 @@
+// Measured data of the Network window: embedded or linked, read between samples, remarked upon.
+
+#include <QAction>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMenu>
+#include <QtTest>
+#include <algorithm>
+#include <cmath>
+
+#include "io/json_output.h"
+#include "io/project_file.h"
+#include "network/coverage.h"
+#include "network/ladder_response.h"
+#include "tests/ui/network_fixture.h"
+
+using namespace kelvro;
+
+namespace {
+
+void Write(const QString& path, const char* text) {
+    QFile file(path);
+    if (!file.open(QFile::WriteOnly)) qFatal("cannot write");
+    file.write(text);
+}
+
+QString ReadAll(const QString& path) {
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// A load that turns from j50 to -j50 by way of |Γ| = 1: 90° between two samples.
+constexpr char kTurning[] = "# MHz S RI R 50\n90 0 0.5\n110 0 -0.5\n";
+
+class Window : public NetworkFixture {
+  public:
+    Window() {
+        Write(path("antenna.s1p"), kTurning);
+        (*this)->openAny(path("antenna.s1p"));
+        Project project;
+        project.network = model().network();
+        if (!WriteProject(path("a.kelvro").toStdString(), project)) qFatal("not written");
+        if (!(*this)->openFile(path("a.kelvro"))) qFatal("not opened");
+    }
+    /// Chooses from the menu of the only measured data.
+    void choose(const QString& item) {
+        auto& menu = find<QMenu>("NetworkData");
+        emit menu.aboutToShow();
+        const auto actions = menu.findChild<QMenu*>()->actions();
+        const auto found = std::ranges::find_if(actions, [&](const QAction* action) {
+            return action->text().remove('&').startsWith(item);
+        });
+        if (found == actions.end()) qFatal("no item %s", qPrintable(item));
+        (*found)->trigger();
+    }
+    void link(const QString& file) {
+        const InDialog asked([&](QWidget& dialog) {
+            dynamic_cast<QFileDialog&>(dialog).selectFile(file);
+            dialog.findChild<QLineEdit*>()->setText(file);
+            static_cast<QDialog&>(dialog).accept();
+        });
+        choose("Linked to");
+    }
+    double resistance() { return impedance(model().network().load, 100e6).real(); }
+};
+
+}  // namespace
+
+class NetworkDataTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void linkedDataComeFromTheFileAndUndoEmbedsThemAgain() {
+        Window window;
+        QVERIFY(ReadAll(window.path("a.kelvro")).contains("\"touchstone\""));
+        // Γ is 0 half-way: 50 ohm. The other file has Γ 1/3 there: 100 ohm.
+        QVERIFY(std::fabs(window.resistance() - 50) < 1e-9);
+        Write(window.path("other.s1p"), "# MHz S RI R 50\n90 0.25 0\n110 0.4166666666666667 0\n");
+        window.link(window.path("other.s1p"));
+        QVERIFY(std::fabs(window.resistance() - 100) < 1e-9);
+        window.trigger("NetworkSave");
+        const QString text = ReadAll(window.path("a.kelvro"));
+        QVERIFY(text.contains("\"path\": \"other.s1p\"") && text.contains("sha256:"));
+        QVERIFY(!text.contains("\"touchstone\""));
+        QVERIFY(window->openFile(window.path("a.kelvro")));
+        QVERIFY(window.messages.isEmpty() && std::fabs(window.resistance() - 100) < 1e-9);
+        window.choose("Embedded");
+        QVERIFY(window->windowTitle().contains('*'));
+        window.trigger("NetworkUndo");
+        QVERIFY(!window->windowTitle().contains('*') && window.model().links().size() == 1);
+        // What was measured anew since then is said.
+        Write(window.path("other.s1p"), "# MHz S RI R 50\n90 0 0\n110 0 0\n");
+        QVERIFY(window->openFile(window.path("a.kelvro")));
+        QVERIFY(window.messages.value(0).contains("has changed"));
+    }
+
+    void aFileThatDoesNotFitIsRefused() {
+        Window window;
+        Write(window.path("b.s2p"), "# MHz S RI R 50\n90 0 0 1 0 1 0 0 0\n");
+        for (const char* file : {"b.s2p", "a.kelvro"}) window.link(window.path(file));
+        QCOMPARE(window.messages.size(), 2);
+        QVERIFY(window.messages[0].contains("2 ports"));
+        QVERIFY(window.model().links().empty() && !window.model().modified());
+    }
+
+    void theFormBetweenSamplesIsChosenAndKept() {
+        Window window;
+        window.choose("Polar");
+        // |Γ| stays 0.5 on the way by +0.5 or -0.5 (half a turn either way).
+        const double R = window.resistance();
+        QVERIFY2(std::fabs(R - 150) < 1e-6 || std::fabs(R - 50 / 3.0) < 1e-6,
+                 qPrintable(QString::number(R)));
+        window.trigger("NetworkSave");
+        QVERIFY(ReadAll(window.path("a.kelvro")).contains("\"polar\""));
+        window.trigger("NetworkUndo");
+        QVERIFY(std::fabs(window.resistance() - 50) < 1e-9);
+    }
+
+    void whatIsWrongWithTheDataInTheBandIsSaid() {
+        Window window;
+        auto& notes = window.find<QLabel>("DataNotes");
+        QVERIFY(notes.isVisible() && notes.text().contains("turn by up to 180°"));
+        window.type("BandsEingabe", "80M:100M");
+        QVERIFY2(notes.text().contains("antenna.s1p covers 90"), qPrintable(notes.text()));
+        window.type("LoadEingabe", "50");
+        QVERIFY(!notes.isVisible());
+    }
+};
+
+QTEST_MAIN(NetworkDataTest)
+#include "network_data_test.moc"
