@@ -33,7 +33,7 @@ Result<Network> PageProblem(const Design& design) {
     problem.load = design.R2;
     if (const auto opened = OpenedNetwork(design)) problem.ladder = opened->ladder;
     problem.designFrequency = design.fo;
-    problem.bands = {BandAround(design.fo, design.fo / design.Q)};
+    problem.bands = {WorstGainBand(design).value_or(BandAround(design.fo, design.fo / design.Q))};
     return problem;
 }
 

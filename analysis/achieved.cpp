@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "analysis/response.h"
 #include "core/number_text.h"
@@ -13,6 +14,19 @@ namespace {
 
 constexpr double kNotedFactor = 1.5;  // between the band and B
 constexpr double kFlatDecades = 1e3;  // a response without an edge so far up has no band
+
+/// Looked for more closely than the optimizer does.
+std::optional<WorstGain> WorstGainOf(const Design& design, const Response& response) {
+    const auto band = WorstGainBand(design);
+    if (!band) return std::nullopt;
+    constexpr int steps = 160;
+    double worst = std::numeric_limits<double>::infinity();
+    for (int i = 0; i <= steps; ++i) {
+        const double f = band->low * std::pow(band->high / band->low, i / double{steps});
+        worst = std::min(worst, response.relativeDb(f));
+    }
+    return WorstGain{*band, worst};
+}
 
 std::string Hertz(double f) {
     return FormatQuantity(2, f, "Hz");
@@ -33,6 +47,7 @@ std::optional<Achieved> AchievedBy(const CycleResult& result) {
     Achieved achieved;
     achieved.lossDb = result.lossDb;
     achieved.band = PassbandAround(response, design.fo);
+    achieved.worst = WorstGainOf(design, response);
     const double width = achieved.band.width();
     if (!std::isfinite(width)) return achieved;
     achieved.loadedQ = design.fo / width;
@@ -44,6 +59,10 @@ std::optional<Achieved> AchievedBy(const CycleResult& result) {
 
 std::string AchievedText(const Achieved& achieved, double bandwidth) {
     std::string text = "loss " + FormatFixed(0, 3, achieved.lossDb) + " dB at fo, ";
+    if (const auto& worst = achieved.worst) {
+        text += "worst GT " + FormatFixed(0, 4, worst->GTDb) + " dB from " +
+                Hertz(worst->band.low) + " to " + Hertz(worst->band.high) + ", ";
+    }
     const Passband& band = achieved.band;
     if (!std::isfinite(band.high)) return text + "-3 dB from " + Hertz(band.low) + " up";
     text += "-3 dB width " + Hertz(band.width()) + " (" + Hertz(band.low) + " to " +

@@ -5,14 +5,23 @@
 
 #include "analysis/passband.h"
 #include "design/cycle.h"
+#include "network/network.h"
 
 namespace kelvro {
+
+/// The lowest transducer gain in a band.
+struct WorstGain {
+    FrequencyBand band;
+    double GTDb = 0;
+};
 
 /// What a calculated design does, as its response has it: not what was asked for.
 struct Achieved {
     double lossDb = 0;   ///< at fo, against a lossless match
     Passband band;       ///< where the gain is at most 3.01 dB below that at fo
     double loadedQ = 0;  ///< fo over the band's width; 0 where the band has no end
+    /// Where the worst gain between two edges is the goal: that gain.
+    std::optional<WorstGain> worst = {};
     /// The band is more than half as wide again as the bandwidth that the page shows, or as much
     /// narrower.
     bool otherThanBandwidth = false;
@@ -23,7 +32,8 @@ struct Achieved {
 std::optional<Achieved> AchievedBy(const CycleResult& result);
 
 /// "loss 0.353 dB at fo, -3 dB width 24.62 MHz (88.41 MHz to 113.03 MHz), loaded Q 4.06"; behind it
-/// "not the 20.00 MHz of B" where that is so.
+/// "not the 20.00 MHz of B" where that is so. Behind the loss the worst gain of a band: "worst GT
+/// -0.2717 dB from 70.00 MHz to 130.00 MHz".
 std::string AchievedText(const Achieved& achieved, double bandwidth);
 
 }  // namespace kelvro

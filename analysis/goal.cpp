@@ -13,7 +13,6 @@ namespace kelvro {
 
 namespace {
 
-constexpr double kNarrowBandQ = 0.21;  // designs above it hold their loaded Q
 constexpr double kSmallestQ = 0.01;
 constexpr double kEdgeDrop = 0.25;  // dB at ±1/(8·Q) of fo
 
@@ -130,6 +129,17 @@ double BandWeight(const Band& band, bool maxNorm) {
     return maxNorm ? 1 : band.scale * sum;
 }
 
+/// Minus the worst gain at these frequencies, dB.
+double WorstLoss(std::span<const double> frequencies, const Response& response) {
+    double worst = -std::numeric_limits<double>::infinity();
+    for (const double f : frequencies) {
+        const double loss = -response.relativeDb(f);
+        if (std::isnan(loss)) return loss;
+        worst = std::max(worst, loss);
+    }
+    return worst;
+}
+
 std::vector<double> SlotValues(const Design& design, const std::vector<Slot>& slots) {
     std::vector<double> values;
     values.reserve(slots.size());
@@ -154,6 +164,7 @@ Goal::Goal(const Design& design, const GoalOptions& options)
     if (page_.moved) slots_ = page_.moved(design);
     starts_ = page_.values ? page_.values(design, slots_) : SlotValues(design, slots_);
     size_ = page_.test ? page_.testParameters : slots_.size();
+    if (const auto band = WorstGainBand(design)) bandFrequencies_ = WorstGainFrequencies(*band);
 }
 
 void Goal::write(std::span<const double> x) {
@@ -191,7 +202,8 @@ double Goal::lowerBound() const {
 }
 
 bool Goal::isGood(std::span<const double> x) {
-    if (!isNetwork()) return true;
+    // Of a worst gain nobody knows beforehand how high it can be.
+    if (!isNetwork() || countsWorstGain()) return true;
     write(x);
     return isMatched() && hasWantedQ();
 }
@@ -223,6 +235,8 @@ double Goal::network() const {
         const EdgeGains gains = GainsAtEdges(trial_, response);
         f = -gains.centre + (options_.phaseSlope ? PhasePenalty(trial_, response, gains.centre)
                                                  : BandEdgePenalty(trial_, gains));
+    } else if (countsWorstGain()) {
+        f = WorstLoss(bandFrequencies_, response);
     } else if (page_.band) {
         f = BandGoal(page_.band(trial_), response, options_.maxNorm);
     }

@@ -31,7 +31,13 @@ class Goal : public Objective {
     /// The components of x.
     Slots components(std::span<const double> x);
 
+    /// Where the worst gain is the goal, the frequencies that it is the worst of; else none.
+    std::span<const double> bandFrequencies() const { return bandFrequencies_; }
+    bool countsWorstGain() const { return !bandFrequencies_.empty(); }
+
     const CallCounts& calls() const { return calls_; }
+    /// A call that somebody else has made who knows the goal in another form.
+    void count(CallKind kind) { calls_.add(kind); }
 
   private:
     void write(std::span<const double> x);
@@ -47,6 +53,7 @@ class Goal : public Objective {
     std::vector<Slot> slots_;
     std::vector<double> starts_;  ///< element values, relative ones in the extended ladder
     std::size_t size_;
+    std::vector<double> bandFrequencies_;
     CallCounts calls_;
 };
 

@@ -76,14 +76,17 @@ InputField FieldOf(const Page& page, std::string_view option) {
 void AddSwitchOptions(CLI::App& command, const std::shared_ptr<DesignOptions>& options) {
     for (const Page& page : Pages()) {
         for (const SwitchField& field : page.switches) {
-            if (field.option.empty()) continue;
-            const auto check = [options, object = std::string(field.object)] {
-                options->checks.push_back(object);
+            const std::string object(field.object);
+            const std::string caption(field.caption);
+            const auto add = [&](std::string_view name, std::vector<std::string>& boxes,
+                                 const std::string& help) {
+                if (name.empty()) return;
+                const auto put = [options, &boxes, object] { boxes.push_back(object); };
+                command.add_flag_callback("--" + std::string(name), put, help)
+                    ->group("Inputs of single pages");
             };
-            command
-                .add_flag_callback("--" + std::string(field.option), check,
-                                   std::string(field.caption) + ": " + std::string(field.hint))
-                ->group("Inputs of single pages");
+            add(field.option, options->checks, caption + ": " + std::string(field.hint));
+            add(field.offOption, options->cleared, "Without \"" + caption + "\"");
         }
     }
 }
@@ -180,6 +183,7 @@ Outcome<Design> StateOf(const DesignOptions& options, Session& session) {
         if (!text.empty()) FieldOf(*page, option).write(state, ParseValue(text));
     }
     for (const std::string& check : options.checks) ApplyCheck(state, check);
+    for (const std::string& name : options.cleared) state.*FindSwitch(name)->flag = false;
     if (options.swapLC) state.LCSwapped = true;
     return state;
 }

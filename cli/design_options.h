@@ -21,6 +21,7 @@ struct DesignOptions {
     std::map<std::string, std::string> inputs;  ///< input texts by option name; empty: not given
     std::vector<std::string> takes;             ///< NAME=VALUE
     std::vector<std::string> checks;            ///< NAME or NAME=WEIGHT, check boxes of pages
+    std::vector<std::string> cleared;           ///< names of check boxes that are not ticked
     std::string series;
     std::string ini;  ///< settings file to start from
     bool swapLC = false;

@@ -44,8 +44,11 @@ struct Design {
     double fp12 = 10e6;  ///< wanted resonances of the combined tank
     double fs12 = 16e6;
     bool eightElements = false;  ///< extended network (Broadband Match)
-    double LBP = 50e-9;          ///< resonator inductance (Band-Pass)
-    int NBP = 3;                 ///< number of resonators
+    bool matchBand = true;       ///< the worst gain between two edges counts
+    double bandLow = 0;          ///< the edges; 0: as far from fo as the page says
+    double bandHigh = 0;
+    double LBP = 50e-9;  ///< resonator inductance (Band-Pass)
+    int NBP = 3;         ///< number of resonators
     double rippleBP = 0.5;
     double Vref = 2.4;  ///< resistor string (R-Divider)
     double Rtot = 100e3;

@@ -14,6 +14,11 @@ std::string TextFormat::text(double value) const {
 }
 
 double InputField::read(const Design& state) const {
+    const double held = stored(state);
+    return untilTyped && held == 0 ? untilTyped(state) : held;
+}
+
+double InputField::stored(const Design& state) const {
     return std::visit([&](auto member) { return static_cast<double>(state.*member); }, value);
 }
 

@@ -84,9 +84,14 @@ struct InputField {
     TextFormat format = kEngineering;
     /// Without effect, and not to be typed, while this says no; null: never.
     bool (*applies)(const Design&) = nullptr;
+    /// What it is while the state holds 0, so until a value is typed; null: nothing else.
+    double (*untilTyped)(const Design&) = nullptr;
 
     bool hasEffect(const Design& state) const { return !applies || applies(state); }
+    /// The value in use.
     double read(const Design& state) const;
+    /// What the state holds.
+    double stored(const Design& state) const;
     /// Stores the value clamped to the limits.
     void write(Design& state, double x) const;
     /// Stores the value as it is; rounded where the input is a whole number.
@@ -102,6 +107,7 @@ struct SwitchField {
     std::string_view weightObject = {};  ///< scroll bar, empty where the switch has none
     int Design::*weight = nullptr;       ///< 0..100
     std::string_view option = {};        ///< command-line option without dashes, where it has one
+    std::string_view offOption = {};     ///< the same of an option that clears the box
 };
 
 /// A push button of a page that does something to the state and then recalculates.

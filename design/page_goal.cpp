@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/scalar.h"
+#include "design/pages.h"
+
 namespace kelvro {
 
 double TransformationTerm(const Design& s) {
@@ -22,6 +25,26 @@ Band FivePointBand(const Design& s, double width) {
 
 double Imbalance(double a, double b) {
     return (a - b) / (a + b);
+}
+
+std::optional<FrequencyBand> WorstGainBand(const Design& design) {
+    const PageGoal& goal = PageOf(design).goal;
+    return goal.worstIn ? goal.worstIn(design) : std::nullopt;
+}
+
+std::vector<double> WorstGainFrequencies(const FrequencyBand& band) {
+    // Four ripples of eight elements lie so dense that a sample misses 1 % of one at most.
+    constexpr int points = 41;
+    const double middle = std::sqrt(band.low * band.high);
+    const double half = std::log(band.high / band.low) / 2;
+    std::vector<double> f(points);
+    for (int i = 0; i < points; ++i) {
+        const double place = -std::cos(kTwoPi / 2 * i / (points - 1));
+        f[static_cast<std::size_t>(i)] = middle * std::exp(half * place);
+    }
+    f.front() = band.low;
+    f.back() = band.high;
+    return f;
 }
 
 PageGoal PageGoal::Nothing() {

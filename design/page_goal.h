@@ -2,14 +2,19 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <vector>
 
 #include "design/design.h"
+#include "network/network.h"
 
 // What a page tells the optimizer: what it may move, and what beside the gain it should look at.
 
 namespace kelvro {
+
+/// Designs for a larger loaded Q hold it; others are as broad as can be.
+inline constexpr double kNarrowBandQ = 0.21;
 
 /// Where the gain of a broad-band design counts, and how much.
 struct BandPoint {
@@ -33,6 +38,13 @@ Band FivePointBand(const Design& design, double width);
 /// (a - b)/(a + b): 0 for equal values.
 double Imbalance(double a, double b);
 
+/// Between which edges the worst gain of a design counts; nothing where it does not.
+std::optional<FrequencyBand> WorstGainBand(const Design& design);
+
+/// Where a worst gain between two edges is looked for: rising, both edges included, denser towards
+/// them as the ripples of the best ladders are.
+std::vector<double> WorstGainFrequencies(const FrequencyBand& band);
+
 /// What the optimizer makes small on a page. A page says which of the kinds its goal is; there is
 /// no goal by default.
 struct PageGoal {
@@ -51,6 +63,9 @@ struct PageGoal {
 
     /// Where broad-band designs are judged; of most pages FivePointBand of a quarter.
     Band (*band)(const Design&) = nullptr;
+    /// Between which edges the worst gain of the design, a ladder of single parts, counts in place
+    /// of all that; nothing where it does not. null: never.
+    std::optional<FrequencyBand> (*worstIn)(const Design&) = nullptr;
     /// What is added to the goal; null: nothing.
     double (*penalty)(const Design&) = nullptr;
     /// What counts in place of the gain, on pages without a response; null: the gain.

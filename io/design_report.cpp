@@ -193,12 +193,19 @@ std::span<const OutputField> SharedOutputFields() {
 Json JsonAchieved(const CycleResult& cycle) {
     const auto achieved = AchievedBy(cycle);
     if (!achieved) return nullptr;
-    return {{"loss_db", JsonNumber(achieved->lossDb)},
-            {"low", JsonNumber(achieved->band.low)},
-            {"high", JsonNumber(achieved->band.high)},
-            {"width", JsonNumber(achieved->band.width())},
-            {"loaded_q", achieved->loadedQ > 0 ? JsonNumber(achieved->loadedQ) : Json(nullptr)},
-            {"other_than_b", achieved->otherThanBandwidth}};
+    Json json = {
+        {"loss_db", JsonNumber(achieved->lossDb)},
+        {"low", JsonNumber(achieved->band.low)},
+        {"high", JsonNumber(achieved->band.high)},
+        {"width", JsonNumber(achieved->band.width())},
+        {"loaded_q", achieved->loadedQ > 0 ? JsonNumber(achieved->loadedQ) : Json(nullptr)},
+        {"other_than_b", achieved->otherThanBandwidth}};
+    if (const auto& worst = achieved->worst) {
+        json["worst_gt"] = {{"from", JsonNumber(worst->band.low)},
+                            {"to", JsonNumber(worst->band.high)},
+                            {"db", JsonNumber(worst->GTDb)}};
+    }
+    return json;
 }
 
 Json JsonDesign(const DesignRun& run) {

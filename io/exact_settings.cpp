@@ -195,7 +195,7 @@ void WriteExact(const Settings& settings, ProfileText& profile) {
     };
     const auto setInputs = [&](std::span<const InputField> inputs) {
         for (const InputField& field : inputs)
-            set(field.object, FormatShortest(field.read(design)));
+            set(field.object, FormatShortest(field.stored(design)));
     };
     set(kByDrop, YesOrNo(design.QByBandwidth));
     set(kSwapped, YesOrNo(design.LCSwapped));

@@ -128,6 +128,9 @@ struct Summary {
     std::vector<bool> onLimit;  ///< parameters that the reach holds back
     bool good = false;          ///< as the objective judges it
     int delivered = 0;          ///< the descent that found it, counted from 0
+    /// Of max-min steps: there are no line searches and no matrices, and g is the sum of the
+    /// gradients that hold the worst value down, each by how much it does.
+    bool maxMin = false;
 
     int descents = 0;                      ///< starts made
     double initialStep = 0;                ///< first t

@@ -10,6 +10,7 @@
 #include "design/pages.h"
 #include "design/part_ref.h"
 #include "optimize/report.h"
+#include "optimize/worst_gain.h"
 
 namespace kelvro {
 
@@ -111,7 +112,10 @@ class PageRuns {
                                           ? OffsetStart(goal_.size(), index, tuning.startOffset)
                                       : index > 0 ? result_.runs[0].x
                                                   : calculated();
-        result_.runs.push_back(MinimizeLocally(goal_, start, options, calculated()));
+        const Eigen::VectorXd origin = calculated();
+        result_.runs.push_back(goal_.countsWorstGain()
+                                   ? MinimizeWorstLoss(goal_, design_, start, options, origin)
+                                   : MinimizeLocally(goal_, start, options, origin));
     }
 
     /// The second run has begun where the first one ended, and is lower. Where the first one is as

@@ -345,8 +345,11 @@ void WriteChoice(ReportText& out, const Summary& run) {
 }
 
 void WriteEnd(ReportText& out, const Summary& run, const LocalOptions& options) {
-    out << (options.steepestDescent ? "Gradient" : "BFGS") << " iterations : " << run.iterations
-        << ", f=" << run.f << ", |g|=" << run.gradientLength << ReasonText(run.stop) << "\n";
+    out << (run.maxMin                ? "Max-min"
+            : options.steepestDescent ? "Gradient"
+                                      : "BFGS")
+        << " iterations : " << run.iterations << ", f=" << run.f << ", |g|=" << run.gradientLength
+        << ReasonText(run.stop) << "\n";
     WriteCounters(out, run);
     WriteChoice(out, run);
     WriteWay(out, run);
@@ -421,8 +424,8 @@ bool IsStillMoving(const Summary& run, const RemarkTuning& tuning) {
 std::string ClosingText(const Summary& best, const OptimizerSettings& settings) {
     ReportText out;
     const RemarkTuning& remark = settings.local.tuning.remark;
-    out << "Parameter uncertainty estimation : \n";
     const Eigen::MatrixXd inverse = TrustedInverse(best);
+    if (inverse.size() > 0) out << "Parameter uncertainty estimation : \n";
     for (Eigen::Index i = 0; i < inverse.rows(); ++i) {
         const double dX = std::sqrt(2 * remark.uncertaintyGoal * std::fabs(inverse(i, i)));
         out << static_cast<int>(i) + 1 << " : " << 100 * dX << "%, dX=" << dX << "\n";

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "optimize/max_min.h"
 #include "synthesis/candidates.h"
-#include "synthesis/max_min.h"
 #include "synthesis/search_task.h"
 
 namespace kelvro {

@@ -3,9 +3,9 @@
 #include <optional>
 #include <vector>
 
-#include "synthesis/max_min.h"
+#include "optimize/max_min.h"
+#include "optimize/stages.h"
 #include "synthesis/search.h"
-#include "synthesis/stages.h"
 
 // The ladders that a search looks at, and where it starts in them.
 

@@ -7,7 +7,7 @@
 
 #include "core/result.h"
 #include "network/network.h"
-#include "synthesis/ladder_model.h"
+#include "optimize/ladder_model.h"
 #include "synthesis/value_limits.h"
 
 // The search for the networks that match a load over bands of frequencies.

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "core/result.h"
-#include "synthesis/ladder_model.h"
+#include "optimize/ladder_model.h"
 #include "synthesis/search.h"
 
 namespace kelvro {

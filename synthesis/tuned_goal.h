@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "synthesis/max_min.h"
+#include "optimize/max_min.h"
 #include "synthesis/tuned_network.h"
 
 namespace kelvro {

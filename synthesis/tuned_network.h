@@ -5,7 +5,7 @@
 
 #include "network/network.h"
 #include "network/tunable.h"
-#include "synthesis/complex_row.h"
+#include "optimize/complex_row.h"
 
 namespace kelvro {
 

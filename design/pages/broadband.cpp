@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 
 #include "design/cycle.h"
 #include "design/pages/catalogue.h"
@@ -117,6 +118,26 @@ Transfer BroadbandTransfer(const Design& s) {
 
 // ---------------------------------------------------------------- goal
 
+/// Larger Q ask for a loaded Q, whatever the band.
+bool MatchesBand(const Design& s) {
+    return s.matchBand && s.Q <= kNarrowBandQ;
+}
+
+// The edges until they are typed.
+double UsualLow(const Design& s) {
+    return 0.7 * s.fo;
+}
+
+double UsualHigh(const Design& s) {
+    return 1.3 * s.fo;
+}
+
+FrequencyBand BandEdges(const Design& s) {
+    const double low = s.bandLow > 0 ? s.bandLow : UsualLow(s);
+    const double high = s.bandHigh > 0 ? s.bandHigh : UsualHigh(s);
+    return {std::min(low, high), std::max(low, high)};
+}
+
 constexpr double kSmallestBase = 0.02;  // of the power function of frequencies relative to fo
 
 Band LadderBand(const Design& s) {
@@ -185,10 +206,23 @@ PageGoal BroadbandGoal() {
     goal.values = LadderValues;
     goal.setValues = SetLadderValues;
     goal.band = LadderBand;
+    goal.worstIn = [](const Design& s) {
+        return MatchesBand(s) ? std::optional(BandEdges(s)) : std::nullopt;
+    };
     return goal;
 }
 
 // ---------------------------------------------------------------- fields
+
+std::vector<InputField> BroadbandInputs() {
+    constexpr Limits hertz{0, 1e11};
+    return {{"fLow16Eingabe", "Band from", "Hz",
+             "Lower edge of the band in which the worst gain counts; 0: 0.7·fo", "band-low",
+             kKeptExactly, &Design::bandLow, hertz, kEngineering, MatchesBand, UsualLow},
+            {"fHigh16Eingabe", "Band to", "Hz",
+             "Upper edge of the band in which the worst gain counts; 0: 1.3·fo", "band-high",
+             kKeptExactly, &Design::bandHigh, hertz, kEngineering, MatchesBand, UsualHigh}};
+}
 
 template <typename Pair>
 void AddPair(std::vector<OutputField>& outputs, OutputField first, OutputField second) {
@@ -241,12 +275,18 @@ Page BroadbandMatchPage() {
                                "impedance sections are small: count leads in.",
                  .values = "Eight elements cover an octave and more at a ratio of 4."},
         .goal = BroadbandGoal()};
-    page.notes = {{"Suited for R1<R2, low-pass; the optimizer spreads the match over the band",
-                   "Q up to 0.21: widest band; larger Q: the loaded Q is kept"}};
-    page.switches = {{"CheckBoxExt16", "8 elements",
-                      "Four sections instead of two: wider band, flatter response",
-                      &Design::eightElements}};
-    page.switches[0].option = "ext";
+    page.notes = {{"For R1<R2, low-pass, refined over a band",
+                   "Q up to 0.21: broad band; larger Q: the loaded Q is kept"}};
+    page.inputs = BroadbandInputs();
+    page.switches = {
+        {"CheckBoxBand16", "Band",
+         "The gain that is worst between the two edges is made as high as can be; "
+         "cleared: gains around fo, weighted",
+         &Design::matchBand},
+        {"CheckBoxExt16", "8 elements",
+         "Four sections instead of two: wider band, flatter response", &Design::eightElements}};
+    page.switches[0].offOption = "no-band";
+    page.switches[1].option = "ext";
     page.outputs = BroadbandOutputs();
     page.design = DesignBroadband;
     page.transfer = BroadbandTransfer;

@@ -46,6 +46,18 @@ TEST(Achieved, SaysSoWhereTheBandIsNotTheOneShownAsB) {
                 testing::Not(testing::HasSubstr("of B")));
 }
 
+TEST(Achieved, NamesTheWorstGainOfABandThatCounts) {
+    const CycleResult ladder = Calculated(16, 50, 200, 0.2);
+    const auto achieved = AchievedBy(ladder);
+    ASSERT_TRUE(achieved && achieved->worst);
+    // The ladder of equal steps is worst where it nears the direct connection.
+    EXPECT_NEAR(achieved->worst->GTDb, Response(ladder.design).relativeDb(7e6), 1e-9);
+    EXPECT_THAT(AchievedText(*achieved, ladder.bandwidth),
+                testing::ContainsRegex("worst GT -0\\.[0-9]+ dB from 7.00 MHz to 13.00 MHz"));
+    EXPECT_FALSE(AchievedBy(Calculated(16, 50, 200, 5))->worst) << "a loaded Q counts";
+    EXPECT_FALSE(AchievedBy(Calculated(13, 50, 200, 0.2))->worst) << "no band on this page";
+}
+
 TEST(Achieved, HasNothingToSayWithoutABand) {
     EXPECT_FALSE(AchievedBy(Calculated(1, 200, 50, 5))) << "refused";
     EXPECT_FALSE(AchievedBy(Calculated(7, 200, 50, 5))) << "flat";

@@ -25,6 +25,7 @@ Design StateOf(const json& design) {
     state.k = design["k"];
     state.QB = design["qb"];
     state.QBC = design["qbc"];
+    state.matchBand = false;
     ResponseServices services;
     state = Calculate(state, true, services).design;
     state.Q = design["q"];  // the page derives its own, the values are for the rounded one

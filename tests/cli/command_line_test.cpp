@@ -249,6 +249,20 @@ TEST(DesignCommand, ClampsItsInputsLikeTheWindow) {
     EXPECT_EQ(JsonOf({"design", "broadband", "--no-optimize"})["inputs"]["Q"], 0.2);
 }
 
+TEST(DesignCommand, ABandOfABroadbandMatchHasItsWorstGain) {
+    const auto achieved = [](std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), {"design", "broadband", "--r1", "50", "--r2", "500"});
+        return JsonOf(arguments)["achieved"];
+    };
+    const json usual = achieved({})["worst_gt"];
+    EXPECT_NEAR(usual["from"].get<double>(), 70e6, 1);
+    EXPECT_NEAR(usual["to"].get<double>(), 130e6, 1);
+    const json typed = achieved({"--band-low", "90M", "--band-high", "110M"})["worst_gt"];
+    EXPECT_NEAR(typed["from"].get<double>(), 90e6, 1);
+    EXPECT_GT(typed["db"], usual["db"]);
+    EXPECT_FALSE(achieved({"--no-band"}).contains("worst_gt"));
+}
+
 TEST(DesignCommand, SimulatesAClassEStageBesideItsComputation) {
     const json document = JsonOf({"design", "class-e", "--p", "10", "--fo", "10M", "--usat", "0",
                                   "--choke", "20", "--ngspice"});

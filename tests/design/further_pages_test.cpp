@@ -202,6 +202,31 @@ TEST(BroadbandPage, SpreadsEightElementsOverFourSections) {
     EXPECT_NEAR(state.components[Slot::X8], std::sqrt(144.86 / 102.43), 1e-4);
 }
 
+TEST(BroadbandPage, EdgesFollowTheFrequencyUntilTheyAreTyped) {
+    Design state = StateWith(16, {{"fo", "100M"}});
+    const auto expectEdges = [&](double low, double high) {
+        const auto band = WorstGainBand(state);
+        ASSERT_TRUE(band);
+        EXPECT_NEAR(band->low, low, 1e-6 * low);
+        EXPECT_NEAR(band->high, high, 1e-6 * high);
+    };
+    const InputField& low = *PageOf(16).input("fLow16Eingabe");
+    expectEdges(70e6, 130e6);
+    state.fo = 200e6;
+    expectEdges(140e6, 260e6);
+    low.write(state, 90e6);
+    state.fo = 100e6;
+    expectEdges(90e6, 130e6);
+    low.write(state, 150e6);  // above the other one
+    expectEdges(130e6, 150e6);
+    low.write(state, 0);
+    EXPECT_NEAR(low.read(state), 70e6, 1);
+    EXPECT_TRUE(low.hasEffect(state));
+    state.Q = 0.22;
+    EXPECT_FALSE(WorstGainBand(state)) << "a loaded Q counts";
+    EXPECT_FALSE(low.hasEffect(state));
+}
+
 TEST(BroadbandPage, TakesBackWhatItShows) {
     Design state = StateWith(16, {{"r1", "50"}, {"r2", "200"}});
     state.eightElements = true;

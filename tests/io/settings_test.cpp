@@ -247,6 +247,17 @@ TEST_F(SettingsTest, KeepTheChokeOfTheClassEStageFiniteOrNot) {
     EXPECT_TRUE(ReadSettings(path(file()), {}).settings.design.infiniteChoke);
 }
 
+TEST_F(SettingsTest, KeepEdgesOfABandThatNobodyHasTyped) {
+    Settings written;
+    written.design.bandHigh = 123.456789e6;
+    written.design.matchBand = false;
+    ASSERT_EQ(WriteSettings(path(file()), written).status, SaveStatus::Saved);
+    const Design read = ReadSettings(path(file()), {}).settings.design;
+    EXPECT_EQ(read.bandLow, 0) << "follows fo as before";
+    EXPECT_EQ(read.bandHigh, 123.456789e6);
+    EXPECT_FALSE(read.matchBand);
+}
+
 TEST_F(SettingsTest, OnlyJaSetsTheFlagByPhase) {
     EXPECT_TRUE(stateAfterReading("[Variablen]\nQ by phase=Ja\n").QByBandwidth);
     for (const char* text : {"Yes", "No", "ja", "", "1"}) {

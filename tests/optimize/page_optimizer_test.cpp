@@ -43,6 +43,7 @@ TEST(PageOptimizer, ComesNearTheBestKnownDesignsAndThoroughlyReachesThem) {
         state.fo = design["fo"];
         state.QB = design["qb"];
         state.QBC = design["qbc"];
+        state.matchBand = false;
         ResponseServices services;
         state = Calculate(state, true, services).design;
         state.Q = design["q"];

@@ -1,4 +1,4 @@
-#include "synthesis/ladder_model.h"
+#include "optimize/ladder_model.h"
 
 #include <gtest/gtest.h>
 

@@ -27,6 +27,7 @@ class PagesTest : public QObject {
     void pageShowsAndEnablesWhatItHas();
     void switchingPagesKeepsTheInputs();
     void broadbandPageStartsFromTheSmallestQ();
+    void edgesOfTheBandFollowFoUntilTheyAreTyped();
     void refusedDesignSaysSoAtEveryKeyAndKeepsTheFields();
     void remedyOfTheMessageIsTheSwitchButton();
     void swapBoxShowsDualsAndKeepsTheDesign();
@@ -114,6 +115,20 @@ void PagesTest::broadbandPageStartsFromTheSmallestQ() {
     f.goTo(16);
     QCOMPARE(f.state().Q, 0.2);
     QCOMPARE(f.text("QEingabe"), QString("    0.20"));
+}
+
+void PagesTest::edgesOfTheBandFollowFoUntilTheyAreTyped() {
+    FormFixture f;
+    f.goTo(16);
+    QVERIFY(f.find<QCheckBox>("CheckBoxBand16").isChecked());
+    f.type("foEingabe", "10M");
+    QCOMPARE(f.text("fLow16Eingabe").trimmed(), QString("7.00M"));
+    f.type("fLow16Eingabe", "8M");
+    f.type("foEingabe", "11M");
+    QCOMPARE(f.text("fLow16Eingabe").trimmed(), QString("8.00M"));
+    QCOMPARE(f.text("fHigh16Eingabe").trimmed(), QString("14.30M"));
+    f.click("CheckBoxBand16");
+    QVERIFY(!f.find("fLow16Eingabe").isEnabled());
 }
 
 void PagesTest::refusedDesignSaysSoAtEveryKeyAndKeepsTheFields() {

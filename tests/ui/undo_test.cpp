@@ -136,6 +136,11 @@ void UndoTest::everyChangeCanBeTakenBackAndDoneAgain_data() {
         QTest::keyClick(&f.find<QScrollBar>("ScrollBarLtot"), Qt::Key_Right);
         QTest::keyClick(&f.find<QScrollBar>("ScrollBarLtot"), Qt::Key_Right);
     });
+    row("Band", 16, nothing, [](FormFixture& f) { f.click("CheckBoxBand16"); });
+    row("fLow", 16, nothing, [](FormFixture& f) {
+        f.type("fLow16Eingabe", "80M");
+        f.find("foEingabe").setFocus();
+    });
     row("8 elements", 16, nothing, [](FormFixture& f) { f.click("CheckBoxExt16"); });
     row("L2", 5, nothing, [](FormFixture& f) {
         f.type("L25Ausgabe", "40n");

@@ -1,4 +1,4 @@
-#include "synthesis/stages.h"
+#include "optimize/stages.h"
 
 #include <numeric>
 

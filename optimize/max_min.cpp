@@ -1,4 +1,4 @@
-#include "synthesis/max_min.h"
+#include "optimize/max_min.h"
 
 #include <Eigen/LU>
 #include <algorithm>
@@ -120,6 +120,17 @@ bool MaxMinSolver::tryPoint(MaxMinGoal& goal, MaxMinPoint& point) {
     return true;
 }
 
+/// The gradients behind the last linear programme, weighted.
+void MaxMinSolver::tell(const MaxMinOptions& options, const MaxMinPoint& point) {
+    if (!options.watch) return;
+    gradient_.assign(point.x.size(), 0);
+    for (const auto& [row, weight] : step_.weights()) {
+        const auto gradient = rows_.gradient(row);
+        for (std::size_t j = 0; j < gradient.size(); ++j) gradient_[j] += weight * gradient[j];
+    }
+    options.watch(point, gradient_);
+}
+
 void MaxMinSolver::improve(MaxMinGoal& goal, const ParameterBox& box, const MaxMinOptions& options,
                            MaxMinPoint& point) {
     low_.resize(point.x.size());
@@ -130,9 +141,10 @@ void MaxMinSolver::improve(MaxMinGoal& goal, const ParameterBox& box, const MaxM
     for (int step = 0; step < options.mostSteps && !point.settled; ++step) {
         boxAround(box, point, point.radius);
         const double expected = step_.solve(rows_, low_, high_) - point.worst;
+        tell(options, point);
         if (!(expected > options.leastGain)) {
             point.settled = true;
-            break;
+            return;
         }
         if (newtonRadius > 0) {
             boxAround(box, point, newtonRadius);
@@ -156,6 +168,10 @@ void MaxMinSolver::improve(MaxMinGoal& goal, const ParameterBox& box, const MaxM
         }
         point.settled = point.radius < options.leastRadius;
     }
+    if (!options.watch) return;
+    boxAround(box, point, point.radius);
+    step_.solve(rows_, low_, high_);
+    tell(options, point);
 }
 
 }  // namespace kelvro

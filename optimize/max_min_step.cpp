@@ -1,4 +1,4 @@
-#include "synthesis/max_min_step.h"
+#include "optimize/max_min_step.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "synthesis/max_min.h"
+#include "optimize/max_min.h"
 
 #include <gtest/gtest.h>
 

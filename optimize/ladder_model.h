@@ -3,9 +3,9 @@
 #include <span>
 #include <vector>
 
-#include "synthesis/complex_row.h"
-#include "synthesis/max_min.h"
-#include "synthesis/stages.h"
+#include "optimize/complex_row.h"
+#include "optimize/max_min.h"
+#include "optimize/stages.h"
 
 // Gains of ladders over frequency with their exact gradients, made for an inner loop: everything
 // relative to one resistance and one frequency, real and imaginary parts in arrays of their own.

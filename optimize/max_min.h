@@ -1,9 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <span>
 #include <vector>
 
-#include "synthesis/max_min_step.h"
+#include "optimize/max_min_step.h"
 
 namespace kelvro {
 
@@ -24,19 +25,22 @@ struct ParameterBox {
     std::vector<double> high;
 };
 
-/// Where a solution is to stop.
-struct MaxMinOptions {
-    int mostSteps = 200;
-    double leastRadius = 1e-7;
-    double leastGain = 1e-7;  ///< expected gain that is not worth another step
-};
-
 /// A point and the smallest function there.
 struct MaxMinPoint {
     std::vector<double> x = {};
     double worst = 0;
     double radius = 0.5;   ///< trust radius to go on with
     bool settled = false;  ///< nothing more to gain
+};
+
+/// Where a solution is to stop, and who looks on.
+struct MaxMinOptions {
+    int mostSteps = 200;
+    double leastRadius = 1e-7;
+    double leastGain = 1e-7;  ///< expected gain that is not worth another step
+    /// Told of each point before a step is taken from it, and of the last one, with the gradients
+    /// of the functions that hold it down, each by how much it does: 0 where no step helps.
+    std::function<void(const MaxMinPoint&, std::span<const double> gradient)> watch = {};
 };
 
 /// Maximizes the smallest of some functions by sequential linear programming: steps of the
@@ -54,6 +58,7 @@ class MaxMinSolver {
     bool newtonStep(MaxMinGoal& goal, const MaxMinPoint& point);
     bool tryNewton(MaxMinGoal& goal, MaxMinPoint& point);
     bool tryPoint(MaxMinGoal& goal, MaxMinPoint& point);
+    void tell(const MaxMinOptions& options, const MaxMinPoint& point);
 
     MaxMinStep step_;
     LinearRows rows_;
@@ -64,6 +69,7 @@ class MaxMinSolver {
     std::vector<double> high_;
     std::vector<double> x_;
     std::vector<double> newton_;
+    std::vector<double> gradient_;
 };
 
 }  // namespace kelvro
