@@ -81,6 +81,18 @@ std::optional<PartKind> KindOf(char letter) {
     }
 }
 
+TextUnit TextUnitOf(PartKind kind) {
+    switch (kind) {
+        case PartKind::Resistor:
+            break;
+        case PartKind::Inductor:
+            return TextUnit::Henry;
+        case PartKind::Capacitor:
+            return TextUnit::Farad;
+    }
+    return TextUnit::Ohm;
+}
+
 }  // namespace
 
 const Setting* FindSetting(const std::vector<Setting>& settings, std::string_view key) {
@@ -155,11 +167,10 @@ std::optional<Impedance> NetworkParser::named() {
 }
 
 Part NetworkParser::part(PartKind kind, std::string name) {
-    constexpr TextUnit units[] = {TextUnit::Ohm, TextUnit::Henry, TextUnit::Farad};
     Part part;
     part.kind = kind;
     part.name = std::move(name);
-    part.value = reader_.number(units[static_cast<std::size_t>(kind)]);
+    part.value = reader_.number(TextUnitOf(kind));
     readLosses(part);
     return part;
 }

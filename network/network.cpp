@@ -239,9 +239,16 @@ bool HasBranch(const Network& network) {
 std::vector<LadderElement> Dual(std::vector<LadderElement> ladder, double f0) {
     const double omega = kTwoPi * f0;
     for (Part* part : PartsOf(ladder)) {
-        if (part->kind == PartKind::Resistor) continue;
-        const bool inductor = part->kind == PartKind::Inductor;
-        part->kind = inductor ? PartKind::Capacitor : PartKind::Inductor;
+        switch (part->kind) {
+            case PartKind::Resistor:
+                continue;
+            case PartKind::Inductor:
+                part->kind = PartKind::Capacitor;
+                break;
+            case PartKind::Capacitor:
+                part->kind = PartKind::Inductor;
+                break;
+        }
         part->value = 1 / (omega * omega * part->value);
         part->name = DualName(part->name);
         part->loss.law = Mirrored(part->loss.law);

@@ -119,18 +119,26 @@ std::complex<double> impedance(const Part& part, double f) {
 
 std::string_view UnitOf(PartKind kind) {
     switch (kind) {
+        case PartKind::Resistor:
+            return "Ω";
         case PartKind::Inductor:
             return "H";
         case PartKind::Capacitor:
             return "F";
-        case PartKind::Resistor:
-            break;
     }
-    return "Ω";
+    return "";
 }
 
 char LetterOf(PartKind kind) {
-    return kind == PartKind::Inductor ? 'L' : kind == PartKind::Capacitor ? 'C' : 'R';
+    switch (kind) {
+        case PartKind::Resistor:
+            return 'R';
+        case PartKind::Inductor:
+            return 'L';
+        case PartKind::Capacitor:
+            return 'C';
+    }
+    return '?';
 }
 
 std::string DualName(std::string_view name) {

@@ -94,9 +94,14 @@ class ThumbnailBuilder {
 
     void part(const Impedance& impedance, QPointF from, QPointF to) {
         const auto* leaf = std::get_if<Part>(&impedance.is);
-        if (leaf && leaf->kind == PartKind::Inductor) return drawing_.inductor(from, to);
-        if (leaf && leaf->kind == PartKind::Capacitor) return drawing_.capacitor(from, to);
-        drawing_.resistor(from, to);
+        switch (leaf ? leaf->kind : PartKind::Resistor) {
+            case PartKind::Resistor:
+                return drawing_.resistor(from, to);
+            case PartKind::Inductor:
+                return drawing_.inductor(from, to);
+            case PartKind::Capacitor:
+                return drawing_.capacitor(from, to);
+        }
     }
 
     CircuitDrawing drawing_;
