@@ -8,15 +8,30 @@
 
 #include "core/number_text.h"
 #include "core/rounding.h"
+#include "core/scalar.h"
 #include "design/pages.h"
 
 namespace kelvro {
 
 namespace {
 
-template <double (Response::*value)(double) const>
+/// Of what a page promises, else of the network that stands there.
+template <double (Response::*ofPage)(double) const, double (*ofNetwork)(const NetworkPoint&)>
 double OfResponse(const TraceSource& source, double f) {
-    return (source.response.*value)(f);
+    return source.response ? ((*source.response).*ofPage)(f) : ofNetwork(source.network->at(f));
+}
+double VoltageGain(const TraceSource& source, double f) {
+    return source.response ? source.response->magnitudeDb(f)
+                           : MagnitudeDb(std::abs(source.network->voltageTransfer(f)));
+}
+double PowerGain(const NetworkPoint& point) {
+    return MagnitudeDb(std::sqrt(point.GT));
+}
+double PhaseOf(const NetworkPoint& point) {
+    return std::arg(point.transfer) * kDegreesPerRadian;
+}
+double DelayOf(const NetworkPoint& point) {
+    return point.groupDelay;
 }
 
 template <int top>
@@ -28,9 +43,11 @@ TraceScale PhaseScale(const TraceSource&) {
     return {-180, 180, 15, 3};
 }
 
+constexpr auto GroupDelay = OfResponse<&Response::groupDelay, DelayOf>;
+
 /// Twice the delay at fo, rounded up: a resonance beside fo still has its peak in view.
 TraceScale DelayScale(const TraceSource& source) {
-    const double delay = 2 * std::fabs(source.response.groupDelay(source.fo));
+    const double delay = 2 * std::fabs(GroupDelay(source, source.fo));
     const double top = RoundUpSig1(delay > 0 && std::isfinite(delay) ? delay : 1 / source.fo);
     return {-top / 5, top, StepUp125(top / 50)};
 }
@@ -44,6 +61,19 @@ double Reflection(const TraceSource& source, double f) {
 
 double ReturnLoss(const TraceSource& source, double f) {
     return -MagnitudeDb(Reflection(source, f));
+}
+
+double LoadReturnLoss(const TraceSource& source, double f) {
+    return source.network ? -MagnitudeDb(std::abs(source.network->at(f).gammaOut)) : kNaN;
+}
+
+/// Rounding may leave a lossless network a little short of nothing.
+double Dissipated(const TraceSource& source, double f) {
+    return source.network ? std::max(source.network->at(f).dissipated, 0.0) : kNaN;
+}
+
+TraceScale PartScale(const TraceSource&) {
+    return {0, 1, 0.05, 4};
 }
 
 /// No value where everything comes back.
@@ -64,7 +94,8 @@ double InputReactance(const TraceSource& source, double f) {
 TraceScale MatchScale(const TraceSource& source) {
     constexpr double kUsual = 40;
     constexpr double kMost = 400;
-    const double better = 1.2 * ReturnLoss(source, source.fo);
+    const double better =
+        1.2 * std::max(ReturnLoss(source, source.fo), LoadReturnLoss(source, source.fo));
     const double top = better > kUsual ? std::min(RoundUpSig1(better), kMost) : kUsual;
     return {0, top, StepUp125(top / 50)};
 }
@@ -103,7 +134,7 @@ constexpr std::array kTraces{
           .unit = "dB",
           .column = "V_dB",
           .axis = TraceAxis::Gain,
-          .value = OfResponse<&Response::magnitudeDb>,
+          .value = VoltageGain,
           .scale = GainScale<20>,
           .tolerance = 0.1,
           .levels = true,
@@ -115,7 +146,7 @@ constexpr std::array kTraces{
           .unit = "dB",
           .column = "GT_dB",
           .axis = TraceAxis::Gain,
-          .value = OfResponse<&Response::relativeDb>,
+          .value = OfResponse<&Response::relativeDb, PowerGain>,
           .scale = GainScale<10>,
           .tolerance = 0.1,
           .levels = true,
@@ -126,7 +157,7 @@ constexpr std::array kTraces{
           .unit = "°",
           .column = "phase_deg",
           .axis = TraceAxis::Phase,
-          .value = OfResponse<&Response::phase>,
+          .value = OfResponse<&Response::phase, PhaseOf>,
           .scale = PhaseScale,
           .tolerance = 0.5,
           .turn = 360},
@@ -136,7 +167,7 @@ constexpr std::array kTraces{
           .unit = "s",
           .column = "group_delay_s",
           .axis = TraceAxis::Delay,
-          .value = OfResponse<&Response::groupDelay>,
+          .value = GroupDelay,
           .scale = DelayScale,
           .engineering = true},
     Trace{.key = "rl",
@@ -178,6 +209,25 @@ constexpr std::array kTraces{
           .scale = ImpedanceScale,
           .engineering = true,
           .farthest = 1e5},
+    // Behind the others: files keep the columns that programs read by number.
+    Trace{.key = "rlout",
+          .title = "Return Loss at the Load",
+          .symbol = "RLout",
+          .unit = "dB",
+          .column = "return_loss_out_dB",
+          .axis = TraceAxis::Match,
+          .value = LoadReturnLoss,
+          .scale = MatchScale,
+          .farthest = 100,
+          .tolerance = 0.1},
+    Trace{.key = "loss",
+          .title = "Dissipated Part",
+          .symbol = "Pd/Pav",
+          .unit = "",
+          .column = "dissipated_part",
+          .axis = TraceAxis::Part,
+          .value = Dissipated,
+          .scale = PartScale},
 };
 
 std::optional<LadderResponse> NetworkResponse(const Design& design) {
@@ -191,6 +241,8 @@ std::optional<LadderResponse> NetworkResponse(const Design& design) {
 
 TraceSource::TraceSource(const Design& state)
     : response(state), network(NetworkResponse(state)), fo(state.fo), R1(state.R1) {}
+
+TraceSource::TraceSource(const Network& bare) : network(bare), fo(bare.designFrequency) {}
 
 std::string Trace::legend() const {
     return std::string(symbol) + "(f) :";
@@ -244,6 +296,17 @@ const Trace* TraceWithoutAxis(const TraceList& traces) {
     };
     const auto found = std::ranges::find_if(traces, third);
     return found == traces.end() ? nullptr : *found;
+}
+
+TraceList WithTrace(TraceList traces, const Trace& more) {
+    const TraceAxis left = traces.front()->axis;
+    std::erase_if(traces, [&](const Trace* other) {
+        const bool inItsPlace =
+            more.axis != left && other->axis != left && other->axis != more.axis;
+        return other == &more || inItsPlace;
+    });
+    traces.push_back(&more);
+    return traces;
 }
 
 }  // namespace kelvro

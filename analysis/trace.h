@@ -15,18 +15,19 @@
 
 namespace kelvro {
 
-/// What traces are values of: a design, prepared once for many frequencies.
+/// What traces are values of: a design or a network, prepared once for many frequencies.
 struct TraceSource {
     explicit TraceSource(const Design& state);
+    explicit TraceSource(const Network& bare);
 
-    Response response;
+    std::optional<Response> response;       ///< V(f) as a page promises it; none of a bare network
     std::optional<LadderResponse> network;  ///< between source and load; none on some pages
-    double fo;                              ///< design frequency, Hz
-    double R1;                              ///< source resistance, ohm
+    double fo = 0;                          ///< design frequency, Hz
+    double R1 = 0;                          ///< source resistance, ohm
 };
 
 /// Traces on the same axis share its range.
-enum class TraceAxis : std::uint8_t { Gain, Phase, Delay, Match, Ratio, Impedance };
+enum class TraceAxis : std::uint8_t { Gain, Phase, Delay, Match, Ratio, Impedance, Part };
 
 /// The range with which an axis opens.
 struct TraceScale {
@@ -81,5 +82,7 @@ using TraceList = std::vector<const Trace*>;
 const Trace* RightTrace(const TraceList& traces);
 /// The first trace that would need a third axis; null where two do.
 const Trace* TraceWithoutAxis(const TraceList& traces);
+/// The traces with one more. Those of a third axis make room for it.
+TraceList WithTrace(TraceList traces, const Trace& more);
 
 }  // namespace kelvro

@@ -29,7 +29,7 @@ double Frequency(const ResponseOptions& sweep, double from, double to, int i) {
 }
 
 Json JsonRow(const TraceSource& source, double f) {
-    const auto H = source.response.transfer(f);
+    const auto H = source.response->transfer(f);
     Json row{{"f_Hz", JsonNumber(f)}, {"re", JsonNumber(H.real())}, {"im", JsonNumber(H.imag())}};
     for (const Trace& trace : Traces()) {
         row[std::string(trace.column)] = JsonNumber(trace.value(source, f));

@@ -14,7 +14,7 @@ std::string ResponseCsvHeader() {
 
 std::string ResponseCsvRow(const TraceSource& source, double f) {
     constexpr std::size_t kUsualLength = 200;
-    const auto H = source.response.transfer(f);
+    const auto H = source.response->transfer(f);
     std::string row;
     row.reserve(kUsualLength);
     AppendExact(row, f);

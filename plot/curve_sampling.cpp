@@ -76,8 +76,8 @@ Points Refiner::withTurnsResolved(const Points& points) const {
     for (const Point& next : points) {
         if (!resolved.empty()) {
             const double last = resolved.back().f;
-            resolveTurn(resolved, last, source_.response.transfer(last), next.f,
-                        source_.response.transfer(next.f), kMostHalvings);
+            resolveTurn(resolved, last, source_.response->transfer(last), next.f,
+                        source_.response->transfer(next.f), kMostHalvings);
         }
         resolved.push_back(next);
     }
@@ -90,7 +90,7 @@ void Refiner::resolveTurn(Points& to, double a, Cx Ha, double b, Cx Hb, int halv
     if (halvings == 0 || !AreApart(a, b)) return;
     if (!(std::fabs(std::arg(Hb * std::conj(Ha))) > kMostTurn)) return;
     const double m = between(a, b, 0.5);
-    const Cx Hm = source_.response.transfer(m);
+    const Cx Hm = source_.response->transfer(m);
     resolveTurn(to, a, Ha, m, Hm, halvings - 1);
     to.push_back(at(m));
     resolveTurn(to, m, Hm, b, Hb, halvings - 1);

@@ -108,7 +108,7 @@ TEST(Traces, TheNetworkBehindTheInputHasTheResponseOfThePage) {
             ASSERT_TRUE(source.network.has_value()) << page.number;
             for (const double part : {0.3, 0.9, 1.0, 1.7}) {
                 const double f = part * state.fo;
-                const auto H = source.response.transfer(f);
+                const auto H = source.response->transfer(f);
                 EXPECT_NEAR(std::abs(source.network->voltageTransfer(f) / H), 1, 1e-9)
                     << page.number << " swapped " << swapped << " at " << part;
             }
@@ -132,6 +132,40 @@ TEST(Traces, InputOfACoilInSeriesIsThatCoilAndTheLoad) {
     EXPECT_NEAR(TraceOf("x").value(source, 100e6), 62.8318531, 1e-6);
     EXPECT_NEAR(TraceOf("rl").value(source, 100e6), 6.1298, 2e-4);
     EXPECT_NEAR(TraceOf("vswr").value(source, 100e6), 2.951, 5e-4);
+}
+
+TEST(Traces, OfABareNetworkMeanTheSame) {
+    // 100 ohm in series between 50 and 100 ohm: a quarter of the 200 ohm that the source sees.
+    Network network;
+    network.source = 50.0;
+    network.load = 100.0;
+    network.ladder.push_back(SeriesArm(Part::R(100)));
+    const TraceSource source(network);
+    const std::tuple<const char*, double> expected[] = {
+        {"v", 20 * std::log10(2 * 100.0 / 250)},
+        {"gt", 10 * std::log10(4 * 50 * 100.0 / (250 * 250))},
+        {"phi", 0},
+        {"delay", 0},
+        {"rl", 20 * std::log10(250 / 150.0)},
+        {"rlout", 20 * std::log10(250 / 50.0)},
+        {"vswr", 4},
+        {"r", 200},
+        {"x", 0},
+        {"loss", 4 * 50 * 100.0 / (250 * 250)},
+    };
+    for (const auto& [key, value] : expected) {
+        EXPECT_NEAR(TraceOf(key).value(source, 1e6), value, 1e-9) << key;
+    }
+}
+
+TEST(Traces, AThirdAxisMakesRoom) {
+    const Trace& gt = TraceOf("gt");
+    const Trace& rl = TraceOf("rl");
+    const Trace& rlout = TraceOf("rlout");
+    const Trace& phi = TraceOf("phi");
+    EXPECT_EQ(WithTrace({&gt, &rl}, rlout), (TraceList{&gt, &rl, &rlout}));
+    EXPECT_EQ(WithTrace({&gt, &rl, &rlout}, phi), (TraceList{&gt, &phi}));
+    EXPECT_EQ(WithTrace({&gt, &phi}, TraceOf("v")), (TraceList{&gt, &phi, &TraceOf("v")}));
 }
 
 TEST(Traces, TwoKindsOfValuesHaveAnAxisAThirdHasNone) {

@@ -144,7 +144,7 @@ TEST(ResponseCsv, ReadsBackAsTheResponse) {
     std::getline(lines, line);
     EXPECT_EQ(line,
               "f_Hz,re,im,V_dB,GT_dB,phase_deg,group_delay_s,return_loss_dB,VSWR,R_in_ohm,"
-              "X_in_ohm");
+              "X_in_ohm,return_loss_out_dB,dissipated_part");
     const Response response(state);
     int rows = 0;
     for (; std::getline(lines, line); ++rows) {

@@ -28,12 +28,13 @@ class Window : public NetworkFixture {
     PlotImage& image() { return find<PlotImage>("Plot1Image"); }
     QStringList keys() {
         QStringList keys;
-        for (const NetworkTrace* trace : plot().traces())
+        for (const Trace* trace : plot().traces())
             keys << QString::fromUtf8(trace->key.data(), qsizetype(trace->key.size()));
         return keys;
     }
-    void leadBy(int row) {
+    void leadBy(std::string_view key) {
         auto& box = find<QComboBox>("Plot1Trace");
+        const auto row = static_cast<int>(FindTrace(key) - Traces().data());
         box.setCurrentIndex(row);
         emit box.activated(row);
     }
@@ -68,7 +69,7 @@ class NetworkPlotTest : public QObject {
         window.trigger("Plot1_phi");
         QCOMPARE(window.keys(), QStringList({"gt", "phi"}));
         window.trigger("Plot1_rl");
-        window.leadBy(1);  // what stood beside leads
+        window.leadBy("rl");  // what stood beside leads
         QCOMPARE(window.keys(), QStringList({"rl"}));
         QVERIFY(!window.plot().picture().view.right);
         window.trigger("NetworkSnapshot");

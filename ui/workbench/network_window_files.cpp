@@ -282,7 +282,7 @@ void NetworkWindow::savePlace() {
     settings.setValue(objectName() + QStringLiteral("/plots"), right_->saveState());
     for (const SweepView* plot : plots_) {
         QStringList keys;
-        for (const NetworkTrace* trace : plot->traces()) keys << ToQString(trace->key);
+        for (const Trace* trace : plot->traces()) keys << ToQString(trace->key);
         settings.setValue(TracesKey(*plot), keys);
     }
 }
@@ -293,9 +293,9 @@ void NetworkWindow::restorePlace() {
     split_->restoreState(settings.value(objectName() + QStringLiteral("/split")).toByteArray());
     right_->restoreState(settings.value(objectName() + QStringLiteral("/plots")).toByteArray());
     for (SweepView* plot : plots_) {
-        NetworkTraceList traces;
+        TraceList traces;
         for (const QString& key : settings.value(TracesKey(*plot)).toStringList())
-            if (const auto* trace = FindNetworkTrace(key.toStdString())) traces.push_back(trace);
+            if (const auto* trace = FindTrace(key.toStdString())) traces.push_back(trace);
         plot->setTraces(traces);
     }
     RestorePlace(*this);

@@ -36,7 +36,7 @@ QString FrequencyText(double f) {
 SweepView::SweepView(const char* object, const char* trace, NetworkModel& model, QWidget* parent)
     : QWidget(parent),
       model_(model),
-      traces_{FindNetworkTrace(trace)},
+      traces_{FindTrace(trace)},
       image_(new PlotImage),
       box_(new QComboBox),
       menu_(new QMenu(this)),
@@ -59,10 +59,10 @@ SweepView::SweepView(const char* object, const char* trace, NetworkModel& model,
 void SweepView::buildHead(const QString& object) {
     auto* head = new QHBoxLayout;
     box_->setObjectName(object + QStringLiteral("Trace"));
-    for (const NetworkTrace& entry : NetworkTraces()) box_->addItem(ToQString(entry.title));
+    for (const Trace& entry : Traces()) box_->addItem(ToQString(entry.title));
     SetHint(*box_, tr("What this plot shows first, on the left axis"));
     connect(box_, &QComboBox::activated, this,
-            [this](int index) { setLeading(NetworkTraces()[static_cast<std::size_t>(index)]); });
+            [this](int index) { setLeading(Traces()[static_cast<std::size_t>(index)]); });
     auto* more = new QToolButton;
     more->setObjectName(object + QStringLiteral("More"));
     more->setText(tr("More"));
@@ -85,7 +85,7 @@ void SweepView::buildHead(const QString& object) {
 }
 
 void SweepView::fillTraceMenu(const QString& object) {
-    for (const NetworkTrace& trace : NetworkTraces()) {
+    for (const Trace& trace : Traces()) {
         QAction* action = menu_->addAction(ToQString(trace.title));
         action->setObjectName(object + '_' + ToQString(trace.key));
         action->setCheckable(true);
@@ -183,8 +183,7 @@ void SweepView::read(double f) {
 
 void SweepView::placeCross() {
     if (!reading_) return image_->setCross(std::nullopt);
-    LadderResponse response(model_.network());
-    const double y = TraceValue(*traces_.front(), response, *reading_);
+    const double y = traces_.front()->value(TraceSource(model_.network()), *reading_);
     const WorldPoint at = image_->frame().place(*reading_, y);
     const bool seen = std::isfinite(y) && image_->frame().contains(at.x, at.y);
     image_->setCross(seen ? std::optional(QPointF(at.x, at.y)) : std::nullopt);
@@ -198,23 +197,23 @@ QImage SweepView::image(double scale) const {
     return image_->toImage(scale);
 }
 
-void SweepView::setTraces(const NetworkTraceList& traces) {
+void SweepView::setTraces(const TraceList& traces) {
     if (traces.empty()) return;
     traces_ = {traces.front()};
-    for (const NetworkTrace* trace : traces)
+    for (const Trace* trace : traces)
         if (trace != traces_.front()) traces_ = WithTrace(std::move(traces_), *trace);
     showTraces();
 }
 
-void SweepView::setLeading(const NetworkTrace& trace) {
-    NetworkTraceList next = traces_;
+void SweepView::setLeading(const Trace& trace) {
+    TraceList next = traces_;
     next.erase(next.begin());
     std::erase(next, &trace);
     next.insert(next.begin(), &trace);
     setTraces(next);
 }
 
-void SweepView::showTrace(const NetworkTrace& trace, bool shown) {
+void SweepView::showTrace(const Trace& trace, bool shown) {
     if (&trace == traces_.front()) return showTraces();
     if (shown) {
         traces_ = WithTrace(std::move(traces_), trace);
@@ -225,10 +224,10 @@ void SweepView::showTrace(const NetworkTrace& trace, bool shown) {
 }
 
 void SweepView::showTraces() {
-    box_->setCurrentIndex(static_cast<int>(traces_.front() - NetworkTraces().data()));
+    box_->setCurrentIndex(static_cast<int>(traces_.front() - Traces().data()));
     const auto actions = menu_->actions();
     for (qsizetype i = 0; i < actions.size(); ++i) {
-        const NetworkTrace* trace = &NetworkTraces()[static_cast<std::size_t>(i)];
+        const Trace* trace = &Traces()[static_cast<std::size_t>(i)];
         actions[i]->setChecked(std::ranges::find(traces_, trace) != traces_.end());
         actions[i]->setEnabled(trace != traces_.front());
     }
@@ -283,12 +282,11 @@ void SweepView::rebuild() {
 }
 
 QString SweepView::readings(double f) const {
-    const auto value = [f](const NetworkTrace& trace, const Network& network) {
-        LadderResponse response(network);
-        return QString::fromStdString(TraceText(trace, TraceValue(trace, response, f)));
+    const auto value = [f](const Trace& trace, const Network& network) {
+        return QString::fromStdString(TraceText(trace, trace.value(TraceSource(network), f)));
     };
     QStringList texts;
-    for (const NetworkTrace* trace : traces_) {
+    for (const Trace* trace : traces_) {
         QStringList others;
         for (const Snapshot& snapshot : model_.snapshots())
             if (snapshot.shown) others << snapshot.name + ' ' + value(*trace, snapshot.network);

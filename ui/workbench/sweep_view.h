@@ -31,11 +31,11 @@ class SweepView : public QWidget {
     const Picture& picture() const;
     QImage image(double scale) const;
     /// The traces shown, the leading one first.
-    const NetworkTraceList& traces() const { return traces_; }
+    const TraceList& traces() const { return traces_; }
     /// Those of a third axis are left out.
-    void setTraces(const NetworkTraceList& traces);
+    void setTraces(const TraceList& traces);
     /// Shows a trace beside the leading one, or no more.
-    void showTrace(const NetworkTrace& trace, bool shown);
+    void showTrace(const Trace& trace, bool shown);
     void setLimit(std::optional<double> dB, bool estimate);
     const std::vector<double>& markers() const { return markers_; }
     void setMarkers(std::vector<double> markers);
@@ -54,7 +54,7 @@ class SweepView : public QWidget {
   private:
     void buildHead(const QString& object);
     void fillTraceMenu(const QString& object);
-    void setLeading(const NetworkTrace& trace);
+    void setLeading(const Trace& trace);
     void rebuild();
     void showTraces();
     void connectMouse();
@@ -71,7 +71,7 @@ class SweepView : public QWidget {
     QString readings(double f) const;
 
     NetworkModel& model_;
-    NetworkTraceList traces_;
+    TraceList traces_;
     PlotImage* image_;
     QComboBox* box_;
     QMenu* menu_;
