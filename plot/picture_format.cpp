@@ -1,6 +1,8 @@
 #include "plot/picture_format.h"
 
+#include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 #include <array>
 
 namespace kelvro {
@@ -26,6 +28,15 @@ std::optional<PictureFormat> PictureFormatOf(const QString& fileName) {
         if (wanted == QLatin1String(text)) return format;
     }
     return {};
+}
+
+QString WithEnding(const QString& path, PictureFormat format) {
+    const auto named = PictureFormatOf(path);
+    if (named == format) return path;
+    const auto* const suffix = std::ranges::find(kSuffixes, format, &Suffix::format);
+    const QFileInfo file(path);
+    return file.dir().filePath((named ? file.completeBaseName() : file.fileName()) + '.' +
+                               QLatin1String(suffix->text));
 }
 
 QStringList PictureSuffixes() {

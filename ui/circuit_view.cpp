@@ -3,12 +3,13 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPalette>
 #include <utility>
+
+#include "ui/picture_dialog.h"
 
 namespace kelvro {
 
@@ -63,18 +64,10 @@ void CircuitView::CopyCircuitClick() {
 }
 
 void CircuitView::SaveCircuitClick() {
-    QFileDialog dialog(this, tr("Save picture"), {},
-                       tr("Pictures (*.svg *.png *.pdf);;All files (*)"));
-    dialog.setObjectName(QStringLiteral("SaveDialogCircuit"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("svg"));
-    dialog.selectFile(QStringLiteral("circuit.svg"));
-    if (dialog.exec() != QDialog::Accepted) return;
-    const QString file = dialog.selectedFiles().value(0);
+    const QString file =
+        AskForPictureFile(*this, "SaveDialogCircuit", QStringLiteral("circuit.svg"));
     const auto format = PictureFormatOf(file);
-    if (!format)
-        return emit failed(tr("%1: the name has to end in one of %2")
-                               .arg(file, PictureSuffixes().join(QStringLiteral(", "))));
+    if (!format) return;
     const Status saved = SavePicture(file, *format, size(), drawing(), kCopyScale);
     if (!saved) emit failed(QString::fromStdString(saved.message()));
 }

@@ -19,7 +19,7 @@ class CircuitView : public QWidget {
     void show(std::vector<Network> networks);
     using QWidget::show;
 
-    QSize sizeHint() const override { return {520, 400}; }
+    QSize sizeHint() const override { return {520, 260}; }
     QSize minimumSizeHint() const override { return {320, 100}; }
 
   public slots:

@@ -111,8 +111,10 @@ void TSDIAppForm::fitScreen() {
     // Pictures of the window are taken without a screen that it would have to fit.
     const bool pictured = QGuiApplication::platformName() == QLatin1String("offscreen");
     constexpr QSize kFrame(8, 36);
+    constexpr int kHeight = 820;  // lets circuits be drawn large
     const QSize room = screen()->availableSize() - kFrame;
-    setFixedSize(pictured ? sizeHint() : sizeHint().boundedTo(room));
+    const QSize wanted = sizeHint().expandedTo(QSize(0, kHeight));
+    setFixedSize(pictured ? wanted : wanted.boundedTo(room));
 }
 
 QWidget* TSDIAppForm::buildNotebook() {

@@ -24,13 +24,20 @@ namespace {
 constexpr char kSuggestedName[] = "KVR.INI";
 
 /// Shows a file dialog for settings files; the chosen file, or an empty text.
-QString AskForFile(QFileDialog& dialog, const char* objectName, QFileDialog::AcceptMode mode) {
+/// The present file is proposed, or a name for a first one.
+QString AskForFile(QFileDialog& dialog, const char* objectName, QFileDialog::AcceptMode mode,
+                   const QString& present) {
     dialog.setObjectName(QLatin1String(objectName));
     dialog.setAcceptMode(mode);
     dialog.setFileMode(mode == QFileDialog::AcceptSave ? QFileDialog::AnyFile
                                                        : QFileDialog::ExistingFile);
     dialog.setDefaultSuffix(QStringLiteral("INI"));
-    dialog.selectFile(QLatin1String(kSuggestedName));
+    if (present.isEmpty()) {
+        dialog.selectFile(QLatin1String(kSuggestedName));
+    } else {
+        dialog.setDirectory(QFileInfo(present).path());
+        dialog.selectFile(QFileInfo(present).fileName());
+    }
     if (dialog.exec() != QDialog::Accepted) return {};
     return dialog.selectedFiles().value(0);
 }
@@ -70,13 +77,13 @@ void TSDIAppForm::Save1Click() {
 
 void TSDIAppForm::SpeedButtonINISaveClick() {
     QFileDialog dialog(this, tr("Save INI file"), {}, tr("INI File (*.ini *.INI)"));
-    const QString file = AskForFile(dialog, "SaveDialogIni", QFileDialog::AcceptSave);
+    const QString file = AskForFile(dialog, "SaveDialogIni", QFileDialog::AcceptSave, file_);
     if (!file.isEmpty() && saveSettings(file)) nameFile(file);
 }
 
 void TSDIAppForm::SpeedButtonINILadenClick() {
     QFileDialog dialog(this, tr("Load INI file"), {}, tr("INI Files (*.ini *.INI)"));
-    const QString file = AskForFile(dialog, "OpenDialogIni", QFileDialog::AcceptOpen);
+    const QString file = AskForFile(dialog, "OpenDialogIni", QFileDialog::AcceptOpen, file_);
     if (!file.isEmpty()) openFile(file);
 }
 

@@ -94,6 +94,7 @@ void AdjustBandwidthFont(QLineEdit& edit) {
 SharedPanel::SharedPanel(DesignSession& session, QWidget* parent)
     : QWidget(parent), session_(session) {
     inputs_.reserve(SharedInputs().size());
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(8);

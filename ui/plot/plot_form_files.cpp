@@ -17,6 +17,7 @@
 #include "plot/caption.h"
 #include "plot/frame_painter.h"
 #include "plot/picture_files.h"
+#include "plot/picture_format.h"
 #include "plot/response_table.h"
 #include "plot/shown_numbers.h"
 #include "ui/plot/plot_form.h"
@@ -31,14 +32,6 @@ namespace {
 QString NameFilter(const QString& filter) {
     const QString caption = filter.section('|', 0, 0);
     return caption.contains('(') ? caption : caption + " (" + filter.section('|', 1) + ')';
-}
-
-/// The name with the ending of the format: in place of another format's, else behind the name.
-QString WithEnding(const QString& path, PictureFormat format, const QString& suffix) {
-    const auto named = PictureFormatOf(path);
-    if (named == format) return path;
-    const QFileInfo file(path);
-    return file.dir().filePath((named ? file.completeBaseName() : file.fileName()) + '.' + suffix);
 }
 
 }  // namespace
@@ -61,7 +54,7 @@ QString PlotForm::askFileName(const SaveDialog& asked) {
 QString PlotForm::savePicture(const SaveDialog& asked, PictureFormat format) {
     const QString chosen = askFileName(asked);
     if (chosen.isEmpty()) return {};
-    QString path = WithEnding(chosen, format, asked.suffix);
+    QString path = WithEnding(chosen, format);
     if (path != chosen && QFileInfo::exists(path) && !mayReplace(path)) return {};
     const bool vector = format == PictureFormat::Svg || format == PictureFormat::Pdf;
     const Sheet sheet = sheetFor(vector && !plot_.dark);

@@ -32,6 +32,7 @@
 #include "synthesis/refine.h"
 #include "ui/fields.h"
 #include "ui/help/manual_text.h"
+#include "ui/picture_dialog.h"
 #include "ui/plot/design_host.h"
 #include "ui/print_page.h"
 #include "ui/window_place.h"
@@ -386,17 +387,10 @@ void NetworkWindow::copyPicture() {
 }
 
 void NetworkWindow::savePicture() {
-    QFileDialog dialog(this, tr("Save picture"), {},
-                       tr("Pictures (*.png *.svg *.pdf *.jpg *.bmp *.gif *.wmf)"));
-    dialog.setObjectName(QStringLiteral("SaveNetworkPictureDialog"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("png"));
-    if (dialog.exec() != QDialog::Accepted) return;
-    const QString file = dialog.selectedFiles().value(0);
+    const QString file =
+        AskForPictureFile(*this, "SaveNetworkPictureDialog", QStringLiteral("network.png"));
     const auto format = PictureFormatOf(file);
-    if (!format)
-        return say(tr("%1: the name has to end in one of %2")
-                       .arg(file, PictureSuffixes().join(QStringLiteral(", "))));
+    if (!format) return;
     const Status saved = SavePicture(
         file, *format, kPictureSize,
         [this](QPainter& painter, QSize size) { paintAll(painter, size); }, kClipboardScale);
