@@ -67,7 +67,7 @@ void FillWindow(NetworkWindow& window) {
         window.model().take("Other", SixParts(scale));
     }
     const auto traces = [](const char* left, const char* right) {
-        return NetworkTraceList{FindNetworkTrace(left), FindNetworkTrace(right)};
+        return TraceList{FindTrace(left), FindTrace(right)};
     };
     window.findChild<SweepView*>("Plot1")->setTraces(traces("gt", "phi"));
     window.findChild<SweepView*>("Plot2")->setTraces(traces("rl", "delay"));

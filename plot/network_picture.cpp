@@ -72,16 +72,19 @@ struct TraceCurve {
 /// The axis of all traces that share that of `first`, with readable ends.
 Axis ValueAxis(const Trace& first, std::span<const TraceCurve> curves) {
     const AxisHabit habit = HabitOf(first.axis);
-    std::vector<double> all{habit.near};
+    std::vector<double> all;
     for (const TraceCurve& drawn : curves) {
         if (drawn.trace->axis == first.axis)
             all.insert(all.end(), drawn.curve.y.begin(), drawn.curve.y.end());
     }
-    Range shown = *RangeOf(all);
+    const Range of = RangeOf(all).value_or(Range{habit.near, habit.near});
+    // Where all of it is so far out, as for a match at every frequency, it is there to be seen.
+    const double most = std::max(habit.most, of.min);
+    Range shown{std::min(of.min, habit.near), std::max(of.max, habit.near)};
     if (shown.min == shown.max || first.turn > 0) {
         shown = {std::min(habit.near, habit.empty), std::max(habit.near, habit.empty)};
     }
-    shown = {std::max(shown.min, habit.least), std::min(shown.max, habit.most)};
+    shown = {std::max(shown.min, habit.least), std::min(shown.max, most)};
     if (!(shown.max > shown.min)) shown.max = shown.min + 1;
     Axis axis;
     if (first.turn > 0) {

@@ -56,14 +56,17 @@ class ChartDrawing {
         font_.setPixelSize(fontPixels);
     }
 
-    ChartFrame draw() {
-        painter_.save();
-        painter_.setRenderHint(QPainter::Antialiasing);
-        painter_.setFont(font_);
-        const QRectF whole(0, 0, frame_.width, frame_.height);
-        painter_.fillRect(whole, colours_.background);
-        painter_.setClipRect(whole);
+    /// Background, grids and the rim.
+    void drawGround() {
+        begin();
+        painter_.fillRect(whole(), colours_.background);
         grids();
+        painter_.restore();
+    }
+
+    /// All that stands on the ground.
+    void drawContents() {
+        begin();
         for (const ChartContour& contour : picture_.contours) drawContour(contour);
         ghost();
         for (const ChartTrace& trace : picture_.traces) drawTrace(trace);
@@ -71,10 +74,20 @@ class ChartDrawing {
         for (const ChartPoint& point : picture_.points) drawPoint(point);
         texts();
         painter_.restore();
-        return frame_;
     }
 
+    const ChartFrame& frame() const { return frame_; }
+
   private:
+    QRectF whole() const { return {0, 0, frame_.width, frame_.height}; }
+
+    void begin() {
+        painter_.save();
+        painter_.setRenderHint(QPainter::Antialiasing);
+        painter_.setFont(font_);
+        painter_.setClipRect(whole());
+    }
+
     QPointF place(Cx gamma) const {
         const auto [x, y] = frame_.place(gamma);
         return {x, y};
@@ -285,9 +298,21 @@ Rgb ElementColour(std::size_t element, bool dark) {
     return colours[element % colours.size()];
 }
 
+void DrawSmithGround(QPainter& painter, QSize size, const SmithPicture& picture, int fontPixels) {
+    ChartDrawing(painter, size, picture, fontPixels).drawGround();
+}
+
+ChartFrame DrawSmithContents(QPainter& painter, QSize size, const SmithPicture& picture,
+                             int fontPixels) {
+    ChartDrawing drawing(painter, size, picture, fontPixels);
+    drawing.drawContents();
+    return drawing.frame();
+}
+
 ChartFrame DrawSmithChart(QPainter& painter, QSize size, const SmithPicture& picture,
                           int fontPixels) {
-    return ChartDrawing(painter, size, picture, fontPixels).draw();
+    DrawSmithGround(painter, size, picture, fontPixels);
+    return DrawSmithContents(painter, size, picture, fontPixels);
 }
 
 }  // namespace kelvro

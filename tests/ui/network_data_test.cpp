@@ -1,10 +1,13 @@
 // Measured data of the Network window: embedded or linked, read between samples, remarked upon.
 
 #include <QAction>
+#include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
+#include <QProcess>
 #include <QtTest>
 #include <algorithm>
 #include <cmath>
@@ -125,6 +128,42 @@ class NetworkDataTest : public QObject {
         QVERIFY2(notes.text().contains("antenna.s1p covers 90"), qPrintable(notes.text()));
         window.type("LoadEingabe", "50");
         QVERIFY(!notes.isVisible());
+    }
+
+    void theCopiedCommandLineGivesTheSameNumbersInAShell() {
+        Window window;
+        const QString file = window.path("Tom's antenna.s1p");
+        Write(file, kTurning);
+        window->openAny(file);
+        window.model().edit("Ladder", [](Network& network) {
+            network.source = std::complex(25.0, 5.0);
+            network.ladder = {SeriesArm(Part::L(20e-9, "L1")), ShuntArm(Part::C(3.3e-12))};
+        });
+        const Network& shown = window.model().network();
+        const LadderResponse response(shown);
+        // First by its texts, then, as the data have no file any more, by the project.
+        for (const bool byFile : {true, false}) {
+            if (!byFile) {
+                QVERIFY(QFile::remove(file));
+                window.trigger("NetworkSave");
+            }
+            window.trigger("NetworkCopyCommand");
+            const QString call = QApplication::clipboard()->text();
+            QCOMPARE(call.contains("--network"), !byFile);
+            QProcess shell;
+            auto environment = QProcessEnvironment::systemEnvironment();
+            const QString folder = QFileInfo(QStringLiteral(KELVRO_PROGRAM)).path();
+            environment.insert("PATH", folder + ':' + environment.value("PATH"));
+            shell.setProcessEnvironment(environment);
+            shell.start("sh", {"-c", call + " --json"});
+            QVERIFY(shell.waitForFinished());
+            const Json records = Json::parse(shell.readAllStandardOutput().toStdString());
+            QVERIFY(records.size() > 50);
+            for (const Json& record : records) {
+                const double GT = response.GT(record["f"].get<double>());
+                QVERIFY(std::fabs(record["gt_db"].get<double>() - 10 * std::log10(GT)) < 1e-9);
+            }
+        }
     }
 };
 

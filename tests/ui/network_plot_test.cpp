@@ -109,6 +109,18 @@ class NetworkPlotTest : public QObject {
         QVERIFY(window.plot().markers().empty());
     }
 
+    void aPerfectMatchIsInSight() {
+        Window window;
+        window.type("LoadEingabe", "100");
+        for (const char* plot : {"Plot1", "Plot2"}) {
+            const Picture& picture = window.find<SweepView>(plot).picture();
+            const double y = picture.curves.front().y.front();
+            QVERIFY(picture.view.y.min < y + 1e-9 && y <= picture.view.y.max);
+        }
+        // No passive network gains anything: nothing above 0 dB is shown.
+        QCOMPARE(window.plot().picture().view.y.max, 0.0);
+    }
+
     void theNextWindowShowsTheSameTraces() {
         Window window;
         window.trigger("Plot1_rl");

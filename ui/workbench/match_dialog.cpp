@@ -38,6 +38,7 @@ QString DcText(DcPath dc) {
 QString WidthText(const Passband& band) {
     const auto hertz = [](double f) { return QString::fromStdString(FormatQuantity(2, f, "Hz")); };
     if (!std::isfinite(band.high)) return QObject::tr("1 dB from %1 up").arg(hertz(band.low));
+    if (band.low == 0) return QObject::tr("1 dB up to %1").arg(hertz(band.high));
     return QObject::tr("1 dB width %1 (%2 to %3)")
         .arg(hertz(band.width()), hertz(band.low), hertz(band.high));
 }

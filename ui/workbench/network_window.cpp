@@ -153,7 +153,7 @@ QWidget* NetworkWindow::buildNetworkSide() {
     bands_ = new QLineEdit;
     bands_->setObjectName(QStringLiteral("BandsEingabe"));
     SetHint(*bands_, tr("Where the network has to work: 70M:130M, 400M:410M"));
-    form->addRow(tr("&Frequency"), frequency_);
+    form->addRow(tr("Fre&quency"), frequency_);
     form->addRow(tr("&Bands"), bands_);
     column->addLayout(form);
     problem_ = new QLabel;

@@ -190,9 +190,24 @@ void SmithView::rebuild() {
     update();
 }
 
+/// Drawn anew only when it changes, not with every move of a node.
+const QPixmap& SmithView::ground() {
+    const int fontPixels = fontInfo().pixelSize();
+    const Ground wanted{size(),         devicePixelRatioF(), picture_.view,
+                        picture_.grids, picture_.dark,       fontPixels};
+    if (drawn_ && *drawn_ == wanted) return ground_;
+    ground_ = QPixmap((QSizeF(wanted.size) * wanted.ratio).toSize());
+    ground_.setDevicePixelRatio(wanted.ratio);
+    QPainter painter(&ground_);
+    DrawSmithGround(painter, wanted.size, picture_, fontPixels);
+    drawn_ = wanted;
+    return ground_;
+}
+
 void SmithView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    DrawSmithChart(painter, size(), picture_, fontInfo().pixelSize());
+    painter.drawPixmap(0, 0, ground());
+    DrawSmithContents(painter, size(), picture_, fontInfo().pixelSize());
     if (hasFocus()) {
         painter.setPen(palette().color(QPalette::Highlight));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));

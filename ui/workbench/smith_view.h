@@ -61,6 +61,17 @@ class SmithView : public QWidget {
     bool event(QEvent* event) override;
 
   private:
+    /// What grids and background depend on.
+    struct Ground {
+        QSize size;
+        double ratio;
+        ChartView view;
+        ChartGrids grids;
+        bool dark;
+        int fontPixels;
+        bool operator==(const Ground&) const = default;
+    };
+    const QPixmap& ground();
     void rebuild();
     void addContours();
     std::vector<std::complex<double>> sweepOf(const Network& network) const;
@@ -75,6 +86,8 @@ class SmithView : public QWidget {
 
     NetworkModel& model_;
     SmithPicture picture_;
+    QPixmap ground_;
+    std::optional<Ground> drawn_;
     std::vector<double> vswrCircles_;
     std::vector<double> qualityCircles_;
     std::vector<ChartContour> contours_;

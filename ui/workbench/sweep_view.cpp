@@ -24,7 +24,8 @@ namespace {
 constexpr Rgb kPresentColour{0, 60, 200};
 constexpr Rgb kGhostColour{150, 150, 150};
 constexpr double kWheelFactor = 1.25;
-constexpr double kMarkerReach = 8;    // pixels
+constexpr double kMarkerReach = 8;  // pixels
+constexpr int kMarkersShown = 3;
 constexpr double kReadingStep = 100;  // to a part of the plot's width
 
 QString FrequencyText(double f) {
@@ -74,7 +75,7 @@ void SweepView::buildHead(const QString& object) {
     more->setMenu(menu_);
     markerText_->setObjectName(object + QStringLiteral("Markers"));
     markerText_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    markerText_->setWordWrap(true);
+    markerText_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     markerText_->hide();
     head->addWidget(box_);
     head->addWidget(more);
@@ -277,7 +278,10 @@ void SweepView::rebuild() {
     picture.dark = dark_;
     image_->setPicture(std::move(picture));
     placeCross();
-    markerText_->setText(markerLines().join(QStringLiteral(" | ")));
+    // The plot keeps its height: the first markers' values here, all and the snapshots' as a hint.
+    const QStringList lines = markerLines();
+    markerText_->setText(lines.mid(0, kMarkersShown).join('\n'));
+    markerText_->setToolTip(lines.join('\n'));
     markerText_->setVisible(!markers_.empty());
 }
 
