@@ -21,7 +21,7 @@ Descent::Descent(SearchRun& run, const Box& box, Position start, Matrix inverse,
 }
 
 DescentResult Descent::finish() {
-    if (result_.at.gradient.length < run_.options.gradientLimit) {
+    if (result_.at.gradient.length < gradientLimit()) {
         end(DescentEnd::GradientTooSmall);
         return std::move(result_);
     }
@@ -49,9 +49,12 @@ bool Descent::isNarrow() const {
     return steepestCurvature_ > tuning_.narrowCurvature;
 }
 
+double Descent::gradientLimit() const {
+    return run_.options.gradientLimit * (hasToBeOnePlace_ ? tuning_.nearLimitPart : 1);
+}
+
 double Descent::limit(double squares) const {
-    return squares * run_.options.gradientLimit * run_.options.gradientLimit *
-           SearchRun::scale(result_.at.f);
+    return squares * gradientLimit() * gradientLimit() * SearchRun::scale(result_.at.f);
 }
 
 Vector Descent::direction() {
@@ -104,6 +107,7 @@ bool Descent::take(LineOutcome outcome) {
     lastReduction_ = reduction;
     const Position before = std::exchange(result_.at, std::move(outcome.end));
     ++iterations_;
+    hasToBeOnePlace_ = run_.objective.nearness() && run_.isGood(result_.at.x);
     const bool confirmed = confirmGradient();
     bool tooSmall = false;
     if (!confirmed && !run_.options.steepestDescent) {
@@ -124,13 +128,13 @@ bool Descent::take(LineOutcome outcome) {
 /// Is |g| below its limit? In narrow valleys the single-sided formula alone cannot tell.
 bool Descent::confirmGradient() {
     Position& at = result_.at;
-    if (!(at.gradient.length < run_.options.gradientLimit)) return false;
+    if (!(at.gradient.length < gradientLimit())) return false;
     if (at.gradient.doubleSided || run_.options.gradient == GradientChoice::SingleSided ||
         !isNarrow()) {
         return true;
     }
     at.gradient = run_.gradients.computeDoubleSided(at.x, at.f, run_.notes());
-    return at.gradient.length < run_.options.gradientLimit;
+    return at.gradient.length < gradientLimit();
 }
 
 /// Is the step S not worth its calls? The matrix expects half the slope from it.

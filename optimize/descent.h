@@ -16,7 +16,8 @@ enum class DescentEnd : std::uint8_t {
     YsTooSmall,
     VyTooSmall,
     StepTooSmall,
-    Beaten,  ///< it will not get down to the value that it has to reach
+    NotWorthTheWay,  ///< the goal still falls, by less than a change of the parameters counts
+    Beaten,          ///< it will not get down to the value that it has to reach
 };
 
 struct DescentResult {
@@ -50,6 +51,7 @@ class Descent {
     void setInverse(Matrix inverse);
     void setInverse(Matrix inverse, double smallestEigenvalue);
     bool isNarrow() const;
+    double gradientLimit() const;
     /// A limit on f in units of the square of the gradient limit, at the scale of f.
     double limit(double squares) const;
     bool end(DescentEnd reason);
@@ -61,6 +63,7 @@ class Descent {
     DescentResult result_;
     double steepestCurvature_ = 0;
     double stepLimit_;
+    bool hasToBeOnePlace_ = false;
     bool limitRaised_ = false;  ///< by the last step
     int iterations_ = 0;
     int stalls_ = 0;

@@ -26,7 +26,8 @@ double Evaluator::operator()(const Vector& x, CallKind kind) {
     const double f = objective_.value(point, kind);
     calls_.add(kind);
     if (record_) table_.push_back({kind, f, scratch_});
-    return std::isfinite(f) ? f : std::numeric_limits<double>::infinity();
+    if (!std::isfinite(f)) return std::numeric_limits<double>::infinity();
+    return nearness_ ? f + nearness_->value(x) : f;
 }
 
 Vector Evaluator::fullPoint(const Vector& x) const {

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "analysis/objective.h"
 #include "optimize/linear.h"
 #include "optimize/local_optimizer.h"
+#include "optimize/nearness.h"
 
 namespace kelvro {
 
@@ -14,11 +17,16 @@ class Evaluator {
   public:
     Evaluator(Objective& objective, const Vector& start, bool recordCalls);
 
-    /// Value at a point of the active parameters; +infinity where the objective is not finite.
+    /// Value at a point of the active parameters, with what its distance counts; +infinity where
+    /// the objective is not finite.
     double operator()(const Vector& x, CallKind kind);
 
     /// From here on points have the active parameters only; the others stay at the start.
     void setActive(const std::vector<bool>& active);
+
+    /// From here on values are those of the objective and of this, over the active parameters.
+    void setNearness(std::optional<Nearness> nearness) { nearness_ = std::move(nearness); }
+    const std::optional<Nearness>& nearness() const { return nearness_; }
 
     /// Points and directions of all parameters from those of the active ones.
     Vector fullPoint(const Vector& x) const;
@@ -37,6 +45,7 @@ class Evaluator {
     Vector start_;
     std::vector<Eigen::Index> active_;
     Vector scratch_;
+    std::optional<Nearness> nearness_;
     CallCounts calls_;
     bool record_;
     std::vector<CallRecord> table_;

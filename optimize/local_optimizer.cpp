@@ -76,6 +76,7 @@ std::vector<bool> OnLimit(const Evaluator& objective, const Box& box, const Posi
 void TakeResult(const SearchRun& run, const Minimum& minimum, const Box& box, Summary& summary) {
     const DescentResult& result = minimum.result;
     summary.stop = StopOf(result.end);
+    summary.notWorthTheWay = result.end == DescentEnd::NotWorthTheWay;
     summary.x = run.objective.fullPoint(result.at.x);
     summary.f = result.at.f;
     summary.g = run.objective.fullDirection(result.at.gradient.g);
@@ -95,10 +96,17 @@ void Minimize(SearchRun& run, const Gradient& full, const Vector& origin, Summar
     run.objective.setActive(summary.active);
     Position start{run.objective.start(), summary.f, full};
     start.gradient.g = run.objective.activeDirection(full.g);
+    if (run.options.nearness > 0 && !run.options.thorough) {
+        run.objective.setNearness(Nearness(run.objective.activeDirection(origin),
+                                           run.options.nearness, run.options.reach,
+                                           run.options.tuning.search.nearWidth));
+        start = run.counted(std::move(start));
+    }
     Matrix inverse = FirstInverse(run, start, summary);
     const Vector centre = run.objective.activeDirection(origin);
     Search search(run, summary, centre);
     search.find(std::move(start), std::move(inverse));
+    run.objective.setNearness({});
     TakeResult(run, search.chosen(), Box(centre, run.options.reach), summary);
 }
 

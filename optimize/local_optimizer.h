@@ -61,6 +61,9 @@ struct LocalOptions {
     /// A minimum out of reach is taken where nothing within it comes this near. 1 dB is worth
     /// another network.
     double farGain = 1;
+    /// What a change of all parameters by the reach counts while a run looks for its minimum, see
+    /// Nearness; 0: nothing.
+    double nearness = 0;
     /// Real Hessian at the end of the run, for reports; costs 2n² calls or fewer.
     bool finalHessian = false;
     /// Keep every call for a table.
@@ -128,6 +131,8 @@ struct Summary {
     std::vector<bool> onLimit;  ///< parameters that the reach holds back
     bool good = false;          ///< as the objective judges it
     int delivered = 0;          ///< the descent that found it, counted from 0
+    /// f still falls from here, by less than a change of the parameters counts.
+    bool notWorthTheWay = false;
     /// Of max-min steps: there are no line searches and no matrices, and g is the sum of the
     /// gradients that hold the worst value down, each by how much it does.
     bool maxMin = false;

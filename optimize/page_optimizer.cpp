@@ -90,6 +90,8 @@ class PageRuns {
         if (PageOf(page).goal.test) {
             settings.local.reach = std::numeric_limits<double>::infinity();
         }
+        // Of designs as good the nearest is the one that was asked for.
+        if (!PageOf(page).goal.test) settings.local.nearness = settings.local.asGood;
         if (settings.goal.noise) {
             settings.local.differenceStep = settings.local.tuning.run.noisyDifferenceStep;
             settings.local.secondDifferenceStep = settings.local.differenceStep;

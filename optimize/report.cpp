@@ -337,6 +337,10 @@ void WriteChoice(ReportText& out, const Summary& run) {
                "of a parameter is "
             << run.distance << "\n";
     }
+    if (run.notWorthTheWay) {
+        out << "Hint : f still falls from here, but by less than parts farther from the calculated "
+               "ones are worth.\n";
+    }
     for (std::size_t i = 0; i < run.onLimit.size(); ++i) {
         if (!run.onLimit[i]) continue;
         out << "Hint : Parameter " << static_cast<int>(i) + 1

@@ -23,7 +23,7 @@ Search::Search(SearchRun& run, Summary& summary, const Vector& origin)
 
 void Search::find(Position start, Matrix inverse) {
     start_ = start.x;
-    startValue_ = start.f;
+    startValue_ = run_.plain(start).f;
     // A second run may begin where the first one has left the box.
     const Box everywhere(box_.centre(), kInfinity);
     const Box& first = box_.contains(start_) ? box_ : everywhere;
@@ -64,6 +64,10 @@ bool Search::descend(const Box& box, Position start, Matrix inverse, double riva
     run_.recordStart(start);
     DescentResult result = Descent(run_, box, std::move(start), std::move(inverse), rival).finish();
     if (result.end == DescentEnd::Beaten) return false;
+    result.at = run_.plain(std::move(result.at));
+    const bool isFlat = result.at.gradient.length < run_.options.gradientLimit;
+    if (result.end == DescentEnd::GradientTooSmall && !isFlat)
+        result.end = DescentEnd::NotWorthTheWay;
     const bool good = run_.isGood(result.at.x);
     const double distance = box_.distance(result.at.x);
     minima_.push_back({std::move(result), descent, distance, good});

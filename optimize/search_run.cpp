@@ -48,7 +48,26 @@ bool SearchRun::isGood(const Vector& x) {
     return judge_.isGood({full.data(), static_cast<std::size_t>(full.size())});
 }
 
-void SearchRun::recordStart(const Position& start) {
+Position SearchRun::plain(Position at) const {
+    if (const auto& nearness = objective.nearness()) {
+        at.f -= nearness->value(at.x);
+        at.gradient.g -= nearness->gradient(at.x);
+        at.gradient.length = at.gradient.g.norm();
+    }
+    return at;
+}
+
+Position SearchRun::counted(Position at) const {
+    if (const auto& nearness = objective.nearness()) {
+        at.f += nearness->value(at.x);
+        at.gradient.g += nearness->gradient(at.x);
+        at.gradient.length = at.gradient.g.norm();
+    }
+    return at;
+}
+
+void SearchRun::recordStart(const Position& counted) {
+    const Position start = plain(counted);
     gradients.beginDescent();
     IterationRecord record;
     record.iteration = summary_.iterations;
@@ -65,7 +84,9 @@ void SearchRun::recordStart(const Position& start) {
     summary_.history.push_back(std::move(record));
 }
 
-void SearchRun::record(const Position& before, const Position& after, const StepData& step) {
+void SearchRun::record(const Position& from, const Position& to, const StepData& step) {
+    const Position before = plain(from);
+    const Position after = plain(to);
     IterationRecord record;
     record.iteration = ++summary_.iterations;
     record.descent = summary_.descents - 1;

@@ -38,10 +38,13 @@ class SearchRun {
     GradientSource gradients;
 
     bool iterationsLeft() const { return summary_.iterations < options.maxIterations; }
+    /// A position as it is without what its distance counts, and the other way round.
+    Position plain(Position at) const;
+    Position counted(Position at) const;
     /// The start of a descent.
-    void recordStart(const Position& start);
+    void recordStart(const Position& counted);
     /// One iteration: its record takes the notes collected since the last one.
-    void record(const Position& before, const Position& after, const StepData& step);
+    void record(const Position& from, const Position& to, const StepData& step);
     /// Start matrix from the second derivatives at x alone.
     Matrix diagonalInverseAt(const Vector& x, double f);
     /// What the objective itself says of a point of the active parameters.

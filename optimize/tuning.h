@@ -72,9 +72,12 @@ struct DescentTuning {
     double smallYs = 3;   ///< y·s below this, with a little reduction, ends a descent
     double smallVy = 10;  ///< likewise for y·(iH·y)
     double stall = 0.1;   ///< iterations below are a stall
-    /// A good point from which an iteration moves no parameter by more than 1 %, which nobody could
-    /// build, for a little reduction ends the descent: the way on leads to another network.
-    double unnoticedStep = 0.01;
+    /// A good point from which an iteration moves no parameter by more than this for a little
+    /// reduction ends the descent.
+    double unnoticedStep = 0.001;
+    /// Where changes count, a good point has to be this part of the limit on |g| flat, so that it
+    /// is one place: what they count is a curvature of a tenth. Others are not worth the calls.
+    double nearLimitPart = 0.1;
     /// A descent is beaten when three times the reduction of its last four iterations does not take
     /// it below the value it has to reach.
     int lookBack = 4;
@@ -104,6 +107,9 @@ struct SearchTuning {
     /// ... with so many looks to each side, in steps of this; half of it in the next sweep.
     int looks = 3;
     double look = 0.8;
+    /// Distance from which on a change of the parts counts less. Measured: of 828 designs 29 jump
+    /// by more than 1 % of a part with 0.2, 22 with 0.3, 28 with 0.5.
+    double nearWidth = 0.3;
     /// Half the width of the cube that points are drawn from where there is no box: a factor of
     /// a thousand.
     double widestDraw = 6.9;
