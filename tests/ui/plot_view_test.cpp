@@ -65,6 +65,22 @@ class PlotViewTest : public QObject, protected GainWindow {
         QCOMPARE(vu_->view().x.max, 5e8);
     }
 
+    /// Labels twice as large take about twice the room left of the plot, on the screen and in
+    /// pictures, which are drawn the same way.
+    void theTextsFollowTheFontOfTheDesktop() {
+        const QFont plain = QApplication::font();
+        const double left = image().frame().plot.left;
+        QFont large = plain;
+        large.setPointSizeF(2 * plain.pointSizeF());
+        QApplication::setFont(large);
+        QCoreApplication::processEvents();
+        const double wide = image().frame().plot.left;
+        QApplication::setFont(plain);
+        QCoreApplication::processEvents();
+        QVERIFY2(wide > 1.6 * left && wide < 2.4 * left, qPrintable(QString::number(wide / left)));
+        QCOMPARE(image().frame().plot.left, left);
+    }
+
     void zoomingOutBringsFoBack() {
         drag(Qt::RightButton, pixel(2e5, 10), pixel(4e5, -20));
         setFo(1e9);
