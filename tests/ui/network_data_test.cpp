@@ -130,6 +130,33 @@ class NetworkDataTest : public QObject {
         QVERIFY(!notes.isVisible());
     }
 
+    void lossesOfAllCoilsAreOneField() {
+        NetworkFixture window;
+        auto& coils = window.find<QLineEdit>("CoilsEingabe");
+        QVERIFY(!coils.isEnabled());
+        Part small = Part::L(5e-9);
+        small.loss = {.ESR = 0.1};
+        window.model().edit("Ladder", [&](Network& network) {
+            network.ladder = {SeriesArm(Part::L(20e-9)), ShuntArm(Part::C(3e-12)),
+                              SeriesArm(small)};
+        });
+        QVERIFY(coils.isEnabled() && coils.text().isEmpty());
+        QCOMPARE(coils.placeholderText(), QString("they differ"));
+        window.type("CoilsEingabe", "Q=40@100M");
+        const auto losses = [&](std::size_t i) {
+            return PartsOf(window.model().network().ladder)[i]->loss;
+        };
+        const PartLoss wanted{PartLoss::Law::RootQ, 40, 1e8};
+        QVERIFY(losses(0) == wanted && losses(1) == PartLoss() && losses(2) == wanted);
+        window.type("CoilsEingabe", "Q=40@100M, Qx");
+        QVERIFY(window.find<QLabel>("NetworkProblem").isVisible() && losses(0) == wanted);
+        window.find<QLineEdit>("SourceEingabe").setFocus();
+        QCOMPARE(coils.text(), QString("Q=40@100M"));
+        QVERIFY(!window.find<QLabel>("NetworkProblem").isVisible());
+        window.trigger("NetworkUndo");
+        QVERIFY(losses(0) == PartLoss() && losses(2) == small.loss);
+    }
+
     void theCopiedCommandLineGivesTheSameNumbersInAShell() {
         Window window;
         const QString file = window.path("Tom's antenna.s1p");

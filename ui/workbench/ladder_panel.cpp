@@ -20,6 +20,7 @@
 #include "plot/smith_picture.h"
 #include "ui/fields.h"
 #include "ui/workbench/ladder_picture.h"
+#include "ui/workbench/part_losses.h"
 #include "ui/workbench/smith_view.h"
 
 namespace kelvro {
@@ -85,34 +86,6 @@ const std::array kNewElements = {
                    return LadderElement{Transformer{2}, {}};
                }},
 };
-
-/// "Q=40@100M,ESR=0.1": what stands in the parentheses behind a part's value.
-QString LossText(Part part) {
-    part.name.clear();
-    part.tolerance = 0;
-    const QString whole = Text(ImpedanceText(part));
-    const auto open = whole.indexOf('(');
-    return open < 0 ? QString() : whole.mid(open + 1, whole.size() - open - 2);
-}
-
-/// The part with the losses of such a text. A failure is one line.
-Result<Part> WithLosses(const Part& part, const QString& text) {
-    Part next = part;
-    next.loss = {};
-    if (text.trimmed().isEmpty()) return next;
-    const std::string letter(1, LetterOf(part.kind));
-    const auto read = ParseImpedance(letter + "=1(" + text.toStdString() + ')');
-    const Part* lossy = read ? std::get_if<Part>(&read->is) : nullptr;
-    if (!lossy) {
-        const std::string message = read.message();
-        const auto place = message.find(": ");  // behind the column, which the user did not see
-        return Status::Failure("These are no losses: " +
-                               (read ? "one part's only" : message.substr(place + 2)));
-    }
-    next.loss = lossy->loss;
-    if (lossy->tolerance > 0) next.tolerance = lossy->tolerance;
-    return next;
-}
 
 /// Percent of "5" or "5 %", 0 of an empty text.
 Result<double> ToleranceFrom(const QString& text) {

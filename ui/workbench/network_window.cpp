@@ -28,6 +28,7 @@
 #include "ui/fields.h"
 #include "ui/plot/design_host.h"
 #include "ui/workbench/ladder_panel.h"
+#include "ui/workbench/part_losses.h"
 #include "ui/workbench/slider_panel.h"
 #include "ui/workbench/smith_view.h"
 #include "ui/workbench/sweep_view.h"
@@ -155,6 +156,10 @@ QWidget* NetworkWindow::buildNetworkSide() {
     SetHint(*bands_, tr("Where the network has to work: 70M:130M, 400M:410M"));
     form->addRow(tr("Fre&quency"), frequency_);
     form->addRow(tr("&Bands"), bands_);
+    auto* coils = new PartLossesEdit("CoilsEingabe", PartKind::Inductor, model_);
+    auto* capacitors = new PartLossesEdit("CapacitorsEingabe", PartKind::Capacitor, model_);
+    form->addRow(tr("Co&ils"), coils);
+    form->addRow(tr("&Capacitors"), capacitors);
     column->addLayout(form);
     problem_ = new QLabel;
     problem_->setObjectName(QStringLiteral("NetworkProblem"));
@@ -166,10 +171,13 @@ QWidget* NetworkWindow::buildNetworkSide() {
     dataNotes_->setWordWrap(true);
     dataNotes_->hide();
     column->addWidget(dataNotes_);
-    connect(ladder_, &LadderPanel::problem, this, [this](const QString& text) {
+    const auto showProblem = [this](const QString& text) {
         problem_->setText(text);
         problem_->setVisible(!text.isEmpty());
-    });
+    };
+    connect(ladder_, &LadderPanel::problem, this, showProblem);
+    for (PartLossesEdit* losses : {coils, capacitors})
+        connect(losses, &PartLossesEdit::problem, this, showProblem);
     connect(frequency_, &QLineEdit::textEdited, this, &NetworkWindow::applyFrequency);
     connect(frequency_, &QLineEdit::editingFinished, this, &NetworkWindow::showModel);
     connect(bands_, &QLineEdit::textEdited, this, &NetworkWindow::applyBands);
