@@ -45,9 +45,9 @@ QString AskForPictureFile(QWidget& parent, const char* objectName, const QString
     dialog.selectNameFilter(FilterOf(QFileInfo(name).suffix()));
     dialog.setDefaultSuffix(QFileInfo(name).suffix());
     while (dialog.exec() == QDialog::Accepted) {
-        const QString file = dialog.selectedFiles().value(0);
+        QString file = dialog.selectedFiles().value(0);
         if (PictureFormatOf(file)) return file;
-        const QString ended = file + '.' + dialog.defaultSuffix();
+        QString ended = file + '.' + dialog.defaultSuffix();
         if (!QFileInfo::exists(ended) || MayReplace(parent, ended)) return ended;
     }
     return {};
