@@ -69,29 +69,33 @@ TEST_P(LocalOptimizerFinds, TheMinimumFromEachStart) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Functions, LocalOptimizerFinds,
-                         testing::Values(KnownMinimum{"page 6",
-                                                      [](auto x) { return TestFunction(6, x); },
-                                                      {Point({0, 0, 0, 0}), Point({3, -2, 1, 4})},
-                                                      0},
-                                         KnownMinimum{"page 7",
-                                                      [](auto x) { return TestFunction(7, x); },
-                                                      {Point({0, 0}), Point({-3, 5})},
-                                                      0},
-                                         KnownMinimum{
-                                             "Rosenbrock",
-                                             [](auto x) { return TestFunction(10, x); },
-                                             {Point({0, 0}), Point({-1.2, 1}), Point({2, -1})},
-                                             0},
-                                         // Two planes that meet in a kink, in a bowl.
-                                         KnownMinimum{"crease",
-                                                      [](auto x) {
-                                                          return 20 * std::fabs(x[0] - x[1]) +
-                                                                 Square(x[0] + x[1] - 2);
-                                                      },
-                                                      {Point({3, -1}), Point({-2, 0.5})},
-                                                      0}),
-                         [](const auto& test) { return "case" + std::to_string(test.index); });
+INSTANTIATE_TEST_SUITE_P(
+    Functions, LocalOptimizerFinds,
+    testing::Values(KnownMinimum{"page 6",
+                                 [](auto x) { return TestFunction(6, x); },
+                                 {Point({0, 0, 0, 0}), Point({3, -2, 1, 4})},
+                                 0},
+                    KnownMinimum{"page 7",
+                                 [](auto x) { return TestFunction(7, x); },
+                                 {Point({0, 0}), Point({-3, 5})},
+                                 0},
+                    KnownMinimum{"Rosenbrock",
+                                 [](auto x) { return TestFunction(10, x); },
+                                 {Point({0, 0}), Point({-1.2, 1}), Point({2, -1})},
+                                 0},
+                    // From beside a saddle, where one curvature is negative.
+                    KnownMinimum{"saddle",
+                                 [](auto x) { return Square(x[0] * x[0] - 1) + Square(x[1]); },
+                                 {Point({1e-3, 0}), Point({-0.05, 2})},
+                                 0},
+                    // Two planes that meet in a kink, in a bowl.
+                    KnownMinimum{"crease",
+                                 [](auto x) {
+                                     return 20 * std::fabs(x[0] - x[1]) + Square(x[0] + x[1] - 2);
+                                 },
+                                 {Point({3, -1}), Point({-2, 0.5})},
+                                 0}),
+    [](const auto& test) { return "case" + std::to_string(test.index); });
 
 struct ValleyCase {
     const char* name;
