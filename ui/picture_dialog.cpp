@@ -15,13 +15,13 @@ QString FilterOf(const QString& suffix) {
     return QObject::tr("%1 Files (*.%2)").arg(suffix.toUpper(), suffix);
 }
 
+}  // namespace
+
 bool MayReplace(QWidget& parent, const QString& file) {
     return QMessageBox::question(&parent, parent.windowTitle(),
                                  QObject::tr("%1 already exists.\nDo you want to replace it?")
                                      .arg(QFileInfo(file).fileName())) == QMessageBox::Yes;
 }
-
-}  // namespace
 
 QString AskForPictureFile(QWidget& parent, const char* objectName, const QString& name) {
     QFileDialog dialog(&parent, QObject::tr("Save picture"));

@@ -11,4 +11,7 @@ namespace kelvro {
 /// Empty when the user cancels. `name` is proposed; its ending says which filter comes first.
 QString AskForPictureFile(QWidget& parent, const char* objectName, const QString& name);
 
+/// Asks whether an existing file may be replaced.
+bool MayReplace(QWidget& parent, const QString& file);
+
 }  // namespace kelvro

@@ -7,7 +7,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPainter>
 #include <QPrintDialog>
@@ -20,6 +19,7 @@
 #include "plot/picture_format.h"
 #include "plot/response_table.h"
 #include "plot/shown_numbers.h"
+#include "ui/picture_dialog.h"
 #include "ui/plot/plot_form.h"
 #include "ui/plot/plot_image.h"
 #include "ui/print_page.h"
@@ -68,9 +68,7 @@ QString PlotForm::savePicture(const SaveDialog& asked, PictureFormat format) {
 }
 
 bool PlotForm::mayReplace(const QString& path) {
-    return QMessageBox::question(this, windowTitle(),
-                                 tr("%1 already exists.\nDo you want to replace it?")
-                                     .arg(QFileInfo(path).fileName())) == QMessageBox::Yes;
+    return MayReplace(*this, path);
 }
 
 Drawing PlotForm::Sheet::drawing() const {
