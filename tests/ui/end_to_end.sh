@@ -99,7 +99,7 @@ refusal() {
 }
 
 outputs() {
-  # The coil of 20 to 200 ohm at 5 MHz has 6.37 µH: the context menu rounds it down, up, to the
+  # The coil of 20 to 200 ohm at 5 MHz has 6.37 µH before any optimization: the context menu rounds it down, up, to the
   # nearest of E12, and gives its own value back.
   local entry
   for entry in "d 5.6e-06" "u 6.8e-06" "n 6.8e-06"; do
@@ -190,7 +190,7 @@ instances() {
   pid=$first
 }
 
-start
+start nopt
 typing
 refusal
 outputs
@@ -208,7 +208,7 @@ files
 keys alt+x
 ended
 # Killed at any time, also while it saves, the program leaves a whole file and no remnant.
-start
+start nopt
 for digits in 1 2 3; do
   enter "2$digits"
   sleep 0.$((digits * 4))
