@@ -99,8 +99,8 @@ refusal() {
 }
 
 outputs() {
-  # The coil of 20 to 200 ohm at 5 MHz has 6.37 µH before any optimization: the context menu rounds it down, up, to the
-  # nearest of E12, and gives its own value back.
+  # The coil of 20 to 200 ohm at 5 MHz has 6.37 µH before any optimization: the context menu rounds
+  # it down, up, to the nearest of E12, and gives its own value back.
   local entry
   for entry in "d 5.6e-06" "u 6.8e-06" "n 6.8e-06"; do
     click $inductance 3
