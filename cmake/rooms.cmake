@@ -36,6 +36,9 @@ set(kelvro_std_headers <algorithm> <array> <complex> <functional> <map> <optiona
                        <variant> <vector>)
 set(kelvro_qt_headers <QtWidgets/QtWidgets> ${kelvro_std_headers})
 
+# Windows and commands compute little: with sanitizers their build costs more than their run.
+set(kelvro_quick_build $<$<BOOL:${KELVRO_SANITIZE}>:-O0>)
+
 # kelvro_room(NAME [QT] [LINKS libraries...] [HEADERS headers...]): the library kelvro_NAME of all
 # sources below NAME/, main.cpp excepted. QT runs moc and rcc over them. HEADERS are large ones that
 # nearly every source reads: precompiled, they are read once.
@@ -50,6 +53,9 @@ function(kelvro_room name)
   endif()
   add_library(kelvro_${name} STATIC ${sources})
   target_link_libraries(kelvro_${name} PUBLIC kelvro_options ${room_LINKS})
+  if(name MATCHES "^(plot|ui|cli)$")
+    target_compile_options(kelvro_${name} PRIVATE ${kelvro_quick_build})
+  endif()
   if(room_QT)
     set_target_properties(kelvro_${name} PROPERTIES AUTOMOC ON AUTORCC ON
                                                       AUTOGEN_ORIGIN_DEPENDS OFF)

@@ -127,7 +127,7 @@ class NetworkWriter {
 
     template <typename Other>
     void write(const Other&, const std::string&, const std::string&) {
-        assert(!"no page has such an element");
+        assert(false && "no page has such an element");
     }
 
     void impedance(const Impedance& arm, const std::string& from, const std::string& to) {

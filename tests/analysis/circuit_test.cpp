@@ -322,7 +322,7 @@ TEST_P(ChebyshevFilters, KeepRippleAndBandwidth) {
     state = calculated.design;
     const Response response(state);
     // Down from fo to the first points where the ripple is exceeded by a quarter.
-    const auto edge = [&](double direction) {
+    const auto edge = [&, ripple = ripple](double direction) {
         double x = 0;
         while (response.relativeDb(state.fo * (1 + x)) > -1.25 * ripple && std::fabs(x) < 1)
             x += direction * 1e-5;

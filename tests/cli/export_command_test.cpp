@@ -75,7 +75,8 @@ TEST(ExportCommand, TakesTheSeriesAndGivenComponents) {
     const Output rounded =
         RunWith({"export", "pi", "--format", "json", "--e-series", "--series", "E6"});
     ASSERT_EQ(rounded.code, 0) << rounded.err;
-    for (const auto& component : nlohmann::json::parse(rounded.out)["components"]) {
+    const auto document = nlohmann::json::parse(rounded.out);
+    for (const auto& component : document.at("components")) {
         EXPECT_EQ(component["text"], component["series"]) << component;
     }
     // Given components stand, although the page would refuse to design them.

@@ -186,9 +186,9 @@ class PlotFormFilesTest : public QObject, protected GainWindow {
             return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
         };
         const QByteArray drawing = saved();
+        const QByteArray today = QDate::currentDate().toString("yyyy-MM-dd").toLatin1();
         for (const char* text :
-             {"1: f=", "1 LC Series Tank: R1", "fo 1.00 MHz", "Q 5", "C1 ",
-              QDate::currentDate().toString("yyyy-MM-dd").toLatin1().constData()}) {
+             {"1: f=", "1 LC Series Tank: R1", "fo 1.00 MHz", "Q 5", "C1 ", today.constData()}) {
             QVERIFY2(drawing.contains(text), text);
         }
         choose("Caption1");

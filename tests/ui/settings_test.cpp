@@ -26,6 +26,8 @@ void AnswerFileDialog(const QString& path) {
     QTimer::singleShot(50, qApp, [path] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         QVERIFY(dialog);
+        // The file it starts from counts before the text until the folder is listed.
+        dialog->findChild<QListView*>(QStringLiteral("listView"))->selectionModel()->clear();
         dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
         static_cast<QDialog*>(dialog)->accept();
     });

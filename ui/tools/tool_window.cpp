@@ -98,7 +98,7 @@ void ToolWindow::beginGroup(const QString& title, Place place) {
         column_ = new QVBoxLayout;
         columns_->addLayout(column_);
     } else {
-        column_->takeAt(column_->count() - 1);  // the stretch below the last group
+        delete column_->takeAt(column_->count() - 1);  // the stretch below the last group
     }
     auto* box = new QGroupBox(title);
     grid_ = new QGridLayout(box);

@@ -38,7 +38,6 @@ namespace kelvro {
 namespace {
 
 constexpr int kAutosavePause = 3000;  // ms after the last change
-constexpr int kShownDigits = 4;       // of values in the table of snapshots
 constexpr double kLowestFrequency = 1e-3;
 constexpr double kHighestFrequency = 1e13;
 
