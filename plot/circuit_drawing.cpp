@@ -147,6 +147,13 @@ void CircuitDrawing::line(QPointF from, QPointF to) {
     strokes_.addPath(placed(symbol, from, to));
 }
 
+void CircuitDrawing::box(QPointF from, QPointF to) {
+    symbolLeads(from, to);
+    QPainterPath symbol;
+    symbol.addRect(-kSymbolLength / 2, -18, kSymbolLength, 36);
+    strokes_.addPath(placed(symbol, from, to));
+}
+
 void CircuitDrawing::switchSymbol(QPointF from, QPointF to) {
     symbolLeads(from, to);
     QPainterPath symbol;

@@ -28,6 +28,8 @@ class CircuitDrawing {
     void inductor(QPointF from, QPointF to, bool core = false);
     void capacitor(QPointF from, QPointF to);
     void line(QPointF from, QPointF to);
+    /// A two-port of which only its ends are known.
+    void box(QPointF from, QPointF to);
     void switchSymbol(QPointF from, QPointF to);
     void source(QPointF from, QPointF to);
     void arrow(QPointF from, QPointF to);

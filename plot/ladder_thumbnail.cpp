@@ -9,13 +9,29 @@ namespace kelvro {
 
 namespace {
 
-constexpr double kStart = 16;   // from the terminal to the first element
-constexpr double kStep = 70;    // from element to element
-constexpr double kHeight = 84;  // from the upper line to ground
+constexpr double kStart = 16;       // from the terminal to the first element
+constexpr double kStep = 70;        // from element to element
+constexpr double kHeight = 84;      // from the upper line to ground
+constexpr double kNarrowStep = 30;  // of a symbol across that stands alone
+constexpr double kCoilGap = 13;     // from the middle of a transformer to its coils
 
 /// Draws elements from left to right along the upper line.
 class ThumbnailBuilder {
   public:
+    /// One element, as large as its symbol.
+    static CircuitDrawing symbolOf(const LadderElement& element) {
+        ThumbnailBuilder builder;
+        const auto* arm = std::get_if<Arm>(&element.is);
+        const auto* line = std::get_if<Line>(&element.is);
+        const bool across = arm    ? arm->place == Place::Shunt
+                            : line ? line->form != Line::Form::Through
+                                   : std::holds_alternative<Switch>(element.is);
+        builder.step_ = across ? kNarrowStep : CircuitDrawing::kSymbolLength;
+        builder.height_ = CircuitDrawing::kSymbolLength;
+        std::visit([&](const auto& is) { builder.add(is); }, element.is);
+        return std::move(builder.drawing_);
+    }
+
     CircuitDrawing build(const std::vector<LadderElement>& ladder) {
         drawing_.terminal({0, 0});
         drawing_.wire({4, 0}, {kStart, 0});
@@ -29,8 +45,8 @@ class ThumbnailBuilder {
   private:
     void add(const Arm& arm) {
         if (arm.place == Place::Series) {
-            symbol(arm.impedance, {x_, 0}, {x_ + kStep, 0});
-            x_ += kStep;
+            symbol(arm.impedance, {x_, 0}, {x_ + step_, 0});
+            x_ += step_;
         } else {
             across([&](QPointF from, QPointF to) { symbol(arm.impedance, from, to); });
         }
@@ -38,36 +54,53 @@ class ThumbnailBuilder {
 
     void add(const Line& line) {
         if (line.form == Line::Form::Through) {
-            drawing_.line({x_, 0}, {x_ + kStep, 0});
-            x_ += kStep;
+            drawing_.line({x_, 0}, {x_ + step_, 0});
+            x_ += step_;
         } else {
             const bool grounded = line.form == Line::Form::ShortedStub;
             across([&](QPointF from, QPointF to) { drawing_.line(from, to); }, grounded);
         }
     }
 
-    void add(const Transformer&) { inLine(); }
-    void add(const CoupledCoils&) { inLine(); }
-    void add(const MeasuredTwoPort&) { inLine(); }
-    void add(const Branch&) { inLine(); }
+    void add(const Transformer&) { coils(); }
+    void add(const CoupledCoils&) { coils(); }
+    void add(const MeasuredTwoPort&) {
+        drawing_.box({x_, 0}, {x_ + step_, 0});
+        x_ += step_;
+    }
+    /// The other path goes to a terminal of its own.
+    void add(const Branch&) {
+        across(
+            [&](QPointF from, QPointF to) {
+                drawing_.wire(from, to);
+                drawing_.terminal(to + QPointF(0, 4));
+            },
+            false);
+    }
     void add(const Switch&) {
         across([&](QPointF from, QPointF to) { drawing_.switchSymbol(from, to); });
     }
 
-    /// What has no symbol of its own size here: a box in the line.
-    void inLine() {
-        drawing_.resistor({x_, 0}, {x_ + kStep, 0});
-        x_ += kStep;
+    /// Two coils to ground, side by side.
+    void coils() {
+        const double middle = x_ + step_ / 2;
+        for (const double side : {-1.0, 1.0}) {
+            const QPointF top(middle + side * kCoilGap, 0);
+            drawing_.wire({middle + side * step_ / 2, 0}, top);
+            drawing_.inductor(top, top + QPointF(0, height_));
+            drawing_.ground(top + QPointF(0, height_));
+        }
+        x_ += step_;
     }
 
     template <typename Draw>
     void across(Draw&& draw, bool grounded = true) {
-        const double half = kStep / 2;
-        drawing_.wire({x_, 0}, {x_ + kStep, 0});
+        const double half = step_ / 2;
+        drawing_.wire({x_, 0}, {x_ + step_, 0});
         drawing_.node({x_ + half, 0});
-        draw(QPointF(x_ + half, 0), QPointF(x_ + half, kHeight));
-        if (grounded) drawing_.ground({x_ + half, kHeight});
-        x_ += kStep;
+        draw(QPointF(x_ + half, 0), QPointF(x_ + half, height_));
+        if (grounded) drawing_.ground({x_ + half, height_});
+        x_ += step_;
     }
 
     /// A group shows the symbols of its first two members.
@@ -105,21 +138,30 @@ class ThumbnailBuilder {
     }
 
     CircuitDrawing drawing_;
+    double step_ = kStep;
+    double height_ = kHeight;
     double x_ = kStart;
 };
 
-}  // namespace
-
-QImage LadderThumbnail(const std::vector<LadderElement>& ladder, QSize size, QRgb colour,
-                       double scale) {
+QImage Painted(const CircuitDrawing& drawing, QSize size, QRgb colour, double scale) {
     QImage image(size * scale, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scale);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     const QColor line = QColor::fromRgb(colour);
-    ThumbnailBuilder().build(ladder).paint(painter, QRectF(QPointF(), QSizeF(size)), line, line,
-                                           line);
+    drawing.paint(painter, QRectF(QPointF(), QSizeF(size)), line, line, line);
     return image;
+}
+
+}  // namespace
+
+QImage LadderThumbnail(const std::vector<LadderElement>& ladder, QSize size, QRgb colour,
+                       double scale) {
+    return Painted(ThumbnailBuilder().build(ladder), size, colour, scale);
+}
+
+QImage ElementSymbol(const LadderElement& element, QSize size, QRgb colour, double scale) {
+    return Painted(ThumbnailBuilder::symbolOf(element), size, colour, scale);
 }
 
 QRectF ThumbnailPlace(const std::vector<LadderElement>& ladder, QSize size, std::size_t index) {

@@ -13,6 +13,9 @@ namespace kelvro {
 QImage LadderThumbnail(const std::vector<LadderElement>& ladder, QSize size, QRgb colour,
                        double scale = 1);
 
+/// One element likewise, its symbol as large as it goes.
+QImage ElementSymbol(const LadderElement& element, QSize size, QRgb colour, double scale = 1);
+
 /// Where element number `index` stands in that picture, from top to bottom.
 QRectF ThumbnailPlace(const std::vector<LadderElement>& ladder, QSize size, std::size_t index);
 

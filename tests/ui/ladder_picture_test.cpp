@@ -1,13 +1,63 @@
 // The drawing of the ladder, driven as a user drives it.
 
+#include <QApplication>
 #include <QListWidget>
 #include <QtTest>
+#include <cmath>
 
 #include "plot/ladder_thumbnail.h"
 #include "ui/workbench/ladder_panel.h"
 #include "ui/workbench/ladder_picture.h"
 
 using namespace kelvro;
+
+namespace {
+
+/// A drag by the pointer from one widget to another; the one where it begins gets its events.
+void Drag(QWidget& from, QPoint start, QWidget& to, QPoint end,
+          Qt::KeyboardModifiers keys = Qt::NoModifier) {
+    const QPoint last = from.mapFromGlobal(to.mapToGlobal(end));
+    QTest::mousePress(&from, Qt::LeftButton, keys, start);
+    for (const QPoint at :
+         {start + QPoint(QApplication::startDragDistance() + 2, 0), (start + last) / 2, last}) {
+        QMouseEvent move(QEvent::MouseMove, at, from.mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
+                         keys);
+        QApplication::sendEvent(&from, &move);
+    }
+    QTest::mouseRelease(&from, Qt::LeftButton, keys, last);
+}
+
+/// A panel with L1 in series, C1 across, R1 in series.
+struct Panel {
+    Panel() {
+        network.ladder = {SeriesArm(Part::L(10e-9, "L1"), "middle"), ShuntArm(Part::C(1e-12, "C1")),
+                          SeriesArm(Part::R(5, "R1"))};
+        model.open(network);
+        panel.resize(260, 400);
+        panel.show();
+        if (!QTest::qWaitForWindowExposed(&panel)) qFatal("the panel does not show");
+    }
+    LadderPanel* operator->() { return &panel; }
+    LadderPicture& picture() { return *panel.findChild<LadderPicture*>(); }
+    /// The elements by name, those without by their kind.
+    QString names() const {
+        QStringList names;
+        for (const LadderElement& element : model.network().ladder) {
+            const std::string text = ElementText(element);
+            const auto colon = text.find(": ");
+            names << QString::fromStdString(std::holds_alternative<Arm>(element.is)
+                                                ? text.substr(colon + 2, text.find('=') - colon - 2)
+                                                : std::string("line"));
+        }
+        return names.join(' ');
+    }
+
+    Network network = StartNetwork();
+    NetworkModel model;
+    LadderPanel panel{model, {}};
+};
+
+}  // namespace
 
 class LadderPictureTest : public QObject {
     Q_OBJECT
@@ -31,41 +81,124 @@ class LadderPictureTest : public QObject {
         }
     }
 
-    void aDragMovesAnElementAsOneStepAndAClickChoosesIt() {
-        NetworkModel model;
-        Network network = StartNetwork();
-        network.ladder = {SeriesArm(Part::L(1e-9, "L1")), ShuntArm(Part::C(1e-12, "C1")),
-                          SeriesArm(Part::R(5, "R1"))};
-        model.open(network);
-        LadderPanel panel(model, {});
-        panel.resize(260, 400);
-        panel.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&panel));
-        auto& picture = *panel.findChild<LadderPicture*>();
-        auto& list = *panel.findChild<QListWidget*>("LadderList");
-        QTest::mouseClick(&picture, Qt::LeftButton, {}, picture.placeOf(1));
-        QCOMPARE(list.currentRow(), 1);
-        QCOMPARE(model.selected()->element, std::size_t(1));
+    void dropsMoveSwapCopyReplaceAndDelete_data() {
+        // Drops go to "x": at the middle of element x; "x|": between it and the next; "|": before
+        // all; "D": onto Delete; "": outside.
+        QTest::addColumn<QString>("what");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<bool>("control");
+        QTest::addColumn<QString>("ladder");
+        QTest::addColumn<QString>("step");
+        QTest::addRow("between") << "L1"
+                                 << "R1|" << false << "C1 R1 L1"
+                                 << "Move element";
+        QTest::addRow("before all") << "R1"
+                                    << "|" << false << "R1 L1 C1"
+                                    << "Move element";
+        QTest::addRow("onto another") << "L1"
+                                      << "R1" << false << "R1 C1 L1"
+                                      << "Swap elements 1 and 3";
+        QTest::addRow("onto itself") << "L1"
+                                     << "L1" << false << "L1 C1 R1"
+                                     << "";
+        QTest::addRow("beside itself") << "C1"
+                                       << "L1|" << false << "L1 C1 R1"
+                                       << "";
+        QTest::addRow("copy between") << "L1"
+                                      << "C1|" << true << "L1 C1 L1 R1"
+                                      << "Add element";
+        QTest::addRow("copy onto") << "L1"
+                                   << "C1" << true << "L1 L1 R1"
+                                   << "Replace element 2 by a copy of 1";
+        QTest::addRow("delete") << "C1"
+                                << "D" << false << "L1 R1"
+                                << "Delete element";
+        QTest::addRow("outside") << "C1"
+                                 << "" << false << "L1 C1 R1"
+                                 << "";
+        QTest::addRow("new") << "ButtonLineTile"
+                             << "L1|" << false << "L1 line C1 R1"
+                             << "Add element";
+        QTest::addRow("new at the load") << "ButtonShuntRTile"
+                                         << "R1|" << false << "L1 C1 R1 R"
+                                         << "Add element";
+        QTest::addRow("replacing") << "ButtonShuntCTile"
+                                   << "R1" << false << "L1 C1 C"
+                                   << "Replace element 3 by Shunt C";
+        QTest::addRow("nothing to delete") << "ButtonShuntCTile"
+                                           << "D" << false << "L1 C1 R1"
+                                           << "";
+    }
 
-        const auto drag = [&](int from, QPoint to) {
-            QTest::mousePress(&picture, Qt::LeftButton, {}, picture.placeOf(from));
-            QTest::mouseMove(&picture, to);
-            QTest::mouseRelease(&picture, Qt::LeftButton, {}, to);
+    void dropsMoveSwapCopyReplaceAndDelete() {
+        QFETCH(const QString, what);
+        QFETCH(const QString, to);
+        QFETCH(const bool, control);
+        Panel panel;
+        const auto placeOf = [&](const QString& name) {
+            return panel.picture().placeOf(int(QStringList({"L1", "C1", "R1"}).indexOf(name)));
         };
-        drag(0, picture.placeOf(2));
-        QStringList order;
-        for (const Part* part : PartsOf(model.network().ladder))
-            order << QString::fromStdString(part->name);
-        QCOMPARE(order, QStringList({"C1", "R1", "L1"}));
-        QCOMPARE(list.currentRow(), 2);
-        drag(2, picture.placeOf(0));
-        QVERIFY(model.network() == network);
-        drag(1, QPoint(-5, 20));  // dropped outside
-        QVERIFY(model.network() == network);
-        model.undo();
-        model.undo();
-        QVERIFY(model.network() == network);
-        QVERIFY(!model.history().canUndo());
+        const int half = (placeOf("C1").x() - placeOf("L1").x()) / 2;
+        QWidget& source = what.endsWith("Tile") ? *panel->findChild<QWidget*>(what)
+                                                : static_cast<QWidget&>(panel.picture());
+        QWidget& target = to == "D" ? *panel->findChild<QWidget*>("ButtonDeleteElement")
+                                    : static_cast<QWidget&>(panel.picture());
+        const QPoint at = to == "D"          ? target.rect().center()
+                          : to.isEmpty()     ? QPoint(20, target.height() + 60)
+                          : to == "|"        ? placeOf("L1") - QPoint(half, 0)
+                          : to.endsWith('|') ? placeOf(to.chopped(1)) + QPoint(half - 2, 0)
+                                             : placeOf(to);
+        Drag(source, what.endsWith("Tile") ? source.rect().center() : placeOf(what), target, at,
+             control ? Qt::ControlModifier : Qt::NoModifier);
+        QTEST(panel.names(), "ladder");
+        const auto& history = panel.model.history();
+        QTEST(QString::fromStdString(history.undoName()), "step");
+        if (!history.canUndo()) return;
+        panel.model.undo();
+        QVERIFY(panel.model.network() == panel.network && !history.canUndo());
+    }
+
+    void escapeGivesADragUp() {
+        Panel panel;
+        auto& picture = panel.picture();
+        QTest::mousePress(&picture, Qt::LeftButton, {}, picture.placeOf(0));
+        QMouseEvent move(QEvent::MouseMove, picture.placeOf(2),
+                         picture.mapToGlobal(picture.placeOf(2)), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(&picture, &move);
+        QVERIFY(QApplication::overrideCursor());
+        QTest::keyClick(&picture, Qt::Key_Escape);
+        QVERIFY(!QApplication::overrideCursor());
+        QTest::mouseRelease(&picture, Qt::LeftButton, {}, picture.placeOf(2));
+        QCOMPARE(panel.names(), QString("L1 C1 R1"));
+    }
+
+    /// 10 nH at 100 MHz are j6.2832 ohm, which 253.30 pF have as well.
+    void whatReplacesTakesOverTheSizeAndTheLockGoesWithItsElement() {
+        Panel panel;
+        panel.model.setLocked({2, 0, Tunable::Quantity::PartValue}, true);
+        QWidget& tile = *panel->findChild<QWidget*>("ButtonSeriesCTile");
+        Drag(tile, tile.rect().center(), panel.picture(), panel.picture().placeOf(0));
+        const auto& ladder = panel.model.network().ladder;
+        const Part& made = *PartsOf(ladder)[0];
+        QVERIFY(made.kind == PartKind::Capacitor);
+        QVERIFY2(std::fabs(made.value - 253.3030e-12) < 1e-16,
+                 qPrintable(QString::number(made.value)));
+        QVERIFY(std::get<Arm>(ladder[0].is).place == Place::Series);
+        QCOMPARE(ladder[0].node, std::string("middle"));
+        QCOMPARE(panel.model.selected()->element, std::size_t(0));
+        Drag(panel.picture(), panel.picture().placeOf(2), panel.picture(),
+             panel.picture().placeOf(0));
+        QVERIFY(panel.model.locked({0, 0, Tunable::Quantity::PartValue}));
+        QVERIFY(!panel.model.locked({2, 0, Tunable::Quantity::PartValue}));
+    }
+
+    void aClickChoosesAnElementAndATileAddsBehindIt() {
+        Panel panel;
+        QTest::mouseClick(&panel.picture(), Qt::LeftButton, {}, panel.picture().placeOf(1));
+        QCOMPARE(panel->findChild<QListWidget*>("LadderList")->currentRow(), 1);
+        QCOMPARE(panel.model.selected()->element, std::size_t(1));
+        QTest::mouseClick(panel->findChild<QWidget*>("ButtonOpenStubTile"), Qt::LeftButton);
+        QCOMPARE(panel.names(), QString("L1 C1 line R1"));
     }
 };
 

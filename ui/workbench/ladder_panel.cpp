@@ -14,11 +14,11 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <array>
 
 #include "core/number_text.h"
 #include "plot/smith_picture.h"
 #include "ui/fields.h"
+#include "ui/workbench/element_palette.h"
 #include "ui/workbench/ladder_picture.h"
 #include "ui/workbench/part_losses.h"
 #include "ui/workbench/smith_view.h"
@@ -40,53 +40,6 @@ QString Text(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-/// What the buttons add: values of a useful size at the frequency and resistance at hand.
-struct NewElement {
-    const char* object;
-    const char* caption;
-    const char* hint;
-    LadderElement (*make)(double f, double R);
-};
-
-double Henry(double f, double R) {
-    return R / (6.283185307179586 * f);
-}
-double Farad(double f, double R) {
-    return 1 / (6.283185307179586 * f * R);
-}
-LadderElement LineOf(Line::Form form, double f, double R) {
-    Line line;
-    line.form = form;
-    line.Z0 = R;
-    line.length = {form == Line::Form::Through ? 90.0 : 45.0, f, 0, 1};
-    return {line, {}};
-}
-
-const std::array kNewElements = {
-    NewElement{"ButtonSeriesL", "Series L", "Add an inductor in series",
-               [](double f, double R) { return SeriesArm(Part::L(Henry(f, R))); }},
-    NewElement{"ButtonSeriesC", "Series C", "Add a capacitor in series",
-               [](double f, double R) { return SeriesArm(Part::C(Farad(f, R))); }},
-    NewElement{"ButtonShuntL", "Shunt L", "Add an inductor across the line",
-               [](double f, double R) { return ShuntArm(Part::L(Henry(f, R))); }},
-    NewElement{"ButtonShuntC", "Shunt C", "Add a capacitor across the line",
-               [](double f, double R) { return ShuntArm(Part::C(Farad(f, R))); }},
-    NewElement{"ButtonSeriesR", "Series R", "Add a resistor in series",
-               [](double, double R) { return SeriesArm(Part::R(R)); }},
-    NewElement{"ButtonShuntR", "Shunt R", "Add a resistor across the line",
-               [](double, double R) { return ShuntArm(Part::R(R)); }},
-    NewElement{"ButtonLine", "Line", "Add a line, a quarter wave long",
-               [](double f, double R) { return LineOf(Line::Form::Through, f, R); }},
-    NewElement{"ButtonOpenStub", "Open stub", "Add an open stub across the line",
-               [](double f, double R) { return LineOf(Line::Form::OpenStub, f, R); }},
-    NewElement{"ButtonShortStub", "Shorted stub", "Add a shorted stub across the line",
-               [](double f, double R) { return LineOf(Line::Form::ShortedStub, f, R); }},
-    NewElement{"ButtonTransformer", "Transformer", "Add an ideal transformer",
-               [](double, double) {
-                   return LadderElement{Transformer{2}, {}};
-               }},
-};
-
 /// Percent of "5" or "5 %", 0 of an empty text.
 Result<double> ToleranceFrom(const QString& text) {
     if (text.trimmed().isEmpty()) return 0.0;
@@ -107,10 +60,18 @@ LadderPanel::LadderPanel(NetworkModel& model, DataLoader load, QWidget* parent)
       list_(new QListWidget) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    auto* palette = new ElementPalette;
+    connect(palette, &ElementPalette::chosen, this, &LadderPanel::addKind);
+    connect(palette, &ElementPalette::dragged, picture_,
+            qOverload<const ElementKind&>(&LadderPicture::carry));
+    column->addWidget(palette);
     column->addWidget(picture_);
     connect(picture_, &LadderPicture::chosen, list_,
             [this](int row) { list_->setCurrentRow(row); });
-    connect(picture_, &LadderPicture::moved, this, &LadderPanel::moveElement);
+    connect(picture_, &LadderPicture::dropped, this, &LadderPanel::takeDropped);
+    connect(picture_, &LadderPicture::kindDropped, this, &LadderPanel::takeKind);
+    connect(picture_, &LadderPicture::thrownAway, this, &LadderPanel::removeElement);
     connect(picture_, &LadderPicture::editWanted, this,
             [this](int row) { list_->editItem(list_->item(row)); });
     connect(picture_, &LadderPicture::menuWanted, this, &LadderPanel::showMenu);
@@ -146,15 +107,11 @@ void LadderPanel::buildButtons(QBoxLayout& column) {
     add->setPopupMode(QToolButton::InstantPopup);
     SetHint(*add, tr("Add an element behind the chosen one, towards the load"));
     auto* menu = new QMenu(add);
-    for (const NewElement& entry : kNewElements) {
-        auto* action = menu->addAction(tr(entry.caption));
-        action->setObjectName(QLatin1String(entry.object));
-        action->setToolTip(tr(entry.hint));
-        connect(action, &QAction::triggered, this, [this, &entry] {
-            const double f = model_.designFrequency();
-            const double R = std::abs(impedance(model_.network().source, f));
-            addElement(entry.make(f, R > 0 && std::isfinite(R) ? R : 50));
-        });
+    for (const ElementKind& kind : ElementKinds()) {
+        auto* action = menu->addAction(tr(kind.caption));
+        action->setObjectName(QLatin1String(kind.object));
+        action->setToolTip(tr(kind.hint));
+        connect(action, &QAction::triggered, this, [this, &kind] { addKind(kind); });
     }
     add->setMenu(menu);
     row->addWidget(add);
@@ -166,9 +123,11 @@ void LadderPanel::buildButtons(QBoxLayout& column) {
         SetHint(*made, hint);
         connect(made, &QToolButton::clicked, this, slot);
         row->addWidget(made);
+        return made;
     };
-    button("ButtonDeleteElement", tr("Delete"), tr("Delete the chosen element (Del)"),
-           [this] { removeCurrent(); });
+    picture_->setBin(button("ButtonDeleteElement", tr("Delete"),
+                            tr("Delete the chosen element (Del), or the one that is dropped here"),
+                            [this] { removeElement(current()); }));
     button("ButtonElementUp", tr("Up"), tr("Move towards the source (Ctrl+Up)"),
            [this] { moveCurrent(-1); });
     button("ButtonElementDown", tr("Down"), tr("Move towards the load (Ctrl+Down)"),
@@ -236,16 +195,13 @@ void LadderPanel::itemEdited(QListWidgetItem* item) {
 }
 
 void LadderPanel::rowsMoved() {
-    std::vector<std::size_t> order;
-    order.reserve(static_cast<std::size_t>(list_->count()));
+    const auto before = model_.placed();
+    std::vector<PlacedElement> ladder;
+    ladder.reserve(before.size());
     for (int i = 0; i < list_->count(); ++i)
-        order.push_back(static_cast<std::size_t>(list_->item(i)->data(Qt::UserRole).toInt()));
-    model_.edit(tr("Move element"), [&](Network& network) {
-        std::vector<LadderElement> ladder;
-        ladder.reserve(order.size());
-        for (const std::size_t from : order) ladder.push_back(network.ladder.at(from));
-        network.ladder = std::move(ladder);
-    });
+        ladder.push_back(
+            before.at(static_cast<std::size_t>(list_->item(i)->data(Qt::UserRole).toInt())));
+    model_.arrange(tr("Move element"), ladder);
     showModel();
 }
 
@@ -256,21 +212,37 @@ void LadderPanel::editElement(const QString& name, std::size_t index,
     });
 }
 
-void LadderPanel::addElement(const LadderElement& element) {
-    const int row =
-        current() < 0 ? static_cast<int>(model_.network().ladder.size()) : current() + 1;
-    model_.edit(tr("Add element"), [&](Network& network) {
-        network.ladder.insert(network.ladder.begin() + row, element);
-    });
+double LadderPanel::usualResistance() const {
+    const double R = std::abs(impedance(model_.network().source, model_.designFrequency()));
+    return R > 0 && std::isfinite(R) ? R : 50;
+}
+
+void LadderPanel::addKind(const ElementKind& kind) {
+    addElement(kind.make(model_.designFrequency(), usualResistance()),
+               current() < 0 ? list_->count() : current() + 1);
+}
+
+void LadderPanel::addElement(const LadderElement& element, int row) {
+    auto ladder = model_.placed();
+    ladder.insert(ladder.begin() + row, {element});
+    model_.arrange(tr("Add element"), ladder);
     list_->setCurrentRow(row);
     list_->setFocus();
 }
 
-void LadderPanel::removeCurrent() {
-    const int row = current();
-    if (row < 0) return;
-    model_.edit(tr("Delete element"),
-                [row](Network& network) { network.ladder.erase(network.ladder.begin() + row); });
+void LadderPanel::replaceElement(const QString& name, const LadderElement& element, int row) {
+    auto ladder = model_.placed();
+    ladder[static_cast<std::size_t>(row)] = {element};
+    model_.arrange(name, ladder);
+    list_->setCurrentRow(row);
+    rowChosen(row);
+}
+
+void LadderPanel::removeElement(int row) {
+    if (row < 0 || row >= list_->count()) return;
+    auto ladder = model_.placed();
+    ladder.erase(ladder.begin() + row);
+    model_.arrange(tr("Delete element"), ladder);
 }
 
 void LadderPanel::moveCurrent(int step) {
@@ -281,15 +253,44 @@ void LadderPanel::moveCurrent(int step) {
 }
 
 void LadderPanel::moveElement(int from, int to) {
-    model_.edit(tr("Move element"), [=](Network& network) {
-        const auto first = network.ladder.begin();
-        if (from < to) {
-            std::rotate(first + from, first + from + 1, first + to + 1);
-        } else {
-            std::rotate(first + to, first + from, first + from + 1);
-        }
-    });
+    auto ladder = model_.placed();
+    const auto first = ladder.begin();
+    if (from < to) {
+        std::rotate(first + from, first + from + 1, first + to + 1);
+    } else {
+        std::rotate(first + to, first + from, first + from + 1);
+    }
+    model_.arrange(tr("Move element"), ladder);
     list_->setCurrentRow(to);
+}
+
+void LadderPanel::swapElements(int a, int b) {
+    auto ladder = model_.placed();
+    std::swap(ladder[static_cast<std::size_t>(a)], ladder[static_cast<std::size_t>(b)]);
+    model_.arrange(tr("Swap elements %1 and %2").arg(std::min(a, b) + 1).arg(std::max(a, b) + 1),
+                   ladder);
+    list_->setCurrentRow(b);
+}
+
+void LadderPanel::takeDropped(int from, LadderPlace to, bool copy) {
+    if (copy) {
+        const LadderElement element = model_.network().ladder[static_cast<std::size_t>(from)];
+        if (!to.onto) return addElement(element, to.element);
+        return replaceElement(
+            tr("Replace element %1 by a copy of %2").arg(to.element + 1).arg(from + 1), element,
+            to.element);
+    }
+    if (to.onto) return swapElements(from, to.element);
+    moveElement(from, to.element > from ? to.element - 1 : to.element);
+}
+
+void LadderPanel::takeKind(const ElementKind& kind, LadderPlace to) {
+    const double f = model_.designFrequency();
+    const double R = usualResistance();
+    if (!to.onto) return addElement(kind.make(f, R), to.element);
+    const auto& old = model_.network().ladder[static_cast<std::size_t>(to.element)];
+    replaceElement(tr("Replace element %1 by %2").arg(to.element + 1).arg(tr(kind.caption)),
+                   InPlaceOf(kind, old, f, R), to.element);
 }
 
 bool LadderPanel::eventFilter(QObject* watched, QEvent* event) {
@@ -298,7 +299,7 @@ bool LadderPanel::eventFilter(QObject* watched, QEvent* event) {
     const auto* key = static_cast<QKeyEvent*>(event);
     const bool control = key->modifiers() == Qt::ControlModifier;
     if (key->key() == Qt::Key_Delete) {
-        removeCurrent();
+        removeElement(current());
     } else if (key->key() == Qt::Key_Insert) {
         findChild<QToolButton*>(QStringLiteral("ButtonAddElement"))->showMenu();
     } else if (key->key() == Qt::Key_Menu && list_->currentItem()) {
@@ -332,7 +333,7 @@ void LadderPanel::showMenu(int row, QPoint global) {
     for (const Tunable& tunable : TunablesOf(model_.network().ladder))
         if (tunable.element == index) addPartActions(menu, tunable);
     menu.addSeparator();
-    menu.addAction(tr("&Delete"), this, [this] { removeCurrent(); });
+    menu.addAction(tr("&Delete"), this, [this] { removeElement(current()); });
     menu.exec(global);
 }
 
@@ -362,8 +363,8 @@ void LadderPanel::addPartActions(QMenu& menu, const Tunable& at) {
         const double X = std::abs(impedance(*part, f));
         own->addAction(tr("Make it %1").arg(QChar::fromLatin1(LetterOf(kind))), this, [=, this] {
             // The reactance stays in size.
-            const Part other = kind == PartKind::Inductor    ? Part::L(Henry(f, X))
-                               : kind == PartKind::Capacitor ? Part::C(Farad(f, X))
+            const Part other = kind == PartKind::Inductor    ? Part::L(InductanceOf(X, f))
+                               : kind == PartKind::Capacitor ? Part::C(CapacitanceOf(X, f))
                                                              : Part::R(X);
             model_.edit(tr("Kind of part"),
                         [&](Network& network) { ReplacePart(network.ladder, at, other); });

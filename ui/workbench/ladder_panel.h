@@ -16,6 +16,8 @@ class QMenu;
 namespace kelvro {
 
 class LadderPicture;
+struct ElementKind;
+struct LadderPlace;
 
 /// A termination as text, with the reason beside it while it cannot be read. Leaving the field
 /// writes back what is in use.
@@ -42,8 +44,9 @@ class TerminationEdit : public QWidget {
 };
 
 /// The ladder as a list of element texts from source to load: edited in place, moved by dragging or
-/// by Ctrl+Up and Ctrl+Down, deleted by Del, added by the buttons or by Ins. The right button
-/// offers place, kind, standard values, losses, tolerance.
+/// by Ctrl+Up and Ctrl+Down, deleted by Del, added by the buttons or by Ins. In its picture all of
+/// that goes by dragging, replacing as well. The right button offers place, kind, standard values,
+/// losses, tolerance.
 class LadderPanel : public QWidget {
     Q_OBJECT
 
@@ -68,11 +71,19 @@ class LadderPanel : public QWidget {
     void itemEdited(QListWidgetItem* item);
     void rowsMoved();
     void rowChosen(int row);
-    void addElement(const LadderElement& element);
-    void removeCurrent();
+    /// A new element of a kind, with a useful value, behind the chosen one.
+    void addKind(const ElementKind& kind);
+    void addElement(const LadderElement& element, int row);
+    void replaceElement(const QString& name, const LadderElement& element, int row);
+    void removeElement(int row);
     void moveCurrent(int step);
-    void showMenu(int row, QPoint global);
     void moveElement(int from, int to);
+    void swapElements(int a, int b);
+    void takeDropped(int from, LadderPlace to, bool copy);
+    void takeKind(const ElementKind& kind, LadderPlace to);
+    /// |Zs|, by which new elements are sized.
+    double usualResistance() const;
+    void showMenu(int row, QPoint global);
     void addPartActions(QMenu& menu, const Tunable& at);
     /// A step that changes one element of the ladder.
     void editElement(const QString& name, std::size_t index,

@@ -64,6 +64,31 @@ void NetworkModel::setValue(const Tunable& at, double value) {
         drag_ ? drag_->name : name, [&](Network& next) { SetValue(next.ladder, at, value); }, key);
 }
 
+std::vector<PlacedElement> NetworkModel::placed() const {
+    std::vector<PlacedElement> all;
+    all.reserve(network().ladder.size());
+    for (const LadderElement& element : network().ladder) all.push_back({element, all.size()});
+    return all;
+}
+
+void NetworkModel::arrange(const QString& name, const std::vector<PlacedElement>& ladder) {
+    const auto followed = [&](const Tunable& at) -> std::optional<Tunable> {
+        const auto to = std::ranges::find(ladder, std::optional(at.element), &PlacedElement::was);
+        if (to == ladder.end()) return std::nullopt;
+        return Tunable{static_cast<std::size_t>(to - ladder.begin()), at.part, at.quantity};
+    };
+    const auto selected = selected_ ? followed(*selected_) : std::nullopt;
+    change(name, [&](NetworkDocument& next) {
+        next.network.ladder.clear();
+        for (const PlacedElement& placed : ladder) next.network.ladder.push_back(placed.element);
+        std::vector<Tunable> locked;
+        for (const Tunable& at : next.locked)
+            if (const auto to = followed(at)) locked.push_back(*to);
+        next.locked = std::move(locked);
+    });
+    select(selected);
+}
+
 void NetworkModel::take(const QString& name, Network network) {
     edit(name, [&](Network& next) { next = std::move(network); });
 }

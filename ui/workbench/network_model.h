@@ -40,6 +40,12 @@ struct NetworkDocument {
     bool operator==(const NetworkDocument&) const = default;
 };
 
+/// An element of a ladder put together anew, and where it has stood; nothing for one that is new.
+struct PlacedElement {
+    LadderElement element;
+    std::optional<std::size_t> was = {};
+};
+
 /// The network that the Network window shows, and the one door through which it changes. Every view
 /// of the window reads it from here and nowhere else.
 class NetworkModel : public QObject {
@@ -56,6 +62,11 @@ class NetworkModel : public QObject {
               const QString& key = {});
     /// One number of the ladder; within a drag all moves are one step.
     void setValue(const Tunable& at, double value);
+    /// The ladder with elements in other places, fewer, more or others: what is locked and selected
+    /// goes with its element.
+    void arrange(const QString& name, const std::vector<PlacedElement>& ladder);
+    /// The present ladder, to be put together anew.
+    std::vector<PlacedElement> placed() const;
     /// Another network as a step that can be undone: taken from a page, a search, a snapshot.
     void take(const QString& name, Network network);
     /// A step of the whole document: what belongs to the network with it.
