@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the fuzzers and runs each for some seconds from its seeds: fuzz/run.sh [SECONDS [TOPIC...]]
-# What breaks is kept in build/fuzz/findings; a corpus that grew stays in build/fuzz/corpus.
+# What breaks is kept in build/sanitize/fuzz/findings; a corpus that grew stays beside it.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
@@ -8,16 +8,16 @@ seconds=${1:-20}
 topics=("${@:2}")
 [ ${#topics[@]} -gt 0 ] || topics=($(ls fuzz/seeds))
 
-cmake --preset fuzz >/dev/null
-cmake --build --preset fuzz --target "${topics[@]/#/fuzz_}"
-findings=$root/build/fuzz/findings
+cmake --preset sanitize >/dev/null
+cmake --build --preset sanitize --target "${topics[@]/#/fuzz_}"
+findings=$root/build/sanitize/fuzz/findings
 mkdir -p "$findings"
 
 fuzz() {
-    local topic=$1 corpus=build/fuzz/corpus/$1 dictionary=() log=build/fuzz/$1.log
+    local topic=$1 corpus=build/sanitize/fuzz/corpus/$1 dictionary=() log=build/sanitize/fuzz/$1.log
     mkdir -p "$corpus"
     [ ! -f "fuzz/dictionaries/$topic.txt" ] || dictionary=(-dict="$root/fuzz/dictionaries/$topic.txt")
-    "build/fuzz/fuzz/fuzz_$topic" "$root/$corpus" "$root/fuzz/seeds/$topic" "${dictionary[@]}" \
+    "build/sanitize/fuzz/fuzz_$topic" "$root/$corpus" "$root/fuzz/seeds/$topic" "${dictionary[@]}" \
         -max_total_time="$seconds" -timeout=20 -rss_limit_mb=3000 -print_final_stats=1 \
         -artifact_prefix="$findings/$topic-" >"$log" 2>&1 || {
         echo "$topic: BROKEN"

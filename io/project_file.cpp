@@ -19,6 +19,7 @@ namespace kelvro {
 namespace {
 
 constexpr std::uintmax_t kLargestProject = 64 * 1024 * 1024;
+constexpr int kDeepest = 100;
 constexpr const char* kInterpolations[] = {"linear", "polar", "cubic"};
 
 std::string Checksum(std::string_view content) {
@@ -39,6 +40,23 @@ std::optional<std::string> ContentOf(const std::filesystem::path& path) {
 
 // ---------------------------------------------------------------- reading
 
+/// How deep lists and objects stand in each other. Copying and writing a document takes stack for
+/// each level.
+int Nesting(const std::string& text) {
+    int depth = 0;
+    int deepest = 0;
+    bool quoted = false;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (quoted && c == '\\') ++i;
+        if (c == '"') quoted = !quoted;
+        if (quoted) continue;
+        if (c == '[' || c == '{') deepest = std::max(deepest, ++depth);
+        if (c == ']' || c == '}') --depth;
+    }
+    return deepest;
+}
+
 /// Reads a document member by member; the first failure is kept with its place.
 class ProjectReader {
   public:
@@ -58,6 +76,10 @@ class ProjectReader {
 
   private:
     bool parse(const std::string& text) {
+        if (Nesting(text) > kDeepest) {
+            fail("its lists", "they are nested deeper than " + std::to_string(kDeepest));
+            return false;
+        }
         try {
             project_.document = Json::parse(text);
         } catch (const Json::parse_error& error) {
@@ -66,6 +88,9 @@ class ProjectReader {
                 1 +
                 std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(before), '\n');
             fail("line " + std::to_string(line), "this is not JSON");
+            return false;
+        } catch (const Json::exception&) {  // it does not say where
+            fail("its numbers", "one is larger than any number can be");
             return false;
         }
         if (!project_.document.is_object()) fail("line 1", "expected a JSON object");

@@ -168,6 +168,12 @@ void PrintTo(const FaultyProject& c, std::ostream* out) {
 
 class FaultyProjects : public testing::TestWithParam<FaultyProject> {};
 
+TEST(ProjectFile, NestedBeyondTheStackIsRefused) {
+    const std::string deep =
+        R"({"version": 1, "note": "]\"[", "other": )" + std::string(400000, '[');
+    EXPECT_THAT(ParseProject(deep, {}, "a.kelvro").message(), HasSubstr("nested deeper"));
+}
+
 TEST_P(FaultyProjects, AreRefusedWithTheirPlace) {
     const auto read = ParseProject(GetParam().text, {}, "a.kelvro");
     ASSERT_FALSE(read.ok());
@@ -182,6 +188,7 @@ INSTANTIATE_TEST_SUITE_P(
         FaultyProject{"", "line 1: this is not JSON"},
         FaultyProject{"{\"version\": 1,\n\n \"network\": }", "line 3: this is not JSON"},
         FaultyProject{"[]", "expected a JSON object"},
+        FaultyProject{R"({"version": 1, "other": 1e400})", "larger than any number"},
         FaultyProject{"{}", "version: expected the version"},
         FaultyProject{R"({"version": "1"})", "version: expected"},
         FaultyProject{R"({"version": 1})", "network: expected an object with source"},
