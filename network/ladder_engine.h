@@ -8,11 +8,9 @@
 #include "network/ladder_program.h"
 
 // Evaluation of a prepared ladder, from the load back to the source. X is a complex number of one
-// or four frequencies, with its slope over ω or without; all of them are the same formulas.
+// or several frequencies, with its slope over ω or without; all of them are the same formulas.
 
 namespace kelvro::ladder {
-
-using lanes::Four;
 
 template <typename T>
 struct Frequency {
@@ -52,7 +50,7 @@ std::array<lanes::Sloped<double>, n> Differentiated(double f, const At& at) {
     return found;
 }
 
-/// The same at one or four frequencies.
+/// The same at one or several frequencies.
 template <typename X, std::size_t n, typename At>
 std::array<X, n> MeasuredValues(double f, const At& at) {
     std::array<X, n> values;
@@ -65,19 +63,19 @@ std::array<X, n> MeasuredValues(double f, const At& at) {
     }
     return values;
 }
-template <typename X, std::size_t n, typename At>
-std::array<X, n> MeasuredValues(Four f, const At& at) {
+template <typename X, std::size_t n, typename At, typename T>
+std::array<X, n> MeasuredValues(const T& f, const At& at) {
     using One = lanes::Sloped<double>;
-    std::array<std::array<One, n>, 4> single;
-    for (std::size_t lane = 0; lane < 4; ++lane) {
+    std::array<std::array<One, n>, T::size> single;
+    for (std::size_t lane = 0; lane < T::size; ++lane) {
         single[lane] = MeasuredValues<One, n>(f.lane(lane), at);
     }
     std::array<X, n> values;
     for (std::size_t i = 0; i < n; ++i) {
         const auto gather = [&](const auto& read) {
-            const double x[] = {read(single[0][i]), read(single[1][i]), read(single[2][i]),
-                                read(single[3][i])};
-            return Four::From(x);
+            double x[T::size];
+            for (std::size_t lane = 0; lane < T::size; ++lane) x[lane] = read(single[lane][i]);
+            return T::From(x);
         };
         values[i] = X::Of({gather([](const One& x) { return x.value.re; }),
                            gather([](const One& x) { return x.value.im; })},

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "network/ladder_engine.h"
+#include "network/ladder_sweep.h"
+#include "network/ladder_values.h"
 
 namespace kelvro {
 
@@ -10,85 +11,14 @@ namespace {
 
 using ladder::Frequency;
 using ladder::State;
-using lanes::Four;
 using One = lanes::Complex<double>;
 
-constexpr double kLowestFrequency = 1e-6;  // Hz
-
 Frequency<double> At(double f) {
-    return Frequency<double>::Of(std::max(f, kLowestFrequency));
+    return Frequency<double>::Of(std::max(f, ladder::kLowestFrequency));
 }
 
 std::complex<double> FromLanes(const One& x) {
     return {x.re, x.im};
-}
-
-/// Everything at one or four frequencies.
-template <typename T>
-struct Values {
-    T GT, groupDelay, dissipated, reflected;
-    lanes::Complex<T> gammaIn, gammaOut, Zin, Zout;
-    lanes::Complex<T> direction;  ///< with the phase of the transfer
-};
-
-/// With the voltage and the current at the source's side for 1 V, and for 1 A, at the load: A, C
-/// and B, D times the factor.
-template <typename T>
-Values<T> ValuesAt(const LadderProgram& program, const Frequency<T>& at) {
-    using X = lanes::Sloped<T>;
-    const X ZS = ladder::TerminationAt<X>(program.source, at);
-    const X ZL = ladder::TerminationAt<X>(program.load, at);
-    State<X, 2> state;
-    ladder::Apply(program.steps, at, state);
-    const auto& [A, B] = state.voltage;
-    const auto& [C, D] = state.current;
-
-    const X V = A * ZL + B;
-    const X I = C * ZL + D;
-    const X sum = V + ZS * I;
-    const auto zs = ZS.value;
-    const auto zl = ZL.value;
-    const auto outV = B.value + D.value * zs;
-    const auto outI = A.value + C.value * zs;
-    const T inverse = T(1.0) / sum.value.norm();
-    const auto unit = inverse * sum.value.conjugate();  // 1/sum
-
-    Values<T> values;
-    values.gammaIn = (V.value - zs.conjugate() * I.value) * unit;
-    values.gammaOut = (outV - zl.conjugate() * outI) * unit;
-    values.Zin = ladder::Ratio(V.value, I.value);
-    values.Zout = ladder::Ratio(outV, outI);
-    values.reflected = values.gammaIn.norm();
-    values.GT = T(4.0) * (zs.re * zl.re) * inverse;
-    values.direction = unit;
-    values.groupDelay = (sum.slope * unit).im;
-    if (state.factored) {
-        const auto factor = state.factor.value;
-        const T through = factor.norm();
-        // Where nothing passes, the phase is that of the sum, the limit from both sides.
-        const auto none = through == T(0.0);
-        const T turning =
-            (state.factor.slope * factor.conjugate()).im / lanes::Select(none, T(1.0), through);
-        values.GT = values.GT * through;
-        values.direction = factor * values.direction;
-        values.groupDelay = values.groupDelay - turning;
-    }
-    values.dissipated = (T(1.0) - values.reflected) - values.GT;
-    return values;
-}
-
-template <typename T>
-T StandingWaves(T reflected) {
-    const T size = lanes::SquareRoot(reflected);
-    const T infinite = std::numeric_limits<double>::infinity();
-    return lanes::Select(size < T(1.0), (T(1.0) + size) / (T(1.0) - size), infinite + size);
-}
-
-/// `count` values from place i on; a last block may be filled partly.
-template <typename T>
-void Store(T x, std::vector<double>& into, std::size_t i, std::size_t count) {
-    if (count == 4) return x.to(&into[i]);
-    for (std::size_t lane = 0; lane < count; ++lane) into[i + lane] = x.lane(lane);
 }
 
 /// From the load alone: what the load's volts ask of the source.
@@ -151,7 +81,7 @@ double LadderResponse::GT(double f) const {
 }
 
 NetworkPoint LadderResponse::at(double f) const {
-    const Values<double> values = ValuesAt(program_, At(f));
+    const ladder::Values<double> values = ladder::ValuesAt(program_, At(f));
     const double through = std::sqrt(values.GT) / std::sqrt(values.direction.norm());
     NetworkPoint point;
     point.f = f;
@@ -169,30 +99,7 @@ NetworkPoint LadderResponse::at(double f) const {
 const NetworkSweep& LadderResponse::sweep(std::span<const double> f) {
     sweep_.resize(f.size());
     std::ranges::copy(f, sweep_.f.begin());
-    for (std::size_t i = 0; i < f.size(); i += Four::size) {
-        const std::size_t count = std::min(Four::size, f.size() - i);
-        double block[Four::size];
-        for (std::size_t lane = 0; lane < Four::size; ++lane) {
-            block[lane] = std::max(f[i + std::min(lane, count - 1)], kLowestFrequency);
-        }
-        const Values<Four> values = ValuesAt(program_, Frequency<Four>::Of(Four::From(block)));
-        const auto store = [&](const Four& x, std::vector<double>& into) {
-            Store(x, into, i, count);
-        };
-        store(values.GT, sweep_.GT);
-        store(lanes::ArcTangent(values.direction.im, values.direction.re), sweep_.phase);
-        store(values.groupDelay, sweep_.groupDelay);
-        store(values.dissipated, sweep_.dissipated);
-        store(StandingWaves(values.reflected), sweep_.VSWR);
-        store(values.gammaIn.re, sweep_.gammaInRe);
-        store(values.gammaIn.im, sweep_.gammaInIm);
-        store(values.gammaOut.re, sweep_.gammaOutRe);
-        store(values.gammaOut.im, sweep_.gammaOutIm);
-        store(values.Zin.re, sweep_.ZinRe);
-        store(values.Zin.im, sweep_.ZinIm);
-        store(values.Zout.re, sweep_.ZoutRe);
-        store(values.Zout.im, sweep_.ZoutIm);
-    }
+    ladder::Sweep(program_, sweep_, ladder::BestLanes());
     return sweep_;
 }
 

@@ -40,6 +40,7 @@ struct NetworkSweep {
 
     std::size_t size() const { return f.size(); }
     void resize(std::size_t points);
+    bool operator==(const NetworkSweep&) const = default;
 };
 
 /// Peak values behind an element of the ladder, the current flowing on towards the load.

@@ -1,83 +1,187 @@
 #pragma once
 
+#include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 
-// Several frequencies in one number. `Four` computes lane by lane with the plain operations of any
-// processor of its family; the same source text with `double` in its place gives the same digits.
-// No function of the C library is called, whose last digit depends on the processor.
+// Several frequencies in one number. `Four` and `Wide` compute lane by lane with the same
+// operations as `double` in their place, so that all three give the same digits. No function of the
+// C library is called, whose last digit depends on the processor.
 
 namespace kelvro::lanes {
 
 using Pair = double __attribute__((vector_size(16)));
-using PairMask = std::int64_t __attribute__((vector_size(16)));
+using PairBits = std::int64_t __attribute__((vector_size(16)));
+using Quad = double __attribute__((vector_size(32)));
+using QuadBits = std::int64_t __attribute__((vector_size(32)));
+
+// Registers are copied as such: as the bytes they are, a wide one would be copied in halves, for
+// whose joining the processor waits. It also makes all functions, whatever instructions they are
+// compiled for, pass them alike: by address.
 
 /// Which lanes.
-struct FourMask {
-    PairMask low, high;
+template <typename Bits>
+struct RegisterMask {
+    Bits bits;
+
+    constexpr RegisterMask(const Bits& from) : bits(from) {}
+    constexpr RegisterMask(const RegisterMask& from) : bits(from.bits) {}
+    RegisterMask& operator=(const RegisterMask&) = delete;
 };
 
-/// Four numbers.
-struct Four {
-    static constexpr std::size_t size = 4;
-    Pair low, high;
+/// As many numbers as one register of the processor holds.
+template <typename Vector, typename Bits>
+struct Register {
+    static constexpr std::size_t size = sizeof(Vector) / sizeof(double);
+    using Mask = RegisterMask<Bits>;
+    Vector x;
 
-    Four() = default;
-    constexpr Four(double x) : low{x, x}, high{x, x} {}
-    constexpr Four(Pair first, Pair second) : low(first), high(second) {}
-
-    static Four From(const double* x) { return {Pair{x[0], x[1]}, Pair{x[2], x[3]}}; }
-    void to(double* x) const {
-        x[0] = low[0];
-        x[1] = low[1];
-        x[2] = high[0];
-        x[3] = high[1];
+    Register() = default;
+    constexpr Register(double value) : x(value - Vector{}) {}
+    constexpr Register(const Vector& values) : x(values) {}
+    constexpr Register(const Register& from) : x(from.x) {}
+    constexpr Register& operator=(const Register& from) {
+        x = from.x;
+        return *this;
     }
-    double lane(std::size_t i) const { return i < 2 ? low[i] : high[i - 2]; }
 
-    Four operator-() const { return {-low, -high}; }
-    friend Four operator+(Four a, Four b) { return {a.low + b.low, a.high + b.high}; }
-    friend Four operator-(Four a, Four b) { return {a.low - b.low, a.high - b.high}; }
-    friend Four operator*(Four a, Four b) { return {a.low * b.low, a.high * b.high}; }
-    friend Four operator/(Four a, Four b) { return {a.low / b.low, a.high / b.high}; }
-    friend FourMask operator<(Four a, Four b) { return {a.low < b.low, a.high < b.high}; }
-    friend FourMask operator==(Four a, Four b) { return {a.low == b.low, a.high == b.high}; }
+    static Register From(const double* from) {
+        Vector x;
+        __builtin_memcpy(&x, from, sizeof x);
+        return x;
+    }
+    void to(double* into) const { __builtin_memcpy(into, &x, sizeof x); }
+    double lane(std::size_t i) const { return x[i]; }
+
+    Register operator-() const { return -x; }
+    friend Register operator+(const Register& a, const Register& b) { return a.x + b.x; }
+    friend Register operator-(const Register& a, const Register& b) { return a.x - b.x; }
+    friend Register operator*(const Register& a, const Register& b) { return a.x * b.x; }
+    friend Register operator/(const Register& a, const Register& b) { return a.x / b.x; }
+    friend Mask operator<(const Register& a, const Register& b) { return a.x < b.x; }
+    friend Mask operator==(const Register& a, const Register& b) { return a.x == b.x; }
 };
+
+/// Two registers at a time: while one waits for a result the other computes.
+template <typename Half>
+struct Twice {
+    static constexpr std::size_t size = 2 * Half::size;
+    struct Mask {
+        typename Half::Mask low, high;
+    };
+    Half low, high;
+
+    Twice() = default;
+    constexpr Twice(double value) : low(value), high(value) {}
+    constexpr Twice(const Half& first, const Half& second) : low(first), high(second) {}
+
+    static Twice From(const double* from) {
+        return {Half::From(from), Half::From(from + Half::size)};
+    }
+    void to(double* into) const {
+        low.to(into);
+        high.to(into + Half::size);
+    }
+    double lane(std::size_t i) const {
+        return i < Half::size ? low.lane(i) : high.lane(i - Half::size);
+    }
+
+    Twice operator-() const { return {-low, -high}; }
+    friend Twice operator+(const Twice& a, const Twice& b) {
+        return {a.low + b.low, a.high + b.high};
+    }
+    friend Twice operator-(const Twice& a, const Twice& b) {
+        return {a.low - b.low, a.high - b.high};
+    }
+    friend Twice operator*(const Twice& a, const Twice& b) {
+        return {a.low * b.low, a.high * b.high};
+    }
+    friend Twice operator/(const Twice& a, const Twice& b) {
+        return {a.low / b.low, a.high / b.high};
+    }
+    friend Mask operator<(const Twice& a, const Twice& b) {
+        return {a.low < b.low, a.high < b.high};
+    }
+    friend Mask operator==(const Twice& a, const Twice& b) {
+        return {a.low == b.low, a.high == b.high};
+    }
+};
+
+/// Four numbers with the plain operations of any processor of its family.
+using Four = Twice<Register<Pair, PairBits>>;
+/// Four numbers in one register, where the processor has such; to be used only in functions that
+/// are compiled for it.
+using Wide = Register<Quad, QuadBits>;
+
+// --- Functions of one number, of a register and of two -----------------------------------------
 
 inline double Select(bool which, double yes, double no) {
     return which ? yes : no;
 }
-inline Four Select(FourMask which, Four yes, Four no) {
-    return {which.low ? yes.low : no.low, which.high ? yes.high : no.high};
+template <typename V, typename B>
+Register<V, B> Select(const RegisterMask<B>& which, const Register<V, B>& yes,
+                      const Register<V, B>& no) {
+    return which.bits ? yes.x : no.x;
+}
+template <typename H>
+Twice<H> Select(const typename Twice<H>::Mask& which, const Twice<H>& yes, const Twice<H>& no) {
+    return {Select(which.low, yes.low, no.low), Select(which.high, yes.high, no.high)};
 }
 
 inline double SquareRoot(double x) {
     return std::sqrt(x);
 }
-inline Four SquareRoot(Four x) {
-    return {Pair{std::sqrt(x.low[0]), std::sqrt(x.low[1])},
-            Pair{std::sqrt(x.high[0]), std::sqrt(x.high[1])}};
+template <typename V, typename B>
+Register<V, B> SquareRoot(const Register<V, B>& from) {
+    V root;
+    for (std::size_t i = 0; i < from.size; ++i) root[i] = std::sqrt(from.x[i]);
+    return root;
+}
+template <typename H>
+Twice<H> SquareRoot(const Twice<H>& x) {
+    return {SquareRoot(x.low), SquareRoot(x.high)};
 }
 
 inline double Absolute(double x) {
     return std::fabs(x);
 }
-inline Four Absolute(Four x) {
-    constexpr PairMask kNoSign{INT64_MAX, INT64_MAX};
-    return {(Pair)((PairMask)x.low & kNoSign), (Pair)((PairMask)x.high & kNoSign)};
+template <typename V, typename B>
+Register<V, B> Absolute(const Register<V, B>& from) {
+    return (V)((B)from.x & INT64_MAX);
+}
+template <typename H>
+Twice<H> Absolute(const Twice<H>& x) {
+    return {Absolute(x.low), Absolute(x.high)};
 }
 
 /// The magnitude of x with the sign of `sign`.
 inline double WithSign(double x, double sign) {
     return std::copysign(x, sign);
 }
-inline Four WithSign(Four x, Four sign) {
-    constexpr PairMask kSign{INT64_MIN, INT64_MIN};
-    const Four size = Absolute(x);
-    return {(Pair)((PairMask)size.low | ((PairMask)sign.low & kSign)),
-            (Pair)((PairMask)size.high | ((PairMask)sign.high & kSign))};
+template <typename V, typename B>
+Register<V, B> WithSign(const Register<V, B>& from, const Register<V, B>& sign) {
+    return (V)(((B)from.x & INT64_MAX) | ((B)sign.x & INT64_MIN));
 }
+template <typename H>
+Twice<H> WithSign(const Twice<H>& x, const Twice<H>& sign) {
+    return {WithSign(x.low, sign.low), WithSign(x.high, sign.high)};
+}
+
+/// 2^n from n + 2^52 + 1023, whose last 11 bits are the exponent.
+inline double PowerFromSum(double sum) {
+    return std::bit_cast<double>(std::bit_cast<std::int64_t>(sum) << 52);
+}
+template <typename V, typename B>
+Register<V, B> PowerFromSum(const Register<V, B>& sum) {
+    return (V)((B)sum.x << 52);
+}
+template <typename H>
+Twice<H> PowerFromSum(const Twice<H>& sum) {
+    return {PowerFromSum(sum.low), PowerFromSum(sum.high)};
+}
+
+// --- Functions of all of them -------------------------------------------------------------------
 
 /// The nearest whole number of |x| < 2^51: adding 1.5·2^52 leaves no place for a fraction.
 template <typename T>
@@ -86,22 +190,10 @@ T Rounded(T x) {
     return (x + shift) - shift;
 }
 
-/// 2^n of a whole number |n| < 1000, by squaring: no lane needs an instruction of its own.
+/// 2^n of a whole number |n| < 1000, by its bits: no lane needs an instruction of its own.
 template <typename T>
 T PowerOfTwo(T n) {
-    const T shift = 4503599627370496.0 + 1023;  // the sum's last 11 bits are the exponent
-    if constexpr (sizeof(T) == sizeof(double)) {
-        const double sum = n + shift;
-        std::int64_t bits;
-        __builtin_memcpy(&bits, &sum, sizeof bits);
-        bits <<= 52;
-        double power;
-        __builtin_memcpy(&power, &bits, sizeof power);
-        return power;
-    } else {
-        const T sum = n + shift;
-        return {(Pair)((PairMask)sum.low << 52), (Pair)((PairMask)sum.high << 52)};
-    }
+    return PowerFromSum(n + T(4503599627370496.0 + 1023));
 }
 
 /// c[0]·x^n + ... + c[n].

@@ -2,6 +2,7 @@
 // the places where a division would blow up.
 
 #include "network/ladder_response.h"
+#include "network/ladder_sweep.h"
 
 #include <gtest/gtest.h>
 
@@ -152,6 +153,10 @@ TEST(LadderResponseTest, SweepsHaveTheDigitsOfSinglePoints) {
         for (std::size_t i = 0; i < points; ++i) f.push_back(0.3e9 + 1e6 * static_cast<double>(i));
         const NetworkSweep& sweep = response.sweep(f);
         ASSERT_EQ(sweep.size(), points);
+        NetworkSweep other = sweep;
+        other.GT[points - 1] = -1;
+        ladder::Sweep(LadderProgram::Of(network), other, ladder::Lanes::Four);
+        ASSERT_EQ(sweep, other);
         for (std::size_t i = 0; i < points; ++i) {
             const NetworkPoint point = response.at(f[i]);
             ASSERT_EQ(sweep.f[i], f[i]);

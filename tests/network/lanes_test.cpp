@@ -16,7 +16,11 @@ template <typename Of>
 double InFourLanes(double x, const Of& of) {
     const double at[] = {x, 0.75 * x, -0.5 * x, 3 * x};
     const Four found = of(Four::From(at));
-    for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(found.lane(i), of(at[i])) << at[i];
+    const Wide wide = of(Wide::From(at));
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(found.lane(i), of(at[i])) << at[i];
+        EXPECT_EQ(wide.lane(i), of(at[i])) << at[i];
+    }
     return found.lane(0);
 }
 
