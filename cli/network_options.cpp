@@ -1,6 +1,7 @@
 #include "cli/network_options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 
 #include "io/data_files.h"
@@ -17,11 +18,24 @@ Problem TextProblem(const DataFiles& files, const std::string& where, const Stat
     return {files.failed() ? ExitCode::Failed : ExitCode::Usage, where + ": " + status.message()};
 }
 
-Outcome<Network> FromFile(const NetworkOptions& options, Session& session) {
+Outcome<Project> FromFile(const NetworkOptions& options, Session& session) {
     auto project = ReadProject(options.file);
     if (!project.ok()) return Problem{ExitCode::Failed, project.message()};
+    for (const DataProblem& problem : project->dataProblems)
+        if (!problem.missing) session.tell(problem.what);
     for (const std::string& message : project->messages) session.tell(message);
-    return std::move(project->network);
+    return std::move(project).value();
+}
+
+/// Data that the network needs and the project could not read.
+Status CheckThere(const Network& network, const Project& project) {
+    for (const auto& data : DataOf(network)) {
+        const auto problem =
+            std::ranges::find(project.dataProblems, data->name, &DataProblem::name);
+        if (data->f.empty() && problem != project.dataProblems.end())
+            return Status::Failure(data->name + ": " + problem->what);
+    }
+    return {};
 }
 
 }  // namespace
@@ -50,10 +64,12 @@ void AddNetworkOptions(CLI::App& command, NetworkOptions& options, bool elements
 
 Outcome<Network> NetworkOf(const NetworkOptions& options, Session& session) {
     Network network;
+    Project project;
     if (!options.file.empty()) {
         auto read = FromFile(options, session);
-        if (!read) return read;
-        network = std::move(*read);
+        if (!read) return read.status();
+        project = std::move(*read);
+        network = project.network;
     } else if (options.source.empty() || options.load.empty()) {
         const char* missing = options.source.empty() ? "--source" : "--load";
         return Problem{ExitCode::Usage, std::string(missing) + " is required"};
@@ -71,6 +87,8 @@ Outcome<Network> NetworkOf(const NetworkOptions& options, Session& session) {
         if (!read.ok()) return TextProblem(files, '"' + text + '"', read.status());
         network.ladder.push_back(std::move(*read));
     }
+    const Status there = CheckThere(network, project);
+    if (!there) return Problem{ExitCode::Failed, options.file + " needs " + there.message()};
     for (const std::string& warning : files.warnings()) session.tell(warning);
     return network;
 }

@@ -77,7 +77,8 @@ Status CheckRange(const Network& network, double low, double high) {
     for (const Data& data : DataOf(network)) {
         if (data->covers(low) && data->covers(high)) continue;
         const std::string asked = low == high ? Hertz(low) : Hertz(low) + " to " + Hertz(high);
-        if (data->f.empty()) return Status::Failure(data->name + " has no data");
+        if (data->f.empty())
+            return Status::Failure(data->name + " has no data: its file is missing");
         return Status::Failure(data->name + " covers " + Hertz(data->f.front()) + " to " +
                                Hertz(data->f.back()) + ", not " + asked);
     }

@@ -94,6 +94,23 @@ TEST(AnalyzeCommand, KeepsTheNetworkAsAProject) {
     EXPECT_EQ(other.size(), 201U);
 }
 
+/// What a project cannot read is named, unless it is not needed.
+TEST(AnalyzeCommand, SaysWhichFileOfAProjectIsMissing) {
+    const TemporaryFolder folder;
+    const std::string file = (folder / "a.kelvro").string();
+    std::ofstream(file) << R"({"version": 1, "network": {"source": "50", "load": "whip.s1p"},
+                               "data": {"whip.s1p": {"path": "gone/whip.s1p"}}})";
+    const Output refused =
+        RunWith({"analyze", "--network", file, "--from", "1G", "--to", "2G", "--json"});
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_EQ(refused.out, "");
+    EXPECT_THAT(refused.err, HasSubstr("a.kelvro needs whip.s1p: there is no file"));
+    EXPECT_EQ(JsonOf({"analyze", "--network", file, "--load", "75", "--from", "1G", "--to", "2G",
+                      "--points", "2", "--json"})
+                  .size(),
+              2U);
+}
+
 TEST(MatchCommand, GivesAllSolutionsAtAFrequency) {
     const Json document =
         JsonOf({"match", "--at", "500M", "--source", "100", "--load", "200-j100", "--json"});

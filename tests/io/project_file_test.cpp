@@ -53,11 +53,18 @@ TEST(ProjectFile, IsReadBackAsItWasWritten) {
     project.snapshots = {{"as it was", Example(), false}, {"without an antenna", {}, true}};
     project.snapshots[0].network.ladder.pop_back();
     project.snapshots[1].network.load = 75;
+    project.ghost = Example();
+    project.ghost->ladder.erase(project.ghost->ladder.begin());
+    project.locked = {{1, 0, Tunable::Quantity::PartValue}, {2, 0, Tunable::Quantity::Turns}};
+    project.markers = {1.25e9, 1.9e9};
     ASSERT_EQ(WriteProject(folder / "a.kelvro", project).message(), "");
     const auto read = ReadProject(folder / "a.kelvro");
     ASSERT_TRUE(read.ok()) << read.message();
     EXPECT_EQ(read->network, project.network);
     EXPECT_EQ(read->snapshots, project.snapshots);
+    EXPECT_EQ(read->ghost, project.ghost);
+    EXPECT_EQ(read->locked, project.locked);
+    EXPECT_EQ(read->markers, project.markers);
     EXPECT_TRUE(read->messages.empty());
     EXPECT_FALSE(read->readOnly);
 }
@@ -91,7 +98,11 @@ TEST(ProjectFile, KeepsDataOfOneNameApart) {
 TEST(ProjectFile, KeepsWhatOthersWroteIntoIt) {
     const TemporaryFolder folder;
     const char* const text = R"({"version": 1, "window": {"zoom": [1, 2.5]},
-        "network": {"source": "50", "ladder": [], "load": "antenna.s1p", "tolerance": "E24"},
+        "network": {"source": "50", "ladder": ["series: L=1n"], "load": "antenna.s1p",
+                    "tolerance": "E24"},
+        "ghost": {"network": {"source": "50", "load": "75"}, "opacity": 0.5},
+        "locked": [{"element": 0, "part": 0, "quantity": "value", "by": "Tom"},
+                   {"element": 3, "part": 0, "quantity": "value"}],
         "data": {"antenna.s1p": {"touchstone": "# GHz S RI R 50\n1 0.1 0.2\n", "colour": "red"}}})";
     Write(folder / "a.kelvro", text);
     auto project = ReadProject(folder / "a.kelvro");
@@ -103,6 +114,9 @@ TEST(ProjectFile, KeepsWhatOthersWroteIntoIt) {
     EXPECT_EQ(written["network"]["tolerance"], "E24");
     EXPECT_EQ(written["network"]["source"], "75");
     EXPECT_EQ(written["data"]["antenna.s1p"]["colour"], "red");
+    EXPECT_EQ(written["ghost"]["opacity"], 0.5);
+    ASSERT_EQ(written["locked"].size(), 1U) << "there is no element 3";
+    EXPECT_EQ(written["locked"][0]["by"], "Tom");
     EXPECT_EQ(written.begin().key(), "version") << "keys stay in their order";
 }
 
@@ -129,8 +143,40 @@ TEST(ProjectFile, LinksDataByARelativePath) {
     Write(folder / "parts" / "antenna.s1p", "# GHz S RI R 50\n1 0.1 0.2\n2 0.3 0.5\n");
     const auto changed = ReadProject(folder / "a.kelvro");
     ASSERT_TRUE(changed.ok());
-    ASSERT_EQ(changed->messages.size(), 1U);
-    EXPECT_EQ(changed->messages[0], "whip has changed since a.kelvro was saved");
+    ASSERT_EQ(changed->dataProblems.size(), 1U);
+    EXPECT_THAT(changed->dataProblems[0].what, HasSubstr("has changed since a.kelvro was saved"));
+    EXPECT_FALSE(changed->dataProblems[0].missing);
+}
+
+/// Nothing is lost of what is not there: where the file was, what it was, how it is read.
+TEST(ProjectFile, IsThereWithoutALinkedFile) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder / "moved");
+    const std::string data = R"({"amp.s2p": {"path": "parts/amp.s2p", "checksum": "sha256:12",
+                                              "interpolation": "polar", "colour": "red"}})";
+    Write(folder / "a.kelvro", R"({"version": 1, "network": {"source": "amp.s2p:2*",
+        "ladder": ["part: amp.s2p"], "load": "50"}, "data": )" +
+                                   data + "}");
+    std::filesystem::create_directory(folder / "parts");
+    // There is no file, one that is no Touchstone file, one of another number of ports.
+    for (const char* content : {"", "1 2", "# GHz S RI R 50\n1 0.1 0.2\n"}) {
+        if (*content) Write(folder / "parts" / "amp.s2p", content);
+        auto project = ReadProject(folder / "a.kelvro");
+        ASSERT_TRUE(project.ok()) << project.message();
+        ASSERT_EQ(project->dataProblems.size(), 1U);
+        EXPECT_EQ(project->dataProblems[0].name, "amp.s2p");
+        EXPECT_TRUE(project->dataProblems[0].missing);
+        EXPECT_THAT(project->dataProblems[0].what, HasSubstr("amp.s2p"));
+        project->network.load = 75;
+        ASSERT_TRUE(WriteProject(folder / "moved" / "b.kelvro", *project).ok());
+        const Json written = Json::parse(Read(folder / "moved" / "b.kelvro"));
+        Json entry = Json::parse(data)["amp.s2p"];
+        entry["path"] = "../parts/amp.s2p";
+        entry["ports"] = 2;
+        EXPECT_EQ(written["data"]["amp.s2p"], entry);
+        EXPECT_EQ(written["network"]["source"], "amp.s2p:2*");
+        EXPECT_EQ(written["network"]["load"], "75");
+    }
 }
 
 TEST(ProjectFile, OfALaterVersionIsLookedAtOnly) {
@@ -215,7 +261,19 @@ INSTANTIATE_TEST_SUITE_P(
                       "data.a.s1p: a.s1p, line 1"},
         FaultyProject{R"({"version": 1, "data": {"a.s1p":
                           {"touchstone": "1 0 0", "interpolation": 3}}})",
-                      "data.a.s1p.interpolation: expected"}));
+                      "data.a.s1p.interpolation: expected"},
+        FaultyProject{R"({"version": 1, "network": {"source": "50", "load": "50"},
+                          "ghost": {"network": {"source": "50", "load": "x"}}})",
+                      "ghost.network.load: column 1"},
+        FaultyProject{R"({"version": 1, "network": {"source": "50", "load": "50"},
+                          "locked": [{"element": -1}]})",
+                      "locked[0]: expected the numbers"},
+        FaultyProject{R"({"version": 1, "network": {"source": "50", "load": "50"},
+                          "locked": [{"element": 0, "quantity": "weight"}]})",
+                      "locked[0].quantity: expected one of value"},
+        FaultyProject{R"({"version": 1, "network": {"source": "50", "load": "50"},
+                          "markers": [1e9, "2G"]})",
+                      "markers: expected frequencies"}));
 
 }  // namespace
 }  // namespace kelvro

@@ -7,7 +7,9 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
+#include <QMessageBox>
 #include <QProcess>
+#include <QTableWidget>
 #include <QtTest>
 #include <algorithm>
 #include <cmath>
@@ -94,8 +96,53 @@ class NetworkDataTest : public QObject {
         QVERIFY(!window->windowTitle().contains('*') && window.model().links().size() == 1);
         // What was measured anew since then is said.
         Write(window.path("other.s1p"), "# MHz S RI R 50\n90 0 0\n110 0 0\n");
+        QString told;
+        const InDialog asked([&](QWidget& box) {
+            told = dynamic_cast<QMessageBox&>(box).text();
+            dynamic_cast<QMessageBox&>(box).button(QMessageBox::Ignore)->click();
+        });
         QVERIFY(window->openFile(window.path("a.kelvro")));
-        QVERIFY(window.messages.value(0).contains("has changed"));
+        QVERIFY2(told.contains("other.s1p has changed"), qPrintable(told));
+        QVERIFY(std::fabs(window.resistance() - 50) < 1e-9);
+    }
+
+    void aMissingFileIsNamedAndFound() {
+        Window window;
+        Write(window.path("other.s1p"), kTurning);
+        window.link(window.path("other.s1p"));
+        window.trigger("NetworkSave");
+        QVERIFY(QFile::rename(window.path("other.s1p"), window.path("moved.s1p")));
+        const QString saved = ReadAll(window.path("a.kelvro"));
+        QStringList told;
+        const auto answer = [&](const char* button) {
+            return [&told, button](QWidget& box) {
+                told << dynamic_cast<QMessageBox&>(box).text();
+                for (auto* one : box.findChildren<QAbstractButton*>())
+                    if (one->text().remove('&').startsWith(QLatin1String(button))) one->click();
+            };
+        };
+        {
+            const InDialog asked(answer("Go On"));
+            QVERIFY(window->openFile(window.path("a.kelvro")));
+        }
+        QVERIFY2(told.value(0).contains("antenna.s1p: there is no file"),
+                 qPrintable(told.value(0)));
+        QVERIFY(window.find<QLabel>("DataNotes").text().contains("antenna.s1p has no data"));
+        window.trigger("NetworkSave");
+        QCOMPARE(ReadAll(window.path("a.kelvro")), saved);
+
+        const InDialog asked(answer("Locate"));
+        QTimer::singleShot(300, window.operator->(), [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (!dialog) qFatal("no file dialog");
+            dialog->findChild<QLineEdit*>()->setText(window.path("moved.s1p"));
+            static_cast<QDialog*>(dialog)->accept();
+        });
+        QVERIFY(window->openFile(window.path("a.kelvro")));
+        QVERIFY(std::fabs(window.resistance() - 50) < 1e-9);
+        QVERIFY(window->windowTitle().contains('*'));
+        window.trigger("NetworkSave");
+        QVERIFY(ReadAll(window.path("a.kelvro")).contains("\"path\": \"moved.s1p\""));
     }
 
     void aFileThatDoesNotFitIsRefused() {
@@ -105,6 +152,42 @@ class NetworkDataTest : public QObject {
         QCOMPARE(window.messages.size(), 2);
         QVERIFY(window.messages[0].contains("2 ports"));
         QVERIFY(window.model().links().empty() && !window.model().modified());
+    }
+
+    void snapshotsGhostLocksAndMarkersAreKeptInTheProject() {
+        NetworkFixture window;
+        window.model().edit("Ladder", [](Network& network) {
+            network.ladder = {SeriesArm(Part::L(20e-9, "L1")), ShuntArm(Part::C(3e-12, "C1"))};
+        });
+        window.trigger("NetworkSnapshot");
+        window.model().renameSnapshot(0, "low-pass");
+        window.model().showSnapshot(0, false);
+        window.type("Value1", "39n");
+        auto& table = window.find<QTableWidget>("SnapshotTable");
+        QVERIFY(table.item(3, 1)->text().contains("39n"));
+        QVERIFY(table.item(3, 2)->text().contains("20n"));
+        window.trigger("NetworkFreeze");
+        const Tunable C1{1, 0, Tunable::Quantity::PartValue};
+        window.model().setLocked(C1, true);
+        window.model().addMarker(501e6);
+        const NetworkDocument written = window.model().history().present();
+        const QString file = window.path("variants.kelvro");
+        QVERIFY(WriteProject(file.toStdString(), {}).ok() && window->openFile(file));
+        QVERIFY(!window.model().ghost() && window.model().locked().empty());
+        window.model().change("All", [&](NetworkDocument& next) { next = written; });
+        window.trigger("NetworkSave");
+        QVERIFY(!window->windowTitle().contains('*'));
+        for (const auto& spoil : std::initializer_list<NetworkModel::Change>{
+                 [](NetworkDocument& next) { next.snapshots.clear(); },
+                 [](NetworkDocument& next) { next.ghost.reset(); },
+                 [](NetworkDocument& next) { next.locked.clear(); },
+                 [](NetworkDocument& next) { next.markers.clear(); }}) {
+            window.model().change("Spoil", spoil);
+            QVERIFY(window->windowTitle().contains('*'));
+            QVERIFY(window->openFile(file));
+            QVERIFY(window.model().history().present() == written);
+            QVERIFY(!window->windowTitle().contains('*'));
+        }
     }
 
     void theFormBetweenSamplesIsChosenAndKept() {

@@ -88,9 +88,13 @@ class NetworkPlotTest : public QObject {
         QTest::keyClick(&image, Qt::Key_M);
         QVERIFY2(text.text().contains("GT -0.969 dB, X -100.00 Ω"), qPrintable(text.text()));
         QCOMPARE(window.plot().picture().pointers.size(), std::size_t(2));
-        QCOMPARE(window.find<SweepView>("Plot2").markers().size(), std::size_t(1));
+        QCOMPARE(window.find<SweepView>("Plot2").picture().hairLines.size(), std::size_t(1));
         QTest::keyClick(&image, Qt::Key_Delete);
-        QVERIFY(window.plot().markers().empty() && !text.isVisible());
+        QVERIFY(window.model().markers().empty() && !text.isVisible());
+        window.trigger("NetworkUndo");
+        QCOMPARE(window.model().markers().size(), std::size_t(1));
+        window.trigger("NetworkUndo");
+        QVERIFY(window.model().markers().empty());
     }
 
     void aDoubleClickFitsAndLeavesNoMarker() {
@@ -103,10 +107,12 @@ class NetworkPlotTest : public QObject {
         const PlotRect& plot = image.frame().plot;
         const QPoint at((plot.left + plot.right) / 2, (plot.top + plot.bottom) / 2);
         QTest::mouseClick(&image, Qt::LeftButton, {}, at);
-        QCOMPARE(window.plot().markers().size(), std::size_t(1));
+        QCOMPARE(window.model().markers().size(), std::size_t(1));
+        const std::string before = "Load";
         QTest::mouseDClick(&image, Qt::LeftButton, {}, at);
         QCOMPARE(window.plot().picture().view.x.min, left);
-        QVERIFY(window.plot().markers().empty());
+        QVERIFY(window.model().markers().empty());
+        QCOMPARE(window.model().history().undoName(), before);
     }
 
     void aPerfectMatchIsInSight() {

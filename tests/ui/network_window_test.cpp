@@ -260,33 +260,6 @@ class NetworkWindowTest : public QObject {
         QCOMPARE(window.messages.size(), 1);
     }
 
-    void snapshotsAreKeptInTheProject() {
-        Window window;
-        window.addLowPass();
-        const Network first = window.model().network();
-        window.trigger("NetworkSnapshot");
-        window.model().renameSnapshot(0, "low-pass");
-        window.model().showSnapshot(0, false);
-        window.type("Value1", "39n");
-        auto& table = window.find<QTableWidget>("SnapshotTable");
-        QVERIFY(table.item(3, 1)->text().contains("39n"));
-        QVERIFY(table.item(3, 2)->text().contains("20n"));
-        const QString file = window.path("variants.kelvro");
-        Project project;
-        project.network = window.model().network();
-        project.snapshots = {{"low-pass", first, false}};
-        QVERIFY(WriteProject(file.toStdString(), project).ok());
-        window.model().removeSnapshot(0);
-        QVERIFY(window->openFile(file));
-        QVERIFY(!window->windowTitle().contains('*'));
-        QCOMPARE(window.model().snapshots().size(), std::size_t(1));
-        const Snapshot& kept = window.model().snapshots().front();
-        QCOMPARE(kept.name, QString("low-pass"));
-        QVERIFY(kept.network == first && !kept.shown);
-        window.model().removeSnapshot(0);
-        QVERIFY(window->windowTitle().contains('*'));
-    }
-
     void whatAKilledProgramLeftIsOfferedAndThatOfARunningOneIsNot() {
         const QTemporaryDir state;
         qputenv("XDG_STATE_HOME", state.path().toLocal8Bit());

@@ -25,7 +25,7 @@ bool Stays(const Tunable& at, const Network& before, const Network& behind) {
 }  // namespace
 
 NetworkModel::NetworkModel(QObject* parent)
-    : QObject(parent), history_({StartNetwork()}), saved_(StartNetwork()) {}
+    : QObject(parent), history_({StartNetwork()}), saved_(history_.present()) {}
 
 void NetworkModel::edit(const QString& name, const std::function<void(Network&)>& change,
                         const QString& key) {
@@ -93,13 +93,11 @@ void NetworkModel::take(const QString& name, Network network) {
     edit(name, [&](Network& next) { next = std::move(network); });
 }
 
-void NetworkModel::open(Network network, std::vector<Snapshot> snapshots, DataLinks links) {
-    taken_ = static_cast<int>(snapshots.size());
-    for (std::size_t i = 0; i < snapshots.size(); ++i)
-        snapshots[i].colour = kSnapshotColours[i % kSnapshotColours.size()];
-    history_.reset({.network = std::move(network),
-                    .snapshots = std::move(snapshots),
-                    .links = std::move(links)});
+void NetworkModel::open(NetworkDocument document) {
+    taken_ = static_cast<int>(document.snapshots.size());
+    for (std::size_t i = 0; i < document.snapshots.size(); ++i)
+        document.snapshots[i].colour = kSnapshotColours[i % kSnapshotColours.size()];
+    history_.reset(std::move(document));
     markSaved();
     selected_.reset();
     drag_.reset();
@@ -147,9 +145,20 @@ void NetworkModel::moveTo(bool (History<NetworkDocument>::*move)()) {
 }
 
 void NetworkModel::markSaved() {
-    saved_ = network();
-    savedSnapshots_ = snapshots();
-    savedLinks_ = links();
+    saved_ = history_.present();
+}
+
+void NetworkModel::addMarker(double f) {
+    ++marked_;
+    change(
+        tr("Add marker"), [=](NetworkDocument& next) { next.markers.push_back(f); },
+        QStringLiteral("marker %1").arg(marked_));
+}
+
+void NetworkModel::removeMarkers(const std::function<bool(double)>& is, bool addedNow) {
+    change(
+        tr("Remove marker"), [&](NetworkDocument& next) { std::erase_if(next.markers, is); },
+        addedNow ? QStringLiteral("marker %1").arg(marked_) : QString());
 }
 
 void NetworkModel::addSnapshot(const QString& name) {

@@ -36,6 +36,7 @@ struct NetworkDocument {
     std::vector<Snapshot> snapshots = {};
     std::optional<Network> ghost = {};
     std::vector<Tunable> locked = {};
+    std::vector<double> markers = {};  ///< Hz, in plots and chart, by their numbers
     DataLinks links = {};
     bool operator==(const NetworkDocument&) const = default;
 };
@@ -73,7 +74,8 @@ class NetworkModel : public QObject {
     using Change = std::function<void(NetworkDocument&)>;
     void change(const QString& name, const Change& change, const QString& key = {});
     /// Another document: nothing left to undo.
-    void open(Network network, std::vector<Snapshot> snapshots = {}, DataLinks links = {});
+    void open(NetworkDocument document);
+    void open(Network network) { open(NetworkDocument{.network = std::move(network)}); }
 
     // A drag: its moves are shown at once and are one step; cancelled it was none.
     void beginDrag(const QString& name);
@@ -87,9 +89,7 @@ class NetworkModel : public QObject {
     const History<NetworkDocument>& history() const { return history_; }
 
     /// Changed since the file was written?
-    bool modified() const {
-        return !(network() == saved_ && snapshots() == savedSnapshots_ && links() == savedLinks_);
-    }
+    bool modified() const { return !(history_.present() == saved_); }
     void markSaved();
 
     const std::vector<Snapshot>& snapshots() const { return history_.present().snapshots; }
@@ -100,6 +100,11 @@ class NetworkModel : public QObject {
 
     const DataLinks& links() const { return history_.present().links; }
 
+    const std::vector<double>& markers() const { return history_.present().markers; }
+    void addMarker(double f);
+    /// Takes away those that `is` is true of; `addedNow`: as if the last had not been added.
+    void removeMarkers(const std::function<bool(double)>& is, bool addedNow = false);
+
     /// The design whose ghost the chart shows; none until one was frozen.
     const std::optional<Network>& ghost() const { return history_.present().ghost; }
     void freeze();
@@ -107,6 +112,7 @@ class NetworkModel : public QObject {
 
     /// Numbers that refining and centring leave alone.
     bool locked(const Tunable& at) const;
+    const std::vector<Tunable>& locked() const { return history_.present().locked; }
     void setLocked(const Tunable& at, bool on);
 
     /// What is selected in list, chart and sliders alike; nothing, or a number of the ladder.
@@ -147,13 +153,12 @@ class NetworkModel : public QObject {
     };
 
     History<NetworkDocument> history_;
-    Network saved_;
-    std::vector<Snapshot> savedSnapshots_;
-    DataLinks savedLinks_;
+    NetworkDocument saved_;
     std::optional<Tunable> selected_;
     std::optional<Drag> drag_;
     int drags_ = 0;
-    int taken_ = 0;  ///< snapshots so far, for their colours
+    int marked_ = 0;  ///< markers so far, for the keys of their steps
+    int taken_ = 0;   ///< snapshots so far, for their colours
 };
 
 /// 50 ohm to 50 ohm around 100 MHz, straight through: what a new window shows.

@@ -124,12 +124,6 @@ void NetworkWindow::buildContents() {
     for (SweepView* plot : plots_) {
         connect(plot, &SweepView::hovered, statusBar(),
                 [this](const QString& text) { statusBar()->showMessage(text); });
-        // A frequency that is marked is so in all views.
-        connect(plot, &SweepView::markersChanged, this, [this, plot] {
-            for (SweepView* other : plots_)
-                if (other != plot) other->setMarkers(plot->markers());
-            chart_->setMarkers(plot->markers());
-        });
     }
     connect(sliders_, &SliderPanel::seriesChosen, this, &NetworkWindow::chooseSeries);
 }

@@ -97,7 +97,11 @@ class NetworkWindow : public QMainWindow {
     void fillDataMenu(QMenu& menu);
     void addDataActions(QMenu& menu, const std::shared_ptr<const PortData>& data);
     void interpolate(const std::string& name, Interpolation form);
-    void linkData(const std::shared_ptr<const PortData>& data);
+    /// Asks for the file of data; false when none was taken.
+    bool linkData(const std::shared_ptr<const PortData>& data);
+    /// Tells of data of the project whose file is missing or another, and offers to find it.
+    void askForData();
+    std::shared_ptr<const PortData> dataNamed(const std::string& name) const;
     void showDataNotes();
     void buildFileMenu();
     void buildEditMenu();
@@ -137,7 +141,8 @@ class NetworkWindow : public QMainWindow {
     void say(const QString& text) { message_(text); }
     /// The project as it is on the screen, snapshots included.
     Project present() const;
-    void takeOver(Project project);
+    /// A project as a document, its data known from here on.
+    NetworkDocument takeOver(Project project);
 
     DesignHost& host_;
     NetworkModel model_;
@@ -166,6 +171,9 @@ class NetworkWindow : public QMainWindow {
     int autosaveSlot_ = 0;
     bool offered_ = false;  ///< what a crash left behind, once a run
 };
+
+/// The measured data of network, snapshots and ghost, each once.
+std::vector<std::shared_ptr<const PortData>> DataOf(const NetworkDocument& document);
 
 /// "70M:130M, 400M:410M"; a failure names what cannot be read.
 Result<std::vector<FrequencyBand>> ParseBands(const std::string& text);

@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QStatusBar>
 #include <algorithm>
 #include <map>
@@ -27,7 +29,7 @@ QString Text(const std::string& text) {
 
 /// "201 points, 26.00 MHz to 28.00 MHz".
 QString Described(const PortData& data) {
-    if (data.f.empty()) return QObject::tr("no data");
+    if (data.f.empty()) return QObject::tr("its file is missing");
     return QObject::tr("%1 points, %2 to %3")
         .arg(data.f.size())
         .arg(Text(FormatQuantity(2, data.f.front(), "Hz")),
@@ -43,6 +45,17 @@ void Replace(NetworkDocument& document, const std::function<Data(const Data&)>& 
 
 }  // namespace
 
+std::vector<Data> DataOf(const NetworkDocument& document) {
+    std::vector<Data> all = DataOf(document.network);
+    const auto add = [&all](const Network& network) {
+        for (const Data& measured : DataOf(network))
+            if (std::ranges::find(all, measured) == all.end()) all.push_back(measured);
+    };
+    for (const Snapshot& snapshot : document.snapshots) add(snapshot.network);
+    if (document.ghost) add(*document.ghost);
+    return all;
+}
+
 void NetworkWindow::addDataMenu(QMenu& menu) {
     QMenu* measured = menu.addMenu(tr("Measured &Data"));
     measured->setObjectName(QStringLiteral("NetworkData"));
@@ -53,13 +66,11 @@ void NetworkWindow::fillDataMenu(QMenu& menu) {
     menu.clear();
     // Clearing leaves the menus that its entries opened.
     for (QMenu* old : menu.findChildren<QMenu*>()) delete old;
-    std::vector<Data> all = DataOf(model_.network());
-    for (const Snapshot& snapshot : model_.snapshots()) {
-        for (const Data& measured : DataOf(snapshot.network)) {
-            if (std::ranges::none_of(
-                    all, [&](const Data& have) { return have->name == measured->name; }))
-                all.push_back(measured);
-        }
+    std::vector<Data> all;
+    for (const Data& measured : DataOf(model_.history().present())) {
+        if (std::ranges::none_of(all,
+                                 [&](const Data& have) { return have->name == measured->name; }))
+            all.push_back(measured);
     }
     for (const Data& measured : all)
         addDataActions(*menu.addMenu(Text(measured->name).replace('&', QStringLiteral("&&"))),
@@ -79,11 +90,12 @@ void NetworkWindow::addDataActions(QMenu& menu, const Data& measured) {
         action->setChecked(on);
         return action;
     };
-    connect(choice(storing, tr("&Embedded in the Project"), !linked), &QAction::triggered, this,
-            [this, name = measured->name] {
-                model_.change(tr("Embed %1").arg(Text(name)),
-                              [&](NetworkDocument& next) { next.links.erase(name); });
-            });
+    QAction* embedded = choice(storing, tr("&Embedded in the Project"), !linked);
+    embedded->setEnabled(!measured->f.empty());
+    connect(embedded, &QAction::triggered, this, [this, name = measured->name] {
+        model_.change(tr("Embed %1").arg(Text(name)),
+                      [&](NetworkDocument& next) { next.links.erase(name); });
+    });
     const QString file = linked ? Text(link->second.filename().string()) : QString();
     connect(
         choice(storing, linked ? tr("&Linked to %1…").arg(file) : tr("&Linked to a File…"), linked),
@@ -119,23 +131,27 @@ void NetworkWindow::interpolate(const std::string& name, Interpolation form) {
 }
 
 /// From then on the data are those of the file.
-void NetworkWindow::linkData(const Data& measured) {
+bool NetworkWindow::linkData(const Data& measured) {
     QFileDialog dialog(this, tr("Link to a file"), QFileInfo(file_).path(),
                        tr("Touchstone files (*.s1p *.s2p *.S1P *.S2P *.ts)"));
     dialog.setObjectName(QStringLiteral("LinkDataDialog"));
     dialog.setFileMode(QFileDialog::ExistingFile);
     const QString own = QFileInfo(QFileInfo(file_).dir(), Text(measured->name)).absoluteFilePath();
     if (QFileInfo::exists(own)) dialog.selectFile(own);
-    if (dialog.exec() != QDialog::Accepted) return;
+    if (dialog.exec() != QDialog::Accepted) return false;
     const std::filesystem::path file = dialog.selectedFiles().value(0).toStdString();
     auto read = ReadTouchstone(file, file.filename().string());
-    if (!read) return say(Text(read.message()));
-    if (read->data.ports != measured->ports)
-        return say(tr("%1 has %2 ports, %3 has %4")
-                       .arg(Text(file.filename().string()))
-                       .arg(read->data.ports)
-                       .arg(Text(measured->name))
-                       .arg(measured->ports));
+    if (read && read->data.ports != measured->ports)
+        read = Status::Failure(tr("%1 has %2 ports, %3 has %4")
+                                   .arg(Text(file.filename().string()))
+                                   .arg(read->data.ports)
+                                   .arg(Text(measured->name))
+                                   .arg(measured->ports)
+                                   .toStdString());
+    if (!read) {
+        say(Text(read.message()));
+        return false;
+    }
     read->data.name = measured->name;
     read->data.interpolation = measured->interpolation;
     const bool same = read->data == *measured;
@@ -145,8 +161,38 @@ void NetworkWindow::linkData(const Data& measured) {
         Replace(next, [&](const Data& other) { return other && *other == *measured ? by : other; });
         next.links[by->name] = file;
     });
-    statusBar()->showMessage(same ? tr("The project will name %1").arg(Text(file.string()))
-                                  : tr("The data are now those of %1").arg(Text(file.string())));
+    const QString told = same ? tr("The project will name %1") : tr("The data are now those of %1");
+    const bool known = IsAsSaved(project_, by->name, file);
+    statusBar()->showMessage(told.arg(Text(file.string())) +
+                             (known ? QString() : tr(", which is not the file it was")));
+    return true;
+}
+
+std::shared_ptr<const PortData> NetworkWindow::dataNamed(const std::string& name) const {
+    const auto all = DataOf(model_.history().present());
+    const auto found = std::ranges::find(all, name, [](const Data& one) { return one->name; });
+    return found == all.end() ? nullptr : *found;
+}
+
+void NetworkWindow::askForData() {
+    for (const DataProblem& problem : project_.dataProblems) {
+        if (!dataNamed(problem.name)) continue;
+        const QString rest =
+            problem.missing
+                ? tr("The network is shown without these data. Saving the project loses nothing "
+                     "of what it says of them.")
+                : tr("The network is shown with the data that are there now.");
+        QMessageBox box(QMessageBox::Warning, tr("Measured data"),
+                        tr("%1: %2.").arg(Text(problem.name), Text(problem.what)) +
+                            QStringLiteral("\n\n") + rest,
+                        QMessageBox::Ignore, this);
+        box.setObjectName(QStringLiteral("MissingDataBox"));
+        box.button(QMessageBox::Ignore)->setText(tr("&Go On"));
+        const auto* locate = box.addButton(tr("&Locate…"), QMessageBox::AcceptRole);
+        do {
+            box.exec();
+        } while (box.clickedButton() == locate && !linkData(dataNamed(problem.name)));
+    }
 }
 
 /// What is wrong with the data where they are needed; that a file was odd is told once.

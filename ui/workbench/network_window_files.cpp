@@ -96,6 +96,9 @@ Project NetworkWindow::present() const {
     Project project = project_;
     project.network = model_.network();
     project.linkedData = model_.links();
+    project.ghost = model_.ghost();
+    project.locked = model_.locked();
+    project.markers = model_.markers();
     project.snapshots.clear();
     for (const Snapshot& snapshot : model_.snapshots())
         project.snapshots.push_back(
@@ -103,18 +106,21 @@ Project NetworkWindow::present() const {
     return project;
 }
 
-void NetworkWindow::takeOver(Project project) {
+NetworkDocument NetworkWindow::takeOver(Project project) {
     for (const std::string& message : project.messages) say(QString::fromStdString(message));
     project_ = std::move(project);
+    NetworkDocument document{.network = project_.network,
+                             .ghost = project_.ghost,
+                             .locked = project_.locked,
+                             .markers = project_.markers,
+                             .links = project_.linkedData};
+    for (const ProjectSnapshot& kept : project_.snapshots)
+        document.snapshots.push_back(
+            {QString::fromStdString(kept.name), kept.network, {}, kept.shown});
     // Texts that are typed from now on mean the project's data by their names.
     data_.clear();
-    for (const auto& measured : DataOf(project_.network)) data_.add(measured);
-    std::vector<Snapshot> snapshots;
-    for (const ProjectSnapshot& kept : project_.snapshots) {
-        for (const auto& measured : DataOf(kept.network)) data_.add(measured);
-        snapshots.push_back({QString::fromStdString(kept.name), kept.network, {}, kept.shown});
-    }
-    model_.open(project_.network, std::move(snapshots), project_.linkedData);
+    for (const auto& measured : DataOf(document)) data_.add(measured);
+    return document;
 }
 
 void NetworkWindow::newProject() {
@@ -139,8 +145,9 @@ bool NetworkWindow::openFile(const QString& path) {
         return false;
     }
     file_ = path;
-    takeOver(std::move(read).value());
+    model_.open(takeOver(std::move(read).value()));
     rememberRecent(path);
+    askForData();
     return true;
 }
 
@@ -149,7 +156,7 @@ void NetworkWindow::openExample() {
     auto read = ParseProject(ManualExample().toStdString(), {}, "whip.kelvro");
     if (!read) return say(QString::fromStdString(read.message()));
     file_.clear();
-    takeOver(std::move(read).value());
+    model_.open(takeOver(std::move(read).value()));
 }
 
 bool NetworkWindow::write(const QString& path) {
@@ -253,10 +260,10 @@ void NetworkWindow::offerAutosave() {
     if (!wanted) return;
     if (!read) return say(QString::fromStdString(read.message()));
     // Not saved anywhere yet: the change mark stands until it is.
-    const Network network = read->network;
-    read->network = StartNetwork();
-    takeOver(std::move(read).value());
-    model_.take(tr("Take up the network of before"), network);
+    NetworkDocument document = takeOver(std::move(read).value());
+    model_.open(StartNetwork());
+    model_.change(tr("Take up the network of before"),
+                  [&](NetworkDocument& next) { next = std::move(document); });
     autosave();
 }
 
@@ -342,12 +349,9 @@ void NetworkWindow::matchHere() {
 }
 
 void NetworkWindow::refine() {
-    std::vector<Tunable> locked;
-    for (const Tunable& at : TunablesOf(model_.network().ladder))
-        if (model_.locked(at)) locked.push_back(at);
     Network start = model_.network();
     start.designFrequency = model_.designFrequency();
-    auto refined = Refined(start, locked);
+    auto refined = Refined(start, model_.locked());
     if (!refined) return say(QString::fromStdString(refined.message()));
     const double before = WorstGain(start);
     const double after = WorstGain(*refined);

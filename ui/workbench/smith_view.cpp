@@ -95,11 +95,6 @@ void SmithView::setContours(std::vector<ChartContour> contours) {
     rebuild();
 }
 
-void SmithView::setMarkers(std::vector<double> markers) {
-    markers_ = std::move(markers);
-    rebuild();
-}
-
 void SmithView::fit() {
     picture_.view = {};
     update();
@@ -158,7 +153,8 @@ void SmithView::addMarkers(const std::vector<Cx>& trace) {
     for (const FrequencyBand& band : model_.network().bands) {
         for (const double f : {band.low, band.high}) add(f, FrequencyText(f).toStdString());
     }
-    for (std::size_t i = 0; i < markers_.size(); ++i) add(markers_[i], std::to_string(i + 1));
+    const auto& markers = model_.markers();
+    for (std::size_t i = 0; i < markers.size(); ++i) add(markers[i], std::to_string(i + 1));
 }
 
 void SmithView::rebuild() {

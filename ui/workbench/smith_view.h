@@ -33,8 +33,6 @@ class SmithView : public QWidget {
     void setVswrCircles(std::vector<double> values);
     void setQualityCircles(std::vector<double> values);
     void setContours(std::vector<ChartContour> contours);
-    /// Frequencies that are marked on the present network's trace, by their numbers.
-    void setMarkers(std::vector<double> markers);
     /// Stability and gain circles of the ladder's measured two-ports: of their loads or sources.
     void showDeviceCircles(DeviceSide side, bool on);
     /// Series to which Shift steps while dragging and Ctrl+arrows step by key.
@@ -92,7 +90,6 @@ class SmithView : public QWidget {
     std::vector<double> qualityCircles_;
     std::vector<ChartContour> contours_;
     std::vector<DeviceSide> deviceSides_;
-    std::vector<double> markers_;  ///< Hz
     Series series_ = Series::E24;
     enum class Gesture : unsigned char { None, DragNode, Pan };
     Gesture gesture_ = Gesture::None;

@@ -107,7 +107,7 @@ void SweepView::connectMouse() {
     connect(image_, &PlotImage::doubleClicked, this, [this](const QMouseEvent* event) {
         if (event->button() != Qt::LeftButton) return;
         // Its first click has set a marker that was not meant.
-        removeMarkerNear(event->position().x());
+        removeMarkerNear(event->position().x(), true);
         fit();
     });
     connect(image_, &PlotImage::wheelTurned, this, [this](QWheelEvent* event) {
@@ -122,7 +122,7 @@ void SweepView::pressed(const QMouseEvent& event) {
     const QPointF at = event.position();
     if (!image_->frame().contains(at.x(), at.y())) return;
     if (event.button() == Qt::LeftButton) {
-        addMarker(image_->frame().toWorld(at.x(), at.y()).x);
+        model_.addMarker(image_->frame().toWorld(at.x(), at.y()).x);
     } else if (event.button() == Qt::RightButton) {
         removeMarkerNear(at.x());
     }
@@ -139,7 +139,7 @@ void SweepView::keyPressed(QKeyEvent& event) {
         case Qt::Key_Right:
             return read(std::min(f + step, shown.high));
         case Qt::Key_M:
-            return addMarker(f);
+            return model_.addMarker(f);
         case Qt::Key_Delete:
             return removeMarkerNear(image_->frame().xPixel(f));
         case Qt::Key_Plus:
@@ -154,18 +154,11 @@ void SweepView::keyPressed(QKeyEvent& event) {
     }
 }
 
-void SweepView::addMarker(double f) {
-    markers_.push_back(f);
-    emit markersChanged();
-    rebuild();
-}
-
-void SweepView::removeMarkerNear(double x) {
-    std::erase_if(markers_, [&](double marker) {
+void SweepView::removeMarkerNear(double x, bool addedNow) {
+    const auto near = [&](double marker) {
         return std::fabs(image_->frame().xPixel(marker) - x) < kMarkerReach;
-    });
-    emit markersChanged();
-    rebuild();
+    };
+    model_.removeMarkers(near, addedNow);
 }
 
 void SweepView::zoom(double f, double factor) {
@@ -241,11 +234,6 @@ void SweepView::setLimit(std::optional<double> dB, bool estimate) {
     rebuild();
 }
 
-void SweepView::setMarkers(std::vector<double> markers) {
-    markers_ = std::move(markers);
-    rebuild();
-}
-
 void SweepView::setDark(bool dark) {
     dark_ = dark;
     rebuild();
@@ -264,7 +252,7 @@ void SweepView::showEvent(QShowEvent* event) {
 void SweepView::rebuild() {
     // A plot that nobody sees costs nothing while a node is dragged.
     if (!isVisible() && !image_->picture().curves.empty()) return;
-    NetworkPlot plot{traces_, range(), false, {}, markers_, limitDb_, limitIsEstimate_};
+    NetworkPlot plot{traces_, range(), false, {}, model_.markers(), limitDb_, limitIsEstimate_};
     const bool alone =
         !model_.ghost() && std::ranges::none_of(model_.snapshots(), &Snapshot::shown);
     plot.networks.push_back({&model_.network(), alone ? std::string() : "now", kPresentColour});
@@ -282,7 +270,7 @@ void SweepView::rebuild() {
     const QStringList lines = markerLines();
     markerText_->setText(lines.mid(0, kMarkersShown).join('\n'));
     markerText_->setToolTip(lines.join('\n'));
-    markerText_->setVisible(!markers_.empty());
+    markerText_->setVisible(!model_.markers().empty());
 }
 
 QString SweepView::readings(double f) const {
@@ -303,12 +291,13 @@ QString SweepView::readings(double f) const {
 
 QStringList SweepView::markerLines() const {
     QStringList lines;
-    for (std::size_t i = 0; i < markers_.size(); ++i)
+    for (std::size_t i = 0; i < model_.markers().size(); ++i)
         lines << QStringLiteral("%1: %2, %3")
                      .arg(i + 1)
-                     .arg(FrequencyText(markers_[i]), readings(markers_[i]));
-    if (markers_.size() == 2)
-        lines << tr("Δf %1").arg(FrequencyText(std::fabs(markers_[1] - markers_[0])));
+                     .arg(FrequencyText(model_.markers()[i]), readings(model_.markers()[i]));
+    if (model_.markers().size() == 2)
+        lines << tr("Δf %1").arg(
+            FrequencyText(std::fabs(model_.markers()[1] - model_.markers()[0])));
     return lines;
 }
 

@@ -37,8 +37,6 @@ class SweepView : public QWidget {
     /// Shows a trace beside the leading one, or no more.
     void showTrace(const Trace& trace, bool shown);
     void setLimit(std::optional<double> dB, bool estimate);
-    const std::vector<double>& markers() const { return markers_; }
-    void setMarkers(std::vector<double> markers);
     /// "1: 70 MHz, GT -0.271 dB" of each marker, for pictures.
     QStringList markerLines() const;
     void setDark(bool dark);
@@ -46,7 +44,6 @@ class SweepView : public QWidget {
 
   signals:
     void hovered(const QString& text);
-    void markersChanged();
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -60,8 +57,7 @@ class SweepView : public QWidget {
     void connectMouse();
     void pressed(const QMouseEvent& event);
     void keyPressed(QKeyEvent& event);
-    void addMarker(double f);
-    void removeMarkerNear(double x);
+    void removeMarkerNear(double x, bool addedNow = false);
     void zoom(double f, double factor);
     /// Reads at a frequency: a cross on the leading trace, all values in the status line.
     void read(double f);
@@ -80,7 +76,6 @@ class SweepView : public QWidget {
     std::optional<double> limitDb_;
     bool limitIsEstimate_ = false;
     bool dark_ = false;
-    std::vector<double> markers_;
     std::optional<double> reading_;  ///< Hz, by keys
 };
 
