@@ -58,9 +58,14 @@ double QWeight(const Design& s) {
     return std::pow(s.Q, 1.5) + 1;
 }
 
-/// Holds the gain at the edges 0.25 dB below that at fo, as it is for a single resonance of Q.
+/// Holds the gain at an edge 0.25 dB below that at fo, as it is for a single resonance of Q.
+double EdgePenalty(const Design& s, double drop) {
+    return QWeight(s) * 5 * Square(drop - kEdgeDrop);
+}
+
+/// The lower edge counts.
 double BandEdgePenalty(const Design& s, const EdgeGains& gains) {
-    return QWeight(s) * 5 * Square(gains.centre - std::min(gains.low, gains.high) - kEdgeDrop);
+    return EdgePenalty(s, gains.centre - std::min(gains.low, gains.high));
 }
 
 double Tangent(std::complex<double> H) {
@@ -191,6 +196,31 @@ double Goal::value(std::span<const double> x, CallKind kind) {
 double Goal::designed(std::span<const double> x) {
     write(x);
     return page_.residual ? page_.residual(trial_) : network();
+}
+
+/// Is there a crease where the edges of the band are alike?
+bool Goal::mindsOneEdge() const {
+    return isNetwork() && trial_.Q > kNarrowBandQ && !options_.phaseSlope;
+}
+
+Sides Goal::sides(std::span<const double> x, CallKind kind) {
+    if (!mindsOneEdge()) return Objective::sides(x, kind);
+    calls_.add(kind);
+    write(x);
+    Sides sides = edges();
+    if (options_.noise) {
+        sides.below = TenDigits(sides.below);
+        sides.above = TenDigits(sides.above);
+    }
+    return sides;
+}
+
+Sides Goal::edges() const {
+    const EdgeGains gains = GainsAtEdges(trial_, Response(trial_));
+    const double rest = page_.penalty ? page_.penalty(trial_) : 0;
+    return {-gains.centre + EdgePenalty(trial_, gains.centre - gains.low) + rest,
+            -gains.centre + EdgePenalty(trial_, gains.centre - gains.high) + rest,
+            gains.low - gains.high};
 }
 
 bool Goal::isNetwork() const {

@@ -23,6 +23,8 @@ class Goal : public Objective {
     std::size_t size() const { return size_; }
     /// f(x) for size() parameters. Not finite where the network does not exist.
     double value(std::span<const double> x, CallKind kind) override;
+    /// In narrow-band designs by the drop of gain, a side for each edge of the band.
+    Sides sides(std::span<const double> x, CallKind kind) override;
     /// Does the network of x lose no more at fo than the Q of its parts explains, and has it the
     /// wanted Q? Test functions and resistor strings have nothing better to look for either.
     bool isGood(std::span<const double> x) override;
@@ -43,6 +45,8 @@ class Goal : public Objective {
     void write(std::span<const double> x);
     double designed(std::span<const double> x);
     double network() const;
+    Sides edges() const;
+    bool mindsOneEdge() const;
     bool isMatched() const;
     bool hasWantedQ() const;
     bool isNetwork() const;

@@ -29,12 +29,28 @@ class CallCounts {
     std::array<int, 4> counts_{};
 };
 
+/// A value where the function has a crease: two smooth functions, of which the sign of a third one
+/// chooses. Both sides exist on either side and agree where the offset is zero.
+struct Sides {
+    double below = 0;   ///< the value where the offset is negative
+    double above = 0;   ///< and where it is positive
+    double offset = 0;  ///< smooth
+
+    double value() const { return offset < 0 ? below : above; }
+};
+
 /// A function to be made small. A value that is not finite marks a point where the function does
 /// not exist; whoever searches has to stay away from there.
 class Objective {
   public:
     virtual ~Objective() = default;
     virtual double value(std::span<const double> x, CallKind kind) = 0;
+    /// The same value with both sides of the crease that is next to x; alike, with an offset of -1
+    /// everywhere, where the function is smooth. One call.
+    virtual Sides sides(std::span<const double> x, CallKind kind) {
+        const double f = value(x, kind);
+        return {f, f, -1};
+    }
     /// Is a minimum at x all that can be asked for, so that no other one need be looked for? Not
     /// counted as a call.
     virtual bool isGood(std::span<const double> /*x*/) { return true; }

@@ -122,6 +122,9 @@ bool Descent::take(LineOutcome outcome) {
     if (stalled(reduction) || (unnoticed && run_.isGood(result_.at.x))) {
         return end(DescentEnd::StepTooSmall);
     }
+    if (run_.objective.nearness() && isNarrow() && iterations_ >= tuning_.fewestUpdates) {
+        return end(DescentEnd::Narrow);
+    }
     return !isBeaten() || end(DescentEnd::Beaten);
 }
 

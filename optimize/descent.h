@@ -17,6 +17,7 @@ enum class DescentEnd : std::uint8_t {
     VyTooSmall,
     StepTooSmall,
     NotWorthTheWay,  ///< the goal still falls, by less than a change of the parameters counts
+    Narrow,          ///< refinement gets on better in this valley
     Beaten,          ///< it will not get down to the value that it has to reach
 };
 
@@ -24,6 +25,7 @@ struct DescentResult {
     Position at;
     Matrix inverse;  ///< approximation of the inverse Hessian
     DescentEnd end = DescentEnd::MaxIterations;
+    bool onCrease = false;  ///< the last step went along one
 };
 
 /// A quasi-Newton descent from a point to a minimum near by.

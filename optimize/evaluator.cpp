@@ -18,16 +18,33 @@ void Evaluator::setActive(const std::vector<bool>& active) {
     scratch_ = start_;
 }
 
-double Evaluator::operator()(const Vector& x, CallKind kind) {
+/// All parameters at a point of the active ones.
+std::span<const double> Evaluator::place(const Vector& x) {
     for (std::size_t i = 0; i < active_.size(); ++i) {
         scratch_[active_[i]] = x[static_cast<Eigen::Index>(i)];
     }
-    const std::span<const double> point(scratch_.data(), static_cast<std::size_t>(scratch_.size()));
-    const double f = objective_.value(point, kind);
+    return {scratch_.data(), static_cast<std::size_t>(scratch_.size())};
+}
+
+void Evaluator::note(CallKind kind, double f) {
     calls_.add(kind);
     if (record_) table_.push_back({kind, f, scratch_});
+}
+
+double Evaluator::operator()(const Vector& x, CallKind kind) {
+    const double f = objective_.value(place(x), kind);
+    note(kind, f);
     if (!std::isfinite(f)) return std::numeric_limits<double>::infinity();
     return nearness_ ? f + nearness_->value(x) : f;
+}
+
+Sides Evaluator::sides(const Vector& x, CallKind kind) {
+    Sides sides = objective_.sides(place(x), kind);
+    note(kind, sides.value());
+    const double counted = nearness_ ? nearness_->value(x) : 0;
+    sides.below += counted;
+    sides.above += counted;
+    return sides;
 }
 
 Vector Evaluator::fullPoint(const Vector& x) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -20,6 +21,9 @@ class Evaluator {
     /// Value at a point of the active parameters, with what its distance counts; +infinity where
     /// the objective is not finite.
     double operator()(const Vector& x, CallKind kind);
+
+    /// The same with both sides of a crease, see Objective.
+    Sides sides(const Vector& x, CallKind kind);
 
     /// From here on points have the active parameters only; the others stay at the start.
     void setActive(const std::vector<bool>& active);
@@ -41,6 +45,9 @@ class Evaluator {
     std::vector<CallRecord> takeTable() { return std::move(table_); }
 
   private:
+    std::span<const double> place(const Vector& x);
+    void note(CallKind kind, double f);
+
     Objective& objective_;
     Vector start_;
     std::vector<Eigen::Index> active_;

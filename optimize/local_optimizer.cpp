@@ -97,9 +97,9 @@ void Minimize(SearchRun& run, const Gradient& full, const Vector& origin, Summar
     Position start{run.objective.start(), summary.f, full};
     start.gradient.g = run.objective.activeDirection(full.g);
     if (run.options.nearness > 0 && !run.options.thorough) {
-        run.objective.setNearness(Nearness(run.objective.activeDirection(origin),
-                                           run.options.nearness, run.options.reach,
-                                           run.options.tuning.search.nearWidth));
+        run.objective.setNearness(
+            Nearness(run.objective.activeDirection(origin), run.options.nearness, run.options.reach,
+                     run.options.tuning.search.nearWidth, run.options.tuning.search.tilt));
         start = run.counted(std::move(start));
     }
     Matrix inverse = FirstInverse(run, start, summary);

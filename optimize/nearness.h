@@ -10,14 +10,16 @@ namespace kelvro {
 /// nearest one the lowest.
 class Nearness {
   public:
-    /// `most`: what the largest change counts, that of all parameters by `reach`.
-    Nearness(Vector origin, double most, double reach, double width);
+    /// `most`: what the largest change counts, that of all parameters by `reach`. `tilt`: what a
+    /// rise of the last parameter by one counts beside, and the ones before it the less.
+    Nearness(Vector origin, double most, double reach, double width, double tilt = 0);
 
     double value(const Vector& x) const;
     Vector gradient(const Vector& x) const;
 
   private:
     Vector origin_;
+    Vector tilt_;
     double scale_;
     double square_;  ///< of the distance from which on it counts less
 };

@@ -89,6 +89,10 @@ constexpr std::array kSentences = {
              "However, smallest eigenvalue after update is still positive ("},
     Sentence{NoteKind::MatrixFromHessian,
              "Hint : Narrow valley, matrix iH derived from real H at this point."},
+    Sentence{NoteKind::NewtonStep, "Hint : Refinement, step by the real H at the point before."},
+    Sentence{
+        NoteKind::CreaseStep,
+        "Hint : Refinement, step along a crease of f : G and |g| are those of one side of it."},
     Sentence{NoteKind::AngleExtreme, "Warning : Angle already quite extreme."},
     Sentence{NoteKind::StepsBelowDifference,
              "Hint : Steps xi-xi-1 already smaller than dx for gradient calculation."},

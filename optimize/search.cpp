@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "optimize/further_starts.h"
+#include "optimize/refinement.h"
 #include "optimize/start_matrix.h"
 
 namespace kelvro {
@@ -61,9 +62,14 @@ bool Search::mayGoLower() const {
 /// True where the minimum is a good one.
 bool Search::descend(const Box& box, Position start, Matrix inverse, double rival) {
     const int descent = summary_.descents;
+    const int before = summary_.iterations;
     run_.recordStart(start);
     DescentResult result = Descent(run_, box, std::move(start), std::move(inverse), rival).finish();
     if (result.end == DescentEnd::Beaten) return false;
+    const bool arrived =
+        result.end == DescentEnd::GradientTooSmall && summary_.iterations == before;
+    if (run_.objective.nearness() && !arrived)
+        result = Refinement(run_, box, std::move(result)).finish();
     result.at = run_.plain(std::move(result.at));
     const bool isFlat = result.at.gradient.length < run_.options.gradientLimit;
     if (result.end == DescentEnd::GradientTooSmall && !isFlat)

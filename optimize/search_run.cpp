@@ -19,7 +19,11 @@ void AddRemarks(IterationRecord& record, const LocalOptions& options) {
         if (holds) record.notes.push_back({.kind = kind, .flags = flags});
     };
     const int i = record.lineSteps;
-    remark(record.angleToDescent > options.tuning.remark.extremeAngle, NoteKind::AngleExtreme);
+    // Along a crease the gradient of either side is behind.
+    const bool alongCrease =
+        std::ranges::find(record.notes, NoteKind::CreaseStep, &Note::kind) != record.notes.end();
+    remark(!alongCrease && record.angleToDescent > options.tuning.remark.extremeAngle,
+           NoteKind::AngleExtreme);
     remark(LargestEntry(record.step) < options.differenceStep, NoteKind::StepsBelowDifference,
            record.doubleSided ? 0 : 1);
     remark(i >= kTooMany && i <= kLineSearchLimit, NoteKind::LineSearchQuiteTooMany);

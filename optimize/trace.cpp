@@ -13,6 +13,8 @@ bool IsWarning(const Note& note) {
         case NoteKind::StartStepGood:
         case NoteKind::MatrixStillPositive:
         case NoteKind::MatrixFromHessian:
+        case NoteKind::NewtonStep:
+        case NoteKind::CreaseStep:
         case NoteKind::StepsBelowDifference:
             return false;
         default:

@@ -32,6 +32,9 @@ enum class NoteKind : std::uint8_t {
     MatrixReset,          ///< value[0]: smallest eigenvalue
     MatrixStillPositive,  ///< value[0]: smallest eigenvalue
     MatrixFromHessian,
+    // refinement
+    NewtonStep,
+    CreaseStep,
     // remarks on an iteration as a whole
     AngleExtreme,
     StepsBelowDifference,  ///< flags: 1 = single-sided gradient in use

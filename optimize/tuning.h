@@ -84,6 +84,37 @@ struct DescentTuning {
     double lookAhead = 3;
 };
 
+/// The last steps to a minimum.
+struct RefinementTuning {
+    int mostSteps = 60;
+    /// The limit to the change of a parameter in one step, and how tries in vain shorten it.
+    double firstStepLimit = 0.5;
+    double largestStepLimit = 1;
+    double contraction = 0.25;
+    int mostTries = 10;
+    /// A step below is the last one, and one below the other is none: parts are given to five
+    /// digits.
+    double lastStep = 1e-6;
+    double smallestStep = 1e-9;
+    /// What f may be off by for rounding, dB.
+    double rounding = 1e-10;
+    /// Steps below leave second derivatives as they are.
+    double sameHessian = 1e-3;
+    /// Step of second differences: smaller than for others, as beside curvatures of 1e5 those of
+    /// 0.1 are to be seen, which the fourth derivatives hide at 1e-4.
+    double differenceStep = 2e-5;
+    /// A direction is a wall where its curvature is this part of the largest.
+    double steepPart = 0.01;
+    /// Steps on the other side of a crease.
+    int mostStepsBeyond = 12;
+    /// Ways back onto a crease after each step.
+    int corrections = 2;
+    /// Squared slope of a crease's offset, dB, below which there is none.
+    double smallestSlope = 1e-12;
+    /// As differences of that step know them.
+    MatrixTuning matrix = {.smallestRelativeEigenvalue = 1e-8, .smallestCurvature = 1e-3};
+};
+
 /// Further descents of a run.
 struct SearchTuning {
     /// Parts of the iterations after which no other descent begins inside the box, and inside the
@@ -110,6 +141,9 @@ struct SearchTuning {
     /// Distance from which on a change of the parts counts less. Measured: of 828 designs 29 jump
     /// by more than 1 % of a part with 0.2, 22 with 0.3, 28 with 0.5.
     double nearWidth = 0.3;
+    /// What the later parameters count more than the earlier ones, dB for the last one by a factor
+    /// of e: of the twins that a symmetric network may have it chooses one, which rounding would.
+    double tilt = 1e-3;
     /// Half the width of the cube that points are drawn from where there is no box: a factor of
     /// a thousand.
     double widestDraw = 6.9;
@@ -155,6 +189,7 @@ struct Tuning {
     LineSearchTuning line;
     MatrixTuning matrix;
     DescentTuning descent;
+    RefinementTuning refinement;
     SearchTuning search;
     RemarkTuning remark;
     RunTuning run;

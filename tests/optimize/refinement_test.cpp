@@ -1,0 +1,161 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "analysis/goal.h"
+#include "analysis/response.h"
+#include "design/cycle.h"
+#include "design/pages.h"
+#include "optimize/local_optimizer.h"
+#include "optimize/page_optimizer.h"
+
+namespace kelvro {
+namespace {
+
+double Square(double x) {
+    return x * x;
+}
+
+Eigen::VectorXd Point(std::initializer_list<double> values) {
+    Eigen::VectorXd x(static_cast<Eigen::Index>(values.size()));
+    std::copy(values.begin(), values.end(), x.begin());
+    return x;
+}
+
+class Creased : public Objective {
+  public:
+    using Function = std::function<Sides(std::span<const double>)>;
+    explicit Creased(Function function) : function_(std::move(function)) {}
+
+    double value(std::span<const double> x, CallKind kind) override {
+        return sides(x, kind).value();
+    }
+    Sides sides(std::span<const double> x, CallKind /*kind*/) override { return function_(x); }
+
+  private:
+    Function function_;
+};
+
+/// A valley whose floor is the crease x = y²: on it the rest is (y² - 2)² + y², least where
+/// 2·(y² - 2) + 1 = 0.
+Sides BentValley(std::span<const double> x) {
+    const double rest = Square(x[0] - 2) + Square(x[1]);
+    const double offset = x[0] - Square(x[1]);
+    return {rest - 10 * offset, rest + 10 * offset, offset};
+}
+
+/// The lower one of two parabolas of one number, around -1 and, shifted, around 1.2: alike where
+/// x² + 2x + 1 = x² - 2.4x + 1.44 + shift.
+Creased::Function TwoBowls(double shift) {
+    return [shift](std::span<const double> x) {
+        return Sides{Square(x[0] + 1), Square(x[0] - 1.2) + shift, x[0] - (0.44 + shift) / 4.4};
+    };
+}
+
+/// Minima at (1, -1) and (-1, 1), a ridge between them.
+Sides Twins(std::span<const double> x) {
+    const double f = Square(x[0] * x[1] + 1) + Square(x[0] + x[1]);
+    return {f, f, -1};
+}
+
+struct RefinementCase {
+    const char* name;
+    Creased::Function function;
+    Eigen::VectorXd start;
+    double reach;
+    Eigen::VectorXd end;
+};
+
+class RefinementEnds : public testing::TestWithParam<RefinementCase> {};
+
+TEST_P(RefinementEnds, AtTheOneLowestPlace) {
+    const RefinementCase& c = GetParam();
+    Creased function(c.function);
+    LocalOptions options;
+    options.reach = c.reach;
+    options.nearness = 1e-9;
+    options.tuning.search.tilt = 1e-6;
+    const Summary run = MinimizeLocally(function, c.start, options);
+    EXPECT_LT((run.x - c.end).cwiseAbs().maxCoeff(), 1e-5) << run.x.transpose();
+    for (std::size_t i = 1; i < run.history.size(); ++i) {
+        EXPECT_LT((run.history[i].x - run.history[i - 1].x - run.history[i].step).norm(), 1e-12);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Shapes, RefinementEnds,
+    testing::Values(RefinementCase{"alongTheCrease", BentValley, Point({1, 1}), 9,
+                                   Point({1.5, std::sqrt(1.5)})},
+                    RefinementCase{"alongTheCreaseToAFace", BentValley, Point({1, 1}), 0.2,
+                                   Point({1.2, std::sqrt(1.2)})},
+                    RefinementCase{"beyondTheCreaseWhereItIsLower", TwoBowls(-0.1), Point({-0.5}),
+                                   9, Point({1.2})},
+                    RefinementCase{"onItsSideWhereTheOtherIsHigher", TwoBowls(0.1), Point({-0.5}),
+                                   9, Point({-1})},
+                    RefinementCase{"atOneOfTwinsFromTheRidge", Twins, Point({0.3, 0.3}), 9,
+                                   Point({1, -1})},
+                    RefinementCase{"atTheSameTwinFromTheOtherEnd", Twins, Point({-0.3, -0.3}), 9,
+                                   Point({1, -1})}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+struct GridDesign {
+    int page;
+    double R1;
+    double R2;
+    double Q;
+};
+
+Design Calculated(const GridDesign& inputs, double fo) {
+    Design design;
+    design.page = inputs.page;
+    design.R1 = inputs.R1;
+    design.R2 = inputs.R2;
+    design.Q = inputs.Q;
+    design.fo = fo;
+    ResponseServices services;
+    return Calculate(design, true, services).design;
+}
+
+class AHairOfInput : public testing::TestWithParam<GridDesign> {};
+
+/// Descents that end on a crease or in a flat valley ended at another place with every last digit.
+TEST_P(AHairOfInput, MovesTheDesignByAHair) {
+    const Design design = Calculated(GetParam(), 100e6);
+    const Design other = Calculated(GetParam(), 100e6 * (1 + 1e-5));
+    const PageOptimization a = OptimizePage(design, {});
+    const PageOptimization b = OptimizePage(other, {});
+    EXPECT_NEAR(a.achievedGoal, b.achievedGoal, 0.01);
+    for (const Slot slot : PageOf(design).goal.moved(design)) {
+        EXPECT_NEAR(b.components[slot] / a.components[slot], 1, 0.01);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Grid, AHairOfInput,
+                         testing::Values(GridDesign{1, 5, 1000, 5}, GridDesign{2, 300, 5, 10},
+                                         GridDesign{3, 1000, 10, 5}, GridDesign{5, 50, 1000, 5},
+                                         GridDesign{16, 10, 75, 2}, GridDesign{18, 75, 10, 2}));
+
+TEST(Goal, HasASideForEachEdgeOfTheBand) {
+    const Design design = Calculated({2, 300, 5, 10}, 100e6);
+    Goal goal(design, {});
+    for (const double x : {-0.3, -0.1, 0.0, 0.1, 0.3}) {
+        const std::vector<double> point = {x, -x, x / 2};
+        const Sides sides = goal.sides(point, CallKind::Evaluation);
+        EXPECT_EQ(sides.value(), goal.value(point, CallKind::Evaluation));
+        Design moved = design;
+        moved.components = goal.components(point);
+        const Response response(moved);
+        const double half = design.fo / (8 * design.Q);
+        EXPECT_NEAR(sides.offset,
+                    response.relativeDb(design.fo - half) - response.relativeDb(design.fo + half),
+                    1e-9);
+        EXPECT_NE(sides.below, sides.above);
+    }
+}
+
+}  // namespace
+}  // namespace kelvro
