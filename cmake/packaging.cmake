@@ -1,5 +1,6 @@
-# What an installation brings, and packages of it: `cpack` in the build folder of the preset "package"
-# makes a Debian package, `cpack --config CPackSourceConfig.cmake` a tarball of the sources.
+# What an installation brings, and packages of it: behind the target "staged", `cpack` in the build
+# folder of the preset "release" makes a Debian package. `cpack --config CPackSourceConfig.cmake` makes a
+# tarball of the sources.
 
 include(GNUInstallDirs)
 set(KELVRO_HOMEPAGE "https://kelvro.example" CACHE STRING "Address of the project")
@@ -36,11 +37,7 @@ add_custom_command(
   DEPENDS kelvro-documents kelvro-icons ${CMAKE_SOURCE_DIR}/CHANGELOG.md
           ${staged}/changelog.Debian
   COMMENT "Manual pages, completion and icons")
-# Part of "all" only where packages are made: tests and development need none of it.
-if(KELVRO_HARDEN)
-  set(staged_in_all ALL)
-endif()
-add_custom_target(staged ${staged_in_all} DEPENDS ${staged}/done)
+add_custom_target(staged DEPENDS ${staged}/done)
 add_dependencies(staged kelvro kelvro-cli kelvro-pictures)
 
 # Inlined in the install script of the build folder, which finds its files beside itself: a folder
@@ -55,10 +52,10 @@ set(CPACK_PACKAGE_VENDOR "Kelvro")
 set(CPACK_PACKAGE_HOMEPAGE_URL "${KELVRO_HOMEPAGE}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Designer of impedance-matching networks")
 set(CPACK_PACKAGE_DESCRIPTION
-    "Kelvro designs radio-frequency matching networks, resistive attenuators and the
-output networks of power amplifiers. An optimizer that knows the losses of real
-coils and capacitors refines the components on every keystroke; plots, tolerance
-analysis, a Smith chart and exports for simulators come with it.
+    "Kelvro designs radio-frequency matching networks, resistive attenuators and
+the output networks of power amplifiers. An optimizer that knows the losses of
+real coils and capacitors refines the components on every keystroke; plots,
+tolerance analysis, a Smith chart and exports for simulators come with it.
 .
 kelvro-cli runs the same calculations without a window.")
 set(CPACK_RESOURCE_FILE_LICENSE ${CMAKE_SOURCE_DIR}/LICENSE)

@@ -22,11 +22,10 @@ target_compile_options(
             $<$<BOOL:${KELVRO_FUZZ}>:-fsanitize=fuzzer-no-link,float-cast-overflow>
             $<$<BOOL:${KELVRO_FUZZ}>:-fno-sanitize-recover=all>)
 if(KELVRO_HARDEN)
-  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-  target_compile_options(kelvro_options INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
-                                                  -fstack-protector-strong
-                                                  -fstack-clash-protection -fcf-protection)
-  target_link_options(kelvro_options INTERFACE -Wl,-z,relro,-z,now)
+  # Executables that load anywhere; -fPIC, for libraries, would keep functions from being inlined.
+  target_compile_options(kelvro_options INTERFACE -fPIE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
+                                                  -fstack-protector-strong)
+  target_link_options(kelvro_options INTERFACE -pie LINKER:-z,relro LINKER:-z,now)
 endif()
 target_compile_definitions(kelvro_options INTERFACE KELVRO_VERSION="${PROJECT_VERSION}")
 target_link_options(kelvro_options INTERFACE
