@@ -44,7 +44,10 @@ void AddTerminationOptions(CLI::App& command, NetworkOptions& options) {
     command
         .add_option("--source", options.source, "Impedance of the source: 50, 12-j45, amp.s2p:2")
         ->type_name("Z");
-    command.add_option("--load", options.load, "Impedance of the load: 50 | C=2p, antenna.s1p")
+    command
+        .add_option("--load", options.load,
+                    "Impedance of the load: 50 | C=2p, antenna.s1p, "
+                    "'antenna.s1p(polar)' read so between its samples (linear, polar, cubic)")
         ->type_name("Z");
 }
 

@@ -30,8 +30,11 @@ void DataFiles::add(const std::shared_ptr<const PortData>& data) {
 
 bool DataFiles::stillInFile(const std::shared_ptr<const PortData>& data) const {
     const auto known = known_.find(data->name);
-    return known != known_.end() && known->second.data == data && known->second.file &&
-           known->second.file == stampOf(data->name);
+    if (known == known_.end() || !known->second.file) return false;
+    const PortData& file = *known->second.data;
+    const bool same = known->second.data == data ||
+                      (file.f == data->f && file.s == data->s && file.reference == data->reference);
+    return same && known->second.file == stampOf(data->name);
 }
 
 std::optional<DataFiles::Stamp> DataFiles::stampOf(std::string_view file) const {

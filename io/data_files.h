@@ -26,7 +26,8 @@ class DataFiles {
     void add(const std::shared_ptr<const PortData>& data);
     /// Nothing is known any more.
     void clear() { known_.clear(); }
-    /// Would who reads the file of this name get these data?
+    /// Would who reads the file of this name get these samples? How they are read between them does
+    /// not count: texts say it.
     bool stillInFile(const std::shared_ptr<const PortData>& data) const;
 
     /// Has a file been asked for that could not be read?

@@ -7,6 +7,7 @@
 #include "io/project_words.h"
 #include "io/touchstone.h"
 #include "network/coverage.h"
+#include "network/interpolation.h"
 #include "network/network_text.h"
 
 namespace kelvro {

@@ -5,6 +5,7 @@
 #include "io/project_file.h"
 #include "io/project_words.h"
 #include "io/touchstone.h"
+#include "network/interpolation.h"
 #include "network/network_text.h"
 
 namespace kelvro {
@@ -160,14 +161,15 @@ class ProjectReader {
 
     /// Which of the words a member is; the first where there is none.
     template <std::size_t N>
-    std::size_t wordOf(const Json& object, const char* key, const char* const (&words)[N],
-                       const std::string& where) {
+    std::size_t wordOf(const Json& object, const char* key,
+                       const std::array<std::string_view, N>& words, const std::string& where) {
         const Json& wanted = object.value(key, Json(words[0]));
         const auto* found = std::ranges::find(
             words, wanted.is_string() ? wanted.get<std::string>() : std::string());
-        if (found != std::end(words)) return static_cast<std::size_t>(found - words);
+        if (found != words.end()) return static_cast<std::size_t>(found - words.begin());
         std::string all;
-        for (const char* word : words) all += (all.empty() ? "" : ", ") + std::string(word);
+        for (const std::string_view word : words)
+            all += (all.empty() ? "" : ", ") + std::string(word);
         fail(where + '.' + key, "expected one of " + all);
         return 0;
     }

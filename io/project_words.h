@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCryptographicHash>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -14,11 +15,9 @@
 
 namespace kelvro {
 
-/// In the order of Interpolation.
-inline constexpr const char* kInterpolationWords[] = {"linear", "polar", "cubic"};
 /// In the order of Tunable::Quantity.
-inline constexpr const char* kQuantityWords[] = {"value",     "angle", "length",
-                                                 "impedance", "turns", "coupling"};
+inline constexpr std::array<std::string_view, 6> kQuantityWords{"value",     "angle", "length",
+                                                                "impedance", "turns", "coupling"};
 
 /// By which data that a project names by their file are known again.
 inline std::string Checksum(std::string_view content) {

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <memory>
 #include <utility>
 
+#include "network/interpolation.h"
 #include "network/network_parser.h"
 
 namespace kelvro {
@@ -329,7 +331,18 @@ std::shared_ptr<const PortData> NetworkParser::data(const std::string& file, std
     if (!loaded.ok()) reader_.fail(place, loaded.message());
     if (!loaded.ok() || reader_.failed()) return nullptr;
     require(*loaded != nullptr, place, "there are no data of this name");
-    return *loaded;
+    return interpolated(*loaded);
+}
+
+/// As the word in parentheses behind the file says; as they are without one.
+std::shared_ptr<const PortData> NetworkParser::interpolated(std::shared_ptr<const PortData> data) {
+    if (!data || !reader_.take("(")) return data;
+    reader_.skipBlanks();
+    const std::size_t place = reader_.place();
+    const auto* const word = std::ranges::find(kInterpolationWords, reader_.word());
+    require(word != kInterpolationWords.end(), place, "expected linear, polar or cubic");
+    if (reader_.failed() || !reader_.need(")")) return nullptr;
+    return Interpolated(data, static_cast<Interpolation>(word - kInterpolationWords.begin()));
 }
 
 Impedance NetworkParser::measured(const std::string& file, std::size_t place) {

@@ -66,6 +66,7 @@ class NetworkParser {
     Impedance constant();
     Impedance measured(const std::string& file, std::size_t place);
     std::shared_ptr<const PortData> data(const std::string& file, std::size_t place);
+    std::shared_ptr<const PortData> interpolated(std::shared_ptr<const PortData> data);
     std::optional<std::string> fileName();
     std::optional<Impedance> named();
 

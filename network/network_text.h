@@ -18,6 +18,8 @@
 //   antenna.s1p   amp.s2p:1   amp.s2p:2*   "my antenna.s1p"
 //                                       measured data: file, port, conjugate; quotes where a name
 //                                       has other characters or another ending
+//   antenna.s1p(polar)   amp.s2p(cubic):2*
+//                                       read between samples in this way: linear, polar or cubic
 //   L1=10n(Q=40@100M)                   a part with a name and with losses
 //
 // Losses, apart by commas: Q=40 (constant), Q=40@100M (40 at 100 MHz, proportional to √f), with

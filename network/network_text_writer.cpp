@@ -5,6 +5,7 @@
 
 #include "core/exact_number.h"
 #include "core/number_text.h"
+#include "network/interpolation.h"
 #include "network/network_text.h"
 
 namespace kelvro {
@@ -41,14 +42,18 @@ std::string WordText(std::string_view text) {
     return IsPlainWord(text) ? std::string(text) : Quoted(text);
 }
 
-/// File names go without quotes where the reader knows them by their ending.
+/// File names go without quotes where the reader knows them by their ending. That values between
+/// samples are found linearly is not said.
 std::string FileText(const std::shared_ptr<const PortData>& data) {
     const std::string name = data ? data->name : std::string();
     const bool plain = std::ranges::all_of(name, [](char c) {
         return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '.' || c == '_' || c == '-';
     });
     const bool known = name.ends_with(".s1p") || name.ends_with(".s2p");
-    return plain && known ? name : Quoted(name);
+    const std::string file = plain && known ? name : Quoted(name);
+    if (!data || data->interpolation == Interpolation::Linear) return file;
+    const auto form = static_cast<std::size_t>(data->interpolation);
+    return file + '(' + std::string(kInterpolationWords.at(form)) + ')';
 }
 
 class NetworkPrinter {

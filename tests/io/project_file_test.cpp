@@ -174,7 +174,7 @@ TEST(ProjectFile, IsThereWithoutALinkedFile) {
         entry["path"] = "../parts/amp.s2p";
         entry["ports"] = 2;
         EXPECT_EQ(written["data"]["amp.s2p"], entry);
-        EXPECT_EQ(written["network"]["source"], "amp.s2p:2*");
+        EXPECT_EQ(written["network"]["source"], "amp.s2p(polar):2*");
         EXPECT_EQ(written["network"]["load"], "75");
     }
 }

@@ -36,6 +36,13 @@ Impedance::Measured Measured(const char* file, int port = 0, bool conjugate = fa
     return {kFiles.at(file), port, conjugate};
 }
 
+Impedance::Measured Read(Impedance::Measured measured, Interpolation form) {
+    PortData data = *measured.data;
+    data.interpolation = form;
+    measured.data = std::make_shared<const PortData>(std::move(data));
+    return measured;
+}
+
 Part Lossy(Part part, PartLoss loss) {
     part.loss = loss;
     return part;
@@ -88,6 +95,9 @@ const ImpedanceCase kImpedances[] = {
     {"C1'=1n(name=\"C1 (left)\")", Part::C(1e-9, "C1 (left)")},
     {"antenna.s1p", Measured("antenna.s1p")},
     {"amp.s2p:2*", Measured("amp.s2p", 2, true)},
+    {"antenna.s1p(polar)", Read(Measured("antenna.s1p"), Interpolation::Polar)},
+    {"amp.s2p ( cubic ):2*", Read(Measured("amp.s2p", 2, true), Interpolation::MonotoneCubic)},
+    {"\"my \"\"best\"\" antenna.dat\"(linear)", Measured("my \"best\" antenna.dat")},
     {"\"my \"\"best\"\" antenna.dat\"", Measured("my \"best\" antenna.dat")},
     {"../dir/50-x.S1P | 12", Impedance::InParallel({Measured("../dir/50-x.S1P"), 12})},
     {"L=10n(Q=40)", Lossy(Part::L(10e-9), {Law::ConstantQ, 40})},
@@ -187,6 +197,8 @@ INSTANTIATE_TEST_SUITE_P(
         FaultyText{"5 + \"half", "column 5: this quote is not closed"},
         FaultyText{"amp.s2p", "column 1: these data have two ports: write amp.s2p:1 or amp.s2p:2"},
         FaultyText{"antenna.s1p:2", "column 12: these data have one port"},
+        FaultyText{"antenna.s1p(spline)", "column 13: expected linear, polar or cubic"},
+        FaultyText{"antenna.s1p(polar", "column 18: expected ')'"},
         FaultyText{"amp.s2p:3", "column 8: expected port 1 or 2"},
         FaultyText{"L=1n(Q=-4)", "column 6: Q= has to be above 0"},
         FaultyText{"L=1n(law=f)", "column 6: law= needs Q="},
@@ -336,7 +348,9 @@ class RandomNetworks {
             case 1:
                 return part(static_cast<PartKind>(below(3)));
             case 2:
-                if (maybe()) return Impedance::Measured{kFiles.at("antenna.s1p"), 0, maybe()};
+                if (maybe())
+                    return Read({kFiles.at("antenna.s1p"), 0, maybe()},
+                                static_cast<Interpolation>(below(3)));
                 if (maybe()) return Impedance::Measured{kFiles.at("my \"best\" antenna.dat"), 1};
                 return Impedance::Measured{kFiles.at("amp.s2p"), 1 + below(2), maybe()};
             default:

@@ -249,6 +249,7 @@ class NetworkDataTest : public QObject {
             network.source = std::complex(25.0, 5.0);
             network.ladder = {SeriesArm(Part::L(20e-9, "L1")), ShuntArm(Part::C(3.3e-12))};
         });
+        window.choose("Polar");
         const Network& shown = window.model().network();
         const LadderResponse response(shown);
         // First by its texts, then, as the data have no file any more, by the project.

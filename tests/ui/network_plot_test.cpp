@@ -1,8 +1,10 @@
 // The plots of the Network window: what they show, read and remember.
 
 #include <QAction>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
+#include <QMimeData>
 #include <QtTest>
 #include <algorithm>
 #include <cmath>
@@ -115,6 +117,21 @@ class NetworkPlotTest : public QObject {
         QCOMPARE(window.model().history().undoName(), before);
     }
 
+    /// As a bitmap, and sharp at any size with the circuit beside chart and plots.
+    void theCopiedPictureIsADrawingToo() {
+        Window window;
+        window.model().edit("Ladder", [](Network& network) {
+            network.ladder = {SeriesArm(Part::L(15.92e-9, "L17"))};
+        });
+        window.trigger("NetworkCopyPicture");
+        const QMimeData& copied = *QApplication::clipboard()->mimeData();
+        QVERIFY(!qvariant_cast<QImage>(copied.imageData()).isNull());
+        QVERIFY(copied.data("application/pdf").startsWith("%PDF"));
+        const QByteArray svg = copied.data("image/svg+xml");
+        for (const char* text : {"L17", "15.92 nH", "Power Gain", "100.000 MHz"})
+            QVERIFY2(svg.contains(text), text);
+    }
+
     void aPerfectMatchIsInSight() {
         Window window;
         window.type("LoadEingabe", "100");
@@ -127,14 +144,57 @@ class NetworkPlotTest : public QObject {
         QCOMPARE(window.plot().picture().view.y.max, 0.0);
     }
 
-    void theNextWindowShowsTheSameTraces() {
+    void theWheelZoomsFrequenciesOrBesideAnAxisItsValues() {
+        Window window;
+        window.trigger("Plot1_x");  // on the right axis
+        auto& image = window.image();
+        const auto view = [&] { return window.plot().picture().view; };
+        const View before = view();
+        const PlotRect& plot = image.frame().plot;
+        const int middle = (plot.top + plot.bottom) / 2;
+        const auto turn = [&](int x, Qt::KeyboardModifiers keys) {
+            const QPoint at(x, middle);
+            QWheelEvent wheel(at, image.mapToGlobal(at), {}, {0, 120}, Qt::NoButton, keys,
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&image, &wheel);
+        };
+        const auto span = [](const Axis& axis) { return axis.max - axis.min; };
+        turn((plot.left + plot.right) / 2, {});
+        QVERIFY(std::fabs(span(view().x) * 1.25 / span(before.x) - 1) < 1e-9);
+        QVERIFY(view().y == before.y && view().right == before.right);
+        turn(plot.left - 10, {});
+        QVERIFY(std::fabs(span(view().y) * 1.25 / span(before.y) - 1) < 1e-9);
+        QVERIFY(view().right == before.right);
+        turn(plot.right + 10, {});
+        QVERIFY(std::fabs(span(*view().right) * 1.25 / span(*before.right) - 1) < 1e-9);
+        turn((plot.left + plot.right) / 2, Qt::ControlModifier);
+        QVERIFY(std::fabs(span(view().y) * 1.5625 / span(before.y) - 1) < 1e-9);
+        QVERIFY(std::fabs(span(*view().right) * 1.5625 / span(*before.right) - 1) < 1e-9);
+        QVERIFY(std::fabs(span(view().x) * 1.25 / span(before.x) - 1) < 1e-9);
+        QTest::keyClick(&image, Qt::Key_0);
+        QVERIFY(view() == before);
+    }
+
+    void theNextWindowShowsTheSameTracesAndAxes() {
         Window window;
         window.trigger("Plot1_rl");
+        auto& image = window.image();
+        QTest::keyClick(&image, Qt::Key_L);
+        QTest::keyClick(&image, Qt::Key_Plus, Qt::ControlModifier);
+        const View shown = window.plot().picture().view;
+        QVERIFY(shown.x.mode == AxisMode::Logarithmic);
+        // Equal ratios: the middle of the samples is the geometric mean of the ends.
+        const auto& f = window.plot().picture().curves.front().x;
+        QVERIFY(std::fabs(f[f.size() / 2] / std::sqrt(f.front() * f.back()) - 1) < 1e-9);
         window.model().markSaved();
         QVERIFY(window->close());
         Host host;
         NetworkWindow next(host);
-        QCOMPARE(next.findChild<SweepView*>("Plot1")->traces(), window.plot().traces());
+        next.show();
+        const auto& plot = *next.findChild<SweepView*>("Plot1");
+        QCOMPARE(plot.traces(), window.plot().traces());
+        QVERIFY(plot.picture().view.x.mode == AxisMode::Logarithmic);
+        QVERIFY(plot.picture().view.y == shown.y);
     }
 };
 

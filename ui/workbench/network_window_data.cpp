@@ -15,6 +15,7 @@
 #include "core/number_text.h"
 #include "io/touchstone.h"
 #include "network/coverage.h"
+#include "network/interpolation.h"
 #include "ui/workbench/network_window.h"
 
 namespace kelvro {
@@ -116,18 +117,11 @@ void NetworkWindow::interpolate(const std::string& name, Interpolation form) {
     const auto other = [&](const Data& measured) {
         if (!measured || measured->name != name || measured->interpolation == form) return measured;
         Data& by = done[measured];
-        if (!by) {
-            PortData changed = *measured;
-            changed.interpolation = form;
-            by = std::make_shared<const PortData>(std::move(changed));
-        }
+        if (!by) by = Interpolated(measured, form);
         return by;
     };
     model_.change(tr("Interpolation of %1").arg(Text(name)),
                   [&](NetworkDocument& next) { Replace(next, other); });
-    for (const Data& measured : DataOf(model_.network())) {
-        if (measured->name == name) data_.add(measured);
-    }
 }
 
 /// From then on the data are those of the file.

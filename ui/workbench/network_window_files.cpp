@@ -1,8 +1,7 @@
-// Project files, pictures and copies of the Network window.
+// Project files of the Network window, and what it remembers.
 
 #include <QAction>
 #include <QApplication>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QDialog>
 #include <QDir>
@@ -12,9 +11,6 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QSettings>
 #include <QSplitter>
 #include <QStatusBar>
@@ -25,16 +21,11 @@
 
 #include "core/number_text.h"
 #include "network/coverage.h"
-#include "network/network_text.h"
-#include "plot/frame_painter.h"
-#include "plot/picture_files.h"
-#include "plot/smith_painter.h"
+#include "network/interpolation.h"
 #include "synthesis/refine.h"
 #include "ui/fields.h"
 #include "ui/help/manual_text.h"
-#include "ui/picture_dialog.h"
 #include "ui/plot/design_host.h"
-#include "ui/print_page.h"
 #include "ui/window_place.h"
 #include "ui/workbench/match_dialog.h"
 #include "ui/workbench/network_window.h"
@@ -45,8 +36,6 @@ namespace kelvro {
 
 namespace {
 
-constexpr QSize kPictureSize(1200, 700);
-constexpr double kClipboardScale = 2;  // pixels per logical pixel of a copied picture
 constexpr int kMostRecent = 8;
 constexpr int kMostPrograms = 99;
 constexpr char kProjectSuffix[] = ".kelvro";
@@ -57,8 +46,21 @@ QSettings Remembered() {
                      QStringLiteral("windows"));
 }
 
-QString TracesKey(const SweepView& plot) {
-    return QStringLiteral("NetworkWindow/%1Traces").arg(plot.objectName());
+QString PlotKey(const SweepView& plot, const char* what) {
+    return QStringLiteral("NetworkWindow/") + plot.objectName() + QLatin1String(what);
+}
+
+/// "-3 0", empty for none.
+QStringList Remembered(const std::optional<Range>& range) {
+    if (!range) return {};
+    return {QString::fromStdString(FormatShortest(range->min)),
+            QString::fromStdString(FormatShortest(range->max))};
+}
+
+std::optional<Range> RangeFrom(const QStringList& texts) {
+    const Range range{ParseValue(texts.value(0).toStdString()),
+                      ParseValue(texts.value(1).toStdString())};
+    return range.max > range.min ? std::optional(range) : std::nullopt;
 }
 
 /// Programs that run at once have a file each.
@@ -80,12 +82,6 @@ std::unique_ptr<QLockFile> AutosaveLock(int slot) {
 
 std::filesystem::path PathOf(const QString& file) {
     return std::filesystem::path(file.toStdString());
-}
-
-/// A word for a shell: in single quotes where it needs them.
-QString Quoted(const QString& text) {
-    QString inner = text;
-    return '\'' + inner.replace('\'', QStringLiteral("'\\''")) + '\'';
 }
 
 }  // namespace
@@ -117,9 +113,10 @@ NetworkDocument NetworkWindow::takeOver(Project project) {
     for (const ProjectSnapshot& kept : project_.snapshots)
         document.snapshots.push_back(
             {QString::fromStdString(kept.name), kept.network, {}, kept.shown});
-    // Texts that are typed from now on mean the project's data by their names.
+    // Texts that are typed from now on mean the project's data by their names, read as they say.
     data_.clear();
-    for (const auto& measured : DataOf(document)) data_.add(measured);
+    for (const auto& measured : DataOf(document))
+        data_.add(Interpolated(measured, Interpolation::Linear));
     return document;
 }
 
@@ -291,7 +288,10 @@ void NetworkWindow::savePlace() {
     for (const SweepView* plot : plots_) {
         QStringList keys;
         for (const Trace* trace : plot->traces()) keys << ToQString(trace->key);
-        settings.setValue(TracesKey(*plot), keys);
+        settings.setValue(PlotKey(*plot, "Traces"), keys);
+        settings.setValue(PlotKey(*plot, "Logarithmic"), plot->logarithmic());
+        settings.setValue(PlotKey(*plot, "Values"), Remembered(plot->valueRanges().left));
+        settings.setValue(PlotKey(*plot, "RightValues"), Remembered(plot->valueRanges().right));
     }
 }
 
@@ -302,9 +302,13 @@ void NetworkWindow::restorePlace() {
     right_->restoreState(settings.value(objectName() + QStringLiteral("/plots")).toByteArray());
     for (SweepView* plot : plots_) {
         TraceList traces;
-        for (const QString& key : settings.value(TracesKey(*plot)).toStringList())
+        for (const QString& key : settings.value(PlotKey(*plot, "Traces")).toStringList())
             if (const auto* trace = FindTrace(key.toStdString())) traces.push_back(trace);
         plot->setTraces(traces);
+        plot->setLogarithmic(settings.value(PlotKey(*plot, "Logarithmic")).toBool());
+        plot->setValueRanges(
+            {RangeFrom(settings.value(PlotKey(*plot, "Values")).toStringList()),
+             RangeFrom(settings.value(PlotKey(*plot, "RightValues")).toStringList())});
     }
     RestorePlace(*this);
 }
@@ -361,89 +365,6 @@ void NetworkWindow::refine() {
         return QString::fromStdString(FormatFixed(0, 3, 10 * std::log10(GT)));
     };
     statusBar()->showMessage(tr("Worst GT %1 dB, was %2 dB").arg(text(after), text(before)));
-}
-
-// ---------------------------------------------------------------- pictures and copies
-
-void NetworkWindow::paintAll(QPainter& painter, QSize size) {
-    const int chartWidth = std::min(size.width() / 2, size.height());
-    SmithPicture picture = chart_->picture();
-    picture.dark = false;  // paper is white
-    DrawSmithChart(painter, QSize(chartWidth, size.height()), picture);
-    const QSize plot(size.width() - chartWidth, size.height() / static_cast<int>(plots_.size()));
-    for (std::size_t i = 0; i < plots_.size(); ++i) {
-        painter.save();
-        painter.translate(chartWidth, static_cast<int>(i) * plot.height());
-        Picture curves = plots_[i]->picture();
-        curves.dark = false;
-        for (const QString& line : plots_[i]->markerLines())
-            curves.footer.push_back(line.toStdString());
-        FramePainter().draw(painter, plot, curves);
-        painter.restore();
-    }
-}
-
-void NetworkWindow::copyPicture() {
-    const QImage image = ImageOf([this](QPainter& painter, QSize size) { paintAll(painter, size); },
-                                 kPictureSize, kClipboardScale);
-    QApplication::clipboard()->setImage(image);
-    statusBar()->showMessage(tr("Picture copied"));
-}
-
-void NetworkWindow::savePicture() {
-    const QString file =
-        AskForPictureFile(*this, "SaveNetworkPictureDialog", QStringLiteral("network.png"));
-    const auto format = PictureFormatOf(file);
-    if (!format) return;
-    const Status saved = SavePicture(
-        file, *format, kPictureSize,
-        [this](QPainter& painter, QSize size) { paintAll(painter, size); }, kClipboardScale);
-    if (!saved) say(QString::fromStdString(saved.message()));
-}
-
-void NetworkWindow::printPicture() {
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setPageOrientation(QPageLayout::Landscape);
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted) return;
-    const auto printed = PrintPage(
-        printer, kPictureSize, [this](QPainter& painter, QSize size) { paintAll(painter, size); });
-    if (!printed) say(QString::fromStdString(printed.message()));
-}
-
-QString NetworkWindow::commandLine() const {
-    const Network& network = model_.network();
-    const FrequencyBand plotted = model_.plotRange();
-    const FrequencyBand range = CoveredRange(network, plotted.low, plotted.high).value_or(plotted);
-    QStringList words{QStringLiteral("kelvro-cli"), QStringLiteral("analyze")};
-    const bool inFiles = std::ranges::all_of(
-        DataOf(network), [this](const auto& measured) { return data_.stillInFile(measured); });
-    if (inFiles) {
-        for (const LadderElement& element : network.ladder)
-            words << Quoted(QString::fromStdString(ElementText(element)));
-        words << QStringLiteral("--source")
-              << Quoted(QString::fromStdString(ImpedanceText(network.source)))
-              << QStringLiteral("--load")
-              << Quoted(QString::fromStdString(ImpedanceText(network.load)));
-    } else if (!file_.isEmpty() && !model_.modified()) {
-        words << QStringLiteral("--network") << Quoted(QFileInfo(file_).absoluteFilePath());
-    } else {
-        return {};
-    }
-    words << QStringLiteral("--from") << QString::fromStdString(FormatShortest(range.low))
-          << QStringLiteral("--to") << QString::fromStdString(FormatShortest(range.high))
-          << QStringLiteral("--linear");
-    return words.join(' ');
-}
-
-void NetworkWindow::copyCommandLine() {
-    const QString line = commandLine();
-    if (line.isEmpty())
-        return say(
-            tr("The measured data stand in no file that a shell could read. Save the "
-               "project first; the command line then names it."));
-    QApplication::clipboard()->setText(line);
-    statusBar()->showMessage(tr("Command line copied"));
 }
 
 }  // namespace kelvro

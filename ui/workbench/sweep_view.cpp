@@ -14,6 +14,7 @@
 #include <cmath>
 
 #include "core/number_text.h"
+#include "plot/view_edit.h"
 #include "ui/fields.h"
 #include "ui/plot/plot_image.h"
 
@@ -26,6 +27,7 @@ constexpr Rgb kGhostColour{150, 150, 150};
 constexpr double kWheelFactor = 1.25;
 constexpr double kMarkerReach = 8;  // pixels
 constexpr int kMarkersShown = 3;
+constexpr double kHighestFrequency = 1e13;
 constexpr double kReadingStep = 100;  // to a part of the plot's width
 
 QString FrequencyText(double f) {
@@ -50,7 +52,8 @@ SweepView::SweepView(const char* object, const char* trace, NetworkModel& model,
     buildHead(name);
     image_->setObjectName(name + QStringLiteral("Image"));
     SetHint(*image_, tr("Click or M: marker, right button or Del: remove it, arrows: read, "
-                        "wheel: zoom, double-click or 0: fit"));
+                        "wheel: zoom, with Ctrl or beside a value axis its values, L: "
+                        "logarithmic frequencies, double-click or 0: fit"));
     column->addWidget(image_, 1);
     connect(&model_, &NetworkModel::changed, this, &SweepView::rebuild);
     connectMouse();
@@ -93,6 +96,11 @@ void SweepView::fillTraceMenu(const QString& object) {
         connect(action, &QAction::triggered, this,
                 [this, &trace](bool shown) { showTrace(trace, shown); });
     }
+    menu_->addSeparator();
+    log_ = menu_->addAction(tr("Logarithmic Frequencies"));
+    log_->setObjectName(object + QStringLiteral("_logarithmic"));
+    log_->setCheckable(true);
+    connect(log_, &QAction::triggered, this, &SweepView::setLogarithmic);
 }
 
 void SweepView::connectMouse() {
@@ -110,12 +118,23 @@ void SweepView::connectMouse() {
         removeMarkerNear(event->position().x(), true);
         fit();
     });
-    connect(image_, &PlotImage::wheelTurned, this, [this](QWheelEvent* event) {
-        zoom(image_->frame().toWorld(event->position().x(), 0).x,
-             std::pow(kWheelFactor, -event->angleDelta().y() / 120.0));
-        event->accept();
-    });
+    connect(image_, &PlotImage::wheelTurned, this,
+            [this](QWheelEvent* event) { wheelTurned(*event); });
     connect(image_, &PlotImage::keyPressed, this, [this](QKeyEvent* event) { keyPressed(*event); });
+}
+
+void SweepView::wheelTurned(QWheelEvent& event) {
+    const double factor = std::pow(kWheelFactor, -event.angleDelta().y() / 120.0);
+    const QPointF at = event.position();
+    const PlotRect& plot = image_->frame().plot;
+    const bool besideLeft = at.x() < plot.left;
+    const bool besideRight = at.x() > plot.right && picture().view.right;
+    if (besideLeft || besideRight || event.modifiers().testFlag(Qt::ControlModifier)) {
+        zoomValues(at.y(), factor, !besideRight, !besideLeft);
+    } else {
+        zoom(image_->frame().toWorld(at.x(), 0).x, factor);
+    }
+    event.accept();
 }
 
 void SweepView::pressed(const QMouseEvent& event) {
@@ -131,8 +150,15 @@ void SweepView::pressed(const QMouseEvent& event) {
 void SweepView::keyPressed(QKeyEvent& event) {
     const FrequencyBand shown = range();
     const double f = reading_.value_or(std::clamp(model_.designFrequency(), shown.low, shown.high));
-    const double step = (shown.high - shown.low) / kReadingStep *
-                        (event.modifiers().testFlag(Qt::ControlModifier) ? 0.1 : 1);
+    const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+    const double part = (control ? 0.1 : 1) / kReadingStep;
+    const double step = logarithmic_ ? f * (std::pow(shown.high / shown.low, part) - 1)
+                                     : (shown.high - shown.low) * part;
+    const auto zoomed = [&](double factor) {
+        const PlotRect& plot = image_->frame().plot;
+        if (control) return zoomValues((plot.top + plot.bottom) / 2.0, factor, true, true);
+        zoom(f, factor);
+    };
     switch (event.key()) {
         case Qt::Key_Left:
             return read(std::max(f - step, shown.low));
@@ -144,9 +170,11 @@ void SweepView::keyPressed(QKeyEvent& event) {
             return removeMarkerNear(image_->frame().xPixel(f));
         case Qt::Key_Plus:
         case Qt::Key_Equal:
-            return zoom(f, 1 / kWheelFactor);
+            return zoomed(1 / kWheelFactor);
         case Qt::Key_Minus:
-            return zoom(f, kWheelFactor);
+            return zoomed(kWheelFactor);
+        case Qt::Key_L:
+            return setLogarithmic(!logarithmic_);
         case Qt::Key_0:
             return fit();
         default:
@@ -162,10 +190,22 @@ void SweepView::removeMarkerNear(double x, bool addedNow) {
 }
 
 void SweepView::zoom(double f, double factor) {
-    const FrequencyBand shown = range();
-    const FrequencyBand next{std::max(f - (f - shown.low) * factor, 1e-3 * f),
-                             f + (shown.high - f) * factor};
-    if (next.high - next.low > 1e-9 * f && next.high < 1e13) zoomed_ = next;
+    const Axis next = Zoomed(picture().view.x, factor, f, {1e-3 * f, kHighestFrequency});
+    zoomed_ = FrequencyBand{next.min, next.max};
+    rebuild();
+}
+
+void SweepView::zoomValues(double y, double factor, bool left, bool right) {
+    constexpr AxisLimits kLimits{-1e12, 1e12};
+    const View& view = picture().view;
+    const double height = image_->frame().toWorld(image_->frame().plot.left + 1, y).y;
+    const auto part = (height - view.y.min) / (view.y.max - view.y.min);
+    const auto zoomedRange = [&](const Axis& axis) {
+        const Axis next = Zoomed(axis, factor, std::lerp(axis.min, axis.max, part), kLimits);
+        return Range{next.min, next.max};
+    };
+    if (left) values_.left = zoomedRange(view.y);
+    if (right && view.right) values_.right = zoomedRange(*view.right);
     rebuild();
 }
 
@@ -193,6 +233,8 @@ QImage SweepView::image(double scale) const {
 
 void SweepView::setTraces(const TraceList& traces) {
     if (traces.empty()) return;
+    // A range is one of decibels or ohms.
+    if (traces.front()->axis != traces_.front()->axis) values_ = {};
     traces_ = {traces.front()};
     for (const Trace* trace : traces)
         if (trace != traces_.front()) traces_ = WithTrace(std::move(traces_), *trace);
@@ -219,12 +261,26 @@ void SweepView::showTrace(const Trace& trace, bool shown) {
 
 void SweepView::showTraces() {
     box_->setCurrentIndex(static_cast<int>(traces_.front() - Traces().data()));
+    if (!RightTrace(traces_)) values_.right.reset();
     const auto actions = menu_->actions();
-    for (qsizetype i = 0; i < actions.size(); ++i) {
-        const Trace* trace = &Traces()[static_cast<std::size_t>(i)];
+    for (std::size_t k = 0; k < Traces().size(); ++k) {
+        const auto i = static_cast<qsizetype>(k);
+        const Trace* trace = &Traces()[k];
         actions[i]->setChecked(std::ranges::find(traces_, trace) != traces_.end());
         actions[i]->setEnabled(trace != traces_.front());
     }
+    rebuild();
+}
+
+void SweepView::setLogarithmic(bool on) {
+    logarithmic_ = on;
+    log_->setChecked(on);
+    rebuild();
+}
+
+void SweepView::setValueRanges(const ValueRanges& ranges) {
+    values_ = ranges;
+    if (!RightTrace(traces_)) values_.right.reset();
     rebuild();
 }
 
@@ -241,6 +297,7 @@ void SweepView::setDark(bool dark) {
 
 void SweepView::fit() {
     zoomed_.reset();
+    values_ = {};
     rebuild();
 }
 
@@ -252,7 +309,8 @@ void SweepView::showEvent(QShowEvent* event) {
 void SweepView::rebuild() {
     // A plot that nobody sees costs nothing while a node is dragged.
     if (!isVisible() && !image_->picture().curves.empty()) return;
-    NetworkPlot plot{traces_, range(), false, {}, model_.markers(), limitDb_, limitIsEstimate_};
+    NetworkPlot plot{traces_,          range(),  logarithmic_,    {},
+                     model_.markers(), limitDb_, limitIsEstimate_};
     const bool alone =
         !model_.ghost() && std::ranges::none_of(model_.snapshots(), &Snapshot::shown);
     plot.networks.push_back({&model_.network(), alone ? std::string() : "now", kPresentColour});
@@ -263,6 +321,13 @@ void SweepView::rebuild() {
     }
     if (model_.ghost()) plot.networks.push_back({&*model_.ghost(), "ghost", kGhostColour, true});
     Picture picture = NetworkPicture(plot);
+    const auto limit = [](Axis& axis, const std::optional<Range>& range) {
+        if (!range) return;
+        axis = WithRange(axis, range->min, range->max);
+        axis.origin = axis.min;
+    };
+    limit(picture.view.y, values_.left);
+    if (picture.view.right) limit(*picture.view.right, values_.right);
     picture.dark = dark_;
     image_->setPicture(std::move(picture));
     placeCross();

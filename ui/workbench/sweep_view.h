@@ -7,11 +7,13 @@
 #include "plot/network_picture.h"
 #include "ui/workbench/network_model.h"
 
+class QAction;
 class QComboBox;
 class QKeyEvent;
 class QLabel;
 class QMenu;
 class QMouseEvent;
+class QWheelEvent;
 
 namespace kelvro {
 
@@ -20,7 +22,8 @@ class PlotImage;
 /// A plot of the Network window: quantities over frequency of the present network and of the shown
 /// snapshots, those of another kind than the leading one on the right axis. A click or M sets a
 /// marker, the right button or Del removes the nearest; markers read all curves. Arrows read, the
-/// wheel, + and - zoom, a double-click or 0 fits.
+/// wheel, + and - zoom the frequencies; with Ctrl, or beside a value axis, the values. L makes the
+/// frequency axis logarithmic or linear, a double-click or 0 fits.
 class SweepView : public QWidget {
     Q_OBJECT
 
@@ -36,6 +39,15 @@ class SweepView : public QWidget {
     void setTraces(const TraceList& traces);
     /// Shows a trace beside the leading one, or no more.
     void showTrace(const Trace& trace, bool shown);
+    bool logarithmic() const { return logarithmic_; }
+    void setLogarithmic(bool on);
+    /// The ranges of the value axes where the user has chosen them; nothing while they fit.
+    struct ValueRanges {
+        std::optional<Range> left;
+        std::optional<Range> right;
+    };
+    const ValueRanges& valueRanges() const { return values_; }
+    void setValueRanges(const ValueRanges& ranges);
     void setLimit(std::optional<double> dB, bool estimate);
     /// "1: 70 MHz, GT -0.271 dB" of each marker, for pictures.
     QStringList markerLines() const;
@@ -58,7 +70,10 @@ class SweepView : public QWidget {
     void pressed(const QMouseEvent& event);
     void keyPressed(QKeyEvent& event);
     void removeMarkerNear(double x, bool addedNow = false);
+    void wheelTurned(QWheelEvent& event);
     void zoom(double f, double factor);
+    /// The values about a height in the plot, of the left axis, the right one or both.
+    void zoomValues(double y, double factor, bool left, bool right);
     /// Reads at a frequency: a cross on the leading trace, all values in the status line.
     void read(double f);
     void placeCross();
@@ -72,7 +87,10 @@ class SweepView : public QWidget {
     QComboBox* box_;
     QMenu* menu_;
     QLabel* markerText_;
+    QAction* log_ = nullptr;
+    bool logarithmic_ = false;
     std::optional<FrequencyBand> zoomed_;
+    ValueRanges values_;
     std::optional<double> limitDb_;
     bool limitIsEstimate_ = false;
     bool dark_ = false;
