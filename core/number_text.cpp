@@ -38,15 +38,44 @@ bool IsTie(double value, int decimals) {
 }
 
 template <std::size_t capacity>
-std::string FixedText(double value, int decimals) {
+std::string FixedText(double value, int width, int decimals) {
     std::array<char, capacity> text{};
     const auto end = std::to_chars(text.data(), text.data() + text.size(), WithoutNanSign(value),
                                    std::chars_format::fixed, decimals);
-    return {text.data(), end.ptr};
+    return RightAligned({text.data(), end.ptr}, width);
 }
 
-/// GuardedDecimalLog to double precision where that leaves no doubt about the decade, as it does
-/// but for values next to powers of ten.
+constexpr int kFewDecimals = 3;
+
+/// A double times 10^3 has 53 + 10 bits: extended precision holds it exactly, and so its digits are
+/// those of a whole number. |value| < 1e9, at most kFewDecimals decimals, ties away from 0.
+std::string ShortFixedText(double value, int width, int decimals) {
+    constexpr std::array<std::uint64_t, kFewDecimals + 1> powers{1, 10, 100, 1000};
+    const auto places = static_cast<std::size_t>(decimals);
+    const long double exact =
+        std::fabs(static_cast<long double>(value)) * static_cast<long double>(powers[places]);
+    auto whole = static_cast<std::uint64_t>(exact);
+    if (exact - static_cast<long double>(whole) >= 0.5L) ++whole;
+
+    std::array<char, 32> text{};
+    char* const end = text.data() + text.size();
+    char* at = end;
+    const auto digit = [&] {
+        *--at = static_cast<char>('0' + whole % 10);
+        whole /= 10;
+    };
+    for (int i = 0; i < decimals; ++i) digit();
+    if (decimals > 0) *--at = '.';
+    do digit();
+    while (whole > 0);
+    if (std::signbit(value)) *--at = '-';
+    const char* const wanted = end - std::clamp(width, 0, static_cast<int>(text.size()));
+    while (at > wanted) *--at = ' ';
+    return {at, end};
+}
+
+/// GuardedDecimalLog of |value| to double precision where that leaves no doubt about the decade, as
+/// it does but for values next to powers of ten.
 long double DecadeLog(double value) {
     const double quick = std::log10(std::fabs(value));
     const double fromDecade = std::fabs(quick - std::nearbyint(quick));
@@ -123,23 +152,28 @@ double ParseValue(std::string_view text) {
 
 std::string FormatFixed(int width, int decimals, double value) {
     if (value == 0) value = 0;  // -0 reads as 0
+    decimals = std::clamp(decimals, 0, 255);
+    const bool few = std::fabs(value) < 1e9;
+    if (few && decimals <= kFewDecimals && width <= 32) {
+        return ShortFixedText(value, width, decimals);
+    }
     if (IsTie(value, decimals)) {
         value =
             std::nextafter(value, std::copysign(std::numeric_limits<double>::infinity(), value));
     }
-    decimals = std::clamp(decimals, 0, 255);
-    const bool few = std::fabs(value) < 1e9 && decimals < 20;
     // The largest double has 309 digits before the point.
-    return RightAligned(few ? FixedText<32>(value, decimals) : FixedText<640>(value, decimals),
-                        width);
+    return few && decimals < 20 ? FixedText<32>(value, width, decimals)
+                                : FixedText<640>(value, width, decimals);
 }
 
 std::string FormatEng(int width, int decimals, double value) {
-    const long double decade = DecimalLog(value);
+    const long double decade = value > 0 ? DecadeLog(value) : DecimalLog(value);
     if (decade >= -18 && decade <= 13) {
         const int n = static_cast<int>(std::lrint(decade - 0.4999999999L));
         const int exponent = EngineeringExponent(n);
-        return FormatFixed(width, decimals, Scaled(value, exponent)) + PrefixLetter(exponent);
+        std::string text = FormatFixed(width, decimals, Scaled(value, exponent));
+        text += PrefixLetter(exponent);
+        return text;
     }
     if (std::fabs(value) <= kZeroText) return ZeroText(width, decimals) + '0';
     return FormatScientific(width - 1, decimals - 1, value, true) + '0';

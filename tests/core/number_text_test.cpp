@@ -6,6 +6,7 @@
 #include <charconv>
 #include <clocale>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <limits>
 #include <random>
@@ -223,6 +224,18 @@ TEST(FormatFixedTest, RoundsExactTiesAwayFromZero) {
     }
     EXPECT_EQ(FormatFixed(0, 2, 1e300).size(), 304U);
     EXPECT_EQ(FormatFixed(0, 255, 0.5).size(), 257U);
+}
+
+TEST(FormatFixedTest, AgreesWithTheCLibraryButForTies) {
+    std::mt19937_64 random{11};
+    std::uniform_real_distribution<> decade(-5, 10);
+    for (int i = 0; i < 20000; ++i) {
+        const double value = std::copysign(std::pow(10, decade(random)), i % 2 - 0.5);
+        const int decimals = i % 5;
+        char text[64];
+        std::snprintf(text, sizeof text, "%12.*f", decimals, value);
+        ASSERT_EQ(FormatFixed(12, decimals, value), text);
+    }
 }
 
 TEST(FormatExactTest, ReadsBackAsTheSameDouble) {
