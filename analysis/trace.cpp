@@ -18,7 +18,7 @@ namespace {
 /// Of what a page promises, else of the network that stands there.
 template <double (Response::*ofPage)(double) const, double (*ofNetwork)(const NetworkPoint&)>
 double OfResponse(const TraceSource& source, double f) {
-    return source.response ? ((*source.response).*ofPage)(f) : ofNetwork(source.network->at(f));
+    return source.response ? ((*source.response).*ofPage)(f) : ofNetwork(source.point(f));
 }
 double VoltageGain(const TraceSource& source, double f) {
     return source.response ? source.response->magnitudeDb(f)
@@ -56,7 +56,7 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// |(Zin - R1)/(Zin + R1)|: what the source gets back.
 double Reflection(const TraceSource& source, double f) {
-    return source.network ? std::abs(source.network->at(f).gammaIn) : kNaN;
+    return source.network ? std::abs(source.point(f).gammaIn) : kNaN;
 }
 
 double ReturnLoss(const TraceSource& source, double f) {
@@ -64,12 +64,12 @@ double ReturnLoss(const TraceSource& source, double f) {
 }
 
 double LoadReturnLoss(const TraceSource& source, double f) {
-    return source.network ? -MagnitudeDb(std::abs(source.network->at(f).gammaOut)) : kNaN;
+    return source.network ? -MagnitudeDb(std::abs(source.point(f).gammaOut)) : kNaN;
 }
 
 /// Rounding may leave a lossless network a little short of nothing.
 double Dissipated(const TraceSource& source, double f) {
-    return source.network ? std::max(source.network->at(f).dissipated, 0.0) : kNaN;
+    return source.network ? std::max(source.point(f).dissipated, 0.0) : kNaN;
 }
 
 TraceScale PartScale(const TraceSource&) {
@@ -83,11 +83,11 @@ double Vswr(const TraceSource& source, double f) {
 }
 
 double InputResistance(const TraceSource& source, double f) {
-    return source.network ? source.network->at(f).Zin.real() : kNaN;
+    return source.network ? source.point(f).Zin.real() : kNaN;
 }
 
 double InputReactance(const TraceSource& source, double f) {
-    return source.network ? source.network->at(f).Zin.imag() : kNaN;
+    return source.network ? source.point(f).Zin.imag() : kNaN;
 }
 
 /// 40 dB, and more where the match at fo is better.
@@ -241,6 +241,11 @@ std::optional<LadderResponse> NetworkResponse(const Design& design) {
 
 TraceSource::TraceSource(const Design& state)
     : response(state), network(NetworkResponse(state)), fo(state.fo), R1(state.R1) {}
+
+const NetworkPoint& TraceSource::point(double f) const {
+    if (!last_ || last_->f != f) last_ = network->at(f);
+    return *last_;
+}
 
 TraceSource::TraceSource(const Network& bare) : network(bare), fo(bare.designFrequency) {}
 

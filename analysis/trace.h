@@ -24,6 +24,13 @@ struct TraceSource {
     std::optional<LadderResponse> network;  ///< between source and load; none on some pages
     double fo = 0;                          ///< design frequency, Hz
     double R1 = 0;                          ///< source resistance, ohm
+
+    /// What `network`, which must be there, does at f. The last frequency's values are kept: a table
+    /// asks for many traces at each. Not for several threads at once.
+    const NetworkPoint& point(double f) const;
+
+  private:
+    mutable std::optional<NetworkPoint> last_;
 };
 
 /// Traces on the same axis share its range.

@@ -10,12 +10,30 @@ namespace kelvro {
 
 namespace {
 
-constexpr void (*kCommands[])(CLI::App&, Session&) = {
-    AddNumberCommand,   AddSeriesCommand,   AddPagesCommand,      AddDesignCommand,
-    AddResponseCommand, AddExportCommand,   AddTourCommand,       AddGuideCommand,
-    AddProposeCommand,  AddPlotCommand,     AddTableCommand,      AddToleranceCommand,
-    AddGoalCommand,     AddOptimizeCommand, AddTouchstoneCommand, AddAnalyzeCommand,
-    AddMatchCommand,    AddLimitCommand,
+struct Command {
+    std::string_view name;
+    void (*add)(CLI::App&, Session&);
+};
+
+constexpr Command kCommands[] = {
+    {"number", AddNumberCommand},
+    {"series", AddSeriesCommand},
+    {"pages", AddPagesCommand},
+    {"design", AddDesignCommand},
+    {"response", AddResponseCommand},
+    {"export", AddExportCommand},
+    {"tour", AddTourCommand},
+    {"guide", AddGuideCommand},
+    {"propose", AddProposeCommand},
+    {"plot", AddPlotCommand},
+    {"table", AddTableCommand},
+    {"tolerance", AddToleranceCommand},
+    {"goal", AddGoalCommand},
+    {"optimize", AddOptimizeCommand},
+    {"touchstone", AddTouchstoneCommand},
+    {"analyze", AddAnalyzeCommand},
+    {"match", AddMatchCommand},
+    {"limit", AddLimitCommand},
 };
 
 /// Commands whose arguments are texts of any kind: "-2e2" is a number there and no option.
@@ -60,20 +78,24 @@ ExitCode Parse(CLI::App& app, Session& session, std::vector<std::string> args) {
 
 }  // namespace
 
-void DeclareCommands(CLI::App& app, Session& session) {
+void DeclareCommands(CLI::App& app, Session& session, std::string_view only) {
     app.name("kelvro-cli");
     app.description("Designs matching networks, attenuators and PA output networks.");
     app.set_version_flag("--version", "kelvro-cli " KELVRO_VERSION);
     app.require_subcommand(1);
     app.footer("Numbers carry engineering prefixes: 10M, 4.7k, 100n, 2,2u.");
-    for (const auto add : kCommands) add(app, session);
+    const bool named = std::ranges::find(kCommands, only, &Command::name) != std::end(kCommands);
+    for (const Command& command : kCommands) {
+        if (!named || command.name == only) command.add(app, session);
+    }
 }
 
 int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostream& err,
                    bool terminal, PictureWriter writePicture) {
     Session session{.out = out, .err = err, .writePicture = writePicture, .terminal = terminal};
     CLI::App app;
-    DeclareCommands(app, session);
+    // The options of all commands take longer to declare than most commands take to do.
+    DeclareCommands(app, session, args.empty() ? std::string_view() : args[0]);
     ExitCode code = Parse(app, session, std::move(args));
     out.flush();
     if (!out && code == ExitCode::Done) {

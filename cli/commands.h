@@ -10,8 +10,8 @@
 
 namespace kelvro {
 
-/// Gives `app` its name, its own options and all commands.
-void DeclareCommands(CLI::App& app, Session& session);
+/// Gives `app` its name, its own options and its commands; where `only` names a command, that one.
+void DeclareCommands(CLI::App& app, Session& session, std::string_view only = {});
 
 void AddNumberCommand(CLI::App& app, Session& session);
 void AddSeriesCommand(CLI::App& app, Session& session);
