@@ -25,8 +25,8 @@ struct TraceSource {
     double fo = 0;                          ///< design frequency, Hz
     double R1 = 0;                          ///< source resistance, ohm
 
-    /// What `network`, which must be there, does at f. The last frequency's values are kept: a table
-    /// asks for many traces at each. Not for several threads at once.
+    /// What `network`, which must be there, does at f. The last frequency's values are kept: a
+    /// table asks for many traces at each. Not for several threads at once.
     const NetworkPoint& point(double f) const;
 
   private:

@@ -15,12 +15,12 @@
 #include <string_view>
 #include <vector>
 
+#include "core/parallel.h"
 #include "core/random.h"
 #include "core/scalar.h"
 #include "io/data_files.h"
 #include "network/network_text.h"
 #include "synthesis/candidate_search.h"
-#include "synthesis/parallel.h"
 
 namespace kelvro {
 namespace {

@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cmath>
 
 #include "cli/commands.h"
@@ -57,17 +58,17 @@ ExitCode ReportResponse(const ResponseOptions& sweep, Session& session) {
     const auto outcome = RunAcceptedDesign(*sweep.design, session);
     if (!outcome) return session.fail(outcome.status());
     const TraceSource source(outcome->state);
-    Json rows = Json::array();
-    if (!sweep.design->json) session.out << ResponseCsvHeader();
-    for (int i = 0; i < sweep.points; ++i) {
-        const double f = Frequency(sweep, from, to, i);
-        if (sweep.design->json) {
-            rows.push_back(JsonRow(source, f));
-        } else {
-            session.out << ResponseCsvRow(source, f);
-        }
+    const auto frequency = [&](std::size_t i) {
+        return Frequency(sweep, from, to, static_cast<int>(i));
+    };
+    const auto points = static_cast<std::size_t>(std::max(sweep.points, 0));
+    if (!sweep.design->json) {
+        WriteResponseCsv(source, points, frequency, session.out);
+        return ExitCode::Done;
     }
-    if (sweep.design->json) session.out << JsonText(rows);
+    Json rows = Json::array();
+    for (std::size_t i = 0; i < points; ++i) rows.push_back(JsonRow(source, frequency(i)));
+    session.out << JsonText(rows);
     return ExitCode::Done;
 }
 

@@ -1,13 +1,16 @@
+#include <sstream>
+
 #include "io/exports.h"
 #include "io/response_table.h"
 
 namespace kelvro {
 
 std::string ResponseCsv(const ExportDesign& design, const ExportRange& range) {
-    const TraceSource source(design.state);
-    std::string text = ResponseCsvHeader();
-    for (int i = 0; i < range.points; ++i) text += ResponseCsvRow(source, range.frequency(i));
-    return text;
+    std::ostringstream text;
+    WriteResponseCsv(
+        TraceSource(design.state), static_cast<std::size_t>(range.points),
+        [&](std::size_t i) { return range.frequency(static_cast<int>(i)); }, text);
+    return std::move(text).str();
 }
 
 }  // namespace kelvro

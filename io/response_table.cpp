@@ -1,31 +1,59 @@
 #include "io/response_table.h"
 
+#include <algorithm>
 #include <cmath>
+#include <ostream>
+#include <string>
+#include <vector>
 
 #include "core/exact_text.h"
+#include "core/parallel.h"
 
 namespace kelvro {
 
-std::string ResponseCsvHeader() {
+namespace {
+
+std::string Header() {
     std::string header = "f_Hz,re,im";
     for (const Trace& trace : Traces()) header += ',' + std::string(trace.column);
     return header + '\n';
 }
 
-std::string ResponseCsvRow(const TraceSource& source, double f) {
-    constexpr std::size_t kUsualLength = 200;
+void AppendRow(std::string& text, const TraceSource& source, double f) {
     const auto H = source.response->transfer(f);
-    std::string row;
-    row.reserve(kUsualLength);
-    AppendExact(row, f);
-    for (const double part : {H.real(), H.imag()}) AppendExact(row += ',', part);
+    AppendExact(text, f);
+    for (const double part : {H.real(), H.imag()}) AppendExact(text += ',', part);
     for (const Trace& trace : Traces()) {
-        row += ',';
+        text += ',';
         const double value = trace.value(source, f);
-        if (!std::isnan(value)) AppendExact(row, value);
+        if (!std::isnan(value)) AppendExact(text, value);
     }
-    row += '\n';
-    return row;
+    text += '\n';
+}
+
+}  // namespace
+
+void WriteResponseCsv(const TraceSource& source, std::size_t rows,
+                      const std::function<double(std::size_t)>& frequency, std::ostream& out) {
+    // Long enough that a thread's start does not count, short enough that output flows.
+    constexpr std::size_t kBlock = 1024;
+    const std::size_t blocks = (rows + kBlock - 1) / kBlock;
+    const unsigned threads = blocks > 1 ? ThreadsOr(0) : 1;
+    const std::vector<TraceSource> sources(threads, source);
+    std::vector<std::string> texts(std::min<std::size_t>(blocks, 8 * threads));
+    out << Header();
+    for (std::size_t first = 0; first < blocks && out; first += texts.size()) {
+        const std::size_t count = std::min(texts.size(), blocks - first);
+        ForEachInParallel(count, threads, [&](std::size_t i, unsigned worker) {
+            const std::size_t begin = (first + i) * kBlock;
+            const std::size_t end = std::min(begin + kBlock, rows);
+            texts[i].clear();
+            for (std::size_t row = begin; row < end; ++row) {
+                AppendRow(texts[i], sources[worker], frequency(row));
+            }
+        });
+        for (std::size_t i = 0; i < count; ++i) out << texts[i];
+    }
 }
 
 }  // namespace kelvro

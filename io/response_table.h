@@ -1,16 +1,16 @@
 #pragma once
 
-#include <string>
+#include <functional>
+#include <iosfwd>
 
 #include "analysis/trace.h"
 
 namespace kelvro {
 
-/// First line of a response as comma-separated values: "f_Hz,re,im", then the columns of all
-/// traces.
-std::string ResponseCsvHeader();
-
-/// One line of it: numbers that read back exactly; nothing where a trace has no value.
-std::string ResponseCsvRow(const TraceSource& source, double f);
+/// A response as comma-separated values: "f_Hz,re,im" and the columns of all traces, then a line
+/// for each of `rows` frequencies, in Hz: numbers that read back exactly, nothing where a trace has
+/// no value. Many lines are worked out on all cores. Ends early where `out` fails.
+void WriteResponseCsv(const TraceSource& source, std::size_t rows,
+                      const std::function<double(std::size_t)>& frequency, std::ostream& out);
 
 }  // namespace kelvro

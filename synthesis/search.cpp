@@ -6,8 +6,8 @@
 #include <map>
 #include <mutex>
 
+#include "core/parallel.h"
 #include "synthesis/candidate_search.h"
-#include "synthesis/parallel.h"
 #include "synthesis/search_task.h"
 
 namespace kelvro {
