@@ -36,13 +36,24 @@ minimal_machine() {
         mv "$root/build/ci/new.tar" "$image"
     fi
     machine=$(mktemp -d)
-    trap 'umount -R "$machine" 2>/dev/null || true; rm -rf --one-file-system "$machine"' EXIT
+    trap remove_machine EXIT
     tar -xf "$image" -C "$machine" --numeric-owner
     # Reading a file leaves its mark here, whatever the machine does elsewhere.
     mount --bind "$machine" "$machine"
     mount -o remount,bind,strictatime "$machine"
     mount -t proc proc "$machine/proc"
     mount --rbind /dev "$machine/dev"
+}
+
+# Folders of this machine are mounted there: nothing is removed while one of them still is. Programs
+# that are still running keep mounts busy, but not from being taken out of sight.
+remove_machine() {
+    umount -R -l "$machine" 2>/dev/null || true
+    if grep -qF " $machine" /proc/self/mounts; then
+        echo "Left behind, as something is still mounted there: $machine" >&2
+    else
+        rm -rf --one-file-system "$machine"
+    fi
 }
 
 inside() {
