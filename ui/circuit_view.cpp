@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "ui/picture_dialog.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -69,7 +70,7 @@ void CircuitView::SaveCircuitClick() {
     const auto format = PictureFormatOf(file);
     if (!format) return;
     const Status saved = SavePicture(file, *format, size(), drawing(), kCopyScale);
-    if (!saved) emit failed(QString::fromStdString(saved.message()));
+    if (!saved) emit failed(Shown(saved.message()));
 }
 
 void CircuitView::mouseMoveEvent(QMouseEvent* event) {

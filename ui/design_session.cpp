@@ -6,6 +6,7 @@
 
 #include "design/pages.h"
 #include "ui/refusal_box.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -64,7 +65,7 @@ void DesignSession::unround(const PartRef& part) {
 }
 
 void DesignSession::roundAll() {
-    edit("Round All",
+    edit(QT_TRANSLATE_NOOP("kelvro", "Round All"),
          [&](Design& design) {
              for (const PartRef& part : PartsOf(design))
                  if (!part.field || part.field->hasStandardValues())
@@ -74,7 +75,7 @@ void DesignSession::roundAll() {
 }
 
 void DesignSession::recalculate(bool storeComponents) {
-    edit("Calculate", [](Design&) {},
+    edit(QT_TRANSLATE_NOOP("kelvro", "Calculate"), [](Design&) {},
          {.followup = storeComponents ? Followup::Calculation : Followup::KeptComponents});
 }
 
@@ -99,8 +100,8 @@ void DesignSession::open(const Design& design, Followup followup) {
 }
 
 void DesignSession::switchResistances() {
-    edit("Switch", [](Design& design) { std::swap(design.R1, design.R2); },
-         {.fields = Fields::Follow});
+    edit(QT_TRANSLATE_NOOP("kelvro", "Switch"),
+         [](Design& design) { std::swap(design.R1, design.R2); }, {.fields = Fields::Follow});
 }
 
 void DesignSession::undo() {
@@ -166,7 +167,7 @@ void DesignSession::setMessageSink(MessageSink sink) {
 }
 
 void DesignSession::tellRefusal() {
-    if (refusalSink_(QString::fromStdString(*result().message), switchCures())) switchResistances();
+    if (refusalSink_(Shown(*result().message), switchCures())) switchResistances();
 }
 
 bool DesignSession::switchCures() const {
@@ -178,8 +179,8 @@ bool DesignSession::switchCures() const {
 }
 
 void ShowMessageBox(const QString& text) {
-    QMessageBox box(QMessageBox::Information, QString::fromLatin1(kApplicationTitle), text,
-                    QMessageBox::Ok, QApplication::activeWindow());
+    QMessageBox box(QMessageBox::Information, Shown(kApplicationTitle), text, QMessageBox::Ok,
+                    QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);  // "R2<R1!" is no markup
     box.exec();
 }

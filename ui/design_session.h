@@ -131,7 +131,7 @@ class DesignSession : public DesignHost {
 };
 
 /// Title of the program's message boxes and print jobs.
-inline constexpr char kApplicationTitle[] = "Matching Networks";
+inline constexpr char kApplicationTitle[] = QT_TRANSLATE_NOOP("kelvro", "Matching Networks");
 
 /// A modal box with one text and an OK button.
 void ShowMessageBox(const QString& text);

@@ -20,6 +20,7 @@
 #include "io/atomic_file.h"
 #include "ui/fields.h"
 #include "ui/form_parts.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -124,7 +125,7 @@ void TExportDlg::showEvent(QShowEvent* event) {
 void TExportDlg::designChanged() {
     if (!isVisible()) return;
     const Page& page = PageOf(host_.design());
-    setWindowTitle(tr("Export - %1").arg(ToQString(page.caption)));
+    setWindowTitle(tr("Export - %1").arg(Shown(page.caption)));
     const auto series = static_cast<std::size_t>(host_.preferences().ESeries);
     standardValues_->setText(tr("Standard values (%1)").arg(QLatin1String(kSeriesNames[series])));
     standardValues_->setChecked(host_.standardValues());
@@ -138,7 +139,7 @@ void TExportDlg::listFormats() {
     formats_->clear();
     for (const ExportFormat& format : ExportFormats()) {
         if (!format.available(PageOf(host_.design()))) continue;
-        formats_->addItem(ToQString(format.caption), ToQString(format.key));
+        formats_->addItem(Shown(format.caption), ToQString(format.key));
     }
     formats_->setCurrentIndex(std::max(0, formats_->findData(chosen)));
 }
@@ -207,7 +208,7 @@ void TExportDlg::refresh() {
     const std::string text = made ? *made : std::string();
     if (made && text == content_) return;  // "Saved as ..." stays
     content_ = text;
-    note_->setText(QString::fromStdString(made.message()));
+    note_->setText(Shown(made.message()));
     showContent();
 }
 
@@ -239,7 +240,7 @@ void TExportDlg::ButtonExportSaveClick() {
     if (path.isEmpty()) return;
     folder_ = QFileInfo(path).absolutePath();
     if (const auto saved = WriteAtomically(path, QByteArray::fromStdString(content_)); !saved) {
-        return host_.showMessage(QString::fromStdString(saved.message()));
+        return host_.showMessage(Shown(saved.message()));
     }
     note_->setText(tr("Saved as %1").arg(QDir::toNativeSeparators(path)));
 }
@@ -247,7 +248,7 @@ void TExportDlg::ButtonExportSaveClick() {
 QString TExportDlg::askFileName() {
     const QString suffix = ToQString(format().suffix);
     QFileDialog dialog(this, tr("Export"), folder_,
-                       ToQString(format().caption) + " (*." + suffix + ')');
+                       Shown(format().caption) + " (*." + suffix + ')');
     dialog.setObjectName(QStringLiteral("SaveDialogExport"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(suffix);

@@ -15,6 +15,7 @@
 #include "ui/fields.h"
 #include "ui/form_parts.h"
 #include "ui/plot/design_host.h"
+#include "ui/texts.h"
 #include "ui/tour_image.h"
 
 namespace kelvro {
@@ -32,10 +33,11 @@ constexpr int kPausePerMove = 300;
 
 constexpr int kReportLines = 8;
 
-constexpr char kWhy[] =
+constexpr char kWhy[] = QT_TRANSLATE_NOOP(
+    "kelvro",
     "For such integer or combinatorial optimizations pure down-hill search will often end in a "
     "local minimum. Stochastic optimizers like simulated  annealing are slow but much more "
-    "reliable.";
+    "reliable.");
 
 }  // namespace
 
@@ -45,7 +47,7 @@ TFormGlobalOpt::TFormGlobalOpt(DesignHost& host, QWidget* parent) : QDialog(pare
     image_ = new TourImage;
     image_->setObjectName(QStringLiteral("ImageXopt"));
     SetHint(*image_, tr("Tour through the cities; grey: the tour at start, red: the first city"));
-    auto* why = new QLabel(tr(kWhy));
+    auto* why = new QLabel(Shown(kWhy));
     why->setWordWrap(true);
 
     auto* controls = new QVBoxLayout;
@@ -374,7 +376,7 @@ void TFormGlobalOpt::showProgress() {
 
 void TFormGlobalOpt::report(const QString& caption, const std::vector<std::string>& lines) {
     QStringList texts;
-    for (const std::string& line : lines) texts << QString::fromStdString(line);
+    for (const std::string& line : lines) texts << Shown(line);
     reportBox_->setTitle(caption);
     reportLabel_->setText(texts.join('\n'));
 }

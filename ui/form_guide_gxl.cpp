@@ -14,23 +14,33 @@
 #include "core/number_text.h"
 #include "ui/fields.h"
 #include "ui/form_parts.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
 namespace {
 
 constexpr const char* kTradeOff[] = {
-    "The two major design approaches are construction and optimization, often you mix them. How "
-    "much construction makes sense and how much optimization depends highly on the designers "
-    "capabilities, circuit type and spec difficulty. If your elements are near-ideal (like at low "
-    "frequencies) and if you can easily over-design, then usually construction is leading to a "
-    "ood solution. Which does not mean that no simulations and some tweaks are needed.",
-    "However, for difficult circuits (like RF) optimization can make a lot sense, e.g. it could "
-    "happen that already one change in a parameter like the W of the LNA transistor can change "
-    "many performances (like NF, gain, input impedance, stability, bandwidth, etc.).",
-    "If optimization makes sense then the question is often which optimizer to use. Global "
-    "optimizer tend to be more robust but slower. Local optimizer may stop early on a local "
-    "optimum, which might exist in some cases or it starting point is bad.",
+    QT_TRANSLATE_NOOP(
+        "kelvro",
+        "The two major design approaches are construction and optimization, often you mix them. "
+        "How "
+        "much construction makes sense and how much optimization depends highly on the designers "
+        "capabilities, circuit type and spec difficulty. If your elements are near-ideal (like at "
+        "low "
+        "frequencies) and if you can easily over-design, then usually construction is leading to a "
+        "ood solution. Which does not mean that no simulations and some tweaks are needed."),
+    QT_TRANSLATE_NOOP(
+        "kelvro",
+        "However, for difficult circuits (like RF) optimization can make a lot sense, e.g. it "
+        "could "
+        "happen that already one change in a parameter like the W of the LNA transistor can change "
+        "many performances (like NF, gain, input impedance, stability, bandwidth, etc.)."),
+    QT_TRANSLATE_NOOP(
+        "kelvro",
+        "If optimization makes sense then the question is often which optimizer to use. Global "
+        "optimizer tend to be more robust but slower. Local optimizer may stop early on a local "
+        "optimum, which might exist in some cases or it starting point is bad."),
 };
 
 }  // namespace
@@ -40,7 +50,7 @@ TFormGuideGXL::TFormGuideGXL(QWidget* parent) : QDialog(parent) {
     setWindowTitle(tr("Guide for Optimization"));
     auto* rows = new QVBoxLayout(this);
     for (const char* text : kTradeOff) {
-        auto* label = new QLabel(tr(text));
+        auto* label = new QLabel(Shown(text));
         label->setWordWrap(true);
         rows->addWidget(label);
     }
@@ -114,7 +124,7 @@ GuideSituation TFormGuideGXL::situation() const {
 }
 
 void TFormGuideGXL::FormShow() {
-    out_->setText(QString::fromStdString(GuideAdvice(situation())));
+    out_->setText(Shown(GuideAdvice(situation())));
 }
 
 void TFormGuideGXL::showEvent(QShowEvent* event) {

@@ -24,6 +24,7 @@
 #include "ui/fields.h"
 #include "ui/form_row.h"
 #include "ui/plot/plot_image.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -87,38 +88,51 @@ const std::vector<TFormOpt::Option>& TFormOpt::options() {
                       defaultApplies, access.first, access.second};
     };
     static const std::vector<Option> all = {
-        row("CheckBoxForceSteepestDescent", "Force steepest descent algorithm", "is quite slow",
-            false, local(&LocalOptions::steepestDescent)),
-        row("CheckBoxForceNoOpt", "Force no optimization",
-            "Warning : leads too inaccurate parameters", false,
+        row("CheckBoxForceSteepestDescent",
+            QT_TRANSLATE_NOOP("kelvro", "Force steepest descent algorithm"),
+            QT_TRANSLATE_NOOP("kelvro", "is quite slow"), false,
+            local(&LocalOptions::steepestDescent)),
+        row("CheckBoxForceNoOpt", QT_TRANSLATE_NOOP("kelvro", "Force no optimization"),
+            QT_TRANSLATE_NOOP("kelvro", "Warning : leads too inaccurate parameters"), false,
             shared(&OptimizerSettings::disabled)),
-        row("CheckBoxForceSingleOpt", "Force single optimization run",
-            "Might be a bit unreliable, but is good to explore optimization algorithm.", true,
-            shared(&OptimizerSettings::singleRun)),
-        row("CheckBoxForceSingleSidedGrad", "Force single-sided gradient calculation",
-            "is a bit faster but less accurate", false, gradient(GradientChoice::SingleSided)),
-        row("CheckBoxDiffStartValues", "Force different start values",
-            "is a bit slow, but allows estimation for accuracy", false,
+        row("CheckBoxForceSingleOpt", QT_TRANSLATE_NOOP("kelvro", "Force single optimization run"),
+            QT_TRANSLATE_NOOP(
+                "kelvro",
+                "Might be a bit unreliable, but is good to explore optimization algorithm."),
+            true, shared(&OptimizerSettings::singleRun)),
+        row("CheckBoxForceSingleSidedGrad",
+            QT_TRANSLATE_NOOP("kelvro", "Force single-sided gradient calculation"),
+            QT_TRANSLATE_NOOP("kelvro", "is a bit faster but less accurate"), false,
+            gradient(GradientChoice::SingleSided)),
+        row("CheckBoxDiffStartValues", QT_TRANSLATE_NOOP("kelvro", "Force different start values"),
+            QT_TRANSLATE_NOOP("kelvro", "is a bit slow, but allows estimation for accuracy"), false,
             shared(&OptimizerSettings::differentStartValues)),
-        row("CheckBoxForceDoubleSidedGrad", "Force double-sided gradient calculation",
-            "is a bit slower but most accurate", false, gradient(GradientChoice::DoubleSided)),
-        row("CheckBoxGradAna", "Do gradient checks", "for performing internal accuracy analysis",
-            true, local(&LocalOptions::gradientChecks)),
-        row("CheckBoxEnhStartMatrix", "Use enhanced start matrix",
-            "wo. using full Hessian, is sometimes a bit faster ", false,
-            local(&LocalOptions::enhancedStartMatrix)),
-        row("CheckBoxNoClampings", "No parameter clampings",
-            "no clampings is sometimes faster, but might be less robust", false,
-            local(&LocalOptions::noClampings)),
-        row("CheckBoxThorough", "Thorough search for the lowest goal",
-            "looks everywhere; the design may end far from the calculated one", false,
-            local(&LocalOptions::thorough)),
-        row("CheckBoxMaxNorm", "Use max-norm", "worst point of the band counts, in case of Q<0.2",
-            false, goal(&GoalOptions::maxNorm)),
-        row("CheckBoxNoise", "Add numerical noise",
-            "to study the optimizer with inaccurate goal functions", false,
-            goal(&GoalOptions::noise)),
-        row("CheckBoxWritexls", "Write csv", "save detailed optimization data to file", false,
+        row("CheckBoxForceDoubleSidedGrad",
+            QT_TRANSLATE_NOOP("kelvro", "Force double-sided gradient calculation"),
+            QT_TRANSLATE_NOOP("kelvro", "is a bit slower but most accurate"), false,
+            gradient(GradientChoice::DoubleSided)),
+        row("CheckBoxGradAna", QT_TRANSLATE_NOOP("kelvro", "Do gradient checks"),
+            QT_TRANSLATE_NOOP("kelvro", "for performing internal accuracy analysis"), true,
+            local(&LocalOptions::gradientChecks)),
+        row("CheckBoxEnhStartMatrix", QT_TRANSLATE_NOOP("kelvro", "Use enhanced start matrix"),
+            QT_TRANSLATE_NOOP("kelvro", "wo. using full Hessian, is sometimes a bit faster "),
+            false, local(&LocalOptions::enhancedStartMatrix)),
+        row("CheckBoxNoClampings", QT_TRANSLATE_NOOP("kelvro", "No parameter clampings"),
+            QT_TRANSLATE_NOOP("kelvro",
+                              "no clampings is sometimes faster, but might be less robust"),
+            false, local(&LocalOptions::noClampings)),
+        row("CheckBoxThorough", QT_TRANSLATE_NOOP("kelvro", "Thorough search for the lowest goal"),
+            QT_TRANSLATE_NOOP("kelvro",
+                              "looks everywhere; the design may end far from the calculated one"),
+            false, local(&LocalOptions::thorough)),
+        row("CheckBoxMaxNorm", QT_TRANSLATE_NOOP("kelvro", "Use max-norm"),
+            QT_TRANSLATE_NOOP("kelvro", "worst point of the band counts, in case of Q<0.2"), false,
+            goal(&GoalOptions::maxNorm)),
+        row("CheckBoxNoise", QT_TRANSLATE_NOOP("kelvro", "Add numerical noise"),
+            QT_TRANSLATE_NOOP("kelvro", "to study the optimizer with inaccurate goal functions"),
+            false, goal(&GoalOptions::noise)),
+        row("CheckBoxWritexls", QT_TRANSLATE_NOOP("kelvro", "Write csv"),
+            QT_TRANSLATE_NOOP("kelvro", "save detailed optimization data to file"), false,
             shared(&OptimizerSettings::writeTable), false),
     };
     return all;
@@ -158,9 +172,9 @@ QWidget* TFormOpt::settingsPanel() {
     auto* grid = new QGridLayout(box);
     int row = 0;
     for (const Option& option : options()) {
-        auto* check = new QCheckBox(tr(option.caption));
+        auto* check = new QCheckBox(Shown(option.caption));
         check->setObjectName(QLatin1String(option.object));
-        SetHint(*check, tr(option.hint));
+        SetHint(*check, Shown(option.hint));
         connect(check, &QCheckBox::clicked, this,
                 [this, &option](bool checked) { optionClicked(option, checked); });
         grid->addWidget(check, row / 2, row % 2);
@@ -195,16 +209,17 @@ QWidget* TFormOpt::evaluationPanel() {
     const std::array<const char*, 6> objects = {"LabelIterations", "LabelTime",  "LabelCalls",
                                                 "LabelCallsSplit", "LabelHours", "LabelGoal"};
     const std::array<const char*, 6> hints = {
-        "of the internal BFGS gradient optimizer",
+        QT_TRANSLATE_NOOP("kelvro", "of the internal BFGS gradient optimizer"),
         "",
         "",
         "",
-        "if we would run all simulations in a sequence (and not in parallel)",
-        "the lower the better"};
+        QT_TRANSLATE_NOOP("kelvro",
+                          "if we would run all simulations in a sequence (and not in parallel)"),
+        QT_TRANSLATE_NOOP("kelvro", "the lower the better")};
     for (std::size_t i = 0; i < objects.size(); ++i) {
         evaluation_[i] = new QLabel;
         evaluation_[i]->setObjectName(QLatin1String(objects[i]));
-        evaluation_[i]->setToolTip(tr(hints[i]));
+        evaluation_[i]->setToolTip(Shown(hints[i]));
         evaluation_[i]->setWordWrap(true);
         evaluation_[i]->setTextInteractionFlags(Qt::TextSelectableByMouse);
     }

@@ -20,6 +20,7 @@
 #include "ui/design_session.h"
 #include "ui/fields.h"
 #include "ui/form_parts.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -56,7 +57,7 @@ const RankedCircuit& TFormProposal::Entry::circuit() const {
 }
 
 QString TFormProposal::Entry::title() const {
-    return Text(network ? Title(*network) : Title(*page));
+    return Shown(network ? Title(*network) : Title(*page));
 }
 
 QStringList TFormProposal::Entry::texts() const {
@@ -218,10 +219,10 @@ Wishes TFormProposal::wishes() const {
 
 void TFormProposal::refresh() {
     const Design& state = session_.design();
-    inputs_->setText(Text("R1 " + FormatQuantity(2, state.R1, "Ω") + ", R2 " +
-                          FormatQuantity(2, state.R2, "Ω") + ", fo " +
-                          FormatQuantity(2, state.fo, "Hz") + ", ideal ratio v " +
-                          FormatFixed(0, 3, std::sqrt(state.R2 / state.R1))));
+    inputs_->setText(Shown("R1 " + FormatQuantity(2, state.R1, "Ω") + ", R2 " +
+                           FormatQuantity(2, state.R2, "Ω") + ", fo " +
+                           FormatQuantity(2, state.fo, "Hz") + ", ideal ratio v " +
+                           FormatFixed(0, 3, std::sqrt(state.R2 / state.R1))));
     // The window's own settings, but without its reports: the proposals' designs are no runs that
     // the user has asked for.
     OptimizerServices services(session_.optimizer().settings);
@@ -299,7 +300,7 @@ void TFormProposal::showRows() {
 /// A line of numbers, and the reason below it across all columns.
 void TFormProposal::addRow(const Entry& entry, int index) {
     auto* row = new QTreeWidgetItem(table_, entry.texts());
-    const QString words = Text(entry.circuit().reason);
+    const QString words = Shown(entry.circuit().reason);
     auto* reason = new QTreeWidgetItem(row, {words});
     reason->setFirstColumnSpanned(true);
     reason->setToolTip(0, words);
@@ -356,7 +357,7 @@ void TFormProposal::ButtonCopyClick() {
     QStringList lines;
     for (const Entry& entry : entries_) {
         if (!entry.suited()) continue;
-        lines << entry.texts().join('\t') + '\t' + Text(entry.circuit().reason);
+        lines << entry.texts().join('\t') + '\t' + Shown(entry.circuit().reason);
     }
     QApplication::clipboard()->setText(lines.join('\n'));
 }

@@ -11,6 +11,7 @@
 #include "core/number_text.h"
 #include "ui/fields.h"
 #include "ui/form_parts.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -146,8 +147,8 @@ void TFormQuiz::ButtonAnswerClick() {
 
 void TFormQuiz::showQuestion() {
     const Question& question = quiz_->question();
-    topic_->setText(Text(question.topic));
-    question_->setText(Text(question.text));
+    topic_->setText(Shown(question.topic));
+    question_->setText(Shown(question.text));
     result_->clear();
     explanation_->clear();
     numberRow_->setVisible(!question.hasChoices());
@@ -160,7 +161,7 @@ void TFormQuiz::showQuestion() {
         QAbstractButton* choice = choices_->button(i);
         choice->setVisible(used);
         choice->setChecked(false);
-        if (used) choice->setText(Text(question.choices[index]));
+        if (used) choice->setText(Shown(question.choices[index]));
     }
     choices_->setExclusive(true);
     showState();
@@ -169,8 +170,8 @@ void TFormQuiz::showQuestion() {
 
 void TFormQuiz::showOutcome(bool right) {
     result_->setText(right ? tr("Right!")
-                           : tr("Not right: %1").arg(Text(quiz_->question().answerText())));
-    explanation_->setText(Text(quiz_->question().explanation));
+                           : tr("Not right: %1").arg(Shown(quiz_->question().answerText())));
+    explanation_->setText(Shown(quiz_->question().explanation));
     showState();
     next_->setFocus();
 }

@@ -8,6 +8,7 @@
 #include "core/rounding.h"
 #include "ui/fields.h"
 #include "ui/plot/value_spin.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -51,8 +52,8 @@ InputRow AddInputRow(QGridLayout& grid, RowPlace place, const InputField& field,
     auto* spin = new ValueSpin(QStringLiteral("SpinButton") +
                                edit->objectName().remove(QStringLiteral("Eingabe")));
     SetHint(*spin, QCoreApplication::translate("InputRow", "Increase or decrease %1").arg(spun));
-    const FormRow texts = AddTexts(
-        grid, place, edit, {ToQString(field.label), ToQString(field.unit), ToQString(field.hint)});
+    const FormRow texts =
+        AddTexts(grid, place, edit, {Shown(field.label), ToQString(field.unit), Shown(field.hint)});
     auto* pair = new QHBoxLayout;
     pair->setSpacing(0);
     pair->addWidget(edit);

@@ -6,6 +6,7 @@
 #include "advise/window_arguments.h"
 #include "ui/end_request.h"
 #include "ui/hint_handler.h"
+#include "ui/language.h"
 #include "ui/plot/icons.h"
 #include "ui/sdi_app_form.h"
 #include "ui/splash_screen.h"
@@ -52,6 +53,8 @@ int main(int argc, char** argv) {
     QApplication::setStyle(new HintStyle);
     QApplication::setWindowIcon(VectorIcon("kelvro"));
     QApplication::setQuitOnLastWindowClosed(false);  // message boxes come and go before the form
+
+    SpeakLanguage(app, ChosenLanguage());
 
     const WindowCall call = CallOf(app.arguments().mid(1));
     TSDIAppForm form;

@@ -14,6 +14,7 @@
 #include "ui/circuit_view.h"
 #include "ui/form_row.h"
 #include "ui/stage_view.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -77,7 +78,7 @@ void PagePanel::AusgabeDblClick(const FieldRow& row) {
 void PagePanel::runAction(const ActionField& action) {
     Design changed = session_.design();
     const std::string message = action.run(changed);
-    if (!message.empty()) return session_.showMessage(QString::fromStdString(message));
+    if (!message.empty()) return session_.showMessage(Shown(message));
     session_.edit(std::string(action.caption), [&](Design& design) { design = changed; },
                   {.fields = Fields::Follow});
 }
@@ -97,7 +98,7 @@ void PagePanel::showResult(const CycleResult& result) {
 
 bool PagePanel::setText(const QString& object, const QString& text) {
     if (QLabel* note = notes_.value(object)) {
-        note->setText(text);
+        note->setText(Shown(text.toStdString()));
         return true;
     }
     OutputEdit* edit = outputs_.value(object);
@@ -183,12 +184,11 @@ void PagePanel::showCaptions() {
     for (const FieldRow& row : rows_) {
         const OutputField& field = *row.field;
         const bool shown = !field.shown || field.shown(state);
-        row.label->setText(duals ? QString::fromStdString(DualLabel(field.label))
-                                 : ToQString(field.label));
+        row.label->setText(duals ? Shown(DualLabel(field.label)) : Shown(field.label));
         row.unit->setText(ToQString(duals ? DualUnit(field.unit) : field.unit));
         if (const auto changed = captions_.find(row.edit->objectName());
             changed != captions_.end()) {
-            row.label->setText(QString::fromStdString(changed->caption));
+            row.label->setText(Shown(changed->caption));
             row.unit->setText(QString::fromStdString(changed->unit));
         }
         row.label->setVisible(shown);

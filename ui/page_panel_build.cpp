@@ -19,6 +19,7 @@
 #include "ui/plot/value_spin.h"
 #include "ui/rounding_menu.h"
 #include "ui/stage_view.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -37,7 +38,7 @@ QString RoundingHint() {
 
 /// What an output means, and what can be done with it.
 QString OutputHint(const OutputField& field) {
-    QString meaning = ToQString(field.hint);
+    QString meaning = Shown(field.hint);
     if (!field.hasStandardValues()) return meaning;
     return meaning.isEmpty() ? RoundingHint() : meaning + QStringLiteral(". ") + RoundingHint();
 }
@@ -121,10 +122,10 @@ QWidget* PagePanel::buildFields() {
 }
 
 QLabel* PagePanel::makeNote(const NoteField& note) {
-    auto* label = new QLabel(ToQString(note.text));
+    auto* label = new QLabel(Shown(note.text));
     label->setTextFormat(Qt::PlainText);
     label->setObjectName(ToQString(note.object));
-    SetHint(*label, ToQString(note.hint));
+    SetHint(*label, Shown(note.hint));
     QFont font = label->font();
     font.setItalic(true);
     label->setFont(font);
@@ -173,7 +174,7 @@ void PagePanel::addChangingNotes(FieldGrid& grid) {
 void PagePanel::addInputs(FieldGrid& grid) {
     for (const InputField& field : page_.inputs) {
         const InputRow row =
-            AddInputRow(*grid.layout, {grid.nextRow(0)}, field, ToQString(field.label));
+            AddInputRow(*grid.layout, {grid.nextRow(0)}, field, Shown(field.label));
         const BoundInput input(field, *row.edit);
         inputs_.push_back(input);
         const auto step = [this, input](int direction) { SpinButtonClick(input, direction); };
@@ -188,9 +189,9 @@ void PagePanel::addInputs(FieldGrid& grid) {
 
 void PagePanel::addSwitches(FieldGrid& grid) {
     for (const SwitchField& field : page_.switches) {
-        auto* box = new QCheckBox(ToQString(field.caption));
+        auto* box = new QCheckBox(Shown(field.caption));
         box->setObjectName(ToQString(field.object));
-        SetHint(*box, ToQString(field.hint));
+        SetHint(*box, Shown(field.hint));
         connect(box, &QCheckBox::clicked, this, [this, &field](bool checked) {
             session_.edit(std::string(field.caption),
                           [&](Design& design) { design.*field.flag = checked; });
@@ -246,9 +247,9 @@ QWidget* PagePanel::withWaves(QWidget* picture) {
 
 void PagePanel::addActions(FieldGrid& grid) {
     for (const ActionField& action : page_.actions) {
-        auto* button = new QPushButton(ToQString(action.caption));
+        auto* button = new QPushButton(Shown(action.caption));
         button->setObjectName(ToQString(action.object));
-        SetHint(*button, ToQString(action.hint));
+        SetHint(*button, Shown(action.hint));
         connect(button, &QPushButton::clicked, this, [this, &action] { runAction(action); });
         grid.layout->addWidget(button, grid.nextRow(0), 0, 1, 2);
     }
@@ -257,10 +258,10 @@ void PagePanel::addActions(FieldGrid& grid) {
 void PagePanel::addOutputs(FieldGrid& grid, int column) {
     for (const OutputField& field : page_.outputs) {
         auto* edit = new OutputEdit(ToQString(field.object), field.editable);
-        edit->setText(ToQString(field.initial));
+        edit->setText(Shown(field.initial));
         SetHint(*edit, OutputHint(field));
         const FieldRow line{&field, new QLabel, edit, new QLabel};
-        SetHint(*line.label, ToQString(field.hint));
+        SetHint(*line.label, Shown(field.hint));
         outputs_.insert(edit->objectName(), edit);
         rows_.push_back(line);
         if (field.hasStandardValues()) {
@@ -304,7 +305,7 @@ QWidget* PagePanel::buildPicture() {
     if (!page_.networks) return nullptr;
     picture_ = new CircuitView;
     picture_->setObjectName(QStringLiteral("Image%1").arg(page_.number));
-    const QString meaning = ToQString(page_.pictureHint);
+    const QString meaning = Shown(page_.pictureHint);
     const QString use =
         tr("A click on a part leads to its field; the context menu copies and saves");
     SetHint(*picture_, meaning.isEmpty() ? use : meaning);

@@ -16,7 +16,7 @@ namespace kelvro {
 namespace {
 
 Status Failure(const char* message) {
-    return Status::Failure(QCoreApplication::translate("PrintPage", message).toStdString());
+    return Status::Failure(message);
 }
 
 Status NotPrinted() {

@@ -9,6 +9,7 @@
 
 #include "ui/design_session.h"
 #include "ui/fields.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -25,7 +26,7 @@ bool Types(const QKeyEvent& key) {
 class RefusalBox : public QMessageBox {
   public:
     RefusalBox(const QString& reason, QWidget* parent)
-        : QMessageBox(Information, QString::fromLatin1(kApplicationTitle), reason, Ok, parent) {
+        : QMessageBox(Information, Shown(kApplicationTitle), reason, Ok, parent) {
         setObjectName(QStringLiteral("RefusalBox"));
         setTextFormat(Qt::PlainText);  // "R2<R1!" is no markup
         setEscapeButton(Ok);

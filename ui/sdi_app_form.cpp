@@ -23,10 +23,12 @@
 #include "io/settings.h"
 #include "ui/fields.h"
 #include "ui/hint_handler.h"
+#include "ui/language.h"
 #include "ui/menus.h"
 #include "ui/page_panel.h"
 #include "ui/shared_panel.h"
 #include "ui/tab_set.h"
+#include "ui/texts.h"
 #include "ui/window_place.h"
 #include "ui/workbench/network_window.h"
 
@@ -35,7 +37,7 @@ namespace kelvro {
 namespace {
 
 constexpr int kPauseBeforeSaving = 1000;  // ms
-constexpr char kFirstCaption[] = "Matching Network and PA Design";
+constexpr char kFirstCaption[] = QT_TRANSLATE_NOOP("kelvro", "Matching Network and PA Design");
 
 }  // namespace
 
@@ -44,7 +46,7 @@ TSDIAppForm::TSDIAppForm(QWidget* parent)
       windows_(session_, *this),
       startProgram_([](const QString& program) { return QProcess::startDetached(program, {}); }) {
     setObjectName(QStringLiteral("TSDIAppForm"));
-    setWindowTitle(QLatin1String(kFirstCaption));
+    setWindowTitle(Shown(kFirstCaption));
     // The window is as large as its contents: no Size, no Maximize.
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     buildContents();
@@ -127,8 +129,15 @@ void TSDIAppForm::SeriesClick(Series series) {
     CheckSeriesItem(*this, series);
 }
 
+void TSDIAppForm::LanguageClick(Language language) {
+    if (language == ChosenLanguage()) return;
+    RememberLanguage(language);
+    session_.showMessage(tr("The windows speak this language from the next start on."));
+}
+
 void TSDIAppForm::ButtonTakeClick() {
-    session_.edit("Take Entries", Take, {.followup = Followup::Results});
+    session_.edit(QT_TRANSLATE_NOOP("kelvro", "Take Entries"), Take,
+                  {.followup = Followup::Results});
 }
 
 void TSDIAppForm::ButtonRoundAllClick() {
@@ -136,7 +145,8 @@ void TSDIAppForm::ButtonRoundAllClick() {
 }
 
 void TSDIAppForm::ButtonTakeAndOptClick() {
-    session_.edit("Take and Optimize", Take, {.followup = Followup::KeptComponents});
+    session_.edit(QT_TRANSLATE_NOOP("kelvro", "Take and Optimize"), Take,
+                  {.followup = Followup::KeptComponents});
 }
 
 void TSDIAppForm::Undo1Click() {
@@ -153,7 +163,7 @@ void TSDIAppForm::Redo1Click() {
 
 void TSDIAppForm::nameSteps() {
     const auto name = [this](const char* item, const QString& verb, const std::string& step) {
-        const QString text = step.empty() ? verb : verb + ' ' + ToQString(step).replace('&', "&&");
+        const QString text = step.empty() ? verb : verb + ' ' + Shown(step).replace('&', "&&");
         if (auto* action = findChild<QAction*>(QLatin1String(item))) action->setText(text);
     };
     name("Undo1", tr("&Undo"), session_.undoName());
@@ -216,11 +226,11 @@ QStringList TSDIAppForm::achievedTexts() const {
     if (ran) {
         texts << tr("achieved fmin=") + ToQString(FormatFixed(9, 4, last.achievedGoal));
         for (const std::string& remark : {last.warning, last.reportProblem}) {
-            if (!remark.empty()) texts << ToQString(remark);
+            if (!remark.empty()) texts << Shown(remark);
         }
     }
     if (const auto achieved = AchievedBy(result)) {
-        texts << ToQString(AchievedText(*achieved, result.bandwidth));
+        texts << Shown(AchievedText(*achieved, result.bandwidth));
     }
     return texts;
 }
@@ -252,7 +262,7 @@ void TSDIAppForm::showResult(const CycleResult& result) {
     if (!result.message) shared_->lockQ(result.text("QEingabe"));
     PagePanel* panel = panels_[static_cast<std::size_t>(notebook_->currentIndex())];
     panel->showResult(result);
-    shared_->showRefusal(QString::fromStdString(result.message.value_or(std::string())));
+    shared_->showRefusal(Shown(result.message.value_or(std::string())));
     for (const FieldText& field : result.texts) {
         const QString object = ToQString(field.object);
         const QString text = QString::fromStdString(field.text);

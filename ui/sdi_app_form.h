@@ -22,6 +22,7 @@ class QStackedWidget;
 namespace kelvro {
 
 class NetworkWindow;
+enum class Language;
 class PagePanel;
 class SharedPanel;
 class TabSet;
@@ -57,6 +58,7 @@ class TSDIAppForm : public QMainWindow {
     void TabSet1Click(int index);
     void SpeedButtonVertauschenClick();
     void SeriesClick(Series series);
+    void LanguageClick(Language language);
     void ButtonTakeClick();
     void ButtonTakeAndOptClick();
     void ButtonRoundAllClick();

@@ -21,6 +21,7 @@
 #include "ui/sdi_app_form.h"
 #include "ui/shared_panel.h"
 #include "ui/tab_set.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -34,23 +35,32 @@ struct PushButton {
 };
 
 constexpr std::array kButtons = {
-    PushButton{"OK", "O&K", "To calculate the circuit", &TSDIAppForm::OKClick},
-    PushButton{"ButtonTake", "Take E&ntries",
-               "Take values now from output fields for graphical display",
-               &TSDIAppForm::ButtonTakeClick},
-    PushButton{"ButtonTakeAndOpt", "Take and Optimi&ze",
-               "Take values from output fields and optimize from there",
-               &TSDIAppForm::ButtonTakeAndOptClick},
-    PushButton{"ButtonRoundAll", "Round &All",
-               "Round all components of the page to the chosen standard series",
+    PushButton{"OK", "O&K", QT_TRANSLATE_NOOP("kelvro", "To calculate the circuit"),
+               &TSDIAppForm::OKClick},
+    PushButton{
+        "ButtonTake", QT_TRANSLATE_NOOP("kelvro", "Take E&ntries"),
+        QT_TRANSLATE_NOOP("kelvro", "Take values now from output fields for graphical display"),
+        &TSDIAppForm::ButtonTakeClick},
+    PushButton{
+        "ButtonTakeAndOpt", QT_TRANSLATE_NOOP("kelvro", "Take and Optimi&ze"),
+        QT_TRANSLATE_NOOP("kelvro", "Take values from output fields and optimize from there"),
+        &TSDIAppForm::ButtonTakeAndOptClick},
+    PushButton{"ButtonRoundAll", QT_TRANSLATE_NOOP("kelvro", "Round &All"),
+               QT_TRANSLATE_NOOP("kelvro",
+                                 "Round all components of the page to the chosen standard series"),
                &TSDIAppForm::ButtonRoundAllClick},
-    PushButton{"ButtonGuide", "Gui&de", "Which optimizer suits, and how long it takes"},
-    PushButton{"SpeedButtonHint", "Circ&uit Hints", "What is worth knowing of this circuit"},
-    PushButton{"SpeedButtonExport", "Expo&rt", "The circuit in the forms that other tools read"},
+    PushButton{"ButtonGuide", QT_TRANSLATE_NOOP("kelvro", "Gui&de"),
+               QT_TRANSLATE_NOOP("kelvro", "Which optimizer suits, and how long it takes")},
+    PushButton{"SpeedButtonHint", QT_TRANSLATE_NOOP("kelvro", "Circ&uit Hints"),
+               QT_TRANSLATE_NOOP("kelvro", "What is worth knowing of this circuit")},
+    PushButton{"SpeedButtonExport", QT_TRANSLATE_NOOP("kelvro", "Expo&rt"),
+               QT_TRANSLATE_NOOP("kelvro", "The circuit in the forms that other tools read")},
     PushButton{"", "", ""},
-    PushButton{"Abbruch", "Ex&it", "Save the settings and end the program",
+    PushButton{"Abbruch", QT_TRANSLATE_NOOP("kelvro", "Ex&it"),
+               QT_TRANSLATE_NOOP("kelvro", "Save the settings and end the program"),
                &TSDIAppForm::ExitClick},
-    PushButton{"Hilfe", "&Help", "The manual"},
+    PushButton{"Hilfe", QT_TRANSLATE_NOOP("kelvro", "&Help"),
+               QT_TRANSLATE_NOOP("kelvro", "The manual")},
 };
 
 /// Shows the contents whole where the window has room for them; else they scroll.
@@ -134,7 +144,7 @@ QWidget* TSDIAppForm::buildNotebook() {
                 &TSDIAppForm::FindBetter1Click);
         // Where the window is small the page scrolls, and all around it stays in sight.
         notebook_->addWidget(new ContentsArea(panels_.back()));
-        captions << ToQString(page.caption);
+        captions << Shown(page.caption);
     }
     tabs_ = new TabSet(QStringLiteral("TabSet1"));
     tabs_->setTabs(captions);
@@ -164,9 +174,9 @@ QWidget* TSDIAppForm::buildButtons() {
             row->addStretch();
             continue;
         }
-        auto* button = new QPushButton(QLatin1String(entry.caption));
+        auto* button = new QPushButton(Shown(entry.caption));
         button->setObjectName(QLatin1String(entry.object));
-        SetHint(*button, QLatin1String(entry.hint));
+        SetHint(*button, Shown(entry.hint));
         button->setMinimumWidth(button->sizeHint().width() + 12);
         if (entry.handler) connect(button, &QPushButton::clicked, this, entry.handler);
         row->addWidget(button);

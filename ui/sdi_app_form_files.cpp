@@ -14,6 +14,7 @@
 #include "design/pages.h"
 #include "io/settings.h"
 #include "ui/sdi_app_form.h"
+#include "ui/texts.h"
 #include "ui/window_place.h"
 #include "ui/workbench/network_window.h"
 
@@ -60,7 +61,7 @@ QString DroppedFile(const QMimeData& data) {
 }  // namespace
 
 void TSDIAppForm::New1Click() {
-    session_.edit("New",
+    session_.edit(QT_TRANSLATE_NOOP("kelvro", "New"),
                   [](Design& design) {
                       const int page = design.page;
                       design = Design();
@@ -89,7 +90,7 @@ void TSDIAppForm::SpeedButtonINILadenClick() {
 
 void TSDIAppForm::openFile(const QString& file) {
     const SettingsRead read = ReadSettings(file, settings());
-    if (!read.message.isEmpty()) session_.showMessage(read.message);
+    if (!read.message.isEmpty()) session_.showMessage(Shown(read.message.toStdString()));
     if (read.status == SettingsRead::Status::Unusable) return;
     applyPreferences(read.settings);
     const auto load = [&](Design& design) {
@@ -132,7 +133,7 @@ void TSDIAppForm::listRecentFiles() {
 }
 
 void TSDIAppForm::showCaption() {
-    const QString product = QStringLiteral("Kelvro - Matching Network and PA Design");
+    const QString product = tr("Kelvro - Matching Network and PA Design");
     const QString name = QFileInfo(file_).fileName();
     setWindowTitle(name.isEmpty() ? product : name + QStringLiteral("[*] - ") + product);
     setWindowModified(!name.isEmpty() && !(session_.design() == saved_));
@@ -158,7 +159,7 @@ void TSDIAppForm::applyPreferences(const Settings& settings) {
 
 bool TSDIAppForm::saveSettings(const QString& file) {
     const SettingsSave saved = WriteSettings(file, settings());
-    if (!saved.message.isEmpty()) session_.showMessage(saved.message);
+    if (!saved.message.isEmpty()) session_.showMessage(Shown(saved.message.toStdString()));
     return saved.status == SettingsSave::Status::Saved;
 }
 

@@ -6,6 +6,7 @@
 #include "design/pages.h"
 #include "ui/fields.h"
 #include "ui/sdi_app_form.h"
+#include "ui/texts.h"
 #include "ui/workbench/network_window.h"
 
 namespace kelvro {
@@ -23,8 +24,8 @@ NetworkWindow* TSDIAppForm::networkWindow() {
 
 void TSDIAppForm::OpenAsNetwork1Click() {
     const auto opened = OpenedNetwork(session_.design());
-    if (!opened) return session_.showMessage(QString::fromStdString(opened.message()));
-    networkWindow()->takeDesign(ToQString(PageOf(session_.design()).caption), *opened);
+    if (!opened) return session_.showMessage(Shown(opened.message()));
+    networkWindow()->takeDesign(Shown(PageOf(session_.design()).caption), *opened);
 }
 
 void TSDIAppForm::OpenProject1Click() {

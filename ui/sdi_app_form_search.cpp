@@ -5,14 +5,15 @@
 #include "ui/fields.h"
 #include "ui/form_proposal.h"
 #include "ui/sdi_app_form.h"
+#include "ui/texts.h"
 #include "ui/workbench/network_window.h"
 
 namespace kelvro {
 
 void TSDIAppForm::FindBetter1Click() {
     auto problem = PageProblem(session_.design());
-    if (!problem) return session_.showMessage(QString::fromStdString(problem.message()));
-    networkWindow()->findFor(ToQString(PageOf(session_.design()).caption), *std::move(problem),
+    if (!problem) return session_.showMessage(Shown(problem.message()));
+    networkWindow()->findFor(Shown(PageOf(session_.design()).caption), *std::move(problem),
                              LossesOf(session_.design()));
 }
 

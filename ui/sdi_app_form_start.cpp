@@ -10,6 +10,7 @@
 #include "advise/keywords.h"
 #include "ui/print_page.h"
 #include "ui/sdi_app_form.h"
+#include "ui/texts.h"
 #include "ui/workbench/network_window.h"
 
 namespace kelvro {
@@ -34,8 +35,7 @@ void TSDIAppForm::readArguments(const QStringList& arguments) {
     }
     const KeywordPreset preset = ReadKeywords(texts);
     session_.optimizer().settings = preset.settings;
-    for (const std::string& message : preset.messages)
-        session_.showMessage(QString::fromStdString(message));
+    for (const std::string& message : preset.messages) session_.showMessage(Shown(message));
 }
 
 QPrinter& TSDIAppForm::printer() {
@@ -64,7 +64,7 @@ void TSDIAppForm::Druckereinstellung1Click() {
 
 void TSDIAppForm::printOn(QPrinter& target) {
     if (const auto printed = PrintPage(target, size(), DrawingOf(*this)); !printed) {
-        session_.showMessage(QString::fromStdString(printed.message()));
+        session_.showMessage(Shown(printed.message()));
     }
 }
 

@@ -14,6 +14,7 @@
 #include "ui/form_row.h"
 #include "ui/plot/icons.h"
 #include "ui/plot/value_spin.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -180,13 +181,15 @@ QWidget* SharedPanel::buildSeries() {
     auto* column = new QVBoxLayout(box);
     column->setContentsMargins(10, 4, 10, 4);
     column->setSpacing(0);
-    static constexpr const char* kCaptions[] = {"E&6 Series (20%)", "E1&2 Series (10%)",
-                                                "E2&4 Series (5%)", "E4&8 Series (2%)",
-                                                "E&96 Series (1%)"};
+    static constexpr const char* kCaptions[] = {QT_TRANSLATE_NOOP("kelvro", "E&6 Series (20%)"),
+                                                QT_TRANSLATE_NOOP("kelvro", "E1&2 Series (10%)"),
+                                                QT_TRANSLATE_NOOP("kelvro", "E2&4 Series (5%)"),
+                                                QT_TRANSLATE_NOOP("kelvro", "E4&8 Series (2%)"),
+                                                QT_TRANSLATE_NOOP("kelvro", "E&96 Series (1%)")};
     static constexpr const char* kNames[] = {"E6Button", "E12Button", "E24Button", "E48Button",
                                              "E96Button"};
     for (int i = 0; i < 5; ++i) {
-        auto* button = new QRadioButton(tr(kCaptions[i]));
+        auto* button = new QRadioButton(Shown(kCaptions[i]));
         button->setObjectName(QLatin1String(kNames[i]));
         SetHint(*button, tr("Series that component values are rounded to"));
         LetShrink(*button);
@@ -254,7 +257,8 @@ void SharedPanel::SpinButtonClick(const BoundInput& input, int direction) {
 }
 
 void SharedPanel::CheckBoxQClick(bool checked) {
-    session_.edit("Q by d", [=](Design& design) { design.QByBandwidth = checked; });
+    session_.edit(QT_TRANSLATE_NOOP("kelvro", "Q by d"),
+                  [=](Design& design) { design.QByBandwidth = checked; });
 }
 
 void SharedPanel::writeInputs() {

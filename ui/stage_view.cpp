@@ -17,6 +17,7 @@
 #include "ui/mnemonics.h"
 #include "ui/plot/design_host.h"
 #include "ui/plot/plot_image.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -41,7 +42,7 @@ void Fill(QTableWidget& table, const TextRows& rows) {
     table.setColumnCount(rows.empty() ? 0 : static_cast<int>(rows.front().size()));
     for (std::size_t i = 0; i < rows.size(); ++i) {
         for (std::size_t j = 0; j < rows[i].size(); ++j) {
-            auto* item = new QTableWidgetItem(QString::fromStdString(rows[i][j]));
+            auto* item = new QTableWidgetItem(Shown(rows[i][j]));
             const int column = static_cast<int>(j);
             if (i == 0) {
                 table.setHorizontalHeaderItem(column, item);
@@ -99,7 +100,7 @@ void StageView::showStage(const CycleResult& result) {
 void StageView::ButtonNgspiceClick() {
     if (simulation_) return;
     auto prepared = ExportAsShown(host_);
-    if (!prepared) return host_.showMessage(QString::fromStdString(prepared.message()));
+    if (!prepared) return host_.showMessage(Shown(prepared.message()));
     run_->setEnabled(false);
     run_->setText(tr("ngspice is running..."));
     auto comparison = std::make_shared<Comparison>(Status::Failure("ngspice was stopped"));
@@ -117,7 +118,7 @@ void StageView::ButtonNgspiceClick() {
 }
 
 void StageView::showComparison(const Comparison& comparison) {
-    if (!comparison) return host_.showMessage(QString::fromStdString(comparison.message()));
+    if (!comparison) return host_.showMessage(Shown(comparison.message()));
     auto* dialog = new QDialog(this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setObjectName(QStringLiteral("TNgspiceDlg"));

@@ -2,6 +2,7 @@
 # message boxes and files. To be sourced with the script's arguments; the first is the program.
 set -eu
 export LC_ALL=C.UTF-8  # xdotool types µ in no other
+unset LANGUAGE          # the windows speak English
 program=$1
 for tool in xvfb-run xdotool python3; do
   command -v $tool >/dev/null || { echo "skipped: no $tool"; exit 77; }

@@ -7,6 +7,7 @@
 #include "design/pages.h"
 #include "ui/fields.h"
 #include "ui/help/page_hints.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -28,7 +29,7 @@ void TCircuitHintsDlg::showPage() {
     if (page_ == host_.design().page) return;
     page_ = host_.design().page;
     const Page& page = PageOf(page_);
-    setWindowTitle(tr("Circuit Hints: %1").arg(ToQString(page.caption)));
+    setWindowTitle(tr("Circuit Hints: %1").arg(Shown(page.caption)));
     text_->setHtml(HintHtml(page));
 }
 

@@ -6,6 +6,7 @@
 #include "core/number_text.h"
 #include "design/pages.h"
 #include "ui/help/page_hints.h"
+#include "ui/texts.h"
 
 /// The chapters lie in a static library, whose resources the linker drops unless they are named.
 static void LoadChapters() {
@@ -16,12 +17,8 @@ namespace kelvro {
 
 namespace {
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QString Escaped(std::string_view text) {
-    return Text(text).toHtmlEscaped();
+    return Shown(text).toHtmlEscaped();
 }
 
 QString FieldRow(std::string_view label, std::string_view unit, const QString& remark) {
@@ -48,7 +45,8 @@ QString PageHtml(const Page& page) {
         html += QStringLiteral("<p><i>%1</i></p>").arg(Escaped(note.text));
     }
     html += HintHtml(page);
-    html += QStringLiteral("<h3>Fields</h3><table border='1' cellspacing='0' cellpadding='4'>");
+    html += QStringLiteral("<h3>%1</h3><table border='1' cellspacing='0' cellpadding='4'>")
+                .arg(QObject::tr("Fields"));
     for (const InputField& field : page.inputs) {
         html += FieldRow(field.label, field.unit, InputRemark(field));
     }
@@ -64,8 +62,8 @@ QString PageHtml(const Page& page) {
     }
     html += QStringLiteral("</table>");
     if (!page.transferText.empty()) {
-        html += QStringLiteral("<h3>Transfer function</h3><p>%1</p><p>G[1] = 1/R1, G[2] = 1/R2</p>")
-                    .arg(Escaped(page.transferText));
+        html += QStringLiteral("<h3>%1</h3><p>%2</p><p>G[1] = 1/R1, G[2] = 1/R2</p>")
+                    .arg(QObject::tr("Transfer function"), Escaped(page.transferText));
     }
     return html;
 }
@@ -89,7 +87,7 @@ std::vector<ManualTopic> Topics() {
                                        {"network-compare", QObject::tr("Compare two variants")},
                                        {"command-line", QObject::tr("Command line")}};
     for (const Page& page : Pages())
-        topics.push_back({TopicOfPage(page.number), Text(page.caption)});
+        topics.push_back({TopicOfPage(page.number), Shown(page.caption)});
     return topics;
 }
 

@@ -4,8 +4,9 @@ namespace kelvro {
 
 TFormPhi::TFormPhi(DesignHost& host, QWidget* parent)
     : PlotForm(host,
-               {PlotWindow::Phase, "TFormPhi", tr("Phase Response"), "Bitmap Dateien (*.bmp)|*.bmp",
-                "Meta Dateien (*.wmf)|*.wmf"},
+               {PlotWindow::Phase, "TFormPhi", tr("Phase Response"),
+                QT_TRANSLATE_NOOP("kelvro", "Bitmap Dateien (*.bmp)|*.bmp"),
+                QT_TRANSLATE_NOOP("kelvro", "Meta Dateien (*.wmf)|*.wmf")},
                TraceOf("phi"), parent) {
     buildMonteCarloButtons();
 }

@@ -10,8 +10,9 @@ namespace kelvro {
 
 TFormVu::TFormVu(DesignHost& host, QWidget* parent)
     : PlotForm(host,
-               {PlotWindow::Gain, "TFormVu", tr("Gain"), "Bitmap Files (*.bmp)|*.bmp",
-                "Meta Files (*.wmf)|*.wmf"},
+               {PlotWindow::Gain, "TFormVu", tr("Gain"),
+                QT_TRANSLATE_NOOP("kelvro", "Bitmap Files (*.bmp)|*.bmp"),
+                QT_TRANSLATE_NOOP("kelvro", "Meta Files (*.wmf)|*.wmf")},
                TraceOf("v"), parent) {
     buildQuantityButtons();
     buildMonteCarloButtons();

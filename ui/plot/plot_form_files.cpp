@@ -23,6 +23,7 @@
 #include "ui/plot/plot_form.h"
 #include "ui/plot/plot_image.h"
 #include "ui/print_page.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -41,7 +42,7 @@ QString PlotForm::askFileName(const SaveDialog& asked) {
     QFileDialog dialog(this);
     dialog.setObjectName(asked.name);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(NameFilter(asked.filter));
+    dialog.setNameFilter(NameFilter(Shown(asked.filter.toStdString())));
     dialog.setDefaultSuffix(asked.suffix);
     dialog.selectFile(asked.startName);
     while (dialog.exec() == QDialog::Accepted) {
@@ -61,7 +62,7 @@ QString PlotForm::savePicture(const SaveDialog& asked, PictureFormat format) {
     // Bitmaps as sharp as on the screen.
     const double scale = devicePixelRatioF();
     if (const auto saved = SavePicture(path, format, sheet.size, sheet.drawing(), scale); !saved) {
-        host_.showMessage(QString::fromStdString(saved.message()));
+        host_.showMessage(Shown(saved.message()));
         return {};
     }
     return path;
@@ -113,48 +114,55 @@ void PlotForm::SaveWMF1Click() {
 }
 
 void PlotForm::SaveasJPEG1Click() {
-    savePicture({"SaveDialogJPEG", "JPEG Files (*.jpg)|*.jpg", "jpg", "graph.jpg"},
+    savePicture({"SaveDialogJPEG", QT_TRANSLATE_NOOP("kelvro", "JPEG Files (*.jpg)|*.jpg"), "jpg",
+                 "graph.jpg"},
                 PictureFormat::Jpeg);
 }
 
 void PlotForm::SaveasGIF1Click() {
-    savePicture({"SaveDialogGIF", "GIF Files (*.gif)|*.gif", "gif", "graph.gif"},
+    savePicture({"SaveDialogGIF", QT_TRANSLATE_NOOP("kelvro", "GIF Files (*.gif)|*.gif"), "gif",
+                 "graph.gif"},
                 PictureFormat::Gif);
 }
 
 void PlotForm::SaveasPNG1Click() {
-    savePicture({"SaveDialogPNG", "PNG Files (*.png)|*.png", "png", "graph.png"},
+    savePicture({"SaveDialogPNG", QT_TRANSLATE_NOOP("kelvro", "PNG Files (*.png)|*.png"), "png",
+                 "graph.png"},
                 PictureFormat::Png);
 }
 
 void PlotForm::SaveasSVG1Click() {
-    savePicture({"SaveDialogSVG", "SVG Files (*.svg)|*.svg", "svg", "graph.svg"},
+    savePicture({"SaveDialogSVG", QT_TRANSLATE_NOOP("kelvro", "SVG Files (*.svg)|*.svg"), "svg",
+                 "graph.svg"},
                 PictureFormat::Svg);
 }
 
 void PlotForm::SaveasPDF1Click() {
-    savePicture({"SaveDialogPDF", "PDF Files (*.pdf)|*.pdf", "pdf", "graph.pdf"},
+    savePicture({"SaveDialogPDF", QT_TRANSLATE_NOOP("kelvro", "PDF Files (*.pdf)|*.pdf"), "pdf",
+                 "graph.pdf"},
                 PictureFormat::Pdf);
 }
 
 void PlotForm::SaveasTable1Click() {
-    const QString path = askFileName({"SaveDialogTabelle", "Table File|*.tab", "TAB", "*.TAB"});
+    const QString path = askFileName(
+        {"SaveDialogTabelle", QT_TRANSLATE_NOOP("kelvro", "Table File|*.tab"), "TAB", "*.TAB"});
     if (path.isEmpty()) return;
     const Axis& x = view().x;
     const std::string table =
         ResponseTable(host_.design(), x.min, x.max, x.mode == AxisMode::Logarithmic);
     if (const auto saved = WriteAtomically(path, QByteArray::fromStdString(table)); !saved) {
-        host_.showMessage(QString::fromStdString(saved.message()));
+        host_.showMessage(Shown(saved.message()));
     }
 }
 
 void PlotForm::SaveasCSV1Click() {
     const QString path =
-        askFileName({"SaveDialogCSV", "CSV Files (*.csv)|*.csv", "csv", "graph.csv"});
+        askFileName({"SaveDialogCSV", QT_TRANSLATE_NOOP("kelvro", "CSV Files (*.csv)|*.csv"), "csv",
+                     "graph.csv"});
     if (path.isEmpty()) return;
     const QByteArray numbers = QByteArray::fromStdString(shownNumbers(','));
     if (const auto written = WriteAtomically(path, numbers); !written) {
-        host_.showMessage(QString::fromStdString(written.message()));
+        host_.showMessage(Shown(written.message()));
     }
 }
 
@@ -180,7 +188,7 @@ void PlotForm::Print1Click() {
 void PlotForm::print(QPrinter& printer) {
     const Sheet sheet = sheetFor(true);
     if (const auto printed = PrintPage(printer, sheet.size, sheet.drawing()); !printed) {
-        host_.showMessage(QString::fromStdString(printed.message()));
+        host_.showMessage(Shown(printed.message()));
     }
 }
 

@@ -8,21 +8,23 @@
 
 #include "ui/plot/plot_form.h"
 #include "ui/plot/plot_image.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
 namespace {
 
-constexpr const char* kZoneHints[] = {"",
-                                      "Click to set xmin",
-                                      "Click to set xmax",
-                                      "Click to set ymin",
-                                      "Click to set ymax",
-                                      "Click to set ymin of the right axis",
-                                      "Click to set ymax of the right axis"};
+constexpr const char* kZoneHints[] = {
+    "",
+    QT_TRANSLATE_NOOP("kelvro", "Click to set xmin"),
+    QT_TRANSLATE_NOOP("kelvro", "Click to set xmax"),
+    QT_TRANSLATE_NOOP("kelvro", "Click to set ymin"),
+    QT_TRANSLATE_NOOP("kelvro", "Click to set ymax"),
+    QT_TRANSLATE_NOOP("kelvro", "Click to set ymin of the right axis"),
+    QT_TRANSLATE_NOOP("kelvro", "Click to set ymax of the right axis")};
 
 /// Name of the step in the menu.
-constexpr const char* kPan = "Pan";
+constexpr const char* kPan = QT_TRANSLATE_NOOP("kelvro", "Pan");
 
 }  // namespace
 
@@ -32,7 +34,7 @@ void PlotForm::showReadOut(WorldPoint place) {
 }
 
 void PlotForm::moveCursor(Zone zone, bool inside) {
-    image_->setToolTip(tr(kZoneHints[static_cast<std::size_t>(zone)]));
+    image_->setToolTip(Shown(kZoneHints[static_cast<std::size_t>(zone)]));
     if (zone == Zone::XStart || zone == Zone::XEnd) {
         image_->setCursor(Qt::SizeHorCursor);
     } else if (zone != Zone::None) {
@@ -89,7 +91,7 @@ void PlotForm::ImageMouseUp(QMouseEvent* event) {
     const auto zoomed =
         DragZoomed(view(), frame.toWorld(start.x(), start.y()), frame.toWorld(end.x(), end.y()));
     if (zoomed) {
-        editView(*zoomed, "Zoom");
+        editView(*zoomed, QT_TRANSLATE_NOOP("kelvro", "Zoom"));
     } else {
         redraw();
     }
@@ -112,7 +114,8 @@ void PlotForm::ImageMouseWheel(QWheelEvent* event) {
         views_.close();
         wheelPause_.start();
     }
-    editView(ZoomedView(view(), factor, fixed, axes, host_.design().fo), "Zoom", "wheel");
+    editView(ZoomedView(view(), factor, fixed, axes, host_.design().fo),
+             QT_TRANSLATE_NOOP("kelvro", "Zoom"), "wheel");
     event->accept();
 }
 

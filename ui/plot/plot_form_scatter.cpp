@@ -12,6 +12,7 @@
 #include "core/number_text.h"
 #include "ui/plot/plot_form.h"
 #include "ui/plot/plot_image.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -23,15 +24,17 @@ void PlotForm::buildMonteCarloButtons() {
         void (PlotForm::*handler)();
     };
     constexpr std::array kButtons{
-        Button{"SpeedButtonMC", "MC", "One Monte Carlo run within the tolerances",
+        Button{"SpeedButtonMC", "MC",
+               QT_TRANSLATE_NOOP("kelvro", "One Monte Carlo run within the tolerances"),
                &PlotForm::SpeedButtonMCClick},
-        Button{"SpeedButtonMC10", "10", "Ten Monte Carlo runs", &PlotForm::SpeedButtonMC10Click},
-        Button{"SpeedButtonMC100", "100", "A hundred Monte Carlo runs",
+        Button{"SpeedButtonMC10", "10", QT_TRANSLATE_NOOP("kelvro", "Ten Monte Carlo runs"),
+               &PlotForm::SpeedButtonMC10Click},
+        Button{"SpeedButtonMC100", "100", QT_TRANSLATE_NOOP("kelvro", "A hundred Monte Carlo runs"),
                &PlotForm::SpeedButtonMC100Click},
     };
     toolBar().addSeparator();
     for (const Button& entry : kButtons) {
-        QToolButton* button = addToolButton(entry.name, "scatter", tr(entry.hint));
+        QToolButton* button = addToolButton(entry.name, "scatter", Shown(entry.hint));
         button->setText(entry.text);
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         connect(button, &QToolButton::clicked, this, entry.handler);

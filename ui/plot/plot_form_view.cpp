@@ -47,17 +47,19 @@ void PlotForm::Standardgroesse1Click() {
 void PlotForm::Autoskalierung1Click() {
     View view = plot_.view;
     view.x = AutoscaledX(view.x, samples().validX());
-    editView(AutoscaledToTraces(host_.design(), plot_.traces, view), "Autoscale");
+    editView(AutoscaledToTraces(host_.design(), plot_.traces, view),
+             QT_TRANSLATE_NOOP("kelvro", "Autoscale"));
 }
 
 void PlotForm::xAutoskalierung1Click() {
     View view = plot_.view;
     view.x = AutoscaledX(view.x, samples().validX());
-    editView(view, "Autoscale of x");
+    editView(view, QT_TRANSLATE_NOOP("kelvro", "Autoscale of x"));
 }
 
 void PlotForm::yAutoskalierung1Click() {
-    editView(AutoscaledToTraces(host_.design(), plot_.traces, plot_.view), "Autoscale of y");
+    editView(AutoscaledToTraces(host_.design(), plot_.traces, plot_.view),
+             QT_TRANSLATE_NOOP("kelvro", "Autoscale of y"));
 }
 
 void PlotForm::xlog1Click() {
@@ -72,7 +74,7 @@ void PlotForm::Ursprungfestlegen1Click() {
     View view = plot_.view;
     if (const auto x = askValue(XOriginEdit(view), Zone::XStart, at)) view.x.origin = *x;
     if (const auto y = askValue(YOriginEdit(view), Zone::YStart, at)) view.y.origin = *y;
-    editView(view, "Origin");
+    editView(view, QT_TRANSLATE_NOOP("kelvro", "Origin"));
 }
 
 /// The stop that is read, else fo, as far as it is in view: what a zoom is about.
@@ -92,7 +94,8 @@ void PlotForm::zoomAll(double factor) {
         const double atFo = leading().value(TraceSource(host_.design()), fo);
         centre = OutwardCentre(view(), centre, {fo, atFo});
     }
-    editView(ZoomedView(view(), factor, centre, ZoomOf::Both, fo), "Zoom");
+    editView(ZoomedView(view(), factor, centre, ZoomOf::Both, fo),
+             QT_TRANSLATE_NOOP("kelvro", "Zoom"));
 }
 
 void PlotForm::ZoomInButtonClick() {
@@ -104,7 +107,8 @@ void PlotForm::ZoomOutButtonClick() {
 }
 
 void PlotForm::Home1Click() {
-    editView(DefaultView(plot_.traces, TraceSource(host_.design())), "Home View");
+    editView(DefaultView(plot_.traces, TraceSource(host_.design())),
+             QT_TRANSLATE_NOOP("kelvro", "Home View"));
 }
 
 void PlotForm::UndoView1Click() {
@@ -128,7 +132,8 @@ void PlotForm::showUndoState() {
 void PlotForm::AxisLimits1Click() {
     const Trace* right = RightTrace(plot_.traces);
     AxisLimitsDialog dialog(view(), host_.design().fo, leading(), right, this);
-    if (dialog.exec() == QDialog::Accepted) editView(dialog.view(), "Axis Limits");
+    if (dialog.exec() == QDialog::Accepted)
+        editView(dialog.view(), QT_TRANSLATE_NOOP("kelvro", "Axis Limits"));
 }
 
 void PlotForm::DotButtonClick() {
@@ -160,7 +165,9 @@ std::optional<double> PlotForm::askValue(const ValueEdit& edit, Zone zone, QPoin
 void PlotForm::editEnd(Zone zone, QPoint at) {
     const ValueEdit edit = EndEdit(view(), zone, host_.design().fo);
     const auto value = askValue(edit, zone, at);
-    if (value) editView(WithEnd(view(), zone, *value, host_.design().fo), "Axis Limits");
+    if (value)
+        editView(WithEnd(view(), zone, *value, host_.design().fo),
+                 QT_TRANSLATE_NOOP("kelvro", "Axis Limits"));
 }
 
 }  // namespace kelvro
