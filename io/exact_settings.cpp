@@ -19,6 +19,7 @@ namespace kelvro {
 namespace {
 
 constexpr const char* kSection = "Design";
+constexpr const char* kVersion = "Version";
 constexpr const char* kByDrop = "Q by d";
 constexpr const char* kSwapped = "L <--> C";
 constexpr const char* kRatio = "v";
@@ -188,6 +189,11 @@ void ReadPreferences(const Section& section, Settings& settings) {
 
 }  // namespace
 
+int VersionOf(const ProfileText& profile) {
+    const auto version = Section(profile).number(kVersion);
+    return version && *version > 1 ? static_cast<int>(std::min(*version, 1e9)) : 1;
+}
+
 void WriteExact(const Settings& settings, ProfileText& profile) {
     const Design& design = settings.design;
     const auto set = [&](std::string_view key, const std::string& text) {
@@ -197,6 +203,7 @@ void WriteExact(const Settings& settings, ProfileText& profile) {
         for (const InputField& field : inputs)
             set(field.object, FormatShortest(field.stored(design)));
     };
+    set(kVersion, std::to_string(kSettingsVersion));
     set(kByDrop, YesOrNo(design.QByBandwidth));
     set(kSwapped, YesOrNo(design.LCSwapped));
     setInputs(SharedInputs());

@@ -14,8 +14,6 @@ namespace kelvro {
 
 namespace {
 
-constexpr std::uintmax_t kLargestProject = 64 * 1024 * 1024;
-
 Json NetworkJson(const Network& network, Json json) {
     if (!json.is_object()) json = Json::object();
     json["source"] = ImpedanceText(network.source);
@@ -217,10 +215,10 @@ bool IsAsSaved(const Project& project, const std::string& name, const std::files
 }
 
 Status WriteProject(const std::filesystem::path& path, const Project& project) {
-    if (project.readOnly) {
-        return Status::Failure(
-            "this project was written by a later version of Kelvro and cannot be "
-            "saved by this one");
+    if (IsOfLaterVersion(path)) {
+        return Status::Failure(path.filename().string() +
+                               " was written by a later version of Kelvro and stays as it is: save "
+                               "under another name");
     }
     const std::string text = ProjectText(project, std::filesystem::absolute(path).parent_path());
     return WriteAtomically(QString::fromStdString(path.string()), QByteArray::fromStdString(text));

@@ -61,7 +61,7 @@ struct Project {
     std::map<std::string, std::filesystem::path> linkedData;
     /// The whole file as read, for the keys of others; empty for a new project.
     Json document = Json::object();
-    /// Written by a later version: what is known of it can be looked at, not saved.
+    /// Written by a later version: what is known of it can be looked at, and saved elsewhere.
     bool readOnly = false;
     std::vector<std::string> messages = {};  ///< for the user: later versions, odd data
     std::vector<DataProblem> dataProblems = {};
@@ -71,7 +71,8 @@ struct Project {
 /// none: they are there without samples, and stay what the project says of them when it is written.
 Result<Project> ReadProject(const std::filesystem::path& path);
 
-/// Writes the file as a whole; the old one stays where that fails. A read-only project is refused.
+/// Writes the file as a whole; the old one stays where that fails. Fails where the file there is
+/// one of a later version, which knows more than this one would write.
 Status WriteProject(const std::filesystem::path& path, const Project& project);
 
 /// Is a file what the project, as it was read, had under that name? True where it does not say.

@@ -31,6 +31,12 @@ int Nesting(const std::string& text) {
     return deepest;
 }
 
+/// The version that a document says it has; 0 without one.
+std::int64_t VersionOf(const Json& document) {
+    const Json& version = document.value("version", Json());
+    return version.is_number_integer() ? version.get<std::int64_t>() : 0;
+}
+
 /// Reads a document member by member; the first failure is kept with its place.
 class ProjectReader {
   public:
@@ -48,6 +54,8 @@ class ProjectReader {
         if (failure_.ok()) readMarkers();
         if (!failure_.ok()) return failure_;
         for (const std::string& warning : files_.warnings()) project_.messages.push_back(warning);
+        // What only a later version understands does not go into a file of this one.
+        if (project_.readOnly) project_.document = Json::object();
         return std::move(project_);
     }
 
@@ -75,15 +83,14 @@ class ProjectReader {
     }
 
     void readVersion() {
-        const Json& version = project_.document.value("version", Json());
-        if (!version.is_number_integer() || version.get<std::int64_t>() < 1) {
-            return fail("version", "expected the version of a Kelvro project");
-        }
-        if (version.get<std::int64_t>() <= kProjectVersion) return;
+        const std::int64_t version = VersionOf(project_.document);
+        if (version < 1) return fail("version", "expected the version of a Kelvro project");
+        if (version <= kProjectVersion) return;
         project_.readOnly = true;
-        project_.messages.push_back(name_ +
-                                    " was written by a later version of Kelvro; it can be "
-                                    "looked at but not saved");
+        project_.messages.push_back(
+            name_ +
+            " was written by a later version of Kelvro: what this one knows "
+            "of it is shown, and can be saved under another name");
     }
 
     void readData() {
@@ -302,6 +309,15 @@ class ProjectReader {
 };
 
 }  // namespace
+
+bool IsOfLaterVersion(const std::filesystem::path& path) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(path, error);
+    const auto content = error || size > kLargestProject ? std::nullopt : ContentOf(path);
+    if (!content || Nesting(*content) > kDeepest) return false;
+    const Json document = Json::parse(*content, nullptr, false);
+    return document.is_object() && VersionOf(document) > kProjectVersion;
+}
 
 Result<Project> ParseProject(const std::string& text, const std::filesystem::path& folder,
                              const std::string& name) {

@@ -2,6 +2,7 @@
 
 #include <QCryptographicHash>
 #include <array>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -15,6 +16,7 @@
 
 namespace kelvro {
 
+inline constexpr std::uintmax_t kLargestProject = 64 * 1024 * 1024;
 /// In the order of Tunable::Quantity.
 inline constexpr std::array<std::string_view, 6> kQuantityWords{"value",     "angle", "length",
                                                                 "impedance", "turns", "coupling"};
@@ -36,5 +38,8 @@ inline std::optional<std::string> ContentOf(const std::filesystem::path& path) {
     if (!stream) return std::nullopt;
     return text.str();
 }
+
+/// Is there a project that knows more than this program would write?
+bool IsOfLaterVersion(const std::filesystem::path& path);
 
 }  // namespace kelvro

@@ -310,12 +310,21 @@ SettingsRead ReadSettings(const QString& file, Settings settings) {
     }
     if (existing.kind == ExistingFile::Kind::Missing) read.status = SettingsRead::Status::Missing;
     read.whole = ReadAll(existing.profile, read.settings);
+    read.later = VersionOf(existing.profile) > kSettingsVersion;
+    if (read.later)
+        read.message =
+            QStringLiteral(
+                "\"%1\" was written by a later version of Kelvro. What this one knows of it "
+                "is taken over; the file itself stays as it is.")
+                .arg(file);
     return read;
 }
 
 SettingsSave WriteSettings(const QString& file, const Settings& settings) {
     ExistingFile existing = Examine(file);
     if (existing.kind == ExistingFile::Kind::NoFile) return Failed(file, existing.reason);
+    if (VersionOf(existing.profile) > kSettingsVersion)
+        return Failed(file, QStringLiteral("it was written by a later version of Kelvro"));
     for (const SettingsLine& line : Lines())
         existing.profile.set(kSection, std::string(line.key).c_str(), TextOf(line, settings));
     WriteExact(settings, existing.profile);

@@ -32,9 +32,11 @@ struct SettingsRead {
     };
     Status status = Status::Read;
     Settings settings;
-    QString message;  ///< for the user, empty when read or missing
+    QString message;  ///< for the user, empty when there is nothing to say
     /// The file holds the whole design as it was written, its components too.
     bool whole = false;
+    /// Written by a later version: what is known of it was read, and it is not written again.
+    bool later = false;
 };
 
 /// The settings with the values of a file in place of its own. What a file does not name stays as
@@ -52,7 +54,8 @@ struct SettingsSave {
 
 /// Writes the settings into a file, whole or not at all. Other sections, unknown keys
 /// and comments of an existing file stay in it; a file that is not understood in full is kept
-/// aside as "name.bak". Missing folders are made.
+/// aside as "name.bak". Missing folders are made. A file of a later version is left as it is, which
+/// counts as failed.
 SettingsSave WriteSettings(const QString& file, const Settings& settings);
 
 /// kelvro/kelvro.ini in the user's configuration folder.

@@ -225,39 +225,12 @@ Möchten Sie die Datei ersetzen?</translation>
         <translation>1-dB-Bandbreite %1 (%2 bis %3)</translation>
     </message>
     <message>
-        <source>no data</source>
-        <translation>keine Daten</translation>
-    </message>
-    <message>
         <source>%1 points, %2 to %3</source>
         <translation>%1 Punkte, %2 bis %3</translation>
     </message>
-</context>
-<context>
-    <name>SearchChoices</name>
     <message>
-        <source>Inductors</source>
-        <translation>Spulen</translation>
-    </message>
-    <message>
-        <source>Capacitors</source>
-        <translation>Kondensatoren</translation>
-    </message>
-    <message>
-        <source>Traps</source>
-        <translation>Fallen</translation>
-    </message>
-    <message>
-        <source>Lines</source>
-        <translation>Leitungen</translation>
-    </message>
-    <message>
-        <source>Stubs</source>
-        <translation>Stichleitungen</translation>
-    </message>
-    <message>
-        <source>Transformers</source>
-        <translation>Übertrager</translation>
+        <source>its file is missing</source>
+        <translation>ihre Datei fehlt</translation>
     </message>
 </context>
 <context>
@@ -605,7 +578,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>&amp;Copy window contents to clipboard</source>
-        <translation>Fensterinhalt in die Zwischenablage &amp;kopieren</translation>
+        <translation>Fensterinhalt in die Zwis&amp;chenablage kopieren</translation>
     </message>
     <message>
         <source>Save INI file</source>
@@ -1133,7 +1106,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>Output Power P</source>
-        <translation>Ausgangsleistung P</translation>
+        <translation>Leistung P</translation>
     </message>
     <message>
         <source>Power to be delivered at fo</source>
@@ -1141,7 +1114,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>Supply Voltage Ub</source>
-        <translation>Versorgungsspannung Ub</translation>
+        <translation>Versorgung Ub</translation>
     </message>
     <message>
         <source>Supply of the stage</source>
@@ -1149,7 +1122,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>Saturation Voltage Usat</source>
-        <translation>Sättigungsspannung Usat</translation>
+        <translation>Sättigung Usat</translation>
     </message>
     <message>
         <source>Voltage that the switched-on transistor keeps; lower than Ub</source>
@@ -1365,7 +1338,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>matched at both ends; build either the T or the Pi</source>
-        <translation>beidseitig angepasst; bauen Sie entweder das T oder das Pi</translation>
+        <translation>beidseitig angepasst; T oder Pi bauen</translation>
     </message>
     <message>
         <source>Both have the same attenuation at every frequency</source>
@@ -1373,7 +1346,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>Voltage Ratio v=V2/V1</source>
-        <translation>Spannungsverhältnis v=V2/V1</translation>
+        <translation>Spannungsverh. v=V2/V1</translation>
     </message>
     <message>
         <source>Wanted ratio of load to source voltage; unequal resistances set an upper limit</source>
@@ -1573,7 +1546,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>For R1&lt;R2, low-pass, refined over a band</source>
-        <translation>Für R1&lt;R2, Tiefpass, über ein Band verfeinert</translation>
+        <translation>Für R1&lt;R2, Tiefpass, im Band verfeinert</translation>
     </message>
     <message>
         <source>Q up to 0.21: broad band; larger Q: the loaded Q is kept</source>
@@ -1653,7 +1626,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>Power with Losses</source>
-        <translation>Leistung mit Verlusten</translation>
+        <translation>Leistung real</translation>
     </message>
     <message>
         <source>Power in R where all parts but the choke have the element Q</source>
@@ -1661,7 +1634,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>Efficiency with Losses</source>
-        <translation>Wirkungsgrad mit Verlusten</translation>
+        <translation>Wirkungsgrad real</translation>
     </message>
     <message>
         <source>Power in R over power from the supply, the parts with the element Q</source>
@@ -1669,7 +1642,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>Load that the stage needs; match it to your real load with another page</source>
-        <translation>Last, die die Stufe braucht; passen Sie sie mit einer anderen Seite an Ihre wirkliche Last an</translation>
+        <translation>Last, die die Stufe braucht; passen Sie sie mit einer anderen Seite an die wirkliche Last an</translation>
     </message>
     <message>
         <source>Supply choke; the other parts allow for its ripple</source>
@@ -1717,7 +1690,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>50 % duty, switch driven at fo</source>
-        <translation>Tastverhältnis 50 %, Schalter mit fo gesteuert</translation>
+        <translation>Tastgrad 50 %, gesteuert mit fo</translation>
     </message>
     <message>
         <source>The switch closes at zero voltage and slope</source>
@@ -1725,7 +1698,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>P is that of parts without loss</source>
-        <translation>P gilt für Bauteile ohne Verluste</translation>
+        <translation>P gilt ohne Verluste</translation>
     </message>
     <message>
         <source>What R takes from fo and all harmonics; the fields below tell what real parts leave</source>
@@ -2197,7 +2170,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>A real coil or capacitor, as it acts at fo</source>
-        <translation>Eine wirkliche Spule oder ein wirklicher Kondensator, wie er bei fo wirkt</translation>
+        <translation>Wirkliche Spule oder Kondensator bei fo</translation>
     </message>
     <message>
         <source>Set fo above</source>
@@ -3984,14 +3957,6 @@ Möchten Sie die Datei ersetzen?</translation>
         <translation>erwartet: die Version eines Kelvro-Projekts</translation>
     </message>
     <message>
-        <source>%1 was written by a later version of Kelvro; it can be looked at but not saved</source>
-        <translation>%1 wurde von einer neueren Version von Kelvro geschrieben; es lässt sich ansehen, aber nicht sichern</translation>
-    </message>
-    <message>
-        <source>this project was written by a later version of Kelvro and cannot be saved by this one</source>
-        <translation>dieses Projekt wurde von einer neueren Version von Kelvro geschrieben und kann von dieser nicht gesichert werden</translation>
-    </message>
-    <message>
         <source>an object</source>
         <translation>ein Objekt</translation>
     </message>
@@ -4014,10 +3979,6 @@ Möchten Sie die Datei ersetzen?</translation>
     <message>
         <source>%1 has changed since %2 was saved</source>
         <translation>%1 hat sich geändert, seit %2 gesichert wurde</translation>
-    </message>
-    <message>
-        <source>expected linear, polar or cubic</source>
-        <translation>erwartet: linear, polar oder cubic</translation>
     </message>
     <message>
         <source>a list of snapshots</source>
@@ -4319,6 +4280,387 @@ Möchten Sie die Datei ersetzen?</translation>
         <source>Does not belong here: &quot;%1&quot;.</source>
         <translation>Gehört nicht hierher: &quot;%1&quot;.</translation>
     </message>
+    <message>
+        <source>%1 %2</source>
+        <extracomment>A verb such as Undo, and the name of the step that it takes back</extracomment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Series L</source>
+        <translation>L längs</translation>
+    </message>
+    <message>
+        <source>Add an inductor in series</source>
+        <translation>Eine Spule längs hinzufügen</translation>
+    </message>
+    <message>
+        <source>Series C</source>
+        <translation>C längs</translation>
+    </message>
+    <message>
+        <source>Add a capacitor in series</source>
+        <translation>Einen Kondensator längs hinzufügen</translation>
+    </message>
+    <message>
+        <source>Shunt L</source>
+        <translation>L quer</translation>
+    </message>
+    <message>
+        <source>Add an inductor across the line</source>
+        <translation>Eine Spule quer hinzufügen</translation>
+    </message>
+    <message>
+        <source>Shunt C</source>
+        <translation>C quer</translation>
+    </message>
+    <message>
+        <source>Add a capacitor across the line</source>
+        <translation>Einen Kondensator quer hinzufügen</translation>
+    </message>
+    <message>
+        <source>Series R</source>
+        <translation>R längs</translation>
+    </message>
+    <message>
+        <source>Add a resistor in series</source>
+        <translation>Einen Widerstand längs hinzufügen</translation>
+    </message>
+    <message>
+        <source>Shunt R</source>
+        <translation>R quer</translation>
+    </message>
+    <message>
+        <source>Add a resistor across the line</source>
+        <translation>Einen Widerstand quer hinzufügen</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Leitung</translation>
+    </message>
+    <message>
+        <source>Add a line, a quarter wave long</source>
+        <translation>Eine Leitung hinzufügen, eine Viertelwelle lang</translation>
+    </message>
+    <message>
+        <source>Open stub</source>
+        <translation>Offene Stichleitung</translation>
+    </message>
+    <message>
+        <source>Add an open stub across the line</source>
+        <translation>Eine offene Stichleitung quer hinzufügen</translation>
+    </message>
+    <message>
+        <source>Shorted stub</source>
+        <translation>Kurzgeschlossene Stichleitung</translation>
+    </message>
+    <message>
+        <source>Add a shorted stub across the line</source>
+        <translation>Eine kurzgeschlossene Stichleitung quer hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add an ideal transformer</source>
+        <translation>Einen idealen Übertrager hinzufügen</translation>
+    </message>
+    <message>
+        <source>Kelvro projects (*.kelvro)</source>
+        <translation>Kelvro-Projekte (*.kelvro)</translation>
+    </message>
+    <message>
+        <source>Inductors</source>
+        <translation>Spulen</translation>
+    </message>
+    <message>
+        <source>Capacitors</source>
+        <translation>Kondensatoren</translation>
+    </message>
+    <message>
+        <source>Traps</source>
+        <translation>Fallen</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Leitungen</translation>
+    </message>
+    <message>
+        <source>Stubs</source>
+        <translation>Stichleitungen</translation>
+    </message>
+    <message>
+        <source>Transformers</source>
+        <translation>Übertrager</translation>
+    </message>
+    <message>
+        <source>continuous</source>
+        <translation>stufenlos</translation>
+    </message>
+    <message>
+        <source>%1 was written by a later version of Kelvro: what this one knows of it is shown, and can be saved under another name</source>
+        <translation>%1 wurde von einer neueren Version von Kelvro geschrieben: Gezeigt wird, was diese davon kennt; sichern lässt es sich unter einem anderen Namen</translation>
+    </message>
+    <message>
+        <source>%1 was written by a later version of Kelvro and stays as it is: save under another name</source>
+        <translation>%1 wurde von einer neueren Version von Kelvro geschrieben und bleibt, wie es ist: Sichern Sie unter einem anderen Namen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was written by a later version of Kelvro. What this one knows of it is taken over; the file itself stays as it is.</source>
+        <translation>&quot;%1&quot; wurde von einer neueren Version von Kelvro geschrieben. Was diese davon kennt, wird übernommen; die Datei selbst bleibt, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>it was written by a later version of Kelvro</source>
+        <translation>sie wurde von einer neueren Version von Kelvro geschrieben</translation>
+    </message>
+    <message>
+        <source>they are nested deeper than %1</source>
+        <translation>sie sind tiefer als %1 verschachtelt</translation>
+    </message>
+    <message>
+        <source>its lists</source>
+        <translation>seine Listen</translation>
+    </message>
+    <message>
+        <source>its numbers</source>
+        <translation>seine Zahlen</translation>
+    </message>
+    <message>
+        <source>one is larger than any number can be</source>
+        <translation>eine ist größer, als eine Zahl sein kann</translation>
+    </message>
+    <message>
+        <source>A picture has from 1 to %1 pixels a side</source>
+        <translation>Ein Bild hat 1 bis %1 Pixel je Seite</translation>
+    </message>
+    <message>
+        <source>The picture cannot be written as %1</source>
+        <translation>Das Bild lässt sich nicht als %1 schreiben</translation>
+    </message>
+    <message>
+        <source>Not enough memory for the picture</source>
+        <translation>Nicht genug Speicher für das Bild</translation>
+    </message>
+    <message>
+        <source>The picture cannot be drawn</source>
+        <translation>Das Bild lässt sich nicht zeichnen</translation>
+    </message>
+    <message>
+        <source>The GIF picture cannot be written</source>
+        <translation>Das GIF-Bild lässt sich nicht schreiben</translation>
+    </message>
+    <message>
+        <source>GIF pictures have at most %1 pixels a side</source>
+        <translation>GIF-Bilder haben höchstens %1 Pixel je Seite</translation>
+    </message>
+    <message>
+        <source>Voltage across the switch</source>
+        <translation>Spannung am Schalter</translation>
+    </message>
+    <message>
+        <source>Currents</source>
+        <translation>Ströme</translation>
+    </message>
+    <message>
+        <source>Switch :</source>
+        <translation>Schalter :</translation>
+    </message>
+    <message>
+        <source>Load :</source>
+        <translation>Last :</translation>
+    </message>
+    <message>
+        <source>%1 loads stable inside</source>
+        <translation>%1 Lasten stabil innen</translation>
+    </message>
+    <message>
+        <source>%1 loads stable outside</source>
+        <translation>%1 Lasten stabil außen</translation>
+    </message>
+    <message>
+        <source>%1 sources stable inside</source>
+        <translation>%1 Quellen stabil innen</translation>
+    </message>
+    <message>
+        <source>%1 sources stable outside</source>
+        <translation>%1 Quellen stabil außen</translation>
+    </message>
+    <message>
+        <source>Gradient vs Iteration</source>
+        <translation>Gradient über Iteration</translation>
+    </message>
+    <message>
+        <source>Function f-fmin vs Iteration</source>
+        <translation>Funktion f-fmin über Iteration</translation>
+    </message>
+    <message>
+        <source>Parameter changes xi-xi+1 vs Iteration</source>
+        <translation>Parameteränderung xi-xi+1 über Iteration</translation>
+    </message>
+    <message>
+        <source>Parameter changes x-xfinal vs Iteration</source>
+        <translation>Parameteränderung x-xEnd über Iteration</translation>
+    </message>
+    <message>
+        <source>Function Calls vs Iteration</source>
+        <translation>Funktionsaufrufe über Iteration</translation>
+    </message>
+    <message>
+        <source>Stepsize t vs Iteration</source>
+        <translation>Schrittweite t über Iteration</translation>
+    </message>
+    <message>
+        <source>Normalized Parameters vs Iteration</source>
+        <translation>Normierte Parameter über Iteration</translation>
+    </message>
+    <message>
+        <source>Iteration</source>
+        <translation>Iteration</translation>
+    </message>
+    <message>
+        <source>calls</source>
+        <translation>Aufrufe</translation>
+    </message>
+    <message>
+        <source>value/start</source>
+        <translation>Wert/Anfang</translation>
+    </message>
+    <message>
+        <source>below the plot</source>
+        <translation>unterhalb des Bildes</translation>
+    </message>
+    <message>
+        <source>above the plot</source>
+        <translation>oberhalb des Bildes</translation>
+    </message>
+    <message>
+        <source>%1dB: %2 to %3, width %4, loaded Q %5</source>
+        <translation>%1dB: %2 bis %3, Breite %4, Betriebsgüte %5</translation>
+    </message>
+    <message>
+        <source>%1dB: %2 to %3</source>
+        <translation>%1dB: %2 bis %3</translation>
+    </message>
+    <message>
+        <source>limit of lossless networks, estimated</source>
+        <translation>Grenze verlustloser Netzwerke, geschätzt</translation>
+    </message>
+    <message>
+        <source>no lossless network does better</source>
+        <translation>kein verlustloses Netzwerk ist besser</translation>
+    </message>
+    <message>
+        <source>no value</source>
+        <translation>kein Wert</translation>
+    </message>
+    <message>
+        <source>no valid design</source>
+        <translation>kein gültiger Entwurf</translation>
+    </message>
+    <message>
+        <source>no frequency response</source>
+        <translation>kein Frequenzgang</translation>
+    </message>
+    <message>
+        <source>Harmonics of fo :</source>
+        <translation>Harmonische von fo :</translation>
+    </message>
+    <message>
+        <source>Position : %1</source>
+        <translation>Stelle : %1</translation>
+    </message>
+    <message>
+        <source>all runs :</source>
+        <translation>alle Läufe :</translation>
+    </message>
+    <message>
+        <source>90 % of them :</source>
+        <translation>90 % davon :</translation>
+    </message>
+    <message>
+        <source>median :</source>
+        <translation>Median :</translation>
+    </message>
+    <message>
+        <source>Monte Carlo, %1 run :</source>
+        <translation>Monte Carlo, %1 Lauf :</translation>
+    </message>
+    <message>
+        <source>Monte Carlo, %1 runs :</source>
+        <translation>Monte Carlo, %1 Läufe :</translation>
+    </message>
+    <message>
+        <source>gain :</source>
+        <translation>Verstärkung :</translation>
+    </message>
+    <message>
+        <source>reflection :</source>
+        <translation>Reflexion :</translation>
+    </message>
+    <message>
+        <source>now</source>
+        <translation>jetzt</translation>
+    </message>
+    <message>
+        <source>ghost</source>
+        <translation>Geist</translation>
+    </message>
+    <message>
+        <source>%1 :</source>
+        <translation>%1 :</translation>
+    </message>
+    <message>
+        <source>centre: %1 Ω, power waves</source>
+        <translation>Mitte: %1 Ω, Leistungswellen</translation>
+    </message>
+    <message>
+        <source>centre: %1 Ω</source>
+        <translation>Mitte: %1 Ω</translation>
+    </message>
+    <message>
+        <source>expected a number above 0</source>
+        <translation>erwartet: eine Zahl über 0</translation>
+    </message>
+    <message>
+        <source>expected dB below 0</source>
+        <translation>erwartet: dB unter 0</translation>
+    </message>
+    <message>
+        <source>%1 has no data: its file is missing</source>
+        <translation>%1 hat keine Daten: Die Datei fehlt</translation>
+    </message>
+    <message>
+        <source>%1 has %2 ports, not %3</source>
+        <translation>%1 hat %2 Tore, nicht %3</translation>
+    </message>
+    <message>
+        <source>expected one of %1</source>
+        <translation>erwartet: eines von %1</translation>
+    </message>
+    <message>
+        <source>an object with a network</source>
+        <translation>ein Objekt mit einem network</translation>
+    </message>
+    <message>
+        <source>a list of what is locked</source>
+        <translation>eine Liste des Festgehaltenen</translation>
+    </message>
+    <message>
+        <source>expected an object with element</source>
+        <translation>erwartet: ein Objekt mit element</translation>
+    </message>
+    <message>
+        <source>expected the numbers of element and part</source>
+        <translation>erwartet: die Nummern von element und part</translation>
+    </message>
+    <message>
+        <source>a list of frequencies</source>
+        <translation>eine Liste von Frequenzen</translation>
+    </message>
+    <message>
+        <source>expected frequencies above 0</source>
+        <translation>erwartet: Frequenzen über 0</translation>
+    </message>
+    <message>
+        <source>expected linear, polar or cubic</source>
+        <translation>erwartet: linear, polar oder cubic</translation>
+    </message>
 </context>
 <context>
     <name>kelvro::AxisLimitsDialog</name>
@@ -4486,6 +4828,13 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
 </context>
 <context>
+    <name>kelvro::ElementTile</name>
+    <message>
+        <source>%1: drag it onto an element to replace that, beside one to add it there; a click adds it behind the chosen element</source>
+        <translation>%1: auf ein Element ziehen ersetzt es, neben eines ziehen fügt es dort ein; ein Klick fügt es hinter dem gewählten Element ein</translation>
+    </message>
+</context>
+<context>
     <name>kelvro::FindDialog</name>
     <message>
         <source>nothing: a straight connection</source>
@@ -4613,7 +4962,7 @@ nach %2</translation>
     </message>
     <message>
         <source>&amp;Add</source>
-        <translation>&amp;Hinzufügen</translation>
+        <translation>Hin&amp;zufügen</translation>
     </message>
     <message>
         <source>Add an element behind the chosen one, towards the load</source>
@@ -4622,10 +4971,6 @@ nach %2</translation>
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
-    </message>
-    <message>
-        <source>Delete the chosen element (Del)</source>
-        <translation>Das gewählte Element löschen (Entf)</translation>
     </message>
     <message>
         <source>Up</source>
@@ -4729,6 +5074,22 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
         <source>± percent; empty: as all of its kind have it in Yield and Centring</source>
         <translation>± Prozent; leer: wie alle seiner Art unter Ausbeute und Zentrierung</translation>
     </message>
+    <message>
+        <source>Delete the chosen element (Del), or the one that is dropped here</source>
+        <translation>Das gewählte Element löschen (Entf), oder das hier abgelegte</translation>
+    </message>
+    <message>
+        <source>Swap elements %1 and %2</source>
+        <translation>Elemente %1 und %2 tauschen</translation>
+    </message>
+    <message>
+        <source>Replace element %1 by a copy of %2</source>
+        <translation>Element %1 durch eine Kopie von %2 ersetzen</translation>
+    </message>
+    <message>
+        <source>Replace element %1 by %2</source>
+        <translation>Element %1 durch %2 ersetzen</translation>
+    </message>
 </context>
 <context>
     <name>kelvro::LadderPicture</name>
@@ -4737,8 +5098,8 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
         <translation>Schaltung von der Quelle zur Last</translation>
     </message>
     <message>
-        <source>Drag an element to move it, the right button offers more</source>
-        <translation>Ziehen verschiebt ein Element, die rechte Taste bietet mehr</translation>
+        <source>Drag an element between others to move it, onto another to swap them, onto Delete to remove it; with Ctrl a copy. A kind dragged here from above replaces the element it is dropped onto. The right button offers more</source>
+        <translation>Ein Element zwischen andere ziehen verschiebt es, auf ein anderes tauscht beide, auf Löschen entfernt es; mit Strg eine Kopie. Eine von oben hierher gezogene Art ersetzt das Element, auf das sie fällt. Die rechte Taste bietet mehr</translation>
     </message>
 </context>
 <context>
@@ -4839,6 +5200,14 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
     <message>
         <source>Unlock %1</source>
         <translation>%1 freigeben</translation>
+    </message>
+    <message>
+        <source>Add marker</source>
+        <translation>Marke setzen</translation>
+    </message>
+    <message>
+        <source>Remove marker</source>
+        <translation>Marke entfernen</translation>
     </message>
 </context>
 <context>
@@ -5251,12 +5620,44 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
         <source>no bands</source>
         <translation>keine Bänder</translation>
     </message>
+    <message>
+        <source> (read-only)</source>
+        <translation> (nur lesbar)</translation>
+    </message>
+    <message>
+        <source>, which is not the file it was</source>
+        <translation>, nicht mehr dieselbe Datei</translation>
+    </message>
+    <message>
+        <source>The network is shown without these data. Saving the project loses nothing of what it says of them.</source>
+        <translation>Das Netzwerk wird ohne diese Daten gezeigt. Beim Sichern des Projekts geht nichts verloren, was es darüber sagt.</translation>
+    </message>
+    <message>
+        <source>The network is shown with the data that are there now.</source>
+        <translation>Das Netzwerk wird mit den jetzt vorhandenen Daten gezeigt.</translation>
+    </message>
+    <message>
+        <source>Measured data</source>
+        <translation>Messdaten</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2.</translation>
+    </message>
+    <message>
+        <source>&amp;Go On</source>
+        <translation>&amp;Weiter</translation>
+    </message>
+    <message>
+        <source>&amp;Locate…</source>
+        <translation>&amp;Suchen…</translation>
+    </message>
 </context>
 <context>
     <name>kelvro::PagePanel</name>
     <message>
         <source>Open as Network</source>
-        <translation>Als Netzwerk öffnen</translation>
+        <translation>Als Netzwerk</translation>
     </message>
     <message>
         <source>Take this circuit over into the Network window, to tune it there</source>
@@ -5861,10 +6262,6 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
 <context>
     <name>kelvro::SweepView</name>
     <message>
-        <source>Click or M: marker, right button or Del: remove it, arrows: read, wheel: zoom, double-click or 0: fit</source>
-        <translation>Klick oder M: Marke, rechte Taste oder Entf: entfernen, Pfeile: ablesen, Rad: Zoom, Doppelklick oder 0: einpassen</translation>
-    </message>
-    <message>
         <source>What this plot shows first, on the left axis</source>
         <translation>Was dieses Bild zuerst zeigt, auf der linken Achse</translation>
     </message>
@@ -5879,6 +6276,14 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
     <message>
         <source>Δf %1</source>
         <translation>Δf %1</translation>
+    </message>
+    <message>
+        <source>Click or M: marker, right button or Del: remove it, arrows: read, wheel: zoom, with Ctrl or beside a value axis its values, L: logarithmic frequencies, double-click or 0: fit</source>
+        <translation>Klick oder M: Marke, rechte Taste oder Entf: entfernen, Pfeile: ablesen, Rad: Zoom, mit Strg oder neben einer Werteachse deren Werte, L: logarithmische Frequenzen, Doppelklick oder 0: einpassen</translation>
+    </message>
+    <message>
+        <source>Logarithmic Frequencies</source>
+        <translation>Logarithmische Frequenzen</translation>
     </message>
 </context>
 <context>

@@ -13,13 +13,15 @@ from pathlib import Path
 
 ROOMS_WITH_TR = ["ui", "plot"]
 # Rooms whose messages reach the windows through Shown(). What writes files speaks English.
-ROOMS_WITH_TEXTS = ["core", "network", "design", "analysis", "optimize", "synthesis", "advise", "io"]
+ROOMS_WITH_TEXTS = ["core", "network", "design", "analysis", "optimize", "synthesis", "advise", "io",
+                    "plot"]
 FILE_WRITERS = re.compile(r"optimize/report\.cpp|io/(export_|spice_|network_netlist|class_e_netlist\.cpp"
                           r"|network_report|design_report|response_table|touchstone\.h|exact_settings"
-                          r"|network_exports)|advise/(keywords|window_arguments)\.cpp")
+                          r"|network_exports)|advise/window_arguments\.cpp"
+                          r"|plot/(caption|response_table|shown_numbers|metafile_device)\.cpp")
 PLACE = re.compile(r"%(?:[1-9]|n)")
 # Words of files' formats that look like sentences.
-FORMATS = re.compile(r"Fourier analysis|Q by phase|\[Number of Ports\]|(begin|end) information|"
+FORMATS = re.compile(r"DejaVu Sans|MS Sans|font-family|Fourier analysis|Q by phase|\[Number of Ports\]|(begin|end) information|"
                      r"(number of|number of noise) (ports|frequencies)|(network|noise) data|"
                      r"(mixed-mode|two-port|two-port data) order|matrix format")
 LITERAL = r'"(?:[^"\\]|\\.)*"'

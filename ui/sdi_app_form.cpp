@@ -88,6 +88,7 @@ TSDIAppForm::~TSDIAppForm() {
 void TSDIAppForm::startUp(const QStringList& arguments) {
     const bool first = claimSettings();
     const SettingsRead read = ReadSettings(DefaultSettingsFile(), settings());
+    if (read.later) claim_.reset();  // neither saved in between nor at the end
     applyPreferences(read.settings);
     namePrinter();
     QStringList keywords = arguments;
@@ -100,6 +101,7 @@ void TSDIAppForm::startUp(const QStringList& arguments) {
     listRecentFiles();
     session_.open(read.settings.design, read.whole ? Followup::Restoration : Followup::Calculation);
     if (!file.isEmpty()) openFile(file);
+    if (read.later) session_.showMessage(Shown(read.message.toStdString()));
     if (!first)
         session_.showMessage(
             tr("Kelvro is running already. This window does not save its settings "
@@ -163,8 +165,8 @@ void TSDIAppForm::Redo1Click() {
 
 void TSDIAppForm::nameSteps() {
     const auto name = [this](const char* item, const QString& verb, const std::string& step) {
-        const QString text = step.empty() ? verb : verb + ' ' + Shown(step).replace('&', "&&");
-        if (auto* action = findChild<QAction*>(QLatin1String(item))) action->setText(text);
+        if (auto* action = findChild<QAction*>(QLatin1String(item)))
+            action->setText(StepCaption(verb, step));
     };
     name("Undo1", tr("&Undo"), session_.undoName());
     name("Redo1", tr("&Redo"), session_.redoName());

@@ -95,4 +95,11 @@ QString Shown(std::string_view text) {
     return english;
 }
 
+QString StepCaption(const QString& verb, std::string_view step) {
+    if (step.empty()) return verb;
+    //: A verb such as Undo, and the name of the step that it takes back
+    return QCoreApplication::translate("kelvro", "%1 %2")
+        .arg(verb, Shown(step).replace('&', QLatin1String("&&")));
+}
+
 }  // namespace kelvro

@@ -13,4 +13,8 @@ namespace kelvro {
 ///             translations/texts.txt
 QString Shown(std::string_view text);
 
+/// "Undo Round R1": a menu's verb with the name of the step that it would take, "&" of the name
+/// printed; the verb alone without a step.
+QString StepCaption(const QString& verb, std::string_view step);
+
 }  // namespace kelvro

@@ -181,7 +181,8 @@ TEST(ProjectFile, IsThereWithoutALinkedFile) {
 
 TEST(ProjectFile, OfALaterVersionIsLookedAtOnly) {
     const TemporaryFolder folder;
-    const std::string text = R"({"version": 2, "network": {"source": "50", "load": "75"}})";
+    const std::string text =
+        R"({"version": 2, "network": {"source": "50", "load": "75", "optics": "blue"}})";
     Write(folder / "a.kelvro", text);
     auto project = ReadProject(folder / "a.kelvro");
     ASSERT_TRUE(project.ok()) << project.message();
@@ -190,6 +191,13 @@ TEST(ProjectFile, OfALaterVersionIsLookedAtOnly) {
     EXPECT_EQ(project->network.load, Impedance(75));
     EXPECT_FALSE(WriteProject(folder / "a.kelvro", *project).ok());
     EXPECT_EQ(Read(folder / "a.kelvro"), text);
+    EXPECT_FALSE(WriteProject(folder / "a.kelvro", Project()).ok()) << "whatever would be written";
+    ASSERT_TRUE(WriteProject(folder / "b.kelvro", *project).ok());
+    EXPECT_EQ(Read(folder / "b.kelvro").find("optics"), std::string::npos);
+    project = ReadProject(folder / "b.kelvro");
+    ASSERT_TRUE(project.ok()) << project.message();
+    EXPECT_FALSE(project->readOnly);
+    EXPECT_EQ(project->network.load, Impedance(75));
 }
 
 TEST(ProjectFile, ThatCannotBeWrittenLeavesTheOldOne) {

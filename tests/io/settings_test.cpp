@@ -367,6 +367,33 @@ TEST_F(SettingsTest, SavingKeepsWhatElseTheFileHolds) {
     EXPECT_EQ(names(), std::vector<std::string>{"kelvro.ini"});
 }
 
+TEST_F(SettingsTest, AFileOfALaterVersionIsReadAndLeftAsItIs) {
+    ASSERT_EQ(WriteSettings(path(file()), {}).status, SaveStatus::Saved);
+    const std::string own = content(file());
+    const auto at = own.find("Version=1\n");
+    ASSERT_NE(at, std::string::npos) << own;
+    struct Case {
+        const char* version;
+        bool later;
+    };
+    for (const Case c : {Case{"Version=2\nR3=7\n", true}, Case{"Version=1e99\n", true},
+                         Case{"Version=1\n", false}, Case{"Version=x\n", false}, Case{"", false}}) {
+        SCOPED_TRACE(c.version);
+        const std::string bytes = own.substr(0, at) + c.version + own.substr(at + 10);
+        const SettingsRead read = ReadSettings(path(holding(bytes)), {});
+        EXPECT_EQ(read.status, ReadStatus::Read);
+        EXPECT_EQ(read.settings.design.R2, 200);
+        EXPECT_EQ(read.later, c.later);
+        EXPECT_EQ(read.message.contains("later version"), c.later);
+        Design changed = read.settings.design;
+        changed.R2 = 300;
+        const SettingsSave saved = WriteSettings(path(file()), {changed});
+        EXPECT_EQ(saved.status, c.later ? SaveStatus::Failed : SaveStatus::Saved);
+        EXPECT_EQ(content(file()) == bytes, c.later);
+        EXPECT_EQ(WriteSettings(path(file("other.ini")), {changed}).status, SaveStatus::Saved);
+    }
+}
+
 std::string RandomBytes(std::size_t count) {
     std::mt19937 random(7);
     std::string bytes(count, '\0');

@@ -10,6 +10,7 @@
 #include <QUrl>
 
 #include "tests/ui/form_fixture.h"
+#include "ui/language.h"
 #include "ui/splash_screen.h"
 
 using namespace kelvro;
@@ -54,6 +55,8 @@ class SettingsTest : public QObject {
     void fileGivenAtTheStartIsOpened();
     void changesAreSavedAfterAPause();
     void secondInstanceLeavesTheFileAlone();
+    void settingsOfALaterVersionStayAsTheyAre();
+    void languageIsRememberedForTheNextStart();
 };
 
 void SettingsTest::closingWritesTheSettings() {
@@ -281,6 +284,45 @@ void SettingsTest::secondInstanceLeavesTheFileAlone() {
     QCOMPARE(messages.size(), 1);
     QVERIFY2(messages[0].contains("running already"), qPrintable(messages[0]));
     QCOMPARE(Contents(file), before);
+}
+
+void SettingsTest::settingsOfALaterVersionStayAsTheyAre() {
+    FormFixture f;
+    f.type("R1Eingabe", "33");
+    f.form().close();
+    const QString file = f.configFolder() + "/kelvro/kelvro.ini";
+    QByteArray later = Contents(file);
+    later.replace("Version=1", "Version=9");
+    {
+        QFile target(file);
+        QVERIFY(target.open(QIODevice::WriteOnly));
+        target.write(later);
+    }
+    QStringList messages;
+    {
+        TSDIAppForm next;
+        next.session().optimizerFiles() = {{}, {}};
+        next.session().setMessageSink([&](const QString& text) { messages << text; });
+        next.startUp({"nopt"});
+        QCOMPARE(next.session().design().R1, 33.0);
+        next.session().edit("R1", [](Design& design) { design.R1 = 1; });
+        next.saveNow();
+        next.close();
+    }
+    QCOMPARE(messages.size(), 1);
+    QVERIFY2(messages[0].contains("later version"), qPrintable(messages[0]));
+    QCOMPARE(Contents(file), later);
+}
+
+void SettingsTest::languageIsRememberedForTheNextStart() {
+    FormFixture f;
+    QCOMPARE(ChosenLanguage(), Language::System);
+    f.find<QAction>("Language2").trigger();
+    QCOMPARE(f.messages.size(), 1);
+    QCOMPARE(ChosenLanguage(), Language::German);
+    const TSDIAppForm next;
+    QVERIFY(next.findChild<QAction*>("Language2")->isChecked());
+    QVERIFY(!next.findChild<QAction*>("Language0")->isChecked());
 }
 
 QTEST_MAIN(SettingsTest)

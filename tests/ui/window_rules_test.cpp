@@ -223,8 +223,7 @@ class WindowRulesTest : public QObject {
         add(std::make_unique<MatchDialog>(*model_));
         add(std::make_unique<FindDialog>(*model_, *limit_));
         add(std::make_unique<CentreDialog>(*model_));
-        add(std::make_unique<TXmaxDlg1>(ValueEdit{"Set xmax", 1e6, 1, 1e9}, "Hz",
-                                        TXmaxDlg1::Spin{}));
+        add(std::make_unique<TXmaxDlg1>(ValueEdit{"xmax=", 1e6, 1, 1e9}, "Hz", TXmaxDlg1::Spin{}));
         add(std::make_unique<AxisLimitsDialog>(View(), 1e6, Traces()[0], &Traces()[2]));
     }
 
@@ -290,15 +289,24 @@ class WindowRulesTest : public QObject {
         QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join("; ")));
     }
 
-    void noTextIsLeftInEnglish_data() { rows(); }
+    void noTextIsLeftInEnglish_data() {
+        QTest::addColumn<QWidget*>("window");
+        if (InGerman())
+            for (QWidget* window : windows_)
+                QTest::newRow(qPrintable(window->objectName())) << window;
+    }
     void noTextIsLeftInEnglish() {
         QFETCH(QWidget*, window);
-        if (!InGerman()) QSKIP("only where the windows speak German");
         QSet<QString> left;
         QList<QWidget*> widgets = window->findChildren<QWidget*>();
         for (const QWidget* widget : widgets << window) {
             if (widget->window() != window && !qobject_cast<const QMenu*>(widget)) continue;
             if (qobject_cast<const QDialogButtonBox*>(widget->parentWidget())) continue;
+            // Formulas, and what the machine says of itself.
+            if (widget->objectName().startsWith("TransferText")) continue;
+            const auto* label = qobject_cast<const QLabel*>(widget);
+            if (label && window->objectName() == "TInfoDlg" && label->textInteractionFlags())
+                continue;
             for (const QString& text : TextsOf(*widget))
                 if (!text.contains(MarkedCatalogue::mark) && !IsForeign(text))
                     left << widget->objectName() + ": " + text;

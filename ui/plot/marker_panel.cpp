@@ -6,6 +6,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "ui/texts.h"
+
 namespace kelvro {
 
 MarkerPanel::MarkerPanel(QWidget* parent)
@@ -31,7 +33,7 @@ MarkerPanel::MarkerPanel(QWidget* parent)
 
 void MarkerPanel::show(const MarkerTable& table, const std::vector<std::string>& edges) {
     QStringList lines;
-    for (const std::string& line : edges) lines.append(QString::fromStdString(line));
+    for (const std::string& line : edges) lines.append(Shown(line));
     edges_->setText(lines.join('\n'));
     edges_->setVisible(!lines.isEmpty());
     QStringList header;

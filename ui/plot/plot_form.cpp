@@ -13,6 +13,7 @@
 #include "design/pages.h"
 #include "ui/plot/marker_panel.h"
 #include "ui/plot/plot_image.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -184,7 +185,7 @@ void PlotForm::showTrace(const Trace& trace, bool shown) {
 void PlotForm::redraw() {
     const Design& design = host_.design();
     const std::string_view page = PageOf(design).caption;
-    setWindowTitle(texts_.caption + " - " + QString::fromUtf8(page.data(), qsizetype(page.size())));
+    setWindowTitle(texts_.caption + " - " + Shown(page));
     home_ = DefaultView(plot_.traces, TraceSource(design));
     plot_.note = NoteFor(design, host_.result().message.has_value());
     samples_ = SampledTraces(design, plot_);

@@ -29,8 +29,7 @@ constexpr const char* kPan = QT_TRANSLATE_NOOP("kelvro", "Pan");
 }  // namespace
 
 void PlotForm::showReadOut(WorldPoint place) {
-    status_->setText(
-        QString::fromStdString(ReadOut(host_.design(), host_.result().v, plot_.traces, place)));
+    status_->setText(Shown(ReadOut(host_.design(), host_.result().v, plot_.traces, place)));
 }
 
 void PlotForm::moveCursor(Zone zone, bool inside) {

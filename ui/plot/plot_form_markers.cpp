@@ -10,6 +10,7 @@
 #include "ui/plot/marker_panel.h"
 #include "ui/plot/plot_form.h"
 #include "ui/plot/plot_image.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -19,8 +20,8 @@ constexpr std::size_t kMostMarkers = 20;
 
 /// "Pi Section, Q 5.00".
 QString HoldName(const Design& design) {
-    return QString::fromStdString(std::string(PageOf(design).caption) + ", Q " +
-                                  FormatEngShort(2, design.Q));
+    return Shown(PageOf(design).caption) + ", Q " +
+           QString::fromStdString(FormatEngShort(2, design.Q));
 }
 
 }  // namespace

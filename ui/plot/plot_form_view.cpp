@@ -9,6 +9,7 @@
 #include "ui/plot/plot_form.h"
 #include "ui/plot/plot_image.h"
 #include "ui/plot/xmax_dialog.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -122,7 +123,7 @@ void PlotForm::RedoView1Click() {
 void PlotForm::showUndoState() {
     const auto show = [this](const char* action, const QString& text, const std::string& step) {
         auto* entry = findChild<QAction*>(action);
-        entry->setText(step.empty() ? text : text + ' ' + QString::fromStdString(step));
+        entry->setText(StepCaption(text, step));
         entry->setEnabled(!step.empty());
     };
     show("UndoView1", tr("&Undo"), views_.undoName());

@@ -9,7 +9,25 @@
 #include <cmath>
 #include <utility>
 
+#include "ui/language.h"
+#include "ui/texts.h"
+
 namespace kelvro {
+
+namespace {
+
+/// What is written in a picture, in the language of the window that shows it.
+void Translate(Picture& picture) {
+    if (!IsTranslated()) return;
+    const auto show = [](std::string& text) { text = Shown(text).toStdString(); };
+    for (std::string* text :
+         {&picture.title, &picture.xName, &picture.yName, &picture.rightName, &picture.note})
+        show(*text);
+    for (LegendEntry& entry : picture.legend) show(entry.text);
+    for (LevelMark& mark : picture.marks) show(mark.label);
+}
+
+}  // namespace
 
 namespace {
 
@@ -30,6 +48,7 @@ PlotImage::PlotImage(QWidget* parent) : QWidget(parent), painter_(PainterFor(fon
 }
 
 void PlotImage::setPicture(Picture picture) {
+    Translate(picture);
     picture_ = std::move(picture);
     frame_ = painter_.layout(size(), picture_).frame;
     drawn_ = {};

@@ -13,6 +13,7 @@
 #include "plot/ticks.h"
 #include "ui/mnemonics.h"
 #include "ui/plot/value_spin.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -28,7 +29,7 @@ TXmaxDlg1::TXmaxDlg1(const ValueEdit& edit, const QString& unit, Spin spin, QWid
     : QDialog(parent), edit_(edit), spin_(spin), value_(edit.start) {
     setObjectName("TXmaxDlg1");
     setWindowTitle(tr("Axis"));
-    auto* caption = new QLabel(QString::fromStdString(edit.caption), this);
+    auto* caption = new QLabel(Shown(edit.caption), this);
     caption->setObjectName("LabelXmax");
     xmaxEingabe_ = new QLineEdit(ValueText(edit.start), this);
     xmaxEingabe_->setObjectName("xmaxEingabe");

@@ -4,6 +4,7 @@
 
 #include "core/number_text.h"
 #include "ui/fields.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -57,7 +58,7 @@ void TFormCalculator::recalculate() {
     const Result<double> result = engine_.evaluate(expression_->text().toStdString());
     valid_ = result && !isEmpty(expression_);
     value_ = result ? *result : 0;
-    setNote(ToQString(result.message()));
+    setNote(Shown(result.message()));
     if (valid_) {
         write(result_, value_);
         digits_->setText(AllDigits(value_));

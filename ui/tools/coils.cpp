@@ -5,6 +5,7 @@
 
 #include "core/scalar.h"
 #include "ui/fields.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -134,7 +135,7 @@ TFormCoils::Outcome TFormCoils::solve(Coil coil) const {
     outcome.turns = coil.turns;
     outcome.inductance = Inductance(coil);
     outcome.wire = coil.wireLength();
-    outcome.note = ToQString(Caution(coil));
+    outcome.note = Shown(Caution(coil));
     coil.turns = std::round(coil.turns);
     outcome.atWholeTurns = Inductance(coil);
     return outcome;

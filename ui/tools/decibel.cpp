@@ -6,6 +6,7 @@
 #include "analysis/tools/decibels.h"
 #include "analysis/tools/number_list.h"
 #include "ui/fields.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -20,7 +21,7 @@ TFormDecibel::TFormDecibel(QWidget* parent)
 
 void TFormDecibel::addLevels() {
     QStringList units;
-    for (const LevelUnitName& unit : LevelUnits()) units << ToQString(unit.text);
+    for (const LevelUnitName& unit : LevelUnits()) units << Shown(unit.text);
     beginGroup(tr("Level"));
     level_ = addInput("LevelEingabe", {tr("&Level"), {}, tr("In the unit below")}, "0");
     levelUnit_ = addChoice("LevelUnitChoice", tr("&Unit"), units, tr("Of the level above"));

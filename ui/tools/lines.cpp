@@ -6,6 +6,7 @@
 
 #include "analysis/tools/physics.h"
 #include "ui/fields.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -40,7 +41,7 @@ TFormLines::TFormLines(QWidget* parent)
 
 void TFormLines::addInputs() {
     QStringList types;
-    for (const LineDescription& type : LineTypes()) types << ToQString(type.caption);
+    for (const LineDescription& type : LineTypes()) types << Shown(type.caption);
     beginGroup(tr("Line"));
     type_ = addChoice("TypeChoice", tr("&Line"), types, tr("Cross-section of the line"));
     direction_ = addChoice("DirectionChoice", tr("&Find"),
@@ -132,11 +133,11 @@ bool TFormLines::wantsWidth() const {
 
 void TFormLines::showRows() {
     const LineDescription& type = description();
-    setTexts(width_, ToQString(type.widthLabel));
-    setTexts(widthOut_, ToQString(type.widthLabel));
-    setTexts(height_, ToQString(type.heightLabel));
-    setTexts(gap_, ToQString(type.gapLabel));
-    setTexts(thickness_, ToQString(type.thicknessLabel));
+    setTexts(width_, Shown(type.widthLabel));
+    setTexts(widthOut_, Shown(type.widthLabel));
+    setTexts(height_, Shown(type.heightLabel));
+    setTexts(gap_, Shown(type.gapLabel));
+    setTexts(thickness_, Shown(type.thicknessLabel));
     setShown(gap_, !type.gapLabel.empty());
     setShown(thickness_, !type.thicknessLabel.empty());
     const bool width = wantsWidth();
@@ -150,7 +151,7 @@ void TFormLines::showRows() {
     setShown(dispersed_, type.type == LineType::Microstrip);
     setShown(limit_, type.gapLabel.empty());
     const bool coplanar = !type.gapLabel.empty();
-    setSource(ToQString(type.source) +
+    setSource(Shown(type.source) +
               (coplanar ? tr(" The loss of their conductors is not computed.")
                         : tr(" Conductor loss after Wheeler 1942, roughness after Hammerstad and "
                              "Jensen 1980; strips within 15 % of other formulas.")));
@@ -195,7 +196,7 @@ QString TFormLines::noteOn(const LineShape& line, double impedance, double f) co
     if (!(f > 0)) return tr("fo must be positive.");
     if (!(number(conductivity_) > 0)) return tr("The conductivity must be positive.");
     const std::string_view caution = Caution(line, f);
-    return ToQString(caution.empty() ? LossCaution(line, materials(), f) : caution);
+    return Shown(caution.empty() ? LossCaution(line, materials(), f) : caution);
 }
 
 void TFormLines::showLosses(const LineShape& line, double f, double length) {

@@ -5,6 +5,7 @@
 
 #include "core/scalar.h"
 #include "ui/fields.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -12,7 +13,7 @@ TFormMixed::TFormMixed(QWidget* parent)
     : ToolWindow("TFormMixed", tr("Mixed Series/Parallel Circuits"), parent) {
     beginGroup(tr("Circuit"));
     QStringList names;
-    for (const ConnectionName& name : Connections()) names << ToQString(name.text);
+    for (const ConnectionName& name : Connections()) names << Shown(name.text);
     connection_ = addChoice("ConnectionChoice", tr("&Connection"), names,
                             tr("How R, L and C are put together"));
     const QString hint = tr("Leave empty what the circuit does not have");

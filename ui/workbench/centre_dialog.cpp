@@ -17,6 +17,7 @@
 #include "synthesis/refine.h"
 #include "ui/fields.h"
 #include "ui/mnemonics.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -150,7 +151,7 @@ void CentreDialog::rate() {
     after_->clear();
     const auto wanted = options();
     const auto report = wanted ? YieldOf(start_, *wanted) : Result<YieldReport>(wanted.status());
-    say(QString::fromStdString(report.message()));
+    say(Shown(report.message()));
     before_->setText(report ? tr("Now: %1").arg(YieldText(*report)) : QString());
     centre_->setEnabled(report.ok());
     if (report) showParts(*report, {});
@@ -160,7 +161,7 @@ void CentreDialog::rate() {
 void CentreDialog::startOrStop() {
     if (work_.running()) return work_.askToStop();
     const auto wanted = options();
-    if (!wanted) return say(QString::fromStdString(wanted.message()));
+    if (!wanted) return say(Shown(wanted.message()));
     std::vector<Tunable> locked;
     for (const Tunable& at : TunablesOf(start_.ladder)) {
         if (model_.locked(at)) locked.push_back(at);
@@ -179,7 +180,7 @@ void CentreDialog::startOrStop() {
 }
 
 void CentreDialog::showCentred(const Result<CentredNetwork>& centred) {
-    say(QString::fromStdString(centred.message()));
+    say(Shown(centred.message()));
     if (!centred || !model_.dragging()) return;
     centred_ = centred->network.ladder != start_.ladder;
     after_->setText(centred_ ? tr("Centred: %1").arg(YieldText(centred->after))

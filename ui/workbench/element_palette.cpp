@@ -10,6 +10,7 @@
 
 #include "plot/ladder_thumbnail.h"
 #include "ui/fields.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -24,25 +25,35 @@ LadderElement LineOf(Line::Form form, double f, double R) {
 }
 
 constexpr std::array kKinds = {
-    ElementKind{"ButtonSeriesL", "Series L", "Add an inductor in series",
+    ElementKind{"ButtonSeriesL", QT_TRANSLATE_NOOP("kelvro", "Series L"),
+                QT_TRANSLATE_NOOP("kelvro", "Add an inductor in series"),
                 [](double f, double R) { return SeriesArm(Part::L(InductanceOf(R, f))); }},
-    ElementKind{"ButtonSeriesC", "Series C", "Add a capacitor in series",
+    ElementKind{"ButtonSeriesC", QT_TRANSLATE_NOOP("kelvro", "Series C"),
+                QT_TRANSLATE_NOOP("kelvro", "Add a capacitor in series"),
                 [](double f, double R) { return SeriesArm(Part::C(CapacitanceOf(R, f))); }},
-    ElementKind{"ButtonShuntL", "Shunt L", "Add an inductor across the line",
+    ElementKind{"ButtonShuntL", QT_TRANSLATE_NOOP("kelvro", "Shunt L"),
+                QT_TRANSLATE_NOOP("kelvro", "Add an inductor across the line"),
                 [](double f, double R) { return ShuntArm(Part::L(InductanceOf(R, f))); }},
-    ElementKind{"ButtonShuntC", "Shunt C", "Add a capacitor across the line",
+    ElementKind{"ButtonShuntC", QT_TRANSLATE_NOOP("kelvro", "Shunt C"),
+                QT_TRANSLATE_NOOP("kelvro", "Add a capacitor across the line"),
                 [](double f, double R) { return ShuntArm(Part::C(CapacitanceOf(R, f))); }},
-    ElementKind{"ButtonSeriesR", "Series R", "Add a resistor in series",
+    ElementKind{"ButtonSeriesR", QT_TRANSLATE_NOOP("kelvro", "Series R"),
+                QT_TRANSLATE_NOOP("kelvro", "Add a resistor in series"),
                 [](double, double R) { return SeriesArm(Part::R(R)); }},
-    ElementKind{"ButtonShuntR", "Shunt R", "Add a resistor across the line",
+    ElementKind{"ButtonShuntR", QT_TRANSLATE_NOOP("kelvro", "Shunt R"),
+                QT_TRANSLATE_NOOP("kelvro", "Add a resistor across the line"),
                 [](double, double R) { return ShuntArm(Part::R(R)); }},
-    ElementKind{"ButtonLine", "Line", "Add a line, a quarter wave long",
+    ElementKind{"ButtonLine", QT_TRANSLATE_NOOP("kelvro", "Line"),
+                QT_TRANSLATE_NOOP("kelvro", "Add a line, a quarter wave long"),
                 [](double f, double R) { return LineOf(Line::Form::Through, f, R); }},
-    ElementKind{"ButtonOpenStub", "Open stub", "Add an open stub across the line",
+    ElementKind{"ButtonOpenStub", QT_TRANSLATE_NOOP("kelvro", "Open stub"),
+                QT_TRANSLATE_NOOP("kelvro", "Add an open stub across the line"),
                 [](double f, double R) { return LineOf(Line::Form::OpenStub, f, R); }},
-    ElementKind{"ButtonShortStub", "Shorted stub", "Add a shorted stub across the line",
+    ElementKind{"ButtonShortStub", QT_TRANSLATE_NOOP("kelvro", "Shorted stub"),
+                QT_TRANSLATE_NOOP("kelvro", "Add a shorted stub across the line"),
                 [](double f, double R) { return LineOf(Line::Form::ShortedStub, f, R); }},
-    ElementKind{"ButtonTransformer", "Transformer", "Add an ideal transformer",
+    ElementKind{"ButtonTransformer", QT_TRANSLATE_NOOP("kelvro", "Transformer"),
+                QT_TRANSLATE_NOOP("kelvro", "Add an ideal transformer"),
                 [](double, double) {
                     return LadderElement{Transformer{2}, {}};
                 }},
@@ -90,7 +101,7 @@ LadderElement InPlaceOf(const ElementKind& kind, const LadderElement& old, doubl
 ElementTile::ElementTile(const ElementKind& kind, QWidget* parent)
     : QToolButton(parent), kind_(kind) {
     setObjectName(QLatin1String(kind.object) + QStringLiteral("Tile"));
-    setAccessibleName(tr(kind.caption));
+    setAccessibleName(Shown(kind.caption));
     setAutoRaise(true);
     // The Add button has the same for the keyboard.
     setFocusPolicy(Qt::NoFocus);
@@ -98,7 +109,7 @@ ElementTile::ElementTile(const ElementKind& kind, QWidget* parent)
     setMinimumWidth(sizeHint().width());
     SetHint(*this, tr("%1: drag it onto an element to replace that, beside one to add it there; a "
                       "click adds it behind the chosen element")
-                       .arg(tr(kind.caption)));
+                       .arg(Shown(kind.caption)));
 }
 
 void ElementTile::mousePressEvent(QMouseEvent* event) {

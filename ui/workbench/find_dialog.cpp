@@ -18,6 +18,7 @@
 #include "plot/ladder_thumbnail.h"
 #include "ui/fields.h"
 #include "ui/mnemonics.h"
+#include "ui/texts.h"
 #include "ui/workbench/limit_watch.h"
 #include "ui/workbench/network_window.h"
 #include "ui/workbench/search_choices.h"
@@ -213,7 +214,7 @@ void FindDialog::start() {
     const auto options = choices_->search();
     const auto rating = choices_->rating();
     for (const Status& status : {bands.status(), options.status(), rating.status()}) {
-        if (!status) return say(QString::fromStdString(status.message()));
+        if (!status) return say(Shown(status.message()));
     }
     say({});
     Network problem = model_.problem();
@@ -323,7 +324,7 @@ void FindDialog::fillRow(int row, const RatedNetwork& rated, double lowestDb) {
 }
 
 void FindDialog::showEnd(const Status& status, bool cancelled) {
-    if (!status) say(QString::fromStdString(status.message()));
+    if (!status) say(Shown(status.message()));
     progress_->setValue(0);
     if (networks_.empty()) {
         state_->setText(tr("Nothing found"));

@@ -18,6 +18,7 @@
 #include "core/number_text.h"
 #include "plot/smith_picture.h"
 #include "ui/fields.h"
+#include "ui/texts.h"
 #include "ui/workbench/element_palette.h"
 #include "ui/workbench/ladder_picture.h"
 #include "ui/workbench/part_losses.h"
@@ -108,9 +109,9 @@ void LadderPanel::buildButtons(QBoxLayout& column) {
     SetHint(*add, tr("Add an element behind the chosen one, towards the load"));
     auto* menu = new QMenu(add);
     for (const ElementKind& kind : ElementKinds()) {
-        auto* action = menu->addAction(tr(kind.caption));
+        auto* action = menu->addAction(Shown(kind.caption));
         action->setObjectName(QLatin1String(kind.object));
-        action->setToolTip(tr(kind.hint));
+        action->setToolTip(Shown(kind.hint));
         connect(action, &QAction::triggered, this, [this, &kind] { addKind(kind); });
     }
     add->setMenu(menu);
@@ -187,7 +188,7 @@ void LadderPanel::itemEdited(QListWidgetItem* item) {
     const auto index = static_cast<std::size_t>(item->data(Qt::UserRole).toInt());
     auto read = ParseElement(item->text().toStdString(), load_);
     emit problem(read.ok() ? QString()
-                           : item->text() + QStringLiteral(": ") + Text(read.message()));
+                           : item->text() + QStringLiteral(": ") + Shown(read.message()));
     if (read)
         editElement(tr("Edit element %1").arg(index + 1), index,
                     [&](LadderElement& element) { element = std::move(read).value(); });
@@ -289,7 +290,7 @@ void LadderPanel::takeKind(const ElementKind& kind, LadderPlace to) {
     const double R = usualResistance();
     if (!to.onto) return addElement(kind.make(f, R), to.element);
     const auto& old = model_.network().ladder[static_cast<std::size_t>(to.element)];
-    replaceElement(tr("Replace element %1 by %2").arg(to.element + 1).arg(tr(kind.caption)),
+    replaceElement(tr("Replace element %1 by %2").arg(to.element + 1).arg(Shown(kind.caption)),
                    InPlaceOf(kind, old, f, R), to.element);
 }
 
@@ -413,7 +414,7 @@ void LadderPanel::ask(const QString& title, const QString& label, QString text,
         if (!given) return;
         const Status taken = take(text);
         if (taken) return;
-        why = Text(taken.message());
+        why = Shown(taken.message());
     }
 }
 

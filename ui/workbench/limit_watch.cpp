@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/number_text.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -67,7 +68,7 @@ void LimitWatch::take(const Result<GainLimit>& limit) {
     if (limit) {
         limit_ = *limit;
     } else {
-        problem_ = QString::fromStdString(limit.message());
+        problem_ = Shown(limit.message());
     }
     emit changed();
 }

@@ -15,6 +15,7 @@
 #include "plot/ladder_thumbnail.h"
 #include "ui/fields.h"
 #include "ui/mnemonics.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -102,7 +103,7 @@ void MatchDialog::search() {
     auto found = ExactMatches(network.source, network.load, model_.designFrequency(), options);
     list_->clear();
     matches_.clear();
-    problem_->setText(QString::fromStdString(found.message()));
+    problem_->setText(Shown(found.message()));
     problem_->setVisible(!found.ok());
     if (!found) return;
     matches_ = std::move(found).value();

@@ -27,6 +27,7 @@
 #include "plot/device_contours.h"
 #include "ui/fields.h"
 #include "ui/plot/design_host.h"
+#include "ui/texts.h"
 #include "ui/workbench/ladder_panel.h"
 #include "ui/workbench/part_losses.h"
 #include "ui/workbench/slider_panel.h"
@@ -339,7 +340,7 @@ void NetworkWindow::showModel() {
     if (!bands_->hasFocus() || !bands_->isModified())
         bands_->setText(Text(BandsText(network.bands)));
     const auto name = [](const QString& verb, const std::string& step) {
-        return step.empty() ? verb : verb + ' ' + Text(step);
+        return StepCaption(verb, step);
     };
     undo_->setText(name(tr("&Undo"), model_.history().undoName()));
     undo_->setEnabled(model_.history().canUndo());
@@ -354,6 +355,7 @@ void NetworkWindow::showModel() {
 void NetworkWindow::showTitle() {
     const QString name = file_.isEmpty() ? tr("untitled") : QFileInfo(file_).fileName();
     setWindowTitle(name + (model_.modified() ? QStringLiteral(" *") : QString()) +
+                   (project_.readOnly ? tr(" (read-only)") : QString()) +
                    tr(" - Network - Kelvro"));
 }
 
@@ -370,7 +372,7 @@ void NetworkWindow::applyFrequency() {
 void NetworkWindow::applyBands() {
     auto bands = ParseBands(bands_->text().toStdString());
     problem_->setVisible(!bands.ok());
-    problem_->setText(Text(bands.message()));
+    problem_->setText(Shown(bands.message()));
     if (!bands) return;
     model_.edit(
         tr("Bands"), [&](Network& network) { network.bands = *bands; }, QStringLiteral("bands"));

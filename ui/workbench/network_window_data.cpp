@@ -16,6 +16,7 @@
 #include "io/touchstone.h"
 #include "network/coverage.h"
 #include "network/interpolation.h"
+#include "ui/texts.h"
 #include "ui/workbench/network_window.h"
 
 namespace kelvro {
@@ -143,7 +144,7 @@ bool NetworkWindow::linkData(const Data& measured) {
                                    .arg(measured->ports)
                                    .toStdString());
     if (!read) {
-        say(Text(read.message()));
+        say(Shown(read.message()));
         return false;
     }
     read->data.name = measured->name;
@@ -177,7 +178,7 @@ void NetworkWindow::askForData() {
                      "of what it says of them.")
                 : tr("The network is shown with the data that are there now.");
         QMessageBox box(QMessageBox::Warning, tr("Measured data"),
-                        tr("%1: %2.").arg(Text(problem.name), Text(problem.what)) +
+                        tr("%1: %2.").arg(Text(problem.name), Shown(problem.what)) +
                             QStringLiteral("\n\n") + rest,
                         QMessageBox::Ignore, this);
         box.setObjectName(QStringLiteral("MissingDataBox"));
@@ -195,17 +196,17 @@ void NetworkWindow::showDataNotes() {
     QStringList notes;
     for (const FrequencyBand& band : problem.bands) {
         const Status covered = CheckRange(problem, band.low, band.high);
-        if (!covered) notes << Text(covered.message());
+        if (!covered) notes << Shown(covered.message());
         for (const Data& measured : DataOf(problem)) {
             for (const std::string& warning : DataWarnings(*measured, band.low, band.high))
-                notes << Text(warning);
+                notes << Shown(warning);
         }
     }
     notes.removeDuplicates();
     dataNotes_->setText(notes.join('\n'));
     dataNotes_->setVisible(!notes.isEmpty());
     const auto& warnings = data_.warnings();
-    if (warnings.size() > toldWarnings_) statusBar()->showMessage(Text(warnings.back()));
+    if (warnings.size() > toldWarnings_) statusBar()->showMessage(Shown(warnings.back()));
     toldWarnings_ = warnings.size();
 }
 

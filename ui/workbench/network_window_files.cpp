@@ -26,6 +26,7 @@
 #include "ui/fields.h"
 #include "ui/help/manual_text.h"
 #include "ui/plot/design_host.h"
+#include "ui/texts.h"
 #include "ui/window_place.h"
 #include "ui/workbench/match_dialog.h"
 #include "ui/workbench/network_window.h"
@@ -39,7 +40,7 @@ namespace {
 constexpr int kMostRecent = 8;
 constexpr int kMostPrograms = 99;
 constexpr char kProjectSuffix[] = ".kelvro";
-constexpr char kFilter[] = "Kelvro projects (*.kelvro)";
+constexpr char kFilter[] = QT_TRANSLATE_NOOP("kelvro", "Kelvro projects (*.kelvro)");
 
 QSettings Remembered() {
     return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("kelvro"),
@@ -103,7 +104,7 @@ Project NetworkWindow::present() const {
 }
 
 NetworkDocument NetworkWindow::takeOver(Project project) {
-    for (const std::string& message : project.messages) say(QString::fromStdString(message));
+    for (const std::string& message : project.messages) say(Shown(message));
     project_ = std::move(project);
     NetworkDocument document{.network = project_.network,
                              .ghost = project_.ghost,
@@ -129,7 +130,7 @@ void NetworkWindow::newProject() {
 
 void NetworkWindow::chooseFile() {
     if (!mayDiscard()) return;
-    QFileDialog dialog(this, tr("Open project"), QFileInfo(file_).path(), tr(kFilter));
+    QFileDialog dialog(this, tr("Open project"), QFileInfo(file_).path(), Shown(kFilter));
     dialog.setObjectName(QStringLiteral("OpenProjectDialog"));
     dialog.setFileMode(QFileDialog::ExistingFile);
     if (dialog.exec() == QDialog::Accepted) openFile(dialog.selectedFiles().value(0));
@@ -138,7 +139,7 @@ void NetworkWindow::chooseFile() {
 bool NetworkWindow::openFile(const QString& path) {
     auto read = ReadProject(PathOf(path));
     if (!read) {
-        say(QString::fromStdString(read.message()));
+        say(Shown(read.message()));
         return false;
     }
     file_ = path;
@@ -151,7 +152,7 @@ bool NetworkWindow::openFile(const QString& path) {
 void NetworkWindow::openExample() {
     if (!mayDiscard()) return;
     auto read = ParseProject(ManualExample().toStdString(), {}, "whip.kelvro");
-    if (!read) return say(QString::fromStdString(read.message()));
+    if (!read) return say(Shown(read.message()));
     file_.clear();
     model_.open(takeOver(std::move(read).value()));
 }
@@ -159,10 +160,11 @@ void NetworkWindow::openExample() {
 bool NetworkWindow::write(const QString& path) {
     const Status written = WriteProject(PathOf(path), present());
     if (!written) {
-        say(QString::fromStdString(written.message()));
+        say(Shown(written.message()));
         return false;
     }
     file_ = path;
+    project_.readOnly = false;
     model_.markSaved();
     rememberRecent(path);
     QFile::remove(autosaveFile());
@@ -171,11 +173,11 @@ bool NetworkWindow::write(const QString& path) {
 }
 
 bool NetworkWindow::save() {
-    return file_.isEmpty() ? saveAs() : write(file_);
+    return file_.isEmpty() || project_.readOnly ? saveAs() : write(file_);
 }
 
 bool NetworkWindow::saveAs() {
-    QFileDialog dialog(this, tr("Save project"), QFileInfo(file_).path(), tr(kFilter));
+    QFileDialog dialog(this, tr("Save project"), QFileInfo(file_).path(), Shown(kFilter));
     dialog.setObjectName(QStringLiteral("SaveProjectDialog"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("kelvro"));
@@ -241,7 +243,7 @@ QString NetworkWindow::autosaveFile() {
 void NetworkWindow::autosave() {
     if (!model_.modified()) return;
     const Status written = WriteProject(PathOf(autosaveFile()), present());
-    if (!written) statusBar()->showMessage(QString::fromStdString(written.message()));
+    if (!written) statusBar()->showMessage(Shown(written.message()));
 }
 
 /// What a crash or a power cut has left behind.
@@ -255,7 +257,7 @@ void NetworkWindow::offerAutosave() {
     auto read = ReadProject(PathOf(autosaveFile()));
     QFile::remove(autosaveFile());
     if (!wanted) return;
-    if (!read) return say(QString::fromStdString(read.message()));
+    if (!read) return say(Shown(read.message()));
     // Not saved anywhere yet: the change mark stands until it is.
     NetworkDocument document = takeOver(std::move(read).value());
     model_.open(StartNetwork());
@@ -340,7 +342,7 @@ void NetworkWindow::openAny(const QString& file) {
         return;
     }
     auto read = data_.load(file.toStdString());
-    if (!read) return say(QString::fromStdString(read.message()));
+    if (!read) return say(Shown(read.message()));
     const Impedance::Measured load{*read, (*read)->ports == 1 ? 0 : 1, false};
     model_.edit(tr("Load"), [&](Network& network) { network.load = load; });
 }
@@ -356,7 +358,7 @@ void NetworkWindow::refine() {
     Network start = model_.network();
     start.designFrequency = model_.designFrequency();
     auto refined = Refined(start, model_.locked());
-    if (!refined) return say(QString::fromStdString(refined.message()));
+    if (!refined) return say(Shown(refined.message()));
     const double before = WorstGain(start);
     const double after = WorstGain(*refined);
     refined->designFrequency = model_.network().designFrequency;

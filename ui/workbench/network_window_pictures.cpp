@@ -20,6 +20,7 @@
 #include "plot/smith_painter.h"
 #include "ui/picture_dialog.h"
 #include "ui/print_page.h"
+#include "ui/texts.h"
 #include "ui/workbench/network_window.h"
 #include "ui/workbench/smith_view.h"
 #include "ui/workbench/sweep_view.h"
@@ -84,7 +85,7 @@ void NetworkWindow::savePicture() {
     const Status saved = SavePicture(
         file, *format, kPictureSize,
         [this](QPainter& painter, QSize size) { paintAll(painter, size); }, kClipboardScale);
-    if (!saved) say(QString::fromStdString(saved.message()));
+    if (!saved) say(Shown(saved.message()));
 }
 
 void NetworkWindow::printPicture() {
@@ -94,7 +95,7 @@ void NetworkWindow::printPicture() {
     if (dialog.exec() != QDialog::Accepted) return;
     const auto printed = PrintPage(
         printer, kPictureSize, [this](QPainter& painter, QSize size) { paintAll(painter, size); });
-    if (!printed) say(QString::fromStdString(printed.message()));
+    if (!printed) say(Shown(printed.message()));
 }
 
 QString NetworkWindow::commandLine() const {

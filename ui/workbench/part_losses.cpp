@@ -6,6 +6,7 @@
 #include "network/network_text.h"
 #include "network/tunable.h"
 #include "ui/fields.h"
+#include "ui/texts.h"
 #include "ui/workbench/network_model.h"
 
 namespace kelvro {
@@ -68,7 +69,7 @@ PartLossesEdit::PartLossesEdit(const char* object, PartKind kind, NetworkModel& 
 
 void PartLossesEdit::apply() {
     const auto readable = WithLosses(Part{kind_, 1}, text());
-    emit problem(readable.ok() ? QString() : QString::fromStdString(readable.message()));
+    emit problem(readable.ok() ? QString() : Shown(readable.message()));
     if (!readable) return;
     model_.edit(
         kind_ == PartKind::Inductor ? tr("Losses of coils") : tr("Losses of capacitors"),

@@ -14,6 +14,8 @@
 #include "core/number_text.h"
 #include "synthesis/search_text.h"
 #include "ui/fields.h"
+#include "ui/language.h"
+#include "ui/texts.h"
 #include "ui/workbench/series_choice.h"
 
 namespace kelvro {
@@ -27,13 +29,12 @@ struct KindRow {
 };
 
 constexpr KindRow kKinds[] = {
-    {"FindInductors", QT_TRANSLATE_NOOP("SearchChoices", "Inductors"), &SearchKinds::inductors},
-    {"FindCapacitors", QT_TRANSLATE_NOOP("SearchChoices", "Capacitors"), &SearchKinds::capacitors},
-    {"FindTraps", QT_TRANSLATE_NOOP("SearchChoices", "Traps"), &SearchKinds::traps},
-    {"FindLines", QT_TRANSLATE_NOOP("SearchChoices", "Lines"), &SearchKinds::lines},
-    {"FindStubs", QT_TRANSLATE_NOOP("SearchChoices", "Stubs"), &SearchKinds::stubs},
-    {"FindTransformers", QT_TRANSLATE_NOOP("SearchChoices", "Transformers"),
-     &SearchKinds::transformers}};
+    {"FindInductors", QT_TRANSLATE_NOOP("kelvro", "Inductors"), &SearchKinds::inductors},
+    {"FindCapacitors", QT_TRANSLATE_NOOP("kelvro", "Capacitors"), &SearchKinds::capacitors},
+    {"FindTraps", QT_TRANSLATE_NOOP("kelvro", "Traps"), &SearchKinds::traps},
+    {"FindLines", QT_TRANSLATE_NOOP("kelvro", "Lines"), &SearchKinds::lines},
+    {"FindStubs", QT_TRANSLATE_NOOP("kelvro", "Stubs"), &SearchKinds::stubs},
+    {"FindTransformers", QT_TRANSLATE_NOOP("kelvro", "Transformers"), &SearchKinds::transformers}};
 
 /// Where a text of a field cannot be read: the caption and why.
 Status Wrong(const QString& field, const std::string& why) {
@@ -94,8 +95,8 @@ void SearchChoices::addRange(QFormLayout& form, const char* name, const QString&
                              QLineEdit*& high) {
     auto* row = new QHBoxLayout;
     const auto add = [&](const char* end, const char* placeholder, const QString& hint) {
-        QLineEdit* edit =
-            addEdit(form, name, QString(), QLatin1String(placeholder), hint + caption.toLower());
+        QLineEdit* edit = addEdit(form, name, QString(), QLatin1String(placeholder),
+                                  hint + (IsTranslated() ? caption : caption.toLower()));
         edit->setObjectName(QLatin1String(name) + QLatin1String(end));
         edit->setAccessibleName(caption);
         row->addWidget(edit);
@@ -118,7 +119,7 @@ QWidget* SearchChoices::buildLadder() {
     form->addRow(tr("&Most parts"), parts_);
     auto* grid = new QGridLayout;
     for (const KindRow& row : kKinds) {
-        auto* box = new QCheckBox(tr(row.caption));
+        auto* box = new QCheckBox(Shown(row.caption));
         SetHint(*box, tr("The search may build with these"));
         box->setObjectName(QLatin1String(row.name));
         box->setChecked(SearchKinds().*row.member);

@@ -10,6 +10,7 @@
 #include <QPushButton>
 
 #include "ui/fields.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -71,8 +72,7 @@ void SeriesChoice::readOwned(const QString& file) {
                           : Result<OwnedParts>(Status::Failure(tr("cannot be read").toStdString()));
     const QString name = QFileInfo(file).fileName();
     if (read) owned_ = *read;
-    ownedName_->setText(
-        read ? name : name + QStringLiteral(": ") + QString::fromStdString(read.message()));
+    ownedName_->setText(read ? name : name + QStringLiteral(": ") + Shown(read.message()));
     emit changed();
 }
 

@@ -18,6 +18,7 @@
 #include "core/exact_number.h"
 #include "core/number_text.h"
 #include "ui/fields.h"
+#include "ui/texts.h"
 #include "ui/workbench/smith_view.h"
 
 namespace kelvro {
@@ -65,8 +66,9 @@ SliderPanel::SliderPanel(NetworkModel& model, QWidget* parent)
 
     auto* choices = new QHBoxLayout;
     seriesBox_->setObjectName(QStringLiteral("SliderSeries"));
-    for (const char* entry : {"continuous", "E6", "E12", "E24", "E48", "E96"})
-        seriesBox_->addItem(tr(entry));
+    for (const char* entry :
+         {QT_TRANSLATE_NOOP("kelvro", "continuous"), "E6", "E12", "E24", "E48", "E96"})
+        seriesBox_->addItem(Shown(entry));
     SetHint(*seriesBox_,
             tr("Values through which sliders step; Shift steps through them on the chart"));
     connect(seriesBox_, &QComboBox::activated, this, [this](int index) {

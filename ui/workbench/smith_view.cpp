@@ -10,6 +10,7 @@
 #include "core/number_text.h"
 #include "plot/device_contours.h"
 #include "plot/smith_painter.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -136,7 +137,10 @@ void SmithView::addContours() {
     }
     for (const DeviceSide side : deviceSides_) {
         auto circles = DeviceContours(model_.network(), model_.designFrequency(), side);
-        std::ranges::move(circles, std::back_inserter(picture_.contours));
+        for (ChartContour& circle : circles) {
+            circle.label = Shown(circle.label).toStdString();
+            picture_.contours.push_back(std::move(circle));
+        }
     }
 }
 
@@ -178,11 +182,12 @@ void SmithView::rebuild() {
     }
     const Cx zs = source();
     picture_.title = FrequencyText(f).toStdString();
-    picture_.reference =
+    const std::string reference =
         "centre: " + FormatShortest(zs.real()) +
         (zs.imag() == 0  ? " Ω"
          : zs.imag() > 0 ? " - j" + FormatShortest(zs.imag()) + " Ω, power waves"
                          : " + j" + FormatShortest(-zs.imag()) + " Ω, power waves");
+    picture_.reference = Shown(reference).toStdString();
     update();
 }
 

@@ -13,6 +13,7 @@
 #include "synthesis/refine.h"
 #include "ui/fields.h"
 #include "ui/mnemonics.h"
+#include "ui/texts.h"
 #include "ui/workbench/series_choice.h"
 
 namespace kelvro {
@@ -83,7 +84,7 @@ void StandardDialog::choose() {
                                 : Result<StandardNetwork>(Status::Failure(
                                       tr("every value is free: choose a series").toStdString()));
     QApplication::restoreOverrideCursor();
-    problem_->setText(QString::fromStdString(chosen.message()));
+    problem_->setText(Shown(chosen.message()));
     problem_->setVisible(!chosen);
     take_->setEnabled(chosen.ok());
     showParts(chosen ? chosen->network : start_);

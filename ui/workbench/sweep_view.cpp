@@ -17,6 +17,7 @@
 #include "plot/view_edit.h"
 #include "ui/fields.h"
 #include "ui/plot/plot_image.h"
+#include "ui/texts.h"
 
 namespace kelvro {
 
@@ -63,7 +64,7 @@ SweepView::SweepView(const char* object, const char* trace, NetworkModel& model,
 void SweepView::buildHead(const QString& object) {
     auto* head = new QHBoxLayout;
     box_->setObjectName(object + QStringLiteral("Trace"));
-    for (const Trace& entry : Traces()) box_->addItem(ToQString(entry.title));
+    for (const Trace& entry : Traces()) box_->addItem(Shown(entry.title));
     SetHint(*box_, tr("What this plot shows first, on the left axis"));
     connect(box_, &QComboBox::activated, this,
             [this](int index) { setLeading(Traces()[static_cast<std::size_t>(index)]); });
@@ -90,7 +91,7 @@ void SweepView::buildHead(const QString& object) {
 
 void SweepView::fillTraceMenu(const QString& object) {
     for (const Trace& trace : Traces()) {
-        QAction* action = menu_->addAction(ToQString(trace.title));
+        QAction* action = menu_->addAction(Shown(trace.title));
         action->setObjectName(object + '_' + ToQString(trace.key));
         action->setCheckable(true);
         connect(action, &QAction::triggered, this,

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "ui/fields.h"
+#include "ui/texts.h"
 #include "ui/workbench/ladder_panel.h"
 
 namespace kelvro {
@@ -63,7 +64,7 @@ TerminationEdit::TerminationEdit(const char* object, const QString& caption, Net
 void TerminationEdit::apply() {
     auto read = ParseTermination(edit_->text().toStdString(), load_);
     problem_->setVisible(!read.ok());
-    problem_->setText(read.ok() ? QString() : Text(read.message()));
+    problem_->setText(read.ok() ? QString() : Shown(read.message()));
     if (!read) return;
     model_.edit(
         QString(caption_).remove('&'),
