@@ -27,7 +27,7 @@ WIDGETS = re.compile(r"<Q(Widget|Application|Dialog|MainWindow|Printer|PrintDial
                      r"Label|LineEdit|PushButton|.*Layout)>")
 
 # A command as one text is a command that a file's content may take part in.
-SHELL = re.compile(r"(?<![\w.>])(?:std::|::)?(?:system|popen|wordexp|startCommand)\s*\(")
+SHELL = re.compile(r"(?<![\w.>:])(?:std::|::)?(?:system|popen|wordexp|startCommand)\s*\(")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+("([^"]+)"|(<[^>]+>))', re.M)
 

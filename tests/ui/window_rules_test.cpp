@@ -157,7 +157,8 @@ bool InGerman() {
 /// Words that are the same in all languages, or no texts of the program.
 bool IsForeign(QString text) {
     static const QRegularExpression names(
-        "Kelvro|English|Deutsch|[EÅ]?Butterworth|Chebyshev|VSWR|Leff|Ceff|https?:\\S+|infinite|"
+        "[xy](?:min|max)=|Kelvro|English|Deutsch|[EÅ]?Butterworth|Chebyshev|VSWR|Leff|Ceff|https?:"
+        "\\S+|infinite|"
         "PDF|E\\d+|ABCD|\\*?\\.\\w+|Impedance|[A-Za-z]+\\d\\w*|RLopt|etaA|log|sqrt|dB\\w");
     static const QRegularExpression word("[A-Za-z]{3}");
     return !text.replace(names, QString()).contains(word);
@@ -290,10 +291,8 @@ class WindowRulesTest : public QObject {
     }
 
     void noTextIsLeftInEnglish_data() {
-        QTest::addColumn<QWidget*>("window");
-        if (InGerman())
-            for (QWidget* window : windows_)
-                QTest::newRow(qPrintable(window->objectName())) << window;
+        if (!InGerman()) QSKIP("only where the windows speak German");
+        rows();
     }
     void noTextIsLeftInEnglish() {
         QFETCH(QWidget*, window);
