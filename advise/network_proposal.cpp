@@ -47,6 +47,7 @@ std::string ReasonOf(const NetworkProposal& proposal, const Wishes& wishes) {
 NetworkProposal Judged(const WishedSearch& search, const FoundNetwork& found) {
     NetworkProposal proposal;
     proposal.found = found;
+    proposal.suited = true;
     const double fo = search.problem.designFrequency;
     // The search does not name its parts.
     for (ListedPart part : ListOf(found.network)) {

@@ -291,9 +291,7 @@ Wishes::Dc DcPathOf(const Network& network) {
 std::vector<Proposal> Propose(const Design& state, const Wishes& wishes, CycleServices& services) {
     std::vector<Proposal> proposals;
     for (const Page& page : Pages()) AddProposals(proposals, state, page, wishes, services);
-    std::ranges::stable_sort(proposals, [](const Proposal& a, const Proposal& b) {
-        return a.suited != b.suited ? a.suited : a.score > b.score;
-    });
+    std::ranges::stable_sort(proposals, RanksBefore);
     return proposals;
 }
 

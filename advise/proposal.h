@@ -19,8 +19,7 @@ struct Proposal : RankedCircuit {
     bool LCSwapped = false;
     bool turned = false;  ///< designed for exchanged R1 and R2, and used the other way round
     Design state;         ///< designed; what going to the page shows
-    bool suited = false;
-    CycleResult cycle;  ///< what the page's calculation says: v, loss, bandwidth
+    CycleResult cycle;    ///< what the page's calculation says: v, loss, bandwidth
 };
 
 /// What a circuit does to direct current from source to load; Any where it does neither cleanly (a

@@ -101,6 +101,10 @@ double ScoreOf(const RankedCircuit& circuit, const Wishes& wishes, double fo, bo
     return score;
 }
 
+bool RanksBefore(const RankedCircuit& a, const RankedCircuit& b) {
+    return a.suited != b.suited ? a.suited : a.score > b.score;
+}
+
 std::string DecibelWords(double value) {
     return FormatFixed(0, 1, value) + " dB";
 }

@@ -56,7 +56,8 @@ struct SizedPart {
 
 struct RankedCircuit {
     std::string reason;  ///< one sentence; of an unsuited page why it is not
-    double score = 0;    ///< higher is better
+    bool suited = false;
+    double score = 0;  ///< higher is better
 
     /// V2/V1 at fo from the user's source to his load, also where the design runs the other way.
     double v = 0;
@@ -78,6 +79,9 @@ struct RankedCircuit {
 /// Points of a circuit; a lossless two-part match that meets every wish has about 100. `match`: it
 /// is to lose nothing. What only pages have is added to that.
 double ScoreOf(const RankedCircuit& circuit, const Wishes& wishes, double fo, bool match);
+
+/// Suited ones stand before the others, more points before fewer.
+bool RanksBefore(const RankedCircuit& a, const RankedCircuit& b);
 
 /// "0.1 dB".
 std::string DecibelWords(double value);

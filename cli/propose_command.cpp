@@ -105,7 +105,6 @@ Json JsonProposal(const Proposal& proposal) {
 struct Ranked {
     const RankedCircuit* circuit;
     std::string title;
-    bool suited;
     Json json;
 };
 
@@ -114,13 +113,13 @@ std::vector<Ranked> RankedOf(const std::vector<Proposal>& pages,
     std::vector<Ranked> ranked;
     ranked.reserve(pages.size() + networks.size());
     for (const Proposal& page : pages) {
-        ranked.push_back({&page, Title(page), page.suited, JsonProposal(page)});
+        ranked.push_back({&page, Title(page), JsonProposal(page)});
     }
     for (const NetworkProposal& network : networks) {
-        ranked.push_back({&network, Title(network), true, JsonProposal(network)});
+        ranked.push_back({&network, Title(network), JsonProposal(network)});
     }
     std::ranges::stable_sort(ranked, [](const Ranked& a, const Ranked& b) {
-        return a.suited != b.suited ? a.suited : a.circuit->score > b.circuit->score;
+        return RanksBefore(*a.circuit, *b.circuit);
     });
     return ranked;
 }
@@ -130,8 +129,8 @@ std::string HumanProposals(const std::vector<Ranked>& proposals) {
         {"", "page", "GT/dB", "-3 dB band", "smallest", "largest", "practical"}};
     int rank = 0;
     for (const Ranked& ranked : proposals) {
-        if (!ranked.suited) continue;
         const RankedCircuit& p = *ranked.circuit;
+        if (!p.suited) continue;
         rows.push_back({std::to_string(++rank) + ".", ranked.title,
                         p.gtDb ? FormatFixed(6, 2, *p.gtDb) : "-",
                         p.passband ? FormatQuantity(2, p.passband->width(), "Hz") : "-",

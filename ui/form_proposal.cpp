@@ -278,9 +278,7 @@ void TFormProposal::rank() {
         if (page.suited || unsuited_->isChecked()) entries_.push_back({.page = &page});
     }
     for (const NetworkProposal& network : networks_) entries_.push_back({.network = &network});
-    std::ranges::stable_sort(entries_, [](const Entry& a, const Entry& b) {
-        return a.suited() != b.suited() ? a.suited() : a.circuit().score > b.circuit().score;
-    });
+    std::ranges::stable_sort(entries_, RanksBefore, &Entry::circuit);
 }
 
 /// Fills the table; the current row stays current where it still exists.

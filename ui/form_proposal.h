@@ -72,7 +72,7 @@ class TFormProposal : public QDialog {
         const RankedCircuit& circuit() const;
         QString title() const;
         QStringList texts() const;
-        bool suited() const { return network || page->suited; }
+        bool suited() const { return circuit().suited; }
     };
     void rank();
     void showRows();
