@@ -73,6 +73,9 @@ class PlotWindowsTest : public QObject, protected GainWindow {
         press("RadioButtonGT");
         press("RadioButtonVu");
         QCOMPARE(vu_->view().y.max, 5.0);
+        press("RadioButtonVu");  // which is chosen already
+        QCOMPARE(image().picture().curves.size(), std::size_t{1});
+        QCOMPARE(image().picture().title, std::string("Voltage Gain V(f)"));
     }
 
     void theReadOutFollowsTheMouse() {

@@ -166,9 +166,9 @@ void PlotForm::setTraces(TraceList traces) {
 }
 
 void PlotForm::setLeading(const Trace& trace) {
+    if (&leading() == &trace) return;
     std::erase(plot_.traces, &trace);
-    plot_.traces.insert(plot_.traces.begin(), &trace);
-    plot_.traces.erase(plot_.traces.begin() + 1);
+    plot_.traces.front() = &trace;
     showTraceState();
 }
 
