@@ -1,5 +1,7 @@
 #include "io/optimizer_reports.h"
 
+#include <fcntl.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -27,6 +29,15 @@ std::FILE* Open(const std::string& path) {
     return file ? file : std::fopen(path.c_str(), "wb");
 }
 
+/// Does the disk hold so many bytes of the file? Asked before the first byte of an old report goes;
+/// where a file system cannot promise room, writing tells.
+bool HasRoom(std::FILE* file, std::size_t size) {
+    if (::fallocate(::fileno(file), 0, 0, static_cast<off_t>(size)) == 0) {
+        return true;
+    }
+    return errno != ENOSPC && errno != EDQUOT && errno != EFBIG;
+}
+
 /// Cuts off what an old, longer report has left behind.
 std::error_code CutTo(const std::string& path, std::size_t size) {
     std::error_code error;
@@ -44,8 +55,15 @@ Status Write(const std::string& path, const std::string& text) {
     const auto problem = [&](int reason) {
         return Status::Failure(path + ": " + std::strerror(reason));
     };
+    const bool isNew = !fs::exists(path, error);
     std::FILE* file = Open(path);
     if (!file) return problem(errno);
+    if (!HasRoom(file, text.size())) {
+        const int full = errno;
+        std::fclose(file);
+        if (isNew) fs::remove(path, error);
+        return problem(full);
+    }
     const bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size();
     const int reason = errno;
     if (std::fclose(file) != 0) return problem(errno);
