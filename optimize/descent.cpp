@@ -202,10 +202,14 @@ bool Descent::stalled(double reduction) {
 
 bool Descent::isBeaten() {
     history_.push_back(result_.at.f);
-    const auto lookBack = static_cast<std::size_t>(tuning_.lookBack);
-    if (history_.size() <= lookBack) return false;
-    const double recent = history_[history_.size() - 1 - lookBack] - result_.at.f;
-    return result_.at.f - tuning_.lookAhead * recent > rival_;
+    return IsBeaten(history_, rival_, tuning_);
+}
+
+bool IsBeaten(const std::vector<double>& values, double rival, const DescentTuning& tuning) {
+    const auto lookBack = static_cast<std::size_t>(tuning.lookBack);
+    if (values.size() <= lookBack) return false;
+    const double recent = values[values.size() - 1 - lookBack] - values.back();
+    return values.back() - tuning.lookAhead * recent > rival;
 }
 
 }  // namespace kelvro

@@ -28,6 +28,10 @@ struct DescentResult {
     bool onCrease = false;  ///< the last step went along one
 };
 
+/// Will a descent with these values, in order, not get below the rival? It will when some times the
+/// reduction of its last iterations takes it there.
+bool IsBeaten(const std::vector<double>& values, double rival, const DescentTuning& tuning);
+
 /// A quasi-Newton descent from a point to a minimum near by.
 class Descent {
   public:

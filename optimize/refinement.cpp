@@ -32,11 +32,12 @@ Matrix FreeDirections(Eigen::Index n, const std::vector<bool>& held, const Vecto
 
 }  // namespace
 
-Refinement::Refinement(SearchRun& run, const Box& box, DescentResult from)
+Refinement::Refinement(SearchRun& run, const Box& box, DescentResult from, double rival)
     : run_(run),
       box_(box),
       tuning_(run.options.tuning.refinement),
       result_(std::move(from)),
+      rival_(rival),
       radius_(tuning_.firstStepLimit),
       lastStep_(std::numeric_limits<double>::infinity()) {}
 
@@ -246,24 +247,35 @@ bool Refinement::advance(Step step) {
     return false;
 }
 
+/// To the mirror image of the point beyond the crease; false where that is far.
+bool Refinement::mirror() {
+    const Vector way = -2 * at_[2] / g_[2].squaredNorm() * g_[2];
+    if (!(LargestEntry(way) < tuning_.farthestBeyond)) return false;
+    result_.at.x = box_.nearest(result_.at.x + way);
+    at_ = valuesAt(result_.at.x, CallKind::LineSearch);
+    lastStep_ = std::numeric_limits<double>::infinity();
+    radius_ = tuning_.firstStepLimit;
+    return std::isfinite(valueOf(at_)) && derive(result_.at.x, g_);
+}
+
 /// The other side of a crease may have a minimum next to this one: which of them is found must not
 /// depend on the side that a descent has come from.
 bool Refinement::crossOver() {
     const auto saved = std::tuple(result_, at_, g_, H_, lastStep_, radius_);
+    const Position& from = std::get<0>(saved).at;
     const double before = valueOf(at_);
-    fixedSide_ = 1 - side();
-    const int target = fixedSide_;
-    bool more = true;
+    const int target = fixedSide_ = 1 - side();
+    bool more = mirror();
     for (int i = 0; more && i < tuning_.mostStepsBeyond; ++i) {
         more = (lastStep_ <= tuning_.sameHessian || deriveTwice()) && advance(newton(side()));
     }
     fixedSide_ = -1;
+    const Vector way = result_.at.x - from.x;
     const double after = valueOf(at_);
-    if (side() == target && after < before - tuning_.rounding) {
+    if (side() == target && after < before - tuning_.rounding &&
+        LargestEntry(way) < tuning_.farthestBeyond) {
         run_.notes().push_back({.kind = NoteKind::NewtonStep});
-        const Position& from = std::get<0>(saved).at;
-        result_.at.f = after;
-        run_.record(from, result_.at, {result_.at.x - from.x, 1, 1, 0});
+        run_.record(from, result_.at, {way, 1, 1, 0});
         return true;
     }
     std::tie(result_, at_, g_, H_, lastStep_, radius_) = saved;
@@ -299,7 +311,16 @@ void Refinement::descend() {
         creased_ = g_[2].squaredNorm() > tuning_.smallestSlope;
         if (lastStep_ > tuning_.sameHessian && !deriveTwice()) break;
         if (!advance(propose())) break;
+        falls_.push_back(result_.at.f);
+        if (IsBeaten(falls_, rival_, run_.options.tuning.descent)) {
+            beaten_ = true;
+            break;
+        }
     }
+}
+
+bool Refinement::mayCross() const {
+    return creased_ && !result_.onCrease && !beaten_ && run_.iterationsLeft();
 }
 
 DescentResult Refinement::finish() {
@@ -307,8 +328,9 @@ DescentResult Refinement::finish() {
     if (!std::isfinite(valueOf(at_)) || !derive(result_.at.x, g_)) return std::move(result_);
     const Vector start = result_.at.x;
     descend();
-    if (creased_ && !result_.onCrease && run_.iterationsLeft() && crossOver()) descend();
-    if (result_.at.x == start) return std::move(result_);
+    for (int i = 0; i < tuning_.mostCrossings && mayCross() && crossOver(); ++i) descend();
+    if (beaten_) result_.end = DescentEnd::Beaten;
+    if (beaten_ || result_.at.x == start) return std::move(result_);
     const auto k = static_cast<std::size_t>(side());
     result_.inverse = PositiveInverse(H_[k], run_.options.tuning.matrix);
     const bool flat = result_.at.gradient.length < run_.options.gradientLimit;

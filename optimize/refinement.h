@@ -15,8 +15,8 @@ namespace kelvro {
 /// (Nocedal, Wright, "Numerical Optimization", ch. 18, with second-order corrections).
 class Refinement {
   public:
-    /// From the end of a descent, inside the box.
-    Refinement(SearchRun& run, const Box& box, DescentResult from);
+    /// From the end of a descent, inside the box. Gives up when it will not get below `rival`.
+    Refinement(SearchRun& run, const Box& box, DescentResult from, double rival);
 
     /// Never above where it began.
     DescentResult finish();
@@ -53,7 +53,9 @@ class Refinement {
     bool advance(Step step);
     Values correct(Vector& x, const Step& step);
     Values descendWalls(Vector& x, const Step& step, const Values& from);
+    bool mirror();
     bool crossOver();
+    bool mayCross() const;
     void descend();
     bool accept(const Vector& x, const Values& values, const Step& step, int tries);
 
@@ -61,6 +63,7 @@ class Refinement {
     const Box& box_;
     const RefinementTuning& tuning_;
     DescentResult result_;
+    const double rival_;
     Values at_{};
     std::array<Vector, 3> g_;
     std::array<Matrix, 3> H_;
@@ -68,6 +71,8 @@ class Refinement {
     int fixedSide_ = -1;  ///< the function is that of one side alone; -1: of both
     double radius_;
     double lastStep_;
+    bool beaten_ = false;
+    std::vector<double> falls_ = {};  ///< f after each step
 };
 
 }  // namespace kelvro

@@ -35,8 +35,9 @@ void Search::find(Position start, Matrix inverse) {
         descendFromFurther(box_, 1);
     } else if (!good && !descendFromFurther(box_, tuning_.insidePart)) {
         searchAround(tuning_.wider, tuning_.widerPart);
-        searchAround(tuning_.widest, 1);
+        searchAround(tuning_.widest, tuning_.widestPart);
     }
+    dropUnfinished();
 }
 
 /// Beyond the reach, in a box wider by a factor in the logarithms: from the start, on from the best
@@ -69,7 +70,8 @@ bool Search::descend(const Box& box, Position start, Matrix inverse, double riva
     const bool arrived =
         result.end == DescentEnd::GradientTooSmall && summary_.iterations == before;
     if (run_.objective.nearness() && !arrived)
-        result = Refinement(run_, box, std::move(result)).finish();
+        result = Refinement(run_, box, std::move(result), rival).finish();
+    if (result.end == DescentEnd::Beaten) return false;
     result.at = run_.plain(std::move(result.at));
     const bool isFlat = result.at.gradient.length < run_.options.gradientLimit;
     if (result.end == DescentEnd::GradientTooSmall && !isFlat)
@@ -109,6 +111,20 @@ double Search::lowest(bool withinOnly) const {
         if (!withinOnly || within(minimum)) f = std::min(f, minimum.f());
     }
     return f;
+}
+
+/// A descent that the limit on iterations has cut short is somewhere on its way: it is no minimum
+/// where there is one that comes near to it.
+void Search::dropUnfinished() {
+    double arrived = kInfinity;
+    for (const Minimum& minimum : minima_) {
+        if (minimum.result.end != DescentEnd::MaxIterations)
+            arrived = std::min(arrived, minimum.f());
+    }
+    std::erase_if(minima_, [&](const Minimum& minimum) {
+        return minimum.result.end == DescentEnd::MaxIterations &&
+               arrived <= std::min(minimum.f() + run_.options.farGain, startValue_);
+    });
 }
 
 const Minimum& Search::chosen() const {

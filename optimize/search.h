@@ -37,6 +37,7 @@ class Search {
     void searchAround(double factor, double partOfIterations);
     bool within(const Minimum& minimum) const { return box_.contains(minimum.result.at.x); }
     double lowest(bool withinOnly) const;
+    void dropUnfinished();
     bool mayGoLower() const;
     bool startsLeft() const;
 

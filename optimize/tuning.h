@@ -105,8 +105,11 @@ struct RefinementTuning {
     double differenceStep = 2e-5;
     /// A direction is a wall where its curvature is this part of the largest.
     double steepPart = 0.01;
-    /// Steps on the other side of a crease.
+    /// Looks for a minimum on the other side of a crease, the steps of each, and how far from this
+    /// one it may be: beyond, it is another design.
+    int mostCrossings = 2;
     int mostStepsBeyond = 12;
+    double farthestBeyond = 1;
     /// Ways back onto a crease after each step.
     int corrections = 2;
     /// Squared slope of a crease's offset, dB, below which there is none.
@@ -117,10 +120,11 @@ struct RefinementTuning {
 
 /// Further descents of a run.
 struct SearchTuning {
-    /// Parts of the iterations after which no other descent begins inside the box, and inside the
-    /// wider one: the rest is for outside.
-    double insidePart = 0.6;
-    double widerPart = 0.85;
+    /// Parts of the iterations after which no other descent begins inside the box, inside the wider
+    /// one, and at all: the rest is for the last one, as half a descent is no minimum.
+    double insidePart = 0.5;
+    double widerPart = 0.65;
+    double widestPart = 0.8;
     /// How much farther the wider box reaches, in factors: 10 becomes 100, ...
     double wider = 2;
     /// ... and the largest one 10^4: parts beyond are open or short circuits.

@@ -48,11 +48,11 @@ Sides BentValley(std::span<const double> x) {
     return {rest - 10 * offset, rest + 10 * offset, offset};
 }
 
-/// The lower one of two parabolas of one number, around -1 and, shifted, around 1.2: alike where
-/// x² + 2x + 1 = x² - 2.4x + 1.44 + shift.
+/// The lower one of two parabolas of one number, around -0.3 and, shifted, around 0.4: alike where
+/// x² + 0.6x + 0.09 = x² - 0.8x + 0.16 + shift.
 Creased::Function TwoBowls(double shift) {
     return [shift](std::span<const double> x) {
-        return Sides{Square(x[0] + 1), Square(x[0] - 1.2) + shift, x[0] - (0.44 + shift) / 4.4};
+        return Sides{Square(x[0] + 0.3), Square(x[0] - 0.4) + shift, x[0] - (0.07 + shift) / 1.4};
     };
 }
 
@@ -92,10 +92,10 @@ INSTANTIATE_TEST_SUITE_P(
                                    Point({1.5, std::sqrt(1.5)})},
                     RefinementCase{"alongTheCreaseToAFace", BentValley, Point({1, 1}), 0.2,
                                    Point({1.2, std::sqrt(1.2)})},
-                    RefinementCase{"beyondTheCreaseWhereItIsLower", TwoBowls(-0.1), Point({-0.5}),
-                                   9, Point({1.2})},
-                    RefinementCase{"onItsSideWhereTheOtherIsHigher", TwoBowls(0.1), Point({-0.5}),
-                                   9, Point({-1})},
+                    RefinementCase{"beyondTheCreaseWhereItIsLower", TwoBowls(-0.05), Point({-0.5}),
+                                   9, Point({0.4})},
+                    RefinementCase{"onItsSideWhereTheOtherIsHigher", TwoBowls(0.05), Point({-0.5}),
+                                   9, Point({-0.3})},
                     RefinementCase{"atOneOfTwinsFromTheRidge", Twins, Point({0.3, 0.3}), 9,
                                    Point({1, -1})},
                     RefinementCase{"atTheSameTwinFromTheOtherEnd", Twins, Point({-0.3, -0.3}), 9,
