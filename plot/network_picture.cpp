@@ -119,10 +119,21 @@ std::string AxisName(const Trace& first, const TraceList& traces) {
 constexpr std::array kFurtherColours{Rgb{0x50, 0x50, 0x50}, Rgb{0x28, 0x8c, 0xc8},
                                      Rgb{0x70, 0x38, 0xb8}};
 
+std::vector<double> ValuesOf(const TraceSource& source, const Trace& trace,
+                             const std::vector<double>& f) {
+    std::vector<double> values;
+    values.reserve(f.size());
+    for (const double at : f)
+        values.push_back(std::clamp(trace.value(source, at), -trace.farthest, trace.farthest));
+    return values;
+}
+
 /// All traces of one network, its legend with them.
 void AddNetwork(Picture& picture, std::vector<TraceCurve>& curves, const NetworkPlot& plot,
                 const PlottedNetwork& plotted, const std::vector<double>& f) {
-    const TraceSource source(*plotted.network);
+    const bool held = plot.held && &plotted != plot.networks.data();
+    std::optional<TraceSource> source;
+    if (!held) source.emplace(*plotted.network);
     const bool several = plot.traces.size() > 1 && !plotted.dashed;
     for (std::size_t t = 0; t < plot.traces.size(); ++t) {
         const Trace& trace = *plot.traces[t];
@@ -132,10 +143,7 @@ void AddNetwork(Picture& picture, std::vector<TraceCurve>& curves, const Network
         curve.style = plotted.dashed ? LineStyle::Alternative : LineStyle::Solid;
         curve.turn = trace.turn;
         curve.onRight = trace.axis != plot.traces.front()->axis;
-        curve.y.reserve(f.size());
-        for (const double at : f) {
-            curve.y.push_back(std::clamp(trace.value(source, at), -trace.farthest, trace.farthest));
-        }
+        curve.y = held ? plot.held->of(*plotted.network, trace, f) : ValuesOf(*source, trace, f);
         std::string name = several ? std::string(trace.symbol) : "";
         if (!plotted.name.empty()) name += (name.empty() ? "" : " ") + plotted.name;
         // One entry is enough for what a network's further traces share: its colour.
@@ -181,6 +189,24 @@ void AddLimit(Picture& picture, const NetworkPlot& plot) {
 
 }  // namespace
 
+const std::vector<double>& HeldCurves::of(const Network& network, const Trace& trace,
+                                          const std::vector<double>& f) {
+    const auto held = std::ranges::find_if(all_, [&](const Held& one) {
+        return one.trace == &trace && one.network == network && one.f == f;
+    });
+    if (held != all_.end()) {
+        held->used = true;
+        return held->y;
+    }
+    all_.push_back({network, &trace, f, ValuesOf(TraceSource(network), trace, f), true});
+    return all_.back().y;
+}
+
+void HeldCurves::endPicture() {
+    std::erase_if(all_, [](const Held& one) { return !one.used; });
+    for (Held& one : all_) one.used = false;
+}
+
 Picture NetworkPicture(const NetworkPlot& plot) {
     const Trace& leading = *plot.traces.front();
     Picture picture;
@@ -188,6 +214,7 @@ Picture NetworkPicture(const NetworkPlot& plot) {
     const std::vector<double> f = Frequencies(plot);
     for (const PlottedNetwork& plotted : plot.networks)
         AddNetwork(picture, curves, plot, plotted, f);
+    if (plot.held) plot.held->endPicture();
     for (const Trace* trace : plot.traces)
         picture.title += (picture.title.empty() ? "" : ", ") + std::string(trace->title);
     picture.xName = "f in Hz";

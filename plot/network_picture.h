@@ -19,6 +19,27 @@ struct PlottedNetwork {
     bool dashed = false;
 };
 
+/// The curves of networks that stay while another one is tuned: reckoned once, not for every
+/// picture.
+class HeldCurves {
+  public:
+    /// The values of a trace at frequencies.
+    const std::vector<double>& of(const Network& network, const Trace& trace,
+                                  const std::vector<double>& f);
+    /// Forgets what was not asked for since the last call.
+    void endPicture();
+
+  private:
+    struct Held {
+        Network network;
+        const Trace* trace;
+        std::vector<double> f;
+        std::vector<double> y;
+        bool used;
+    };
+    std::vector<Held> all_;
+};
+
 struct NetworkPlot {
     TraceList traces;  ///< at least one; the first leads
     FrequencyBand range;
@@ -27,6 +48,8 @@ struct NetworkPlot {
     std::vector<double> markers;           ///< Hz
     std::optional<double> limitDb;         ///< "no lossless network does better"
     bool limitIsEstimate = false;
+    HeldCurves* held =
+        nullptr;  ///< of all networks but the first, where pictures follow each other
 };
 
 inline constexpr int kNetworkPlotPoints = 301;

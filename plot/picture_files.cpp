@@ -77,6 +77,7 @@ Encoded EncodeSvg(QSize size, const Drawing& drawing) {
     generator.setResolution(kPixelsPerInch);
     const bool painted = Paint(generator, drawing, size);
     // Viewers without the plots' font take any sans-serif one instead of their serif default.
+    bytes.replace("font-family=\"Sans Serif\"", "font-family=\"MS Sans Serif\"");
     bytes.replace("font-family=\"MS Sans Serif\"",
                   "font-family=\"MS Sans Serif, Arial, Helvetica, sans-serif\"");
     return Vector(std::move(bytes), painted);

@@ -42,6 +42,7 @@ QString Quoted(const QString& text) {
 }  // namespace
 
 void NetworkWindow::paintAll(QPainter& painter, QSize size) {
+    painter.fillRect(QRect(QPoint(), size), Qt::white);
     const int chartWidth = std::min(size.width() / 2, size.height());
     const int ladderHeight = size.height() / kLadderShare;
     const QSize chart(chartWidth, size.height() - ladderHeight);

@@ -123,6 +123,20 @@ std::vector<Cx> SmithView::sweepOf(const Network& network) const {
     return trace;
 }
 
+void SmithView::holdTraces() {
+    const FrequencyBand range = model_.plotRange();
+    std::vector<HeldTrace> next;
+    for (const Snapshot& snapshot : model_.snapshots()) {
+        if (!snapshot.shown) continue;
+        const auto known = std::ranges::find_if(held_, [&](const HeldTrace& one) {
+            return one.network == snapshot.network && one.range == range;
+        });
+        auto trace = known != held_.end() ? known->trace : sweepOf(snapshot.network);
+        next.push_back({snapshot.network, range, std::move(trace)});
+    }
+    held_ = std::move(next);
+}
+
 void SmithView::addContours() {
     picture_.contours = contours_;
     for (const double s : vswrCircles_) {
@@ -170,9 +184,11 @@ void SmithView::rebuild() {
     const Rgb colour = picture_.dark ? kTraceColourDark : kTraceColour;
     const std::vector<Cx> trace = sweepOf(network);
     picture_.traces.push_back({trace, colour});
+    holdTraces();
+    std::size_t held = 0;
     for (const Snapshot& snapshot : model_.snapshots())
         if (snapshot.shown)
-            picture_.traces.push_back({sweepOf(snapshot.network), snapshot.colour, 1.4, true});
+            picture_.traces.push_back({held_[held++].trace, snapshot.colour, 1.4, true});
     addMarkers(trace);
     addContours();
     picture_.selectedStep = -1;

@@ -73,6 +73,8 @@ class SmithView : public QWidget {
     void rebuild();
     void addContours();
     std::vector<std::complex<double>> sweepOf(const Network& network) const;
+    /// Of the snapshots that are shown; those that stay are reckoned once.
+    void holdTraces();
     void addMarkers(const std::vector<std::complex<double>>& trace);
     void selectStep(int step);
     void dragTo(QPointF place, Qt::KeyboardModifiers modifiers);
@@ -88,6 +90,12 @@ class SmithView : public QWidget {
     std::optional<Ground> drawn_;
     std::vector<double> vswrCircles_;
     std::vector<double> qualityCircles_;
+    struct HeldTrace {
+        Network network;
+        FrequencyBand range;
+        std::vector<std::complex<double>> trace;
+    };
+    std::vector<HeldTrace> held_;
     std::vector<ChartContour> contours_;
     std::vector<DeviceSide> deviceSides_;
     Series series_ = Series::E24;

@@ -310,8 +310,8 @@ void SweepView::showEvent(QShowEvent* event) {
 void SweepView::rebuild() {
     // A plot that nobody sees costs nothing while a node is dragged.
     if (!isVisible() && !image_->picture().curves.empty()) return;
-    NetworkPlot plot{traces_,          range(),  logarithmic_,    {},
-                     model_.markers(), limitDb_, limitIsEstimate_};
+    NetworkPlot plot{traces_,          range(),  logarithmic_,     {},
+                     model_.markers(), limitDb_, limitIsEstimate_, &held_};
     const bool alone =
         !model_.ghost() && std::ranges::none_of(model_.snapshots(), &Snapshot::shown);
     plot.networks.push_back({&model_.network(), alone ? std::string() : "now", kPresentColour});

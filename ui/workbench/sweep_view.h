@@ -91,6 +91,7 @@ class SweepView : public QWidget {
     bool logarithmic_ = false;
     std::optional<FrequencyBand> zoomed_;
     ValueRanges values_;
+    HeldCurves held_;
     std::optional<double> limitDb_;
     bool limitIsEstimate_ = false;
     bool dark_ = false;
