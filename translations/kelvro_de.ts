@@ -5652,6 +5652,10 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
         <source>&amp;Locate…</source>
         <translation>&amp;Suchen…</translation>
     </message>
+    <message>
+        <source>no value</source>
+        <translation>kein Wert</translation>
+    </message>
 </context>
 <context>
     <name>kelvro::PagePanel</name>
@@ -6180,6 +6184,10 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
     <message>
         <source>Tune ganged values</source>
         <translation>Gekoppelte Werte abstimmen</translation>
+    </message>
+    <message>
+        <source>no value</source>
+        <translation>kein Wert</translation>
     </message>
 </context>
 <context>

@@ -128,6 +128,9 @@ class NetworkDataTest : public QObject {
         QVERIFY2(told.value(0).contains("antenna.s1p: there is no file"),
                  qPrintable(told.value(0)));
         QVERIFY(window.find<QLabel>("DataNotes").text().contains("antenna.s1p has no data"));
+        window.type("BandsEingabe", "95M:105M");
+        QCOMPARE(window.find<QLabel>("WorstText").text(), QString("no value"));
+        window.trigger("NetworkUndo");
         window.trigger("NetworkSave");
         QCOMPARE(ReadAll(window.path("a.kelvro")), saved);
 

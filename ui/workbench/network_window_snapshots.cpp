@@ -133,7 +133,10 @@ void NetworkWindow::showSnapshots() {
         const Column& column = columns[c];
         showVariant(*put(0, c + 1, column.name), column.snapshot);
         const auto worst = NetworkModel::WorstGainDb(*column.network);
-        put(1, c + 1, worst ? Text(FormatFixed(0, 3, *worst)) + tr(" dB") : tr("no bands"));
+        put(1, c + 1,
+            worst                           ? Text(FormatFixed(0, 3, *worst)) + tr(" dB")
+            : column.network->bands.empty() ? tr("no bands")
+                                            : tr("no value"));
         for (std::size_t row = 0; row < rows; ++row) {
             auto* item = put(row + 2, c + 1, column.text(row, rows));
             QFont font = snapshots_->font();

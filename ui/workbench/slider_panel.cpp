@@ -230,7 +230,8 @@ void SliderPanel::showWorst() {
     const double part = worst ? std::clamp(1 - *worst / kWorstShown, 0.0, 1.0) : 0;
     worst_->setValue(static_cast<int>(std::lround(1000 * part)));
     worstText_->setText(worst ? tr("%1 dB").arg(QString::fromStdString(FormatFixed(0, 3, *worst)))
-                              : tr("no bands"));
+                        : model_.network().bands.empty() ? tr("no bands")
+                                                         : tr("no value"));
 }
 
 void SliderPanel::move(std::size_t index, double value) {
