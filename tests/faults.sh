@@ -104,7 +104,7 @@ kill_at_random() {
         [ "$(stat -c %a "$file")" = 640 ] || lost=$((lost + 1))
     done
     [ $lost = 0 ] || fail "kill: $lost of $kills files lost"
-    [ "$(ls work | wc -l)" = 1 ] || fail "kill: leaves $(ls work | tr '\n' ' ')"
+    [ "$(ls saved | wc -l)" = 1 ] || fail "kill: leaves $(ls saved | tr '\n' ' ')"
 }
 
 two_at_once() {
@@ -121,11 +121,11 @@ two_at_once() {
 }
 
 for kind in project report calls table listing spice touchstone csv json png svg pdf bmp jpg gif wmf; do
-    rm -rf work old
-    mkdir work
+    rm -rf saved old
+    mkdir saved
     # A project that is saved is read before, for what others keep in it.
     if [ $kind = project ]; then save project old 50 >/dev/null; else echo old >old; fi
-    file=$folder/work/$(name $kind)
+    file=$folder/saved/$(name $kind)
     mkdir "$file"
     refused "folder in the way" "$file"
     rmdir "$file"
