@@ -28,8 +28,29 @@ std::optional<WorstGain> WorstGainOf(const Design& design, const Response& respo
     return WorstGain{*band, worst};
 }
 
+std::optional<Achieved::Dip> DipBelow(const Response& response, double fo) {
+    constexpr int steps = 400;
+    constexpr double leastDepthDb = 1;
+    const double atFo = response.relativeDb(fo);
+    const double atDc = response.relativeDb(fo / steps);
+    Achieved::Dip dip;
+    for (int i = 2; i < steps; ++i) {
+        const double f = fo * i / steps;
+        const double depth = atFo - response.relativeDb(f);
+        if (depth > dip.depthDb) dip = {f, depth};
+    }
+    // Deeper than both ends: the gain falls towards 0 Hz otherwise.
+    const bool isDip = dip.depthDb > leastDepthDb && dip.depthDb > atFo - atDc + leastDepthDb / 10;
+    return isDip ? std::optional(dip) : std::nullopt;
+}
+
 std::string Hertz(double f) {
     return FormatQuantity(2, f, "Hz");
+}
+
+std::string DipText(const std::optional<Achieved::Dip>& dip) {
+    if (!dip) return {};
+    return " with a dip of " + FormatFixed(0, 2, dip->depthDb) + " dB at " + Hertz(dip->f);
 }
 
 }  // namespace
@@ -48,6 +69,7 @@ std::optional<Achieved> AchievedBy(const CycleResult& result) {
     achieved.lossDb = result.lossDb;
     achieved.band = PassbandAround(response, design.fo);
     achieved.worst = WorstGainOf(design, response);
+    if (achieved.band.low == 0) achieved.dip = DipBelow(response, design.fo);
     const double width = achieved.band.width();
     if (!std::isfinite(width)) return achieved;
     achieved.loadedQ = design.fo / width;
@@ -66,7 +88,8 @@ std::string AchievedText(const Achieved& achieved, double bandwidth) {
     const Passband& band = achieved.band;
     if (!std::isfinite(band.high)) return text + "-3 dB from " + Hertz(band.low) + " up";
     text += "-3 dB width " + Hertz(band.width()) + " (" + Hertz(band.low) + " to " +
-            Hertz(band.high) + "), loaded Q " + FormatFixed(0, 2, achieved.loadedQ);
+            Hertz(band.high) + ")" + DipText(achieved.dip) + ", loaded Q " +
+            FormatFixed(0, 2, achieved.loadedQ);
     if (achieved.otherThanBandwidth) text += ", not the " + Hertz(bandwidth) + " of B";
     return text;
 }

@@ -200,6 +200,9 @@ Json JsonAchieved(const CycleResult& cycle) {
         {"width", JsonNumber(achieved->band.width())},
         {"loaded_q", achieved->loadedQ > 0 ? JsonNumber(achieved->loadedQ) : Json(nullptr)},
         {"other_than_b", achieved->otherThanBandwidth}};
+    if (const auto& dip = achieved->dip) {
+        json["dip"] = {{"f", JsonNumber(dip->f)}, {"depth_db", JsonNumber(dip->depthDb)}};
+    }
     if (const auto& worst = achieved->worst) {
         json["worst_gt"] = {{"from", JsonNumber(worst->band.low)},
                             {"to", JsonNumber(worst->band.high)},

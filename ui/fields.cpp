@@ -79,7 +79,12 @@ std::string StepName(const InputField& field, int page) {
     std::string name(field.object.substr(0, field.object.find("Eingabe")));
     const std::string number = std::to_string(page);
     if (name.ends_with(number)) name.resize(name.size() - number.size());
-    return name;
+    // The symbol that the label gives the quantity; where it gives none, as to the edges of a band,
+    // the label itself. "Element Q" is there twice, once for each kind of part.
+    const std::string label(field.label);
+    if (label.find(name) != std::string::npos) return name;
+    return field.unit == "L" || field.unit == "C" ? label + " (" + std::string(field.unit) + ")"
+                                                  : label;
 }
 
 void SetHint(QWidget& widget, const QString& hint) {

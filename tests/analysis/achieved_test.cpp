@@ -58,6 +58,20 @@ TEST(Achieved, NamesTheWorstGainOfABandThatCounts) {
     EXPECT_FALSE(AchievedBy(Calculated(13, 50, 200, 0.2))->worst) << "no band on this page";
 }
 
+TEST(Achieved, NamesTheDipThatALowPassBandHasBelowFo) {
+    const CycleResult pi = Calculated(3, 50, 200, 3);
+    const auto achieved = AchievedBy(pi);
+    ASSERT_TRUE(achieved && achieved->dip);
+    EXPECT_EQ(achieved->band.low, 0);
+    // Straight through at 0 Hz 4·50·200/250² of the power arrives: 1.94 dB less.
+    EXPECT_GT(achieved->dip->depthDb + pi.lossDb, 1.94);
+    EXPECT_LT(achieved->dip->depthDb, 3.0103);
+    EXPECT_THAT(AchievedText(*achieved, pi.bandwidth),
+                testing::ContainsRegex(" with a dip of 2\\.[0-9]+ dB at [0-9.]+ MHz, loaded Q"));
+    EXPECT_FALSE(AchievedBy(Calculated(3, 50, 200, 5))->dip) << "its band begins above";
+    EXPECT_FALSE(AchievedBy(Calculated(13, 50, 200, 5))->dip) << "an L section rises to fo";
+}
+
 TEST(Achieved, HasNothingToSayWithoutABand) {
     EXPECT_FALSE(AchievedBy(Calculated(1, 200, 50, 5))) << "refused";
     EXPECT_FALSE(AchievedBy(Calculated(7, 200, 50, 5))) << "flat";

@@ -115,6 +115,10 @@ void UndoTest::everyChangeCanBeTakenBackAndDoneAgain_data() {
         f.find("foEingabe").setFocus();
     });
     row("fo", 3, nothing, [](FormFixture& f) { f.click("SpinButtonfoUp"); });
+    row("Element Q (C)", 3, nothing, [](FormFixture& f) {
+        f.type("QBCEingabe", "500");
+        f.find("foEingabe").setFocus();
+    });
     row("Q", 3, nothing, [](FormFixture& f) { QTest::keyClick(&f.find("QEingabe"), Qt::Key_Up); });
     row("Ub", 10, nothing, [](FormFixture& f) { f.click("SpinButtonUb10Up"); });
     row("N", 17, nothing, [](FormFixture& f) { f.click("SpinButtonN17Up"); });
@@ -137,7 +141,7 @@ void UndoTest::everyChangeCanBeTakenBackAndDoneAgain_data() {
         QTest::keyClick(&f.find<QScrollBar>("ScrollBarLtot"), Qt::Key_Right);
     });
     row("Band", 16, nothing, [](FormFixture& f) { f.click("CheckBoxBand16"); });
-    row("fLow", 16, nothing, [](FormFixture& f) {
+    row("Band from", 16, nothing, [](FormFixture& f) {
         f.type("fLow16Eingabe", "80M");
         f.find("foEingabe").setFocus();
     });
