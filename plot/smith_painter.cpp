@@ -164,7 +164,7 @@ class ChartDrawing {
     }
 
     void drawContour(const ChartContour& contour) {
-        painter_.setPen(QPen(ToColor(contour.colour), 1.2, Qt::DashLine));
+        painter_.setPen(QPen(readable(contour.colour), 1.2, Qt::DashLine));
         painter_.setBrush(Qt::NoBrush);
         const ChartCircle& circle = contour.circle;
         if (!contour.clipped) {
@@ -185,7 +185,7 @@ class ChartDrawing {
     }
 
     void drawTrace(const ChartTrace& trace) {
-        QPen pen(ToColor(trace.colour), trace.width, trace.dashed ? Qt::DashLine : Qt::SolidLine);
+        QPen pen(readable(trace.colour), trace.width, trace.dashed ? Qt::DashLine : Qt::SolidLine);
         pen.setJoinStyle(Qt::RoundJoin);
         painter_.setPen(pen);
         polyline(trace.gamma);
@@ -231,7 +231,7 @@ class ChartDrawing {
         if (!(std::abs(point.gamma) < 1e4)) return;
         const QPointF at = place(point.gamma);
         const QColor colour =
-            picture_.dark && point.colour == Rgb{} ? colours_.text : ToColor(point.colour);
+            picture_.dark && point.colour == Rgb{} ? colours_.text : readable(point.colour);
         painter_.setPen(QPen(colour, 1.6));
         painter_.setBrush(point.hollow ? QBrush(colours_.background) : QBrush(colour));
         painter_.drawEllipse(at, 4, 4);
@@ -270,6 +270,15 @@ class ChartDrawing {
 
     QPainter& painter_;
     const SmithPicture& picture_;
+    /// On a dark ground light enough to be seen, of the same hue.
+    QColor readable(Rgb colour) const {
+        const QColor given = ToColor(colour);
+        if (!picture_.dark || given.lightnessF() >= kLeastOnDark) return given;
+        return QColor::fromHslF(given.hslHueF(), given.hslSaturationF(), kLeastOnDark);
+    }
+
+    static constexpr float kLeastOnDark = 0.6F;
+
     const Colours colours_;
     const ChartFrame frame_;
     QFont font_;

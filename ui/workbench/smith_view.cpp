@@ -24,7 +24,6 @@ constexpr double kFineDrag = 0.1;      // of the cursor's way, with Ctrl
 constexpr double kKeyStep = 0.01;      // of the value, for one press of an arrow
 constexpr int kSweepPoints = 201;
 constexpr Rgb kTraceColour{192, 0, 0};
-constexpr Rgb kTraceColourDark{255, 110, 110};
 constexpr Rgb kContourColour{120, 120, 160};
 
 QString FrequencyText(double f) {
@@ -181,9 +180,8 @@ void SmithView::rebuild() {
     picture_.path = SmithPath(network, f);
     picture_.ghost = model_.ghost() ? SmithPath(*model_.ghost(), f) : std::vector<PathStep>();
     picture_.traces.clear();
-    const Rgb colour = picture_.dark ? kTraceColourDark : kTraceColour;
     const std::vector<Cx> trace = sweepOf(network);
-    picture_.traces.push_back({trace, colour});
+    picture_.traces.push_back({trace, kTraceColour});
     holdTraces();
     std::size_t held = 0;
     for (const Snapshot& snapshot : model_.snapshots())
