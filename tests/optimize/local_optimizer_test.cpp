@@ -238,6 +238,12 @@ INSTANTIATE_TEST_SUITE_P(
                      o.reach = kEverywhere;
                  }),
                  StopReason::YsTooSmall},
+        // What is large counts by its root: 0.1 above a million there is little left to gain,
+        // though |g| is 1 on the walls of so flat a bowl.
+        StopCase{
+            "vy",
+            [](auto x) { return 1e6 + 3 * Square(Square(x[0] - 1.5)) + Square(Square(x[1] + 1)); },
+            LocalOptions{}, StopReason::VyTooSmall},
         // |g| is the square root of 2 all around the minimum.
         StopCase{"step", [](auto x) { return std::fabs(x[0] - 0.3) + std::fabs(x[1] + 0.7); },
                  LocalOptions{}, StopReason::StepTooSmall}),
