@@ -192,6 +192,17 @@ class LadderPictureTest : public QObject {
         QVERIFY(!panel.model.locked({2, 0, Tunable::Quantity::PartValue}));
     }
 
+    void theDrawingFollowsTheLadder() {
+        Panel panel;
+        const QImage before = panel.picture().grab().toImage();
+        panel.model.edit("Place", [](Network& network) {
+            std::get<Arm>(network.ladder[1].is).place = Place::Series;
+        });
+        QVERIFY(panel.picture().grab().toImage() != before);
+        panel.model.undo();
+        QVERIFY(panel.picture().grab().toImage() == before);
+    }
+
     void aClickChoosesAnElementAndATileAddsBehindIt() {
         Panel panel;
         QTest::mouseClick(&panel.picture(), Qt::LeftButton, {}, panel.picture().placeOf(1));

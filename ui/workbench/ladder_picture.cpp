@@ -72,10 +72,19 @@ void LadderPicture::paintEvent(QPaintEvent*) {
         fill.setAlpha(50);
         if (static_cast<int>(i) == marked_) painter.fillRect(place, fill);
     }
-    painter.drawImage(0, 0,
-                      LadderThumbnail(ladder, size(), palette().color(QPalette::WindowText).rgb(),
-                                      devicePixelRatioF()));
+    painter.drawImage(0, 0, drawing());
     paintTarget(painter);
+}
+
+const QImage& LadderPicture::drawing() {
+    Drawn wanted{model_.network().ladder, size(), palette().color(QPalette::WindowText).rgb(),
+                 devicePixelRatioF()};
+    for (const Tunable& at : TunablesOf(wanted.ladder)) SetValue(wanted.ladder, at, 1);
+    if (drawing_.isNull() || wanted != drawn_) {
+        drawing_ = LadderThumbnail(wanted.ladder, wanted.size, wanted.colour, wanted.ratio);
+        drawn_ = std::move(wanted);
+    }
+    return drawing_;
 }
 
 /// A frame around what would be replaced, a bar where something would come between.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QWidget>
 #include <optional>
 
@@ -80,7 +81,20 @@ class LadderPicture : public QWidget {
     Carried release();
     void paintTarget(QPainter& painter) const;
 
+    /// What the drawing depends on: the ladder whatever its values, and where it is drawn.
+    struct Drawn {
+        std::vector<LadderElement> ladder;
+        QSize size;
+        QRgb colour = 0;
+        double ratio = 0;
+        bool operator==(const Drawn&) const = default;
+    };
+    /// Drawn anew only when it changes, not with every value that a drag on the chart sets.
+    const QImage& drawing();
+
     NetworkModel& model_;
+    Drawn drawn_;
+    QImage drawing_;
     int marked_ = -1;
     int grabbed_ = -1;  ///< while the button is down
     QPointF pressed_;
