@@ -18,9 +18,9 @@ target_compile_options(
             $<$<BOOL:${KELVRO_SANITIZE}>:-fsanitize=address,undefined>
             $<$<BOOL:${KELVRO_SANITIZE}>:-fno-sanitize-recover=undefined>
             $<$<BOOL:${KELVRO_SANITIZE}>:-fno-omit-frame-pointer>
-            # A number that does not fit its type is a finding as well.
+            # A number that does not fit its type is told and ends nothing: a finding of fuzzers only.
             $<$<BOOL:${KELVRO_FUZZ}>:-fsanitize=fuzzer-no-link,float-cast-overflow>
-            $<$<BOOL:${KELVRO_FUZZ}>:-fno-sanitize-recover=all>)
+            $<$<BOOL:${KELVRO_FUZZ}>:-fsanitize-recover=float-cast-overflow>)
 if(KELVRO_HARDEN)
   # Executables that load anywhere; -fPIC, for libraries, would keep functions from being inlined.
   target_compile_options(kelvro_options INTERFACE -fPIE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2

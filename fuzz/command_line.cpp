@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <sstream>
 #include <vector>
@@ -49,6 +50,11 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
         std::filesystem::temp_directory_path() / ("kelvro-fuzz-" + std::to_string(::getpid()));
     std::filesystem::create_directories(folder);
     std::filesystem::current_path(folder);
+    static const auto left = folder;
+    std::atexit([] {
+        std::error_code error;
+        std::filesystem::remove_all(left, error);
+    });
     return 0;
 }
 

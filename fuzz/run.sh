@@ -18,8 +18,8 @@ fuzz() {
     mkdir -p "$corpus"
     [ ! -f "fuzz/dictionaries/$topic.txt" ] || dictionary=(-dict="$root/fuzz/dictionaries/$topic.txt")
     "build/sanitize/fuzz/fuzz_$topic" "$root/$corpus" "$root/fuzz/seeds/$topic" "${dictionary[@]}" \
-        -max_total_time="$seconds" -timeout=20 -rss_limit_mb=3000 -print_final_stats=1 \
-        -artifact_prefix="$findings/$topic-" >"$log" 2>&1 || {
+        -max_total_time="$seconds" -timeout=60 -rss_limit_mb=3000 -print_final_stats=1 \
+        -artifact_prefix="$findings/$topic-" >"$log" 2>&1 && ! grep -aq 'runtime error' "$log" || {
         echo "$topic: BROKEN"
         grep -aE 'ERROR|runtime error|not so|SUMMARY|Test unit written' "$log" || tail -20 "$log"
         return 1

@@ -39,6 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const QString saved = QString::fromStdString(FileName("-saved.ini"));
     std::ofstream(strange, std::ios::binary) << text;
     const SettingsRead read = ReadSettings(QString::fromStdString(strange), {});
+    QFile::remove(QString::fromStdString(strange));
     if (read.status != SettingsRead::Status::Read) return 0;
     // Saving waits for the disk; what is read now is saved often enough.
     if (std::hash<std::string_view>{}(text) % 16 != 0) return 0;
