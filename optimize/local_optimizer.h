@@ -136,6 +136,9 @@ struct Summary {
     /// Of max-min steps: there are no line searches and no matrices, and g is the sum of the
     /// gradients that hold the worst value down, each by how much it does.
     bool maxMin = false;
+    /// Of max-min steps, where a report is asked for: how far each parameter alone may be off, to
+    /// the worse side, for the decibels that the report's uncertainties are made for.
+    Eigen::VectorXd uncertainties;
 
     int descents = 0;                      ///< starts made
     double initialStep = 0;                ///< first t

@@ -432,10 +432,14 @@ bool IsStillMoving(const Summary& run, const RemarkTuning& tuning) {
 std::string ClosingText(const Summary& best, const OptimizerSettings& settings) {
     ReportText out;
     const RemarkTuning& remark = settings.local.tuning.remark;
-    const Eigen::MatrixXd inverse = TrustedInverse(best);
-    if (inverse.size() > 0) out << "Parameter uncertainty estimation : \n";
-    for (Eigen::Index i = 0; i < inverse.rows(); ++i) {
-        const double dX = std::sqrt(2 * remark.uncertaintyGoal * std::fabs(inverse(i, i)));
+    const Eigen::VectorXd uncertainties =
+        best.maxMin ? best.uncertainties
+                    : Eigen::VectorXd((2 * remark.uncertaintyGoal * TrustedInverse(best).diagonal())
+                                          .cwiseAbs()
+                                          .cwiseSqrt());
+    if (uncertainties.size() > 0) out << "Parameter uncertainty estimation : \n";
+    for (Eigen::Index i = 0; i < uncertainties.size(); ++i) {
+        const double dX = uncertainties[i];
         out << static_cast<int>(i) + 1 << " : " << 100 * dX << "%, dX=" << dX << "\n";
     }
     out << "f at achieved optimum : " << best.f << "\n";

@@ -297,11 +297,45 @@ class WorstGainRun {
     bool isStart_ = true;
 };
 
+/// The change of one parameter to one side that raises a worst loss by a cost; at most a factor of
+/// e.
+double ChangeThatCosts(Goal& goal, Vector x, Eigen::Index i, double sign, double cost) {
+    const double from = x[i];
+    const auto costAt = [&](double change) {
+        x[i] = from + sign * change;
+        return goal.value({x.data(), static_cast<std::size_t>(x.size())}, CallKind::Evaluation);
+    };
+    const double limit = costAt(0) + cost;
+    double low = 0;
+    double high = 1e-4;
+    while (high < 1 && costAt(high) < limit) low = std::exchange(high, 2 * high);
+    for (int k = 0; k < 12; ++k) {
+        const double middle = (low + high) / 2;
+        (costAt(middle) < limit ? low : high) = middle;
+    }
+    return low;
+}
+
+/// There is an edge at the minimum and no matrix: one side of each parameter tells.
+Vector Uncertainties(Goal& goal, const Vector& x, double cost) {
+    Vector changes(x.size());
+    for (Eigen::Index i = 0; i < x.size(); ++i) {
+        changes[i] =
+            std::min(ChangeThatCosts(goal, x, i, 1, cost), ChangeThatCosts(goal, x, i, -1, cost));
+    }
+    return changes;
+}
+
 }  // namespace
 
 Summary MinimizeWorstLoss(Goal& goal, const Design& design, const Eigen::VectorXd& start,
                           const LocalOptions& options, const Eigen::VectorXd& origin) {
-    return WorstGainRun(goal, design, options, origin).find(start);
+    Summary summary = WorstGainRun(goal, design, options, origin).find(start);
+    if (options.finalHessian) {
+        summary.uncertainties =
+            Uncertainties(goal, summary.x, options.tuning.remark.uncertaintyGoal);
+    }
+    return summary;
 }
 
 }  // namespace kelvro

@@ -96,6 +96,18 @@ TEST(WorstGainOfALadder, ReportsOnePointAndSaysWhatItIs) {
     }
     EXPECT_NE(result.log.find("Max-min iterations : "), std::string::npos);
     EXPECT_FALSE(result.table.empty());
+    // A part that is off by its uncertainty costs 0.01 dB to one side, and no more to the other.
+    ASSERT_EQ(run.uncertainties.size(), 4);
+    EXPECT_NE(result.log.find("Parameter uncertainty estimation"), std::string::npos);
+    for (Eigen::Index i = 0; i < 4; ++i) {
+        double most = 0;
+        for (const double sign : {-1.0, 1.0}) {
+            Eigen::VectorXd x = run.x;
+            x[i] += sign * run.uncertainties[i];
+            most = std::max(most, Goal(design, {}).value({x.data(), 4}, CallKind::Evaluation));
+        }
+        EXPECT_NEAR(most - run.f, 0.01, 1e-4);
+    }
 }
 
 TEST(WorstGainOfALadder, KeepsToItsLimits) {
