@@ -4383,7 +4383,7 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>Stubs</source>
-        <translation>Stichleitungen</translation>
+        <translation>Stubs</translation>
     </message>
     <message>
         <source>Transformers</source>
@@ -4491,11 +4491,11 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
     <message>
         <source>Parameter changes xi-xi+1 vs Iteration</source>
-        <translation>Parameteränderung xi-xi+1 über Iteration</translation>
+        <translation>Parameter xi-xi+1 über Iteration</translation>
     </message>
     <message>
         <source>Parameter changes x-xfinal vs Iteration</source>
-        <translation>Parameteränderung x-xEnd über Iteration</translation>
+        <translation>Parameter x-xEnd über Iteration</translation>
     </message>
     <message>
         <source>Function Calls vs Iteration</source>
@@ -4660,6 +4660,18 @@ Möchten Sie die Datei ersetzen?</translation>
     <message>
         <source>expected linear, polar or cubic</source>
         <translation>erwartet: linear, polar oder cubic</translation>
+    </message>
+    <message>
+        <source>-3 dB width %1 (%2 to %3) with a dip of %4 dB at %5, loaded Q %6, not the %7 of B</source>
+        <translation>-3-dB-Bandbreite %1 (%2 bis %3) mit einem Einbruch von %4 dB bei %5, Betriebsgüte %6, nicht die %7 von B</translation>
+    </message>
+    <message>
+        <source>-3 dB width %1 (%2 to %3) with a dip of %4 dB at %5, loaded Q %6</source>
+        <translation>-3-dB-Bandbreite %1 (%2 bis %3) mit einem Einbruch von %4 dB bei %5, Betriebsgüte %6</translation>
+    </message>
+    <message>
+        <source>Element Q (%1)</source>
+        <translation>Bauteilgüte Q (%1)</translation>
     </message>
 </context>
 <context>
@@ -5418,7 +5430,7 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
     </message>
     <message>
         <source>none in this network</source>
-        <translation>keine in diesem Netzwerk</translation>
+        <translation>keine vorhanden</translation>
     </message>
     <message>
         <source>&amp;Embedded in the Project</source>
@@ -5732,7 +5744,7 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
     </message>
     <message>
         <source>none in this network</source>
-        <translation>keine in diesem Netzwerk</translation>
+        <translation>keine vorhanden</translation>
     </message>
     <message>
         <source>they differ</source>
@@ -5858,7 +5870,7 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
     </message>
     <message>
         <source>&amp;Most parts</source>
-        <translation>&amp;Höchstens Bauteile</translation>
+        <translation>&amp;Bauteile max.</translation>
     </message>
     <message>
         <source>The search may build with these</source>
@@ -5918,7 +5930,7 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
     </message>
     <message>
         <source>F&amp;irst at least</source>
-        <translation>&amp;Erstes mindestens</translation>
+        <translation>&amp;Erstes ab</translation>
     </message>
     <message>
         <source>A part that the source brings along: C across, L in series</source>
@@ -5926,7 +5938,7 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
     </message>
     <message>
         <source>Las&amp;t at least</source>
-        <translation>Le&amp;tztes mindestens</translation>
+        <translation>Le&amp;tztes ab</translation>
     </message>
     <message>
         <source>A part that the load brings along: C across, L in series</source>
@@ -8080,7 +8092,7 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
     </message>
     <message>
         <source>Qui&amp;z...</source>
-        <translation>Qui&amp;z...</translation>
+        <translation>&amp;Quiz...</translation>
     </message>
     <message>
         <source>A quiz on matching</source>

@@ -20,6 +20,7 @@
 #include "io/atomic_file.h"
 #include "ui/fields.h"
 #include "ui/form_parts.h"
+#include "ui/mnemonics.h"
 #include "ui/texts.h"
 
 namespace kelvro {
@@ -128,6 +129,7 @@ void TExportDlg::designChanged() {
     setWindowTitle(tr("Export - %1").arg(Shown(page.caption)));
     const auto series = static_cast<std::size_t>(host_.preferences().ESeries);
     standardValues_->setText(tr("Standard values (%1)").arg(QLatin1String(kSeriesNames[series])));
+    GiveMnemonics(*this);  // the new caption has no letter yet
     standardValues_->setChecked(host_.standardValues());
     listFormats();
     if (!rangeTyped_) defaultRange();

@@ -69,9 +69,13 @@ void SpeakLanguage(QCoreApplication& app, Language language) {
     Install(app, QStringLiteral("kelvro_") + code, QStringLiteral(":/translations"));
 }
 
-bool IsTranslated() {
+QString LanguageCode() {
     //: The code of this language, such as de
-    return QCoreApplication::translate("kelvro", "en") != QLatin1String("en");
+    return QCoreApplication::translate("kelvro", "en");
+}
+
+bool IsTranslated() {
+    return LanguageCode() != QLatin1String("en");
 }
 
 }  // namespace kelvro

@@ -19,6 +19,8 @@ void RememberLanguage(Language language);
 /// languages that the program knows; English where it knows none.
 void SpeakLanguage(QCoreApplication& app, Language language);
 
+/// The code of the language that the windows speak: en, de.
+QString LanguageCode();
 /// Is a catalogue in use, so that texts may differ from what the sources say?
 bool IsTranslated();
 

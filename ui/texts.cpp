@@ -55,8 +55,7 @@ QList<Pattern> ReadPatterns() {
     if (!file.open(QIODevice::ReadOnly)) return patterns;
     for (QByteArray line : file.readAll().split('\n')) {
         line.replace("\\n", "\n");
-        if (!line.startsWith('#') && line.contains('%') && line.contains("%1"))
-            patterns << PatternOf(line);
+        if (!line.startsWith('#') && line.contains("%1")) patterns << PatternOf(line);
     }
     std::ranges::stable_sort(patterns, std::ranges::greater(), &Pattern::fixed);
     return patterns;

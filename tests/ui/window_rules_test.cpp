@@ -159,9 +159,24 @@ bool IsForeign(QString text) {
     static const QRegularExpression names(
         "[xy](?:min|max)=|Kelvro|English|Deutsch|[EÅ]?Butterworth|Chebyshev|VSWR|Leff|Ceff|https?:"
         "\\S+|infinite|"
-        "PDF|E\\d+|ABCD|\\*?\\.\\w+|Impedance|[A-Za-z]+\\d\\w*|RLopt|etaA|log|sqrt|dB\\w");
+        "PDF|E\\d+|ABCD|\\*?\\.\\w+|Impedance|[A-Za-z]+\\d\\w*|RLopt|etaA|phi|log|sqrt|dB\\w");
     static const QRegularExpression word("[A-Za-z]{3}");
     return !text.replace(names, QString()).contains(word);
+}
+
+/// Is there less room than the text of a label or button takes?
+bool IsCutOff(const QWidget& widget) {
+    if (IsInnards(widget)) return false;
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        if (label->wordWrap() || label->text().isEmpty()) return false;
+        return label->sizeHint().width() > label->width() && label->textFormat() != Qt::RichText;
+    }
+    const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+    const bool captioned = button && !button->text().isEmpty();
+    const auto* tool = qobject_cast<const QToolButton*>(button);
+    if (!captioned || (tool && tool->toolButtonStyle() == Qt::ToolButtonIconOnly)) return false;
+    return button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width() >
+           button->width();
 }
 
 /// All that a widget says, by itself and in its items.
@@ -193,6 +208,7 @@ class WindowRulesTest : public QObject {
     std::vector<std::unique_ptr<QWidget>> dialogs_;
     QList<QWidget*> windows_;
     MarkedCatalogue catalogue_;
+    QTemporaryDir state_;
 
     template <typename Dialog>
     void add(std::unique_ptr<Dialog> dialog) {
@@ -214,6 +230,9 @@ class WindowRulesTest : public QObject {
             QVERIFY(catalogue_.load(":/translations/kelvro_de.qm"));
             QCoreApplication::installTranslator(&catalogue_);
         }
+        // What another program has left behind would be offered in a box of its own.
+        QVERIFY(state_.isValid());
+        qputenv("XDG_STATE_HOME", state_.path().toLocal8Bit());
         form_ = std::make_unique<FormFixture>();
         windows_ << &form_->form();
         for (const QString& name : AppWindows::names())
@@ -269,6 +288,28 @@ class WindowRulesTest : public QObject {
         form.setFixedSize(whole);
         form_->goTo(1);
         QVERIFY2(scrolling.isEmpty(), qPrintable(scrolling.join("; ")));
+    }
+
+    void noCaptionIsCutOff_data() { rows(); }
+    void noCaptionIsCutOff() {
+        QFETCH(QWidget*, window);
+        const bool main = window == &form_->form();
+        const QSize whole = window->size();
+        if (main) form_->form().setFixedSize(kSmallScreen);
+        if (!main) window->resize(window->sizeHint().expandedTo(whole).boundedTo(kSmallScreen));
+        window->show();
+        QStringList cut;
+        for (std::size_t i = 0; i < (main ? Pages().size() : 1); ++i) {
+            if (main) form_->goTo(Pages()[i].number);
+            QCoreApplication::processEvents();
+            for (const QWidget* widget : window->findChildren<QWidget*>())
+                if (widget->window() == window && widget->isVisible() && IsCutOff(*widget))
+                    cut << Name(*widget);
+        }
+        if (main) form_->form().setFixedSize(whole);
+        if (main) form_->goTo(1);
+        if (!main) window->hide();
+        QVERIFY2(cut.isEmpty(), qPrintable(cut.join("; ")));
     }
 
     void noLetterStandsTwice_data() { rows(); }

@@ -6,6 +6,7 @@
 #include "core/number_text.h"
 #include "design/pages.h"
 #include "ui/help/page_hints.h"
+#include "ui/language.h"
 #include "ui/texts.h"
 
 /// The chapters lie in a static library, whose resources the linker drops unless they are named.
@@ -115,7 +116,9 @@ QString ManualHtml(const QString& id) {
     const auto& topics = ManualTopics();
     const bool known =
         std::ranges::any_of(topics, [&](const ManualTopic& t) { return t.id == id; });
-    QFile file(QStringLiteral(":/manual/%1.html").arg(known ? id : topics.front().id));
+    const QString chapter = known ? id : topics.front().id;
+    QFile file(QStringLiteral(":/manual/%1/%2.html").arg(LanguageCode(), chapter));
+    if (!file.exists()) file.setFileName(QStringLiteral(":/manual/%1.html").arg(chapter));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
