@@ -42,7 +42,8 @@ Status CheckThere(const Network& network, const Project& project) {
 
 void AddTerminationOptions(CLI::App& command, NetworkOptions& options) {
     command
-        .add_option("--source", options.source, "Impedance of the source: 50, 12-j45, amp.s2p:2")
+        .add_option("--source", options.source,
+                    "Impedance of the source: 50, 12-j45, amp.s2p:2, 'amp.s2p(cubic):2'")
         ->type_name("Z");
     command
         .add_option("--load", options.load,
@@ -57,10 +58,13 @@ void AddNetworkOptions(CLI::App& command, NetworkOptions& options, bool elements
     AddTerminationOptions(command, options);
     if (!elements) return;
     command
-        .add_option("ELEMENT", options.elements,
-                    "Elements from source to load: 'series: L=20n', 'shunt: C=16p | L=18n', 'line: "
-                    "Z=50, deg=90@2.4G', 'open: …', 'short: …', 'transformer: n=2', 'coupled: "
-                    "L1=1u, L2=1u, k=0.9', 'part: coil.s2p'")
+        .add_option(
+            "ELEMENT", options.elements,
+            "Elements from source to load: 'series: L=20n', 'shunt: C=16p | L=18n', 'line: "
+            "Z=50, deg=90@2.4G', 'open: …', 'short: …', 'transformer: n=2', 'coupled: "
+            "L1=1u, L2=1u, k=0.9', 'part: coil.s2p', 'part: coil.s2p(polar)'. A word behind "
+            "a measured file says how it is read between its samples: linear, polar or "
+            "cubic")
         ->type_name("")
         ->excludes(file);
 }
