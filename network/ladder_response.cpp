@@ -72,12 +72,15 @@ Matrix2 LadderResponse::chain(double f) const {
 
 std::complex<double> LadderResponse::voltageTransfer(double f) const {
     const Through through = ThroughAt(program_, At(f));
+    if (through.factor.norm() == 0) return 0;
     return FromLanes(2.0 * (through.ZL * through.factor * through.sum.reciprocal()));
 }
 
 double LadderResponse::GT(double f) const {
     const Through through = ThroughAt(program_, At(f));
-    return 4 * (through.ZS.re * through.ZL.re) * through.factor.norm() / through.sum.norm();
+    const double passing = through.factor.norm();
+    if (passing == 0) return 0;
+    return 4 * (through.ZS.re * through.ZL.re) * passing / through.sum.norm();
 }
 
 NetworkPoint LadderResponse::at(double f) const {

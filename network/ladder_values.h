@@ -51,11 +51,12 @@ Values<T> ValuesAt(const LadderProgram& program, const Frequency<T>& at) {
     if (state.factored) {
         const auto factor = state.factor.value;
         const T through = factor.norm();
-        // Where nothing passes, the phase is that of the sum, the limit from both sides.
+        // Where nothing passes, the phase is that of the sum, the limit from both sides. Behind a
+        // second short even that is 0/0; no power passes all the same.
         const auto none = through == T(0.0);
         const T turning =
             (state.factor.slope * factor.conjugate()).im / lanes::Select(none, T(1.0), through);
-        values.GT = values.GT * through;
+        values.GT = lanes::Select(none, T(0.0), values.GT * through);
         values.direction = factor * values.direction;
         values.groupDelay = values.groupDelay - turning;
     }

@@ -198,8 +198,8 @@ class WorstGainRun {
             .leastGain = kLeastGain * limit * limit,
             .watch = [this](const MaxMinPoint& at, std::span<const double> g) { record(at, g); }};
         solver_.improve(gains_, box_, options, point);
-        if (summary_.descents == 0) goToEqualRipple(point);
-        options.mostSteps = options_.maxIterations - summary_.iterations;
+        const bool went = summary_.descents == 0 && goToEqualRipple(point);
+        options.mostSteps = options_.maxIterations - summary_.iterations - (went ? 1 : 0);
         solver_.improve(gains_, box_, options, point);
         take(point, point.radius < options.leastRadius);
         ++summary_.descents;
@@ -214,15 +214,18 @@ class WorstGainRun {
     }
 
     /// Losses move the best ladder, but not far. Linear steps from the calculated one creep along a
-    /// bent valley: eight elements had not arrived after eighty.
-    void goToEqualRipple(MaxMinPoint& point) {
-        if (equalRipple_.size() == 0) return;
+    /// bent valley: eight elements had not arrived after eighty. The way there is an iteration;
+    /// false where the point is as good.
+    bool goToEqualRipple(MaxMinPoint& point) {
+        if (equalRipple_.size() == 0) return false;
         MaxMinPoint ladder{.x = {equalRipple_.begin(), equalRipple_.end()}, .radius = kFirstRadius};
         for (std::size_t j = 0; j < ladder.x.size(); ++j)
             ladder.x[j] = std::clamp(ladder.x[j], box_.low[j], box_.high[j]);
         LinearRows rows;
         gains_.rows(ladder.x, rows);
-        if (std::ranges::min(rows.values) > point.worst) point = std::move(ladder);
+        if (!(std::ranges::min(rows.values) > point.worst)) return false;
+        point = std::move(ladder);
+        return true;
     }
 
     void descendFromFurther() {

@@ -174,6 +174,22 @@ TEST(LadderResponseTest, SweepsHaveTheDigitsOfSinglePoints) {
     }
 }
 
+TEST(LadderResponseTest, NothingPassesTwoShortsOrTwoOpens) {
+    const Part noCoil = Part::L(0);
+    const Part noCapacitor = Part::C(0);
+    const std::vector<double> f{1e9};
+    for (const auto& ladder : {std::vector{ShuntArm(noCoil), ShuntArm(noCoil)},
+                               std::vector{SeriesArm(noCapacitor), SeriesArm(noCapacitor)}}) {
+        for (const double load : {50.0, 0.0}) {
+            LadderResponse response(Between(50.0, ladder, load));
+            EXPECT_EQ(response.GT(1e9), 0);
+            EXPECT_EQ(response.at(1e9).GT, 0);
+            EXPECT_EQ(response.sweep(f).GT[0], 0);
+            EXPECT_EQ(response.voltageTransfer(1e9), 0.0);
+        }
+    }
+}
+
 struct LimitCase {
     const char* what;
     std::vector<LadderElement> ladder;

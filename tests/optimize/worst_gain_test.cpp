@@ -113,8 +113,12 @@ TEST(WorstGainOfALadder, ReportsOnePointAndSaysWhatItIs) {
 TEST(WorstGainOfALadder, KeepsToItsLimits) {
     const Design design = Ladder{.eight = true, .element = 40}.calculated();
     OptimizerSettings settings;
-    settings.local.maxIterations = 2;
-    EXPECT_LE(OptimizePage(design, settings).iterations(), 2);
+    for (const Ladder& ladder : {Ladder{.eight = true, .element = 40}, Ladder{}}) {
+        for (const int most : {1, 2}) {
+            settings.local.maxIterations = most;
+            EXPECT_LE(OptimizePage(ladder.calculated(), settings).iterations(), most);
+        }
+    }
     settings.local.maxIterations = 80;
     settings.local.reach = 0.05;
     EXPECT_LE(OptimizePage(design, settings).bestRun().distance, 0.05 + 1e-12);
