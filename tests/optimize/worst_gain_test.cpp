@@ -113,7 +113,8 @@ TEST(WorstGainOfALadder, ReportsOnePointAndSaysWhatItIs) {
 TEST(WorstGainOfALadder, KeepsToItsLimits) {
     const Design design = Ladder{.eight = true, .element = 40}.calculated();
     OptimizerSettings settings;
-    for (const Ladder& ladder : {Ladder{.eight = true, .element = 40}, Ladder{}}) {
+    for (const Ladder& ladder :
+         {Ladder{.eight = true, .element = 40}, Ladder{.R2 = 200, .element = 100}}) {
         for (const int most : {1, 2}) {
             settings.local.maxIterations = most;
             EXPECT_LE(OptimizePage(ladder.calculated(), settings).iterations(), most);
