@@ -79,9 +79,9 @@ QString Filled(const QString& text, const Pattern& pattern, const QRegularExpres
 }  // namespace
 
 QString Shown(std::string_view text) {
-    const QString english = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    QString english = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
     if (text.empty() || !IsTranslated()) return english;
-    const QString found = QCoreApplication::translate(kContext, english.toUtf8().constData());
+    QString found = QCoreApplication::translate(kContext, english.toUtf8().constData());
     if (found != english) return found;
     static const QList<Pattern> patterns = ReadPatterns();
     for (const Pattern& pattern : patterns) {
