@@ -27,10 +27,6 @@ void Translate(Picture& picture) {
     for (LevelMark& mark : picture.marks) show(mark.label);
 }
 
-}  // namespace
-
-namespace {
-
 /// The plots' own size stands beside the 9 points, at 96 dots per inch, of a plain desktop.
 FramePainter PainterFor(const QFont& font) {
     constexpr double kDesktopPixels = 12;
