@@ -17,8 +17,8 @@ struct OptimizerFiles {
 /// that variable ~/.local/state/kelvro.
 OptimizerFiles UserReports();
 
-/// Writes log and table where there are any, folders included. "file: reason" for the first that
-/// cannot be written. The design does not depend on it.
+/// Writes log and table where there are any, each as a whole, folders included. A failure names the
+/// first that cannot be written. The design does not depend on it.
 Status KeepReports(const PageOptimization& optimization, const OptimizerFiles& files);
 
 }  // namespace kelvro

@@ -18,6 +18,14 @@ namespace fs = std::filesystem;
 
 using Save = Status (*)(const QString& path, const QByteArray& content);
 
+Status ToDisk(const QString& path, const QByteArray& content) {
+    return WriteAtomically(path, content);
+}
+
+Status ForReports(const QString& path, const QByteArray& content) {
+    return WriteAtomically(path, content, Survives::Kill);
+}
+
 Status ByWayOfTmp(const QString& path, const QByteArray& content) {
     return WriteByWayOf(QStringLiteral("TMP"), path, content);
 }
@@ -62,7 +70,7 @@ TEST_P(KilledSave, LeavesTheOldFileAndDoesNotDisturbTheNextSave) {
         EXPECT_EQ(entry.path(), target) << "what the killed process had begun";
 }
 
-INSTANTIATE_TEST_SUITE_P(Ways, KilledSave, testing::Values(WriteAtomically, ByWayOfTmp));
+INSTANTIATE_TEST_SUITE_P(Ways, KilledSave, testing::Values(ToDisk, ForReports, ByWayOfTmp));
 
 }  // namespace
 }  // namespace kelvro

@@ -44,7 +44,7 @@ TEST(OptimizerReports, NameTheFileThatCannotBeWritten) {
     optimization.log = "log\n";
     optimization.table = "table\n";
     for (const char* bad : {"/dev/full", "/", "/proc/nowhere/opt.txt"}) {
-        const std::string named = std::string(bad) + ": ";
+        const std::string named = "Cannot write \"" + std::string(bad) + "\": ";
         for (const OptimizerFiles& files :
              {OptimizerFiles{bad, ""}, OptimizerFiles{(folder / "log").string(), bad}})
             EXPECT_EQ(KeepReports(optimization, files).message().rfind(named, 0), 0U) << bad;
