@@ -287,6 +287,13 @@ std::string TraceKeys(std::string_view separator) {
     return keys;
 }
 
+TraceList AllTraces() {
+    TraceList all;
+    all.reserve(kTraces.size());
+    for (const Trace& trace : kTraces) all.push_back(&trace);
+    return all;
+}
+
 const Trace* RightTrace(const TraceList& traces) {
     const auto other = [&](const Trace* trace) { return trace->axis != traces.front()->axis; };
     const auto found = std::ranges::find_if(traces, other);

@@ -85,6 +85,9 @@ std::string TraceKeys(std::string_view separator);
 /// others, those of one more axis have room on the right.
 using TraceList = std::vector<const Trace*>;
 
+/// Every row.
+TraceList AllTraces();
+
 /// The first trace of the right axis; null where all share the left one.
 const Trace* RightTrace(const TraceList& traces);
 /// The first trace that would need a third axis; null where two do.

@@ -9,6 +9,7 @@
 #include "cli/design_run.h"
 #include "cli/range_options.h"
 #include "cli/tolerance_options.h"
+#include "cli/trace_option.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
 #include "plot/caption.h"
@@ -65,16 +66,8 @@ std::string SizeProblem(const std::string& text) {
     return SizeOf(text) ? "" : "'" + text + "' is no size such as 768x576, 100 to 10000 a side";
 }
 
-std::string TraceProblem(const std::string& text) {
-    return FindTrace(text) ? "" : "'" + text + "' is no trace; " + TraceKeys(", ");
-}
-
-Outcome<TraceList> TracesOf(const PlotOptions& options) {
-    TraceList traces;
-    for (const std::string& key : options.traces) {
-        const Trace* trace = FindTrace(key);
-        if (std::ranges::find(traces, trace) == traces.end()) traces.push_back(trace);
-    }
+Outcome<TraceList> DrawnTraces(const PlotOptions& options) {
+    TraceList traces = TracesOf(options.traces);
     if (const Trace* third = TraceWithoutAxis(traces)) {
         return Problem{ExitCode::Usage, "--trace: '" + std::string(third->key) +
                                             "' needs a third axis; a plot has two"};
@@ -138,7 +131,7 @@ ExitCode Plot(const PlotOptions& options, Session& session) {
                              "pictures are drawn by the program kelvro-pictures, which is not "
                              "installed"});
     }
-    const auto traces = TracesOf(options);
+    const auto traces = DrawnTraces(options);
     if (!traces) return session.fail(traces.status());
     const auto outcome = RunRespondingDesign(*options.design, session);
     if (!outcome) return session.fail(outcome.status());
@@ -168,14 +161,9 @@ void AddPlotCommand(CLI::App& app, Session& session) {
     CLI::App* command = app.add_subcommand("plot", "Plot of a design's response as a picture file");
     auto options = std::make_shared<PlotOptions>();
     options->design = AddDesignOptions(*command);
-    command
-        ->add_option("--trace,--quantity", options->traces,
-                     "What is drawn, several with commas: " + TraceKeys(", ") +
-                         ". The first has the left axis, one more axis is on the right")
-        ->capture_default_str()
-        ->delimiter(',')
-        ->check(TraceProblem)
-        ->type_name("TRACE");
+    AddTraceOption(*command, options->traces,
+                   "What is drawn, the first on the left axis, those of one more on the right")
+        ->capture_default_str();
     AddRangeOptions(*command, options->range, false);
     command->add_flag("--autoscale", options->autoscale, "Scale the y axis to the curve");
     command->add_option("--size", options->size, "Width and height in pixels")

@@ -4,6 +4,7 @@
 
 #include "cli/commands.h"
 #include "cli/design_run.h"
+#include "cli/trace_option.h"
 #include "core/number_text.h"
 #include "io/response_table.h"
 
@@ -17,6 +18,7 @@ struct ResponseOptions {
     std::string to;
     int points = 255;
     bool linear = false;
+    std::vector<std::string> traces;
 };
 
 constexpr int kMostFrequencies = 10'000'000;
@@ -29,11 +31,11 @@ double Frequency(const ResponseOptions& sweep, double from, double to, int i) {
     return sweep.linear ? from + part * (to - from) : from * std::pow(to / from, part);
 }
 
-Json JsonRow(const TraceSource& source, double f) {
+Json JsonRow(const TraceSource& source, const TraceList& traces, double f) {
     const auto H = source.response->transfer(f);
     Json row{{"f_Hz", JsonNumber(f)}, {"re", JsonNumber(H.real())}, {"im", JsonNumber(H.imag())}};
-    for (const Trace& trace : Traces()) {
-        row[std::string(trace.column)] = JsonNumber(trace.value(source, f));
+    for (const Trace* trace : traces) {
+        row[std::string(trace->column)] = JsonNumber(trace->value(source, f));
     }
     return row;
 }
@@ -62,12 +64,13 @@ ExitCode ReportResponse(const ResponseOptions& sweep, Session& session) {
         return Frequency(sweep, from, to, static_cast<int>(i));
     };
     const auto points = static_cast<std::size_t>(std::max(sweep.points, 0));
+    const TraceList traces = sweep.traces.empty() ? AllTraces() : TracesOf(sweep.traces);
     if (!sweep.design->json) {
-        WriteResponseCsv(source, points, frequency, session.out);
+        WriteResponseCsv(source, traces, points, frequency, session.out);
         return ExitCode::Done;
     }
     Json rows = Json::array();
-    for (std::size_t i = 0; i < points; ++i) rows.push_back(JsonRow(source, frequency(i)));
+    for (std::size_t i = 0; i < points; ++i) rows.push_back(JsonRow(source, traces, frequency(i)));
     session.out << JsonText(rows);
     return ExitCode::Done;
 }
@@ -91,6 +94,7 @@ void AddResponseCommand(CLI::App& app, Session& session) {
         ->capture_default_str()
         ->check(CLI::Range(2, kMostFrequencies));
     command->add_flag("--linear", sweep->linear, "Equal steps instead of equal ratios");
+    AddTraceOption(*command, sweep->traces, "Columns behind f, re and im instead of all");
     command->callback([&session, sweep] { session.status = ReportResponse(*sweep, session); });
 }
 

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <optional>
 
@@ -91,71 +92,83 @@ std::optional<Decimal> QuickDecimal(double value) {
     }
 }
 
-/// A text under construction in a buffer that is large enough.
-struct Writer {
-    char* end;
+constexpr std::array<char, 200> MakePairs() {
+    std::array<char, 200> pairs{};
+    for (std::size_t i = 0; i < 100; ++i) {
+        pairs[2 * i] = static_cast<char>('0' + i / 10);
+        pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+    }
+    return pairs;
+}
+constexpr std::array<char, 200> kPairs = MakePairs();
 
-    void put(char c) { *end++ = c; }
-    void put(const char* from, std::size_t size) { end = std::copy_n(from, size, end); }
-    void zeros(std::size_t count) { end = std::fill_n(end, count, '0'); }
-};
+/// Eight digits, two by two: the quotients of a group do not wait for those of another.
+void PutEight(char* to, std::uint32_t value) {
+    const std::array<std::uint32_t, 2> halves{value / 10'000, value % 10'000};
+    for (const std::uint32_t half : halves) {
+        std::memcpy(to, &kPairs[std::size_t{2} * (half / 100)], 2);
+        std::memcpy(to + 2, &kPairs[std::size_t{2} * (half % 100)], 2);
+        to += 4;
+    }
+}
+
+/// The first digit and, at `rest`, the sixteen others.
+void PutDigits(char* first, char* rest, std::uint64_t digits) {
+    const auto high = static_cast<std::uint32_t>(digits / 100'000'000);
+    *first = static_cast<char>('0' + high / 100'000'000);
+    PutEight(rest, high % 100'000'000);
+    PutEight(rest + 8, static_cast<std::uint32_t>(digits % 100'000'000));
+}
+
+std::size_t WithoutZerosAtTheEnd(std::uint64_t digits) {
+    std::size_t size = kDigits;
+    for (; digits % 10 == 0; digits /= 10) --size;
+    return size;
+}
 
 /// As "%g" arranges digits: with an exponent below 1e-4 and where digits before the point are
-/// lacking, without zeros at the end.
-void WriteGeneral(Writer& to, const Decimal& decimal) {
-    // In two halves: their digits are found side by side.
-    std::array<char, kDigits> digits;
-    const auto high = static_cast<std::uint32_t>(decimal.digits / 100'000'000);
-    auto low = static_cast<std::uint32_t>(decimal.digits % 100'000'000);
-    std::to_chars(digits.data(), digits.data() + 9, high);
-    for (std::size_t i = kDigits; i-- > 9; low /= 10) {
-        digits[i] = static_cast<char>('0' + low % 10);
-    }
-    std::size_t size = kDigits;
-    while (size > 1 && digits[size - 1] == '0') --size;
-
+/// lacking, without zeros at the end. The end of what was written; behind it may stand more.
+char* WriteGeneral(char* to, const Decimal& decimal) {
     const int exponent = decimal.exponent;
-    std::size_t whole = 1;  // digits before the point
+    const std::size_t size = WithoutZerosAtTheEnd(decimal.digits);
     const bool scientific = exponent < -4 || exponent >= static_cast<int>(kDigits);
     if (!scientific && exponent < 0) {
-        to.put("0.", 2);
-        to.zeros(static_cast<std::size_t>(-exponent - 1));
-        return to.put(digits.data(), size);
+        std::memcpy(to, "0.000", 5);
+        to += 1 - exponent;
+        PutDigits(to, to + 1, decimal.digits);
+        return to + size;
     }
-    if (!scientific) whole += static_cast<std::size_t>(exponent);
-    to.put(digits.data(), std::min(size, whole));
-    if (size < whole) to.zeros(whole - size);
+    const std::size_t whole = scientific ? 1 : static_cast<std::size_t>(exponent) + 1;
+    PutDigits(to, to + 2, decimal.digits);
+    for (std::size_t i = 1; i < whole; ++i) to[i] = to[i + 1];
+    char* end = to + std::max(size, whole);
     if (size > whole) {
-        to.put('.');
-        to.put(digits.data() + whole, size - whole);
+        to[whole] = '.';
+        ++end;
     }
-    if (!scientific) return;
-    to.put(exponent < 0 ? "e-" : "e+", 2);
-    if (std::abs(exponent) < 10) to.put('0');
-    to.end = std::to_chars(to.end, to.end + 4, std::abs(exponent)).ptr;
+    if (!scientific) return end;
+    *end++ = 'e';
+    *end++ = exponent < 0 ? '-' : '+';
+    if (std::abs(exponent) < 10) *end++ = '0';
+    return std::to_chars(end, end + 4, std::abs(exponent)).ptr;
 }
 
 }  // namespace
 
-void AppendExact(std::string& to, double value) {
-    std::array<char, 40> text;
-    Writer writer{text.data()};
+char* WriteExact(char* to, double value) {
     if (const auto decimal = QuickDecimal(std::fabs(value))) {
-        if (value < 0) writer.put('-');
-        WriteGeneral(writer, *decimal);
-    } else {
-        if (std::isnan(value)) value = std::fabs(value);
-        writer.end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                   std::chars_format::general, static_cast<int>(kDigits))
-                         .ptr;
+        if (value < 0) *to++ = '-';
+        return WriteGeneral(to, *decimal);
     }
-    to.append(text.data(), static_cast<std::size_t>(writer.end - text.data()));
+    if (std::isnan(value)) value = std::fabs(value);
+    return std::to_chars(to, to + kLongestExact, value, std::chars_format::general,
+                         static_cast<int>(kDigits))
+        .ptr;
 }
 
 std::string FormatExact(double value) {
-    std::string text;
-    AppendExact(text, value);
-    return text;
+    std::array<char, kLongestExact> text;
+    return {text.data(), WriteExact(text.data(), value)};
 }
 
 }  // namespace kelvro

@@ -8,7 +8,7 @@ namespace kelvro {
 std::string ResponseCsv(const ExportDesign& design, const ExportRange& range) {
     std::ostringstream text;
     WriteResponseCsv(
-        TraceSource(design.state), static_cast<std::size_t>(range.points),
+        TraceSource(design.state), AllTraces(), static_cast<std::size_t>(range.points),
         [&](std::size_t i) { return range.frequency(static_cast<int>(i)); }, text);
     return std::move(text).str();
 }

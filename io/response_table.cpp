@@ -13,27 +13,33 @@ namespace kelvro {
 
 namespace {
 
-std::string Header() {
+std::string Header(const TraceList& traces) {
     std::string header = "f_Hz,re,im";
-    for (const Trace& trace : Traces()) header += ',' + std::string(trace.column);
+    for (const Trace* trace : traces) header += ',' + std::string(trace->column);
     return header + '\n';
 }
 
-void AppendRow(std::string& text, const TraceSource& source, double f) {
+/// `row` has room for all numbers of a line, which go to the text in one piece.
+void AppendRow(std::string& text, std::vector<char>& row, const TraceSource& source,
+               const TraceList& traces, double f) {
     const auto H = source.response->transfer(f);
-    AppendExact(text, f);
-    for (const double part : {H.real(), H.imag()}) AppendExact(text += ',', part);
-    for (const Trace& trace : Traces()) {
-        text += ',';
-        const double value = trace.value(source, f);
-        if (!std::isnan(value)) AppendExact(text, value);
+    char* end = WriteExact(row.data(), f);
+    for (const double part : {H.real(), H.imag()}) {
+        *end++ = ',';
+        end = WriteExact(end, part);
     }
-    text += '\n';
+    for (const Trace* trace : traces) {
+        *end++ = ',';
+        const double value = trace->value(source, f);
+        if (!std::isnan(value)) end = WriteExact(end, value);
+    }
+    *end++ = '\n';
+    text.append(row.data(), end);
 }
 
 }  // namespace
 
-void WriteResponseCsv(const TraceSource& source, std::size_t rows,
+void WriteResponseCsv(const TraceSource& source, const TraceList& traces, std::size_t rows,
                       const std::function<double(std::size_t)>& frequency, std::ostream& out) {
     // Long enough that a thread's start does not count, short enough that output flows.
     constexpr std::size_t kBlock = 1024;
@@ -41,15 +47,16 @@ void WriteResponseCsv(const TraceSource& source, std::size_t rows,
     const unsigned threads = blocks > 1 ? ThreadsOr(0) : 1;
     const std::vector<TraceSource> sources(threads, source);
     std::vector<std::string> texts(std::min<std::size_t>(blocks, 8 * threads));
-    out << Header();
+    out << Header(traces);
     for (std::size_t first = 0; first < blocks && out; first += texts.size()) {
         const std::size_t count = std::min(texts.size(), blocks - first);
         ForEachInParallel(count, threads, [&](std::size_t i, unsigned worker) {
             const std::size_t begin = (first + i) * kBlock;
             const std::size_t end = std::min(begin + kBlock, rows);
             texts[i].clear();
+            std::vector<char> line((3 + traces.size()) * kLongestExact);
             for (std::size_t row = begin; row < end; ++row) {
-                AppendRow(texts[i], sources[worker], frequency(row));
+                AppendRow(texts[i], line, sources[worker], traces, frequency(row));
             }
         });
         for (std::size_t i = 0; i < count; ++i) out << texts[i];

@@ -17,6 +17,7 @@ namespace kelvro {
 namespace {
 
 using nlohmann::json;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -31,7 +32,7 @@ std::vector<std::vector<double>> CsvRows(const std::string& csv) {
     std::istringstream lines(csv);
     std::string line;
     std::getline(lines, line);
-    EXPECT_THAT(line, StartsWith("f_Hz,re,im,V_dB,GT_dB,phase_deg,group_delay_s"));
+    EXPECT_THAT(line, StartsWith("f_Hz,re,im,"));
     std::vector<std::vector<double>> rows;
     while (std::getline(lines, line)) {
         std::istringstream cells(line);
@@ -93,6 +94,7 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{{"response", "pi", "--from", "1", "--to", "1e999", "--linear"}, 2, "--to"},
         UsageCase{{"response", "pi", "--from", "1", "--to", "2", "--points", "1"}, 2, "--points"},
         UsageCase{{"response", "pi", "--from", "1", "--to", "2", "--points", "x"}, 2, "--points"},
+        UsageCase{{"response", "pi", "--from", "1", "--to", "2", "--trace", "s21"}, 2, "no trace"},
         UsageCase{{"design", "lc-series", "--r1", "50", "--r2", "10"}, 3, "It must be R2>R1!"},
         UsageCase{
             {"response", "2", "--r1", "50", "--from", "1", "--to", "2"}, 3, "It must be R1>R2!"},
@@ -314,8 +316,10 @@ TEST(DesignCommand, StartsFromASettingsFile) {
 // ---------------------------------------------------------------- response
 
 TEST(ResponseCommand, SpreadsItsPointsEvenlyOrInEqualRatios) {
-    const auto logarithmic =
-        CsvRows(RunWith({"response", "pi", "--from", "1M", "--to", "100M", "--points", "5"}).out);
+    const std::string text =
+        RunWith({"response", "pi", "--from", "1M", "--to", "100M", "--points", "5"}).out;
+    EXPECT_THAT(text, StartsWith("f_Hz,re,im,V_dB,GT_dB,phase_deg,group_delay_s,"));
+    const auto logarithmic = CsvRows(text);
     ASSERT_EQ(logarithmic.size(), 5U);
     EXPECT_EQ(logarithmic[0][0], 1e6);
     EXPECT_NEAR(logarithmic[2][0], 1e7, 1e-6);
@@ -334,9 +338,14 @@ TEST(ResponseCommand, WritesTheSameAsJson) {
     const auto rows = CsvRows(RunWith(args).out);
     const json points = JsonOf(args);
     ASSERT_EQ(points.size(), rows.size());
+    auto chosen = args;
+    chosen.insert(chosen.end(), {"--trace", "gt,phi,gt"});
+    const auto few = CsvRows(RunWith(chosen).out);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         EXPECT_EQ(points[i]["f_Hz"], rows[i][0]);
         EXPECT_EQ(points[i]["GT_dB"], rows[i][4]);
+        EXPECT_THAT(few[i],
+                    ElementsAre(rows[i][0], rows[i][1], rows[i][2], rows[i][4], rows[i][5]));
     }
 }
 
