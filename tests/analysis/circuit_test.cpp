@@ -14,7 +14,6 @@
 #include "design/part_ref.h"
 #include "design/transfer_text.h"
 #include "network/ladder_response.h"
-#include "nodal_network.h"
 
 namespace kelvro {
 namespace {
@@ -147,18 +146,6 @@ class PrintedFormula {
     std::string_view text_;
 };
 
-double CombinedQ(const Design& state) {
-    return 2 / (1 / state.QBC + 1 / state.QB);
-}
-
-NodalNetwork NetworkOf(const Design& state) {
-    const Page& page = PageOf(state);
-    return {page.builtNetworks(state).front(),
-            state.R1,
-            state.R2,
-            {state.fo, CombinedQ(state), page.showsDuals(state)}};
-}
-
 std::vector<int> PagesWithResponse() {
     std::vector<int> numbers;
     for (const Page& page : Pages()) {
@@ -168,24 +155,6 @@ std::vector<int> PagesWithResponse() {
 }
 
 class EveryPage : public testing::TestWithParam<int> {};
-
-TEST_P(EveryPage, DescribesTheCircuitThatItsResponseEvaluates) {
-    const Page& page = PageOf(GetParam());
-    RandomDesigns designs;
-    for (int i = 0; i < 60; ++i) {
-        const Design state = designs.state(page, i % 2 == 1);
-        const Response response(state);
-        NodalNetwork network = NetworkOf(state);
-        for (int j = 0; j < 8; ++j) {
-            const double f = state.fo * designs.between(0.2, 5);
-            const std::complex<double> expected(network.transfer(f));
-            const std::complex<double> actual = response.transfer(f);
-            ASSERT_LE(std::abs(actual - expected), 1e-9 * std::abs(expected))
-                << "draw " << i << " at " << f / state.fo << "·fo: " << actual << " instead of "
-                << expected;
-        }
-    }
-}
 
 /// What a page promises three times: the closed form that its window works with, the network that
 /// pictures and exports read, and the formula that it prints.
@@ -254,10 +223,6 @@ class LosslessMatches : public testing::TestWithParam<Match> {};
 TEST_P(LosslessMatches, PassAllPowerAtFo) {
     const Design state = Designed(GetParam());
     EXPECT_NEAR(Response(state).relativeDb(state.fo), 0, 1e-8);
-    NodalNetwork network = NetworkOf(state);
-    EXPECT_NEAR(20 * std::log10(static_cast<double>(std::abs(network.transfer(state.fo))) /
-                                std::sqrt(state.R2 / state.R1)),
-                0, 1e-8);
 }
 
 INSTANTIATE_TEST_SUITE_P(Pages, LosslessMatches,
@@ -267,16 +232,6 @@ INSTANTIATE_TEST_SUITE_P(Pages, LosslessMatches,
                                          Match{16, 50, 5000, 0.2, true}, Match{18, 200, 50},
                                          Match{18, 4700, 1, 5, true}, Match{17, 50, 50, 50},
                                          Match{17, 50, 200, 50}));
-
-TEST(Balun, FeedsTwoEqualAndOppositeOutputs) {
-    const Design state = Designed({9, 50, 100});
-    NodalNetwork network = NetworkOf(state);
-    const NodalNetwork::Cx plus = network.transfer(state.fo, 0);
-    const NodalNetwork::Cx minus = network.transfer(state.fo, 1);
-    EXPECT_NEAR(static_cast<double>(std::abs(plus + minus)), 0, 1e-9);
-    EXPECT_NEAR(static_cast<double>(plus.imag()), -1, 1e-9);  // sqrt(R2/(2·R1)), lagging by 90°
-    EXPECT_NEAR(static_cast<double>(plus.real()), 0, 1e-9);
-}
 
 TEST(Pads, BehaveAlikeAsTAndAsPi) {
     Design state;
@@ -288,8 +243,8 @@ TEST(Pads, BehaveAlikeAsTAndAsPi) {
     state = Calculate(state, true, services).design;
     const Response response(state);
     EXPECT_NEAR(response.magnitude(1e3), 0.3, 1e-12);
-    NodalNetwork pi(PageOf(8).alternative(state), state.R1, state.R2, {state.fo, 100});
-    EXPECT_NEAR(static_cast<double>(pi.transfer(1e9).real()), 0.3, 1e-12);
+    const LadderResponse pi(PageOf(8).alternative(state));
+    EXPECT_NEAR(pi.voltageTransfer(1e9).real(), 0.3, 1e-12);
 }
 
 struct FilterCase {

@@ -12,28 +12,6 @@ namespace {
 
 constexpr double kPi = std::numbers::pi;
 
-struct NagaokaRow {
-    double diameterOverLength;
-    double coefficient;
-};
-
-class NagaokaTable : public testing::TestWithParam<NagaokaRow> {};
-
-/// H. Nagaoka 1909, as reprinted in F. W. Grover, "Inductance Calculations", table 36: the ratio of
-/// a coil's inductance to that of the same stretch of an endless one.
-TEST_P(NagaokaTable, IsMetBySheetCoils) {
-    const Solenoid coil{
-        .diameter = 0.02 * GetParam().diameterOverLength, .extent = 0.02, .turns = 7};
-    const double endless =
-        kVacuumPermeability * 49 * kPi * coil.diameter * coil.diameter / 4 / 0.02;
-    EXPECT_NEAR(Inductance(coil) / endless, GetParam().coefficient, 6e-6 + 5e-5);
-}
-
-INSTANTIATE_TEST_SUITE_P(Ratios, NagaokaTable,
-                         testing::Values(NagaokaRow{0.1, 0.9588}, NagaokaRow{0.5, 0.8181},
-                                         NagaokaRow{1, 0.6884}, NagaokaRow{2, 0.5255},
-                                         NagaokaRow{5, 0.3198}, NagaokaRow{10, 0.2033}));
-
 /// Lorenz's exact expression for the current sheet, by complete elliptic integrals.
 TEST(SolenoidTest, AgreesWithEllipticIntegralsForEveryRatio) {
     for (double ratio = 0.02; ratio < 60; ratio *= 1.17) {

@@ -55,17 +55,6 @@ TEST_P(OpenedPages, HaveTheCurvesOfTheirPage) {
     }
 }
 
-/// Losses, places and names survive the texts of lists and files.
-TEST_P(OpenedPages, CanBeWrittenAndRead) {
-    const auto opened = OpenedNetwork(Designed(GetParam(), true));
-    ASSERT_TRUE(opened.ok()) << opened.message();
-    for (const LadderElement& element : opened->ladder) {
-        const auto read = ParseElement(ElementText(element));
-        ASSERT_TRUE(read.ok()) << ElementText(element) << ": " << read.message();
-        EXPECT_EQ(*read, element) << ElementText(element);
-    }
-}
-
 std::vector<int> PagesWithResponse() {
     std::vector<int> numbers;
     for (const Page& page : Pages()) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -48,8 +47,6 @@ TEST(ResponseTest, AgreesWithIndependentLadderAlgebra) {
     }
 }
 
-constexpr int kMirroredPages[] = {1, 2, 3, 4, 13, 14, 18};
-
 Design DesignedState(int page) {
     Design state;
     EnterPage(state, page);
@@ -61,26 +58,6 @@ Design DesignedState(int page) {
         EXPECT_FALSE(result.message) << page;
     }
     return result.design;
-}
-
-/// At a mirrored frequency s turns into its conjugate, and so does a network function with real
-/// coefficients.
-TEST(ResponseTest, InterchangedNetworksAreConjugatesAtTheMirroredFrequency) {
-    for (const Page& page : Pages()) {
-        Design state = DesignedState(page.number);
-        const Response plain(state);
-        state.LCSwapped = true;
-        const Response swapped(state);
-        const bool mirrored =
-            std::ranges::find(kMirroredPages, page.number) != std::end(kMirroredPages);
-        for (const double ratio : {0.01, 0.3, 1.0, 1.7, 40.0}) {
-            const auto actual = swapped.transfer(ratio * state.fo);
-            const auto expected = mirrored ? std::conj(plain.transfer(state.fo / ratio))
-                                           : plain.transfer(ratio * state.fo);
-            EXPECT_LE(std::abs(actual - expected), 1e-12 * std::abs(expected))
-                << "page " << page.number << " at " << ratio;
-        }
-    }
 }
 
 TEST(ResponseTest, IsFiniteAtEveryFrequency) {
