@@ -2,11 +2,13 @@
 
 #include <cmath>
 #include <limits>
+#include <map>
 #include <numbers>
 #include <random>
 
 #include "core/scalar.h"
 #include "network/network.h"
+#include "network/network_text.h"
 
 // Networks for tests: of given reactances, between resistances, drawn at random.
 
@@ -44,6 +46,11 @@ inline LadderElement TwoPort(std::array<Cx, 4> s, std::array<double, 2> referenc
     return {MeasuredTwoPort{std::make_shared<PortData>(data)}};
 }
 
+/// The elements of "series: L=1n; shunt: C=2p".
+inline std::vector<LadderElement> LadderOf(const std::string& texts) {
+    return std::get<Branch>(ParseElement("branch: {" + texts + "; load: 50}")->is).ladder;
+}
+
 struct Draw {
     std::mt19937_64 random{1951};
 
@@ -60,6 +67,7 @@ struct Draw {
                             Law::RootQ,    Law::Page,      Law::PageMirrored};
         part.loss = {laws[random() % 6], between(5, 200), f, coin() ? between(0.01, 3) : 0,
                      coin() ? f * between(1.5, 20) : 0};
+        if (part.loss.law == Law::Lossless) part.loss.Q = part.loss.f = 0;
         return part;
     }
     Impedance arm(bool lossy, double f) {
@@ -98,6 +106,76 @@ struct Draw {
         for (std::size_t i = 0; i < count; ++i) network.ladder.push_back(element(lossy, f));
         return network;
     }
+
+    Cx reflection() { return std::polar(between(0.1, 0.8), between(0.1, 6.3)); }
+
+    /// Smooth data from a quarter to two and a half times f, under a name of their own.
+    std::shared_ptr<const PortData> data(int ports, double f0) {
+        PortData data;
+        data.name = "d" + std::to_string(files.size()) + (ports == 1 ? ".s1p" : ".s2p");
+        data.ports = ports;
+        data.reference = {between(20, 100), between(20, 100)};
+        data.interpolation = coin() ? Interpolation::Polar : Interpolation::Linear;
+        const std::array<Cx, 4> start{reflection(), 0.5 * reflection(), reflection(), reflection()};
+        for (double f = 0.25; f <= 2.5; f += 0.05) {
+            data.f.push_back(f * f0);
+            data.s.push_back(ports == 1 ? std::array<Cx, 4>{start[0]} : start);
+            for (Cx& x : data.s.back()) x *= std::polar(1 - 0.08 * f, -1.6 * f);
+        }
+        return files[data.name] = std::make_shared<const PortData>(data);
+    }
+    Impedance::Measured measured(int ports, double f) {
+        if (ports == 2) return {data(ports, f), coin() ? 0 : 2};
+        return {data(ports, f), 0, coin()};
+    }
+    Termination termination(double f) {
+        switch (random() % 4) {
+            case 0:
+                return between(10, 200);
+            case 1:
+                return Cx{between(10, 200), between(1, 60) * (coin() ? 1 : -1)};
+            case 2:
+                return measured(1, f);
+            default:
+                return Impedance::InParallel({between(20, 200), part(true, f)});
+        }
+    }
+    /// Of every kind, also with measured data, branches and resistors.
+    LadderElement anyElement(double f) {
+        const Part coil{PartKind::Inductor, CoilOf(between(5, 200), f).value,
+                        coin() ? PartLoss{PartLoss::Law::Page, 40}
+                               : PartLoss{PartLoss::Law::RootQ, 50, f, 0.1, 5 * f}};
+        Part other = coil;
+        other.value *= between(0.3, 3);
+        switch (random() % 8) {
+            case 0:
+                return {MeasuredTwoPort{data(2, f)}};
+            case 1:
+                return {
+                    Branch{{SeriesArm(part(true, f)), ShuntArm(part(true, f))}, between(50, 300)}};
+            case 2:
+                return SeriesArm(measured(2, f));
+            case 3:
+                return ShuntArm(Impedance::InParallel({part(true, f), Part::R(between(5, 500))}));
+            case 4:
+                // The windings of a page's transformer share their loss.
+                return {CoupledCoils{coil, other, 0.8}};
+            case 5:
+                return {Line{.form = static_cast<Line::Form>(random() % 3),
+                             .Z0 = between(20, 120),
+                             .length = {.metres = 3e8 / f * between(0.01, 0.13), .er = 2.2},
+                             .tangent = 0.02}};
+            default:
+                return element(true, f);
+        }
+    }
+    Network anyNetwork(int elements, double f) {
+        Network network = Between(termination(f), {}, termination(f));
+        for (int i = 0; i < elements; ++i) network.ladder.push_back(anyElement(f));
+        return network;
+    }
+
+    std::map<std::string, std::shared_ptr<const PortData>, std::less<>> files;  ///< of data()
 };
 
 }  // namespace kelvro

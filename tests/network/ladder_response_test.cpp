@@ -26,8 +26,9 @@ TEST(NetworkPointTest, PowerWavesBetweenComplexTerminations) {
 struct MatchCase {
     const char* what;
     double f;
-    Cx source, load;
-    std::vector<LadderElement> ladder;
+    const char* source;
+    const char* load;
+    const char* ladder;
 };
 
 void PrintTo(const MatchCase& row, std::ostream* out) {
@@ -39,65 +40,36 @@ class ExactMatches : public testing::TestWithParam<MatchCase> {};
 /// Parts with five digits: what they reflect is of the order of 1e-5.
 TEST_P(ExactMatches, PassEverything) {
     const auto& [what, f, source, load, ladder] = GetParam();
-    const NetworkPoint point = LadderResponse(Between(source, ladder, load)).at(f);
+    const Cx ZS = impedance(*ParseTermination(source), f);
+    const Cx ZL = impedance(*ParseTermination(load), f);
+    const NetworkPoint point = LadderResponse(Between(ZS, LadderOf(ladder), ZL)).at(f);
     EXPECT_NEAR(point.GT, 1, 1e-8);
     EXPECT_LT(std::abs(point.gammaIn), 1e-4);
     EXPECT_LT(std::abs(point.gammaOut), 1e-4);
-    EXPECT_LT(Distance(point.Zin, std::conj(source)), 1e-3 * std::abs(source));
-    EXPECT_LT(Distance(point.Zout, std::conj(load)), 1e-3 * std::abs(load));
+    EXPECT_LT(Distance(point.Zin, std::conj(ZS)), 1e-3 * std::abs(ZS));
+    EXPECT_LT(Distance(point.Zout, std::conj(ZL)), 1e-3 * std::abs(ZL));
 }
 
+// A stub of an eighth wave has the reactance of its characteristic impedance.
 INSTANTIATE_TEST_SUITE_P(
     Networks, ExactMatches,
-    testing::Values(MatchCase{"coil in series, capacitor at the load",
-                              500e6,
-                              100,
-                              Cx{200, -100},
-                              {SeriesArm(Part::L(38.985e-9)), ShuntArm(Part::C(0.92277e-12))}},
-                    MatchCase{"capacitor in series, coil at the load",
-                              500e6,
-                              100,
-                              Cx{200, -100},
-                              {SeriesArm(Part::C(2.5990e-12)), ShuntArm(Part::L(46.139e-9))}},
-                    MatchCase{"capacitor at the source",
-                              2e9,
-                              Cx{150, 75},
-                              Cx{75, 15},
-                              {ShuntArm(Part::C(0.7320e-12)), SeriesArm(Part::L(6.1160e-9))}},
-                    MatchCase{"coil at the source",
-                              2e9,
-                              Cx{150, 75},
-                              Cx{75, 15},
-                              {ShuntArm(Part::L(20.588e-9)), SeriesArm(Part::C(0.74472e-12))}},
-                    MatchCase{"one part", 2.44e9, Cx{25, 25}, 50, {ShuntArm(Part::C(1.3045e-12))}},
-                    MatchCase{"two capacitors and coils",
-                              100e6,
-                              Cx{10, -20},
-                              Cx{3, 4},
-                              {ShuntArm(Part::C(62.329e-12)), SeriesArm(Part::L(12.532e-9))}},
-                    MatchCase{"transformer", 1e6, 200, 50, {{Transformer{2}}}},
-                    MatchCase{"quarter wave",
-                              1e9,
-                              50,
-                              200,
-                              {{Line{.Z0 = 100, .length = {.degrees = 90, .atHertz = 1e9}}}}},
-                    // A stub of an eighth wave has the reactance of its characteristic impedance.
-                    MatchCase{"open stub against a coil",
-                              1e9,
-                              50,
-                              50,
-                              {{Line{.form = Line::Form::OpenStub,
-                                     .Z0 = 70,
-                                     .length = {.degrees = 45, .atHertz = 1e9}}},
-                               ShuntArm(CoilOf(70, 1e9))}},
-                    MatchCase{"shorted stub against a capacitor",
-                              1e9,
-                              50,
-                              50,
-                              {{Line{.form = Line::Form::ShortedStub,
-                                     .Z0 = 70,
-                                     .length = {.degrees = 45, .atHertz = 1e9}}},
-                               ShuntArm(CapacitorOf(1.0 / 70, 1e9))}}));
+    testing::Values(MatchCase{"coil in series", 500e6, "100", "200-j100",
+                              "series: L=38.985n; shunt: C=0.92277p"},
+                    MatchCase{"capacitor in series", 500e6, "100", "200-j100",
+                              "series: C=2.599p; shunt: L=46.139n"},
+                    MatchCase{"capacitor at the source", 2e9, "150+j75", "75+j15",
+                              "shunt: C=0.732p; series: L=6.116n"},
+                    MatchCase{"coil at the source", 2e9, "150+j75", "75+j15",
+                              "shunt: L=20.588n; series: C=0.74472p"},
+                    MatchCase{"one part", 2.44e9, "25+j25", "50", "shunt: C=1.3045p"},
+                    MatchCase{"two capacitors and coils", 100e6, "10-j20", "3+j4",
+                              "shunt: C=62.329p; series: L=12.532n"},
+                    MatchCase{"transformer", 1e6, "200", "50", "transformer: n=2"},
+                    MatchCase{"quarter wave", 1e9, "50", "200", "line: Z=100, deg=90@1G"},
+                    MatchCase{"open stub against a coil", 1e9, "50", "50",
+                              "open: Z=70, deg=45@1G; shunt: L=11.140846n"},
+                    MatchCase{"shorted stub against a capacitor", 1e9, "50", "50",
+                              "short: Z=70, deg=45@1G; shunt: C=2.273642p"}));
 
 TEST(LadderResponseTest, EveryNetworkKeepsTheLawsOfItsKind) {
     Draw draw;

@@ -3,15 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <bit>
-#include <cmath>
 #include <map>
-#include <random>
+
+#include "tests/network/drawn_networks.h"
 
 namespace kelvro {
 namespace {
 
-using Cx = std::complex<double>;
 using testing::HasSubstr;
 
 std::shared_ptr<const PortData> Data(std::string name, int ports) {
@@ -249,128 +247,27 @@ TEST(NetworkTexts, OfAnyKindAreReadOrRefused) {
     }
 }
 
-// ---------------------------------------------------------------- random networks
-
-class RandomNetworks {
-  public:
-    explicit RandomNetworks(unsigned seed) : random_(seed) {}
-
-    LadderElement element(int depth = 0) {
-        LadderElement element;
-        switch (below(depth < 2 ? 9 : 8)) {
-            case 0:
-                element.is = Line{static_cast<Line::Form>(below(3)), number(), length()};
-                if (maybe()) std::get<Line>(element.is).attenuation = number();
-                if (std::get<Line>(element.is).attenuation > 0) {
-                    std::get<Line>(element.is).attenuationAtHertz = number();
-                }
-                if (maybe()) std::get<Line>(element.is).tangent = number();
-                std::get<Line>(element.is).name = name();
-                break;
-            case 1:
-                element.is = Transformer{maybe() ? number() : -number()};
-                break;
-            case 2:
-                element.is = CoupledCoils{part(PartKind::Inductor), part(PartKind::Inductor),
-                                          0.001 * (1 + below(1000))};
-                break;
-            case 3:
-                element.is = MeasuredTwoPort{kFiles.at("amp.s2p")};
-                break;
-            case 4:
-                element.is = Switch{"S " + std::to_string(below(9))};
-                break;
-            case 8: {
-                Branch branch;
-                for (int i = below(3); i > 0; --i)
-                    branch.ladder.push_back(this->element(depth + 1));
-                branch.load = maybe() ? Impedance(number()) : impedance(0);
-                element.is = std::move(branch);
-                break;
-            }
-            default:
-                element.is = Arm{static_cast<Place>(below(2)), impedance(0)};
-                std::get<Arm>(element.is).atSupply =
-                    std::get<Arm>(element.is).place == Place::Shunt && maybe();
-        }
-        element.node = name();
-        return element;
-    }
-
-  private:
-    int below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
-    bool maybe() { return below(2) == 0; }
-
-    /// Round ones and such as only all digits give.
-    double number() {
-        if (maybe()) return (1 + below(999)) * std::pow(10.0, below(20) - 12);
-        double value = 0;
-        do {
-            value = std::fabs(std::bit_cast<double>(random_()));
-        } while (!(value > 1e-30 && value < 1e30));
-        return value;
-    }
-
-    std::string name() {
-        constexpr const char* names[] = {"",          "",         "",  "T1", "C1'",
-                                         "two words", "a\"quote", "L", "L7"};
-        return names[below(9)];
-    }
-
-    LineLength length() {
-        LineLength length;
-        if (maybe()) {
-            length.degrees = number();
-            length.atHertz = number();
-        } else {
-            length.metres = number();
-        }
-        if (maybe()) length.er = number();
-        return length;
-    }
-
-    Part part(PartKind kind) {
-        Part part{kind, number(), {}, name(), maybe() ? 0.0 : 0.5 + below(90)};
-        if (kind == PartKind::Resistor || maybe()) return part;
-        part.loss.law = static_cast<Law>(below(6));
-        if (part.loss.law != Law::Lossless) part.loss.Q = number();
-        const bool needed = part.loss.law == Law::RootQ || part.loss.law == Law::ProportionalQ;
-        if (part.loss.law != Law::Lossless && (needed || maybe())) part.loss.f = number();
-        if (maybe()) part.loss.ESR = number();
-        if (maybe()) part.loss.SRF = number();
-        return part;
-    }
-
-    Impedance impedance(int depth) {
-        switch (below(depth < 4 ? 6 : 3)) {
-            case 0:
-                return Cx(below(3) - 1.0, below(3) - 1.0) * number();
-            case 1:
-                return part(static_cast<PartKind>(below(3)));
-            case 2:
-                if (maybe())
-                    return Read({kFiles.at("antenna.s1p"), 0, maybe()},
-                                static_cast<Interpolation>(below(3)));
-                if (maybe()) return Impedance::Measured{kFiles.at("my \"best\" antenna.dat"), 1};
-                return Impedance::Measured{kFiles.at("amp.s2p"), 1 + below(2), maybe()};
-            default:
-                break;
-        }
-        std::vector<Impedance> members;
-        for (int i = 2 + below(3); i > 0; --i) members.push_back(impedance(depth + 1));
-        return maybe() ? Impedance::InSeries(std::move(members))
-                       : Impedance::InParallel(std::move(members));
-    }
-
-    std::mt19937_64 random_;
-};
-
 TEST(NetworkTexts, PrintedAreReadBackAsTheSameNetwork) {
-    RandomNetworks networks(1);
-    for (int i = 0; i < 5000; ++i) {
-        const LadderElement element = networks.element();
+    Draw draw;
+    const auto load = [&](std::string_view file) {
+        return Result<std::shared_ptr<const PortData>>(draw.files.find(file)->second);
+    };
+    const auto name = [&] {
+        const char* const names[] = {"", "", "T1", "C1'", "two words", "a\"quote", "L", "L7"};
+        return names[draw.random() % std::size(names)];
+    };
+    for (int i = 0; i < 3000; ++i) {
+        std::vector<LadderElement> ladder{draw.anyElement(1e9)};
+        LadderElement& element = ladder.front();
+        element.node = name();
+        auto* arm = std::get_if<Arm>(&element.is);
+        if (arm) arm->atSupply = arm->place == Place::Shunt && draw.coin();
+        for (Part* part : PartsOf(ladder)) {
+            part->name = name();
+            part->tolerance = draw.coin() ? 0 : draw.between(0.5, 90);
+        }
         const std::string text = ElementText(element);
-        const auto read = ParseElement(text, Load);
+        const auto read = ParseElement(text, load);
         ASSERT_TRUE(read.ok()) << text << "\n" << read.message();
         ASSERT_EQ(*read, element) << text << "\n" << ElementText(*read);
     }

@@ -128,24 +128,6 @@ TEST(NetworkTest, DualInterchangesEveryPart) {
     EXPECT_EQ(parts[2]->name, "L2");
     EXPECT_NEAR(parts[2]->value, 4 * kL, 1e-20);
     EXPECT_EQ(dual[0].node, "mid");
-    // A part at f is its dual at -f0²/f, whose impedance is the conjugate of that at f0²/f.
-    for (const Law law : {Law::Lossless, Law::Page}) {
-        const Part C{PartKind::Capacitor, kC / 3, {law, 7}, "C"};
-        const auto turned = Dual({ShuntArm(C)}, f0);
-        const Cx mirrored = std::conj(impedance(C, f0 * f0 / 3e8));
-        EXPECT_LT(std::abs(impedance(*PartsOf(turned)[0], 3e8) - mirrored), 1e-11);
-    }
-}
-
-TEST(NetworkTest, EqualNetworksAreEqualByValue) {
-    const auto network = [](double ohm) {
-        auto data = std::make_shared<PortData>();
-        data->f = {1e9};
-        data->s = {{Cx{ohm, 0}}};
-        return Network{Impedance::Measured{data}, {SeriesArm(Part::L(1e-9))}, 50.0};
-    };
-    EXPECT_EQ(network(0.5), network(0.5));
-    EXPECT_NE(network(0.5), network(0.25));
 }
 
 }  // namespace
