@@ -1,7 +1,9 @@
 #pragma once
 
 #include <stdlib.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <filesystem>
 #include <string>
 
@@ -23,6 +25,26 @@ class TemporaryFolder {
 
   private:
     std::filesystem::path folder_;
+};
+
+/// No file grows over 100 bytes while this lives: a disk that fills up on the way.
+class FullDisk {
+  public:
+    FullDisk() : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit small{100, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+  private:
+    rlimit before_{};
+    void (*handler_)(int);
 };
 
 }  // namespace kelvro

@@ -10,6 +10,8 @@
 #include "design/part_ref.h"
 #include "export_design.h"
 #include "io/design_report.h"
+#include "io/touchstone.h"
+#include "network/ladder_response.h"
 
 namespace kelvro {
 namespace {
@@ -93,20 +95,6 @@ TEST_P(EveryPageExports, ItsFormatsWithStandardValuesToo) {
 
 INSTANTIATE_TEST_SUITE_P(Pages, EveryPageExports, testing::Range(1, PageCount() + 1));
 
-TEST(Exports, OfferOnlyTheFormatsThatAPageHas) {
-    const auto keys = [](int page) {
-        std::vector<std::string> available;
-        for (const ExportFormat& format : ExportFormats()) {
-            if (format.available(PageOf(page))) available.emplace_back(format.key);
-        }
-        return available;
-    };
-    EXPECT_THAT(keys(1), ElementsAre("listing", "spice", "touchstone", "csv", "json"));
-    EXPECT_THAT(keys(10), ElementsAre("listing", "json"));
-    EXPECT_THAT(keys(15), ElementsAre("listing", "spice", "touchstone", "json"));
-    EXPECT_THAT(keys(19), ElementsAre("listing", "spice", "json"));
-}
-
 TEST(Exports, RefuseWhatThePageRefuses) {
     Design state = DesignedState({"series tank", 1}, 100);
     std::swap(state.R1, state.R2);
@@ -132,6 +120,56 @@ TEST(Exports, TakeValuesThatFieldsShowRounded) {
         // Fields as calculated keep all their digits.
         EXPECT_EQ(state.components[Slot::C2], before[Slot::C2]);
         EXPECT_EQ(state.components[Slot::L], before[Slot::L]);
+    }
+}
+
+class TouchstoneFiles : public testing::TestWithParam<DesignCase> {};
+
+/// Put back between the resistances of the design, the file has its gain and delivers no power.
+TEST_P(TouchstoneFiles, DescribeAPassiveReciprocalTwoPortWithTheDesignsGain) {
+    Design state = DesignedState(GetParam(), 1000);
+    state.QB = 40;
+    state.QBC = 150;
+    const ExportDesign design = Exported(state);
+    const Response response(design.state);
+    ExportRange range = ExportRange::Around(state.fo);
+    range.points = 41;
+    for (const double z0 : {50.0, 75.0}) {
+        range.z0 = z0;
+        const auto file = ParseTouchstone(TouchstoneFile(design, range), "design.s2p");
+        ASSERT_TRUE(file.ok()) << file.message();
+        const PortData& data = file->data;
+        EXPECT_EQ(data.reference, (std::array{z0, z0}));
+        ASSERT_EQ(data.f.size(), 41U);
+        EXPECT_EQ(data.f.front(), range.from);
+        EXPECT_EQ(data.f.back(), range.to);
+        const MeasuredTwoPort twoPort{std::make_shared<const PortData>(data)};
+        const LadderResponse between(Network{state.R1, {{twoPort, {}}}, state.R2});
+        for (std::size_t i = 0; i < data.f.size(); ++i) {
+            EXPECT_EQ(data.s[i][1], data.s[i][2]) << data.f[i];
+            const NetworkPoint point = between.at(data.f[i]);
+            EXPECT_GE(point.dissipated, -1e-9) << data.f[i];
+            const double expected = std::norm(response.transfer(data.f[i])) / (state.R2 / state.R1);
+            EXPECT_NEAR(point.GT, expected, 1e-9 * expected) << data.f[i];
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, TouchstoneFiles, testing::ValuesIn(kTwoPorts));
+
+/// Shunt admittance Y: S11 = -Y·Z0/(2 + Y·Z0), with the tank's published reactances.
+TEST(TouchstoneFile, ShowsTheCombinedTankAcrossTheLine) {
+    ExportRange range;
+    range.from = 12e6;
+    range.to = 20e6;
+    range.points = 2;
+    const auto file =
+        ParseTouchstone(TouchstoneFile(Exported(DesignedState({"tank", 12}, 1e9)), range), "t.s2p");
+    ASSERT_TRUE(file.ok()) << file.message();
+    for (std::size_t i = 0; i < 2; ++i) {
+        const auto y = 50.0 / std::complex<double>(0, i == 0 ? -237.52 : 33.72);
+        EXPECT_NEAR(std::abs(file->data.s[i][0] + y / (2.0 + y)), 0, 1e-4);
+        EXPECT_NEAR(std::abs(file->data.s[i][2] - 2.0 / (2.0 + y)), 0, 1e-4);
     }
 }
 

@@ -1,9 +1,7 @@
 #include "io/optimizer_reports.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -57,16 +55,10 @@ TEST(OptimizerReports, WithoutRoomLeaveTheOldOneAndNothingElse) {
     std::ofstream(folder / "opt.txt") << "old\n";
     PageOptimization optimization;
     optimization.log = std::string(10000, 'x');
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit small{100, before.rlim_max};
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &small);
     for (const char* name : {"opt.txt", "new.txt"}) {
+        const FullDisk full;
         EXPECT_FALSE(KeepReports(optimization, {(folder / name).string(), ""})) << name;
     }
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
     EXPECT_EQ(Content(folder / "opt.txt"), "old\n");
     EXPECT_FALSE(fs::exists(folder / "new.txt"));
 }
