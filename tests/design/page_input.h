@@ -1,7 +1,7 @@
 #pragma once
 
-#include <algorithm>
-#include <string_view>
+#include <sstream>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -11,14 +11,23 @@
 
 namespace kelvro {
 
-/// Input texts by option name, as the command line takes them: {{"r1", "50"}, {"fo", "100M"}}.
-using InputTexts = std::vector<std::pair<std::string_view, std::string_view>>;
+/// The names and texts of "r1=50 fo=100M".
+inline std::vector<std::pair<std::string, std::string>> Named(const std::string& text) {
+    std::vector<std::pair<std::string, std::string>> named;
+    std::istringstream words(text);
+    for (std::string word; words >> word;) {
+        const auto at = word.find('=');
+        named.emplace_back(word.substr(0, at), word.substr(at + 1));
+    }
+    return named;
+}
 
-/// A state as the user leaves it who enters the page and types the texts.
-inline Design StateWith(int page, const InputTexts& texts) {
+/// A state as the user leaves it who enters the page and types texts, named as the options of the
+/// command line: "r1=50 fo=100M".
+inline Design StateWith(int page, const std::string& texts) {
     Design state;
     EnterPage(state, page);
-    for (const auto& [option, text] : texts) {
+    for (const auto& [option, text] : Named(texts)) {
         const auto write = [&, name = option, value = ParseValue(text)](const auto& fields) {
             for (const InputField& field : fields) {
                 if (field.option == name) field.write(state, value);
