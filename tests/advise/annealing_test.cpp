@@ -118,18 +118,6 @@ TEST(AnnealingTest, DeterministicRunsStopWhereTheChosenLengthChangeFindsNothingM
     EXPECT_LT(leastReal, 0);
 }
 
-TEST(AnnealingTest, EveryMoveOfADeterministicRunShortensTheTour) {
-    Annealing run({40, 1, 1, Acceptance::Deterministic});
-    double length = run.summary().startLength;
-    for (Event event = run.advance(); event != Event::Finished; event = run.advance()) {
-        if (event != Event::Moved) continue;
-        const double now = TourLength(run.summary().cities, run.summary().tour);
-        EXPECT_LT(now, length);
-        length = now;
-    }
-    EXPECT_LT(length, 0.8 * run.summary().startLength);
-}
-
 TEST(AnnealingTest, ManyRunsFindTheShortestOfAllTours) {
     for (const std::uint64_t seed : {0U, 1U, 2U, 3U}) {
         EXPECT_NEAR(RunMonteCarlo({8, seed}).minimum, ShortestTour(PlaceCities(8, seed)), 1e-9)

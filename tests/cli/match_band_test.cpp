@@ -84,15 +84,6 @@ TEST(MatchBandCommand, WhatItPrintsIsWhatAnalyzeTakes) {
     }
 }
 
-TEST(MatchBandCommand, TheAnswerIsTheSameTwiceAndOnAnyNumberOfThreads) {
-    const auto run = [](const char* threads) {
-        return RunWith(Antenna("match", {"--parts", "2", "--threads", threads, "--json"})).out;
-    };
-    const std::string one = run("1");
-    EXPECT_EQ(run("1"), one);
-    EXPECT_EQ(run("3"), one);
-}
-
 TEST(MatchBandCommand, TheBestBecomesAProjectWithItsBand) {
     const TemporaryFolder folder;
     const std::string file = (folder.path() / "best.kelvro").string();

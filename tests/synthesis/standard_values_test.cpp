@@ -38,17 +38,6 @@ TEST(StandardValuesTest, TheJointChoiceBeatsRounding) {
     EXPECT_NEAR(Decibels(e24->roundedGT), -0.841, 1e-3);
 }
 
-TEST(StandardValuesTest, AFinerSeriesIsNeverWorseThanOneItContains) {
-    double before = 0;
-    for (const Series series : {Series::E6, Series::E12, Series::E24}) {
-        const auto found =
-            WithStandardValues(FourParts(), {.inductors = series, .capacitors = series});
-        EXPECT_GE(found->worstGT, before - 1e-12);
-        EXPECT_GE(found->worstGT, found->roundedGT);
-        before = found->worstGT;
-    }
-}
-
 TEST(StandardValuesTest, WhatIsLockedStaysAndTheOthersMakeUpForIt) {
     Network network = FourParts();
     const auto tunables = TunablesOf(network.ladder);
