@@ -1,6 +1,9 @@
 #!/usr/bin/env bash
-# Builds the fuzzers and runs each for some seconds from its seeds: fuzz/run.sh [SECONDS [TOPIC...]]
-# What breaks is kept in build/sanitize/fuzz/findings; a corpus that grew stays beside it.
+# Builds the fuzzers and runs each for some seconds from its seeds:
+#   [SEED=1] fuzz/run.sh [SECONDS [TOPIC...]]
+# The same seed tries the same inputs in the same order: a short run is the beginning of a long one
+# that ended well, so that nothing but a change breaks it. SEED=random tries others.
+# What breaks is kept in build/sanitize/fuzz/findings.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
@@ -10,15 +13,19 @@ topics=("${@:2}")
 
 cmake --preset sanitize >/dev/null
 cmake --build --preset sanitize --target "${topics[@]/#/fuzz_}"
+seed=${SEED:-1}
+[ "$seed" != random ] || seed=$((1 + SRANDOM % 2147483647))
+echo "Seed $seed"
 findings=$root/build/sanitize/fuzz/findings
 mkdir -p "$findings"
 
 fuzz() {
     local topic=$1 corpus=build/sanitize/fuzz/corpus/$1 dictionary=() log=build/sanitize/fuzz/$1.log
+    rm -rf "$corpus"  # it would make the next run another
     mkdir -p "$corpus"
     [ ! -f "fuzz/dictionaries/$topic.txt" ] || dictionary=(-dict="$root/fuzz/dictionaries/$topic.txt")
     "build/sanitize/fuzz/fuzz_$topic" "$root/$corpus" "$root/fuzz/seeds/$topic" "${dictionary[@]}" \
-        -max_total_time="$seconds" -timeout=60 -rss_limit_mb=3000 -print_final_stats=1 \
+        -seed="$seed" -max_total_time="$seconds" -timeout=60 -rss_limit_mb=3000 -print_final_stats=1 \
         -artifact_prefix="$findings/$topic-" >"$log" 2>&1 && ! grep -aq 'runtime error' "$log" || {
         echo "$topic: BROKEN"
         grep -aE 'ERROR|runtime error|not so|SUMMARY|Test unit written' "$log" || tail -20 "$log"
@@ -27,5 +34,5 @@ fuzz() {
     awk -v topic="$topic" '/number_of_executed_units/ { printf "%s: %d inputs without a finding\n", topic, $2 }' "$log"
 }
 export -f fuzz
-export seconds root findings
+export seconds seed root findings
 printf '%s\n' "${topics[@]}" | xargs -P "$(nproc)" -I{} bash -c 'fuzz {}'

@@ -19,7 +19,7 @@ namespace kelvro {
 /// open) is 1e60 Ω, so that everything reckoned from it stays a number.
 struct NetworkPoint {
     double f = 0;
-    double GT = 0;                  ///< transducer power gain, a ratio
+    double GT = 0;                  ///< transducer power gain; NaN where two reactances resonate
     std::complex<double> gammaIn;   ///< (Zin - ZS*)/(Zin + ZS)
     std::complex<double> gammaOut;  ///< (Zout - ZL*)/(Zout + ZL)
     std::complex<double> Zin;       ///< of ladder and load, seen by the source
