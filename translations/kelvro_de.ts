@@ -4847,6 +4847,89 @@ Möchten Sie die Datei ersetzen?</translation>
     </message>
 </context>
 <context>
+    <name>kelvro::ExportWindow</name>
+    <message>
+        <source>Form in which the circuit leaves the program</source>
+        <translation>Form, in der die Schaltung das Programm verlässt</translation>
+    </message>
+    <message>
+        <source>&amp;Format</source>
+        <translation>&amp;Format</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>First frequency</source>
+        <translation>Erste Frequenz</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>bis</translation>
+    </message>
+    <message>
+        <source>Last frequency</source>
+        <translation>Letzte Frequenz</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Number of frequencies</source>
+        <translation>Zahl der Frequenzen</translation>
+    </message>
+    <message>
+        <source>Reference Z0</source>
+        <translation>Bezug Z0</translation>
+    </message>
+    <message>
+        <source>Reference resistance of both ports</source>
+        <translation>Bezugswiderstand beider Tore</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy to the clipboard</source>
+        <translation>In die Zwischenablage kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Sichern...</translation>
+    </message>
+    <message>
+        <source>Save to a file</source>
+        <translation>In eine Datei sichern</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Close the window</source>
+        <translation>Das Fenster schließen</translation>
+    </message>
+    <message>
+        <source>... (Copy and Save take all of it)</source>
+        <translation>... (Kopieren und Sichern nehmen alles)</translation>
+    </message>
+    <message>
+        <source>Copied to the clipboard.</source>
+        <translation>In die Zwischenablage kopiert.</translation>
+    </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Gesichert als %1</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+</context>
+<context>
     <name>kelvro::FindDialog</name>
     <message>
         <source>nothing: a straight connection</source>
@@ -5173,6 +5256,13 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
     <message>
         <source>nothing: source and load match as they are</source>
         <translation>nichts: Quelle und Last passen, wie sie sind</translation>
+    </message>
+</context>
+<context>
+    <name>kelvro::NetworkExportWindow</name>
+    <message>
+        <source>Export - Network</source>
+        <translation>Export - Netzwerk</translation>
     </message>
 </context>
 <context>
@@ -5667,6 +5757,10 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
     <message>
         <source>no value</source>
         <translation>kein Wert</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportieren…</translation>
     </message>
 </context>
 <context>
@@ -6331,72 +6425,8 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
 <context>
     <name>kelvro::TExportDlg</name>
     <message>
-        <source>Form in which the circuit leaves the program</source>
-        <translation>Form, in der die Schaltung das Programm verlässt</translation>
-    </message>
-    <message>
         <source>Use selected E-series values for circuit export for all elements</source>
         <translation>Für den Export alle Bauteile mit Werten der gewählten E-Reihe</translation>
-    </message>
-    <message>
-        <source>&amp;Format</source>
-        <translation>&amp;Format</translation>
-    </message>
-    <message>
-        <source>From</source>
-        <translation>Von</translation>
-    </message>
-    <message>
-        <source>First frequency</source>
-        <translation>Erste Frequenz</translation>
-    </message>
-    <message>
-        <source>to</source>
-        <translation>bis</translation>
-    </message>
-    <message>
-        <source>Last frequency</source>
-        <translation>Letzte Frequenz</translation>
-    </message>
-    <message>
-        <source>Points</source>
-        <translation>Punkte</translation>
-    </message>
-    <message>
-        <source>Number of frequencies</source>
-        <translation>Zahl der Frequenzen</translation>
-    </message>
-    <message>
-        <source>Reference Z0</source>
-        <translation>Bezug Z0</translation>
-    </message>
-    <message>
-        <source>Reference resistance of both ports</source>
-        <translation>Bezugswiderstand beider Tore</translation>
-    </message>
-    <message>
-        <source>&amp;Copy</source>
-        <translation>&amp;Kopieren</translation>
-    </message>
-    <message>
-        <source>Copy to the clipboard</source>
-        <translation>In die Zwischenablage kopieren</translation>
-    </message>
-    <message>
-        <source>&amp;Save...</source>
-        <translation>&amp;Sichern...</translation>
-    </message>
-    <message>
-        <source>Save to a file</source>
-        <translation>In eine Datei sichern</translation>
-    </message>
-    <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
-    </message>
-    <message>
-        <source>Close the window</source>
-        <translation>Das Fenster schließen</translation>
     </message>
     <message>
         <source>Export - %1</source>
@@ -6405,22 +6435,6 @@ Q=40@100M, law=f, ESR=0.1, SRF=3G</translation>
     <message>
         <source>Standard values (%1)</source>
         <translation>Normwerte (%1)</translation>
-    </message>
-    <message>
-        <source>... (Copy and Save take all of it)</source>
-        <translation>... (Kopieren und Sichern nehmen alles)</translation>
-    </message>
-    <message>
-        <source>Copied to the clipboard.</source>
-        <translation>In die Zwischenablage kopiert.</translation>
-    </message>
-    <message>
-        <source>Saved as %1</source>
-        <translation>Gesichert als %1</translation>
-    </message>
-    <message>
-        <source>Export</source>
-        <translation>Export</translation>
     </message>
 </context>
 <context>

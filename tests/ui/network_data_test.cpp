@@ -2,12 +2,14 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QProcess>
 #include <QTableWidget>
 #include <QtTest>
@@ -18,6 +20,7 @@
 #include "io/project_file.h"
 #include "network/coverage.h"
 #include "network/ladder_response.h"
+#include "network/network_text.h"
 #include "tests/ui/network_fixture.h"
 
 using namespace kelvro;
@@ -76,6 +79,7 @@ class NetworkDataTest : public QObject {
     Q_OBJECT
 
   private slots:
+    void exportsWhatItsDataCover();
     void linkedDataComeFromTheFileAndUndoEmbedsThemAgain() {
         Window window;
         QVERIFY(ReadAll(window.path("a.kelvro")).contains("\"touchstone\""));
@@ -280,6 +284,30 @@ class NetworkDataTest : public QObject {
         }
     }
 };
+
+void NetworkDataTest::exportsWhatItsDataCover() {
+    Window window;
+    window.trigger("NetworkExport");
+    auto& dialog = window.find<QDialog>("NetworkExportWindow");
+    auto& forms = Window::find<QComboBox>(dialog, "ComboBoxExport");
+    auto& preview = Window::find<QPlainTextEdit>(dialog, "MemoExport");
+    const auto choose = [&](const char* form) {
+        forms.setCurrentIndex(forms.findData(form));
+        emit forms.activated(forms.currentIndex());
+        return preview.toPlainText();
+    };
+    QVERIFY(choose("listing").contains("antenna.s1p"));
+    // The load has samples from 90 MHz to 110 MHz: the table does not begin before.
+    QVERIFY(choose("csv").section('\n', 1, 1).startsWith("9e+07,"));
+    Window::type(dialog, "ExportFromEingabe", "80M");
+    QCOMPARE(preview.toPlainText(), QString());
+    QVERIFY(Window::find<QLabel>(dialog, "NoteExport").text().contains("90"));
+    Window::type(dialog, "ExportFromEingabe", "95M");
+    QVERIFY(choose("touchstone").contains("\n# HZ S"));
+    window.model().edit(
+        "", [](Network& network) { network.ladder.push_back(*ParseElement("series: L=77n")); });
+    QVERIFY(preview.toPlainText().contains("L=77n"));
+}
 
 QTEST_MAIN(NetworkDataTest)
 #include "network_data_test.moc"

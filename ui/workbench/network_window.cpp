@@ -224,6 +224,8 @@ void NetworkWindow::buildFileMenu() {
     add(file, "NetworkSave", tr("&Save"), QKeySequence::Save, [this] { save(); });
     add(file, "NetworkSaveAs", tr("Save &As…"), QKeySequence::SaveAs, [this] { saveAs(); });
     file.addSeparator();
+    add(file, "NetworkExport", tr("&Export…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E),
+        [this] { exportNetwork(); });
     add(file, "NetworkSavePicture", tr("Save &Picture…"), {}, [this] { savePicture(); });
     add(file, "NetworkPrint", tr("Prin&t…"), QKeySequence::Print, [this] { printPicture(); });
     file.addSeparator();

@@ -25,6 +25,7 @@ namespace kelvro {
 class DesignHost;
 class LadderPanel;
 class LimitWatch;
+class NetworkExportWindow;
 class SliderPanel;
 class SmithView;
 class SweepView;
@@ -76,6 +77,7 @@ class NetworkWindow : public QMainWindow {
     void copyCommandLine();
     void savePicture();
     void printPicture();
+    void exportNetwork();
     void takeSnapshot();
     void matchHere();
     void refine();
@@ -158,6 +160,7 @@ class NetworkWindow : public QMainWindow {
     std::vector<SweepView*> plots_;
     LimitWatch* limit_ = nullptr;
     QTableWidget* snapshots_ = nullptr;
+    NetworkExportWindow* export_ = nullptr;  ///< once it was asked for
     QLineEdit* frequency_ = nullptr;
     QLineEdit* bands_ = nullptr;
     QLabel* problem_ = nullptr;

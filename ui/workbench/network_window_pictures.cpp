@@ -1,4 +1,4 @@
-// Pictures, prints and copies of the Network window.
+// Pictures, prints, copies and exports of the Network window.
 
 #include <QApplication>
 #include <QClipboard>
@@ -21,6 +21,7 @@
 #include "ui/picture_dialog.h"
 #include "ui/print_page.h"
 #include "ui/texts.h"
+#include "ui/workbench/network_export.h"
 #include "ui/workbench/network_window.h"
 #include "ui/workbench/smith_view.h"
 #include "ui/workbench/sweep_view.h"
@@ -97,6 +98,17 @@ void NetworkWindow::printPicture() {
     const auto printed = PrintPage(
         printer, kPictureSize, [this](QPainter& painter, QSize size) { paintAll(painter, size); });
     if (!printed) say(Shown(printed.message()));
+}
+
+void NetworkWindow::exportNetwork() {
+    if (!export_)
+        export_ = new NetworkExportWindow(
+            model_, [this](const QString& text) { say(text); }, this);
+    export_->setFileName(file_.isEmpty() ? QStringLiteral("network")
+                                         : QFileInfo(file_).completeBaseName());
+    export_->show();
+    export_->raise();
+    export_->activateWindow();
 }
 
 QString NetworkWindow::commandLine() const {
