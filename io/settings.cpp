@@ -250,7 +250,8 @@ ExistingFile Examine(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return {Kind::Unreadable, file.errorString()};
     if (file.size() > kLargestFile) return {Kind::Foreign, QStringLiteral("it is too large")};
-    const QByteArray bytes = file.read(kLargestFile);
+    // Some files tell no size; room for the largest would be cleared at every start.
+    const QByteArray bytes = file.read(std::min(kLargestFile, file.size() + 4096));
     if (file.error() != QFileDevice::NoError) return {Kind::Unreadable, file.errorString()};
     ExistingFile existing{Kind::Settings, {}, ProfileText(bytes.toStdString())};
     const bool hasSection = existing.profile.hasSection(kSection);

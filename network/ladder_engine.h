@@ -131,14 +131,26 @@ PairOf<X> Normalized(const PairOf<X>& pair) {
     return {scale * pair.voltage, scale * pair.current};
 }
 
+/// 1 where the parts of a pair are both 0, as when two shorts stand side by side, or two opens in a
+/// row; else 0.
+template <typename X>
+X OneForNothing(const X& a, const X& b) {
+    using T = typename X::Real;
+    const auto nothing = a.plain().norm() + b.plain().norm() == T(0.0);
+    return X::Of({lanes::Select(nothing, T(1.0), T(0.0)), T(0.0)}, {T(0.0), T(0.0)});
+}
+
 template <typename X>
 PairOf<X> GroupPairAt(const ImpedanceForm::Group& group, const Frequency<typename X::Real>& at) {
     PairOf<X> whole{X::Of(group.parallel ? 1 : 0), X::Of(group.parallel ? 0 : 1)};
     for (const ImpedanceForm& member : group.members) {
         const PairOf<X> next = PairAt<X>(member, at);
-        const X cross = whole.voltage * next.current + next.voltage * whole.current;
-        whole = Normalized<X>(group.parallel ? PairOf<X>{whole.voltage * next.voltage, cross}
-                                             : PairOf<X>{cross, whole.current * next.current});
+        const X product =
+            group.parallel ? whole.voltage * next.voltage : whole.current * next.current;
+        const X sum = whole.voltage * next.current + next.voltage * whole.current;
+        const X cross = sum + OneForNothing(sum, product);
+        whole =
+            Normalized<X>(group.parallel ? PairOf<X>{product, cross} : PairOf<X>{cross, product});
     }
     return whole;
 }
