@@ -75,7 +75,7 @@ Json Document(const OptimizedDesign& design) {
                 {"warnings", design.warnings()},
                 {"starts", best.descents},
                 {"good", best.good},
-                {"warning", design.optimization.warning},
+                {"warning", design.optimization.warning()},
                 {"stop", StopName(best.stop)}};
     }
     return {{"goal", goal},
@@ -104,7 +104,7 @@ std::string GoalText(const OptimizedDesign& design) {
                          {"Calls", std::to_string(calls.total())},
                          {"Warnings", std::to_string(design.warnings())},
                          {"Stopped", std::string(StopName(best.stop))}}) +
-           FarText(design.optimization.warning);
+           FarText(design.optimization.warning());
 }
 
 std::string HumanText(const OptimizedDesign& design) {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cmath>
 #include <limits>
+#include <string_view>
 #include <utility>
 
 #include "analysis/goal.h"
@@ -55,6 +56,14 @@ std::string LossWarning(const Design& before, const Slots& components, double no
         Response(before).relativeDb(before.fo) - Response(after).relativeDb(before.fo);
     if (!(more > noted)) return {};
     return FormatFixed(0, 2, more) + " dB more loss at fo than the calculated design";
+}
+
+/// Does the best network near by serve badly, where farther ones have not been looked for?
+std::string_view NoMatchWarning(const Summary& run, const Goal& goal, const LocalOptions& options) {
+    const double lowest = goal.lowerBound();
+    if (run.good || run.outOfReach || options.thorough || run.descents == 1) return {};
+    if (!std::isfinite(lowest) || run.f <= lowest + options.farGain) return {};
+    return "no good match near the calculated design; the thorough search looks farther";
 }
 
 /// The runs of one page, their reports, and the best point.
@@ -139,10 +148,13 @@ class PageRuns {
         // exp(0)·start is not the start to the bit in every form.
         if (best->x.isZero(0)) return;
         result_.components = goal_.components(AsSpan(best->x));
-        result_.warning = FarWarning(design_, result_.components, settings_.local.reach);
-        const std::string loss =
-            LossWarning(design_, result_.components, settings_.local.tuning.remark.notedLoss);
-        if (!loss.empty()) result_.warning += (result_.warning.empty() ? "" : ", ") + loss;
+        warn(FarWarning(design_, result_.components, settings_.local.reach));
+        warn(LossWarning(design_, result_.components, settings_.local.tuning.remark.notedLoss));
+        warn(NoMatchWarning(*best, goal_, settings_.local));
+    }
+
+    void warn(std::string_view text) {
+        if (!text.empty()) result_.warnings.emplace_back(text);
     }
 
     /// Runs from the calculated design have evaluated it.
@@ -165,7 +177,7 @@ class PageRuns {
             result_.log += RunText(result_.runs[i], settings, origin(i), design_.page);
         }
         result_.log += ClosingText(result_.bestRun(), settings_);
-        if (!result_.warning.empty()) result_.log += "Warning : " + result_.warning + '\n';
+        for (const std::string& text : result_.warnings) result_.log += "Warning : " + text + '\n';
     }
 
     void writeTable() {
@@ -190,6 +202,12 @@ PageOptimization OptimizePage(const Design& design, const OptimizerSettings& set
     PageOptimization untouched;
     untouched.components = design.components;
     return untouched;
+}
+
+std::string PageOptimization::warning() const {
+    std::string line;
+    for (const std::string& text : warnings) line += (line.empty() ? "" : ", ") + text;
+    return line;
 }
 
 int PageOptimization::iterations() const {

@@ -28,8 +28,10 @@ struct PageOptimization {
 
     std::string log;    ///< the report of the runs; empty where none was asked for
     std::string table;  ///< all calls; empty where none was asked for
-    /// "far from the calculated design: C1 × 0.02" where it is, else empty.
-    std::string warning;
+    /// What a user has to know of the result, as "far from the calculated design: C1 × 0.02".
+    std::vector<std::string> warnings;
+    /// All of them in one line.
+    std::string warning() const;
     /// Why the texts could not be kept; set by whoever tried.
     std::string reportProblem;
 

@@ -55,9 +55,9 @@ bool Search::startsLeft() const {
     return summary_.descents < tuning_.mostStarts;
 }
 
-/// Is there room below the lowest minimum for one that is worth leaving the box?
+/// Is the lowest minimum so high that a run looks beyond the box for a better one?
 bool Search::mayGoLower() const {
-    return run_.iterationsLeft() && lowest(false) > run_.lowerBound() + run_.options.farGain;
+    return run_.iterationsLeft() && lowest(false) > run_.lowerBound() + tuning_.lookBeyond;
 }
 
 /// True where the minimum is a good one.

@@ -125,6 +125,12 @@ struct SearchTuning {
     double insidePart = 0.5;
     double widerPart = 0.65;
     double widestPart = 0.8;
+    /// Beyond the reach a run looks only where the lowest value within it is this much, in dB,
+    /// above all that is possible: at a sixth of the power a network serves nobody, nearer ones are
+    /// those that were asked for. Measured, 1500 random designs: 92 % end within a factor of ten
+    /// with 1 dB here, 95 % with 5 and 97 % with 8. The formulas of pages 1, 3 and 4 lose 10 to 25
+    /// dB there, as their Q is too low for the resistances.
+    double lookBeyond = 8;
     /// How much farther the wider box reaches, in factors: 10 becomes 100, ...
     double wider = 2;
     /// ... and the largest one 10^4: parts beyond are open or short circuits.

@@ -2977,6 +2977,10 @@ Möchten Sie die Datei ersetzen?</translation>
         <translation>%1 dB mehr Verlust bei fo als der berechnete Entwurf</translation>
     </message>
     <message>
+        <source>no good match near the calculated design; the thorough search looks farther</source>
+        <translation>keine gute Anpassung nahe dem berechneten Entwurf; die gründliche Suche sucht weiter entfernt</translation>
+    </message>
+    <message>
         <source>the source</source>
         <translation>die Quelle</translation>
     </message>

@@ -227,9 +227,8 @@ QStringList TSDIAppForm::achievedTexts() const {
                      last.page == design.page && last.components == design.components;
     if (ran) {
         texts << tr("achieved fmin=") + ToQString(FormatFixed(9, 4, last.achievedGoal));
-        for (const std::string& remark : {last.warning, last.reportProblem}) {
-            if (!remark.empty()) texts << Shown(remark);
-        }
+        for (const std::string& warning : last.warnings) texts << Shown(warning);
+        if (!last.reportProblem.empty()) texts << Shown(last.reportProblem);
     }
     if (const auto achieved = AchievedBy(result)) {
         texts << Shown(AchievedText(*achieved, result.bandwidth));

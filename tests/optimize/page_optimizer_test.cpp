@@ -115,6 +115,20 @@ TEST(PageOptimizer, StaysNearTheCalculatedDesignWhereTheWayOnBringsLittle) {
     EXPECT_THAT(result.log, HasSubstr("Hint : f still falls from here"));
 }
 
+/// The lowest goals within a factor of ten by Nelder and Mead's method: 0.4, 5.7 and 14.6. Beyond
+/// it there are 0.5 and 0.9 for the last two.
+TEST(PageOptimizer, SaysWhereNoGoodMatchIsNear) {
+    const auto warningsOf = [](int page, double R1, double R2, double Q) {
+        return OptimizePage(Calculated(page, R1, R2, Q), {}).warnings;
+    };
+    EXPECT_THAT(warningsOf(3, 50, 200, 5), testing::IsEmpty());
+    EXPECT_THAT(warningsOf(1, 11.4, 1331, 0.2),
+                testing::ElementsAre(StartsWith("no good match near the calculated design")));
+    EXPECT_THAT(
+        warningsOf(4, 2972, 24.6, 0.2),
+        testing::ElementsAre(ContainsRegex("far from the calculated design: [LC][12]? × ")));
+}
+
 /// Transformers have a flat valley: anywhere in it the goal is the same to four digits.
 TEST(PageOptimizer, EndsInOnePlaceOfAFlatValley) {
     for (const auto& [R1, R2, Q] :

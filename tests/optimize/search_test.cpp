@@ -27,7 +27,8 @@ class Dips : public Objective {
         double x;
         double depth;
     };
-    Dips(std::vector<Dip> dips, double good) : dips_(std::move(dips)), good_(good) {}
+    Dips(std::vector<Dip> dips, double good, double lowerBound)
+        : dips_(std::move(dips)), good_(good), lowerBound_(lowerBound) {}
 
     double value(std::span<const double> x, CallKind /*kind*/) override {
         double f = 0;
@@ -37,11 +38,12 @@ class Dips : public Objective {
     bool isGood(std::span<const double> x) override {
         return value(x, CallKind::Evaluation) < good_;
     }
-    double lowerBound() const override { return -100; }
+    double lowerBound() const override { return lowerBound_; }
 
   private:
     std::vector<Dip> dips_;
     double good_;
+    double lowerBound_;
 };
 
 struct SearchCase {
@@ -52,6 +54,7 @@ struct SearchCase {
     bool severalStarts;  ///< more than one descent was made
     bool outOfReach = false;
     std::function<void(LocalOptions&)> change = [](LocalOptions&) {};
+    double lowerBound = -100;
 };
 
 class SearchDelivers : public testing::TestWithParam<SearchCase> {};
@@ -59,7 +62,7 @@ class SearchDelivers : public testing::TestWithParam<SearchCase> {};
 /// From 0; a factor of ten reaches to 2.3026.
 TEST_P(SearchDelivers, TheNearestGoodMinimum) {
     const SearchCase& c = GetParam();
-    Dips dips(c.dips, c.good);
+    Dips dips(c.dips, c.good, c.lowerBound);
     LocalOptions options;
     options.gradientLimit = 1e-4;
     c.change(options);
@@ -91,6 +94,15 @@ INSTANTIATE_TEST_SUITE_P(
         SearchCase{"notTheFarOneThatIsLittleLower", {{0.3, 5}, {3.4, 5.8}}, -50, 0.3, true},
         // Beyond, and worth the way.
         SearchCase{"theFarOneThatIsMuchLower", {{0.3, 1}, {3.4, 6}}, -5, 3.4, true, true},
+        // So good already that nobody looks beyond: 7 above all that is possible.
+        SearchCase{"notTheFarOneWhereTheNearOneServes",
+                   {{0.3, 1}, {3.4, 6}},
+                   -5,
+                   0.3,
+                   true,
+                   false,
+                   [](LocalOptions&) {},
+                   -8},
         SearchCase{"thoroughlyTheLowestOfAll",
                    {{0.3, 5}, {-1.8, 5.1}, {3.4, 5.5}},
                    -4,
