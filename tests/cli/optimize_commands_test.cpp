@@ -116,7 +116,7 @@ TEST(OptimizeCommandTest, CarriesTheRunOutWhereItsReportCannotBeWritten) {
     const Output full = RunWith({"optimize", "pi", "--log", "/dev/full"});
     EXPECT_EQ(full.code, 1);
     EXPECT_EQ(full.out, kept.out);
-    EXPECT_EQ(full.err.find("kelvro-cli: /dev/full: "), 0U) << full.err;
+    EXPECT_EQ(full.err.find("kelvro-cli: Cannot write \"/dev/full\": "), 0U) << full.err;
 }
 
 TEST(ProposeCommandTest, NetworksOfTheSearchStandAmongThePages) {

@@ -326,7 +326,8 @@ void MainFormTest::reportThatCannotBeWrittenStandsInTheStatusPanel() {
     QVERIFY2(panel.currentMessage().contains("achieved fmin="), qPrintable(panel.currentMessage()));
     f.form().session().optimizerFiles().log = "/dev/full";
     f.type("QEingabe", "6");
-    QVERIFY2(panel.currentMessage().contains(", /dev/full: "), qPrintable(panel.currentMessage()));
+    QVERIFY2(panel.currentMessage().contains(", Cannot write \"/dev/full\": "),
+             qPrintable(panel.currentMessage()));
     QVERIFY(f.messages.isEmpty());
     QCOMPARE(f.state().Q, 6.0);
 }
