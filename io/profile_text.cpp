@@ -24,7 +24,10 @@ Line KindOf(std::string_view line) {
     if (line[0] == ';' || line[0] == '#') return Line::Plain;
     if (line[0] != '[') return line.find('=', 1) < line.size() ? Line::Plain : Line::Unknown;
     const auto end = line.find(']');
-    if (end == std::string_view::npos) return Line::Unknown;
+    // Without a name a section is written without its line.
+    if (end == std::string_view::npos || line.find_first_not_of(" \t", 1) == end) {
+        return Line::Unknown;
+    }
     return end + 1 == line.size() ? Line::Plain : Line::SectionWithTail;
 }
 
