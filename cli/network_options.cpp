@@ -108,7 +108,7 @@ Status SaveNetwork(const Network& network, const std::string& file) {
         project = std::move(*before);
     }
     project.network = network;
-    return WriteProject(file, project);
+    return WriteProject(file, project, project.checksum).status();
 }
 
 void TellDataWarnings(const Network& network, double low, double high, Session& session) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "io/atomic_file.h"
+#include "io/known_file.h"
 #include "io/project_words.h"
 #include "io/touchstone.h"
 #include "network/coverage.h"
@@ -166,7 +167,9 @@ Result<Project> ReadProject(const std::filesystem::path& path) {
     }
     const auto content = error ? std::nullopt : ContentOf(path);
     if (!content) return Status::Failure("cannot read \"" + path.string() + '"');
-    return ParseProject(*content, path.parent_path(), name);
+    auto project = ParseProject(*content, path.parent_path(), name);
+    if (project) project->checksum = Checksum(*content);
+    return project;
 }
 
 std::string ProjectText(const Project& given, const std::filesystem::path& folder) {
@@ -214,14 +217,25 @@ bool IsAsSaved(const Project& project, const std::string& name, const std::files
     return !checksum.is_string() || (content && checksum == Checksum(*content));
 }
 
-Status WriteProject(const std::filesystem::path& path, const Project& project) {
+Result<std::string> WriteProject(const std::filesystem::path& path, const Project& project,
+                                 const std::optional<std::string>& known) {
+    const auto folder = std::filesystem::absolute(path).parent_path();
+    const SavingIn turn(folder);
     if (IsOfLaterVersion(path)) {
         return Status::Failure(path.filename().string() +
                                " was written by a later version of Kelvro and stays as it is: save "
                                "under another name");
     }
-    const std::string text = ProjectText(project, std::filesystem::absolute(path).parent_path());
-    return WriteAtomically(QString::fromStdString(path.string()), QByteArray::fromStdString(text));
+    if (known && HasChanged(path, *known)) {
+        return Status::Failure(path.filename().string() +
+                               " was changed by another program meanwhile and stays as it is");
+    }
+    const std::string text = ProjectText(project, folder);
+    if (const Status written =
+            WriteAtomically(QString::fromStdString(path.string()), QByteArray::fromStdString(text));
+        !written)
+        return written;
+    return Checksum(text);
 }
 
 }  // namespace kelvro

@@ -61,6 +61,8 @@ struct Project {
     std::map<std::string, std::filesystem::path> linkedData;
     /// The whole file as read, for the keys of others; empty for a new project.
     Json document = Json::object();
+    /// Of the file as it was read, empty for a new project.
+    std::string checksum = {};
     /// Written by a later version: what is known of it can be looked at, and saved elsewhere.
     bool readOnly = false;
     std::vector<std::string> messages = {};  ///< for the user: later versions, odd data
@@ -73,7 +75,11 @@ Result<Project> ReadProject(const std::filesystem::path& path);
 
 /// Writes the file as a whole; the old one stays where that fails. Fails where the file there is
 /// one of a later version, which knows more than this one would write.
-Status WriteProject(const std::filesystem::path& path, const Project& project);
+/// \param known checksum of the file that may be overwritten, empty for none: fails where another
+///              one is there. Without it any file may be.
+/// \returns the checksum of the file that is there now
+Result<std::string> WriteProject(const std::filesystem::path& path, const Project& project,
+                                 const std::optional<std::string>& known = {});
 
 /// Is a file what the project, as it was read, had under that name? True where it does not say.
 bool IsAsSaved(const Project& project, const std::string& name, const std::filesystem::path& file);

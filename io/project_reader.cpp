@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "io/data_files.h"
+#include "io/known_file.h"
 #include "io/project_file.h"
 #include "io/project_words.h"
 #include "io/touchstone.h"

@@ -21,6 +21,7 @@
 #include "design/pages.h"
 #include "io/atomic_file.h"
 #include "io/exact_settings.h"
+#include "io/known_file.h"
 #include "io/profile_text.h"
 
 namespace kelvro {
@@ -239,6 +240,7 @@ struct ExistingFile {
     Kind kind = Kind::Missing;
     QString reason = {};  ///< why it cannot be used
     ProfileText profile{};
+    std::string checksum = {};
 };
 
 ExistingFile Examine(const QString& path) {
@@ -253,7 +255,8 @@ ExistingFile Examine(const QString& path) {
     // Some files tell no size; room for the largest would be cleared at every start.
     const QByteArray bytes = file.read(std::min(kLargestFile, file.size() + 4096));
     if (file.error() != QFileDevice::NoError) return {Kind::Unreadable, file.errorString()};
-    ExistingFile existing{Kind::Settings, {}, ProfileText(bytes.toStdString())};
+    const std::string text = bytes.toStdString();
+    ExistingFile existing{Kind::Settings, {}, ProfileText(text), Checksum(text)};
     const bool hasSection = existing.profile.hasSection(kSection);
     if (!existing.profile.complete() && !hasSection) {
         return {Kind::Foreign, QStringLiteral("it is not a settings file")};
@@ -310,6 +313,7 @@ SettingsRead ReadSettings(const QString& file, Settings settings) {
         return read;
     }
     if (existing.kind == ExistingFile::Kind::Missing) read.status = SettingsRead::Status::Missing;
+    read.checksum = existing.checksum;
     read.whole = ReadAll(existing.profile, read.settings);
     read.later = VersionOf(existing.profile) > kSettingsVersion;
     if (read.later)
@@ -321,7 +325,11 @@ SettingsRead ReadSettings(const QString& file, Settings settings) {
     return read;
 }
 
-SettingsSave WriteSettings(const QString& file, const Settings& settings) {
+SettingsSave WriteSettings(const QString& file, const Settings& settings,
+                           const std::optional<std::string>& known) {
+    if (!file.isEmpty()) QDir().mkpath(QFileInfo(file).absolutePath());
+    const SavingIn turn(NativePath(QFileInfo(file).absolutePath()));
+    if (known && HasChanged(NativePath(file), *known)) return {SettingsSave::Status::Changed};
     ExistingFile existing = Examine(file);
     if (existing.kind == ExistingFile::Kind::NoFile) return Failed(file, existing.reason);
     if (VersionOf(existing.profile) > kSettingsVersion)
@@ -329,7 +337,6 @@ SettingsSave WriteSettings(const QString& file, const Settings& settings) {
     for (const SettingsLine& line : Lines())
         existing.profile.set(kSection, std::string(line.key).c_str(), TextOf(line, settings));
     WriteExact(settings, existing.profile);
-    if (!file.isEmpty()) QDir().mkpath(QFileInfo(file).absolutePath());
     std::optional<QString> copy;
     if (MustBeKept(existing)) {
         copy = KeepAside(file);
@@ -340,10 +347,9 @@ SettingsSave WriteSettings(const QString& file, const Settings& settings) {
         if (copy) QFile::remove(*copy);
         return {SettingsSave::Status::Failed, QString::fromStdString(written.message())};
     }
-    if (copy)
-        return {SettingsSave::Status::Saved,
-                QStringLiteral("The old file is kept as \"%1\".").arg(*copy)};
-    return {};
+    SettingsSave saved{SettingsSave::Status::Saved, {}, Checksum(bytes.toStdString())};
+    if (copy) saved.message = QStringLiteral("The old file is kept as \"%1\".").arg(*copy);
+    return saved;
 }
 
 QString DefaultSettingsFile() {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <optional>
+#include <string>
 
 #include "analysis/tolerance.h"
 #include "design/design.h"
@@ -37,6 +39,8 @@ struct SettingsRead {
     bool whole = false;
     /// Written by a later version: what is known of it was read, and it is not written again.
     bool later = false;
+    /// Of the file as it was read, empty where there is none.
+    std::string checksum = {};
 };
 
 /// The settings with the values of a file in place of its own. What a file does not name stays as
@@ -47,16 +51,25 @@ struct SettingsRead {
 SettingsRead ReadSettings(const QString& file, Settings settings);
 
 struct SettingsSave {
-    enum class Status { Saved, Failed };
+    enum class Status {
+        Saved,
+        Failed,
+        Changed,  ///< by another program since it was known; not saved
+    };
     Status status = Status::Saved;
-    QString message;  ///< why it failed, or under which name the old file was kept
+    QString message = {};  ///< why it failed, or under which name the old file was kept
+    /// Of the file that is there now; only when saved.
+    std::string checksum = {};
 };
 
 /// Writes the settings into a file, whole or not at all. Other sections, unknown keys
 /// and comments of an existing file stay in it; a file that is not understood in full is kept
 /// aside as "name.bak". Missing folders are made. A file of a later version is left as it is, which
 /// counts as failed.
-SettingsSave WriteSettings(const QString& file, const Settings& settings);
+/// \param known checksum of the file that may be overwritten, empty for none. Without it any file
+///              may be.
+SettingsSave WriteSettings(const QString& file, const Settings& settings,
+                           const std::optional<std::string>& known = {});
 
 /// kelvro/kelvro.ini in the user's configuration folder.
 QString DefaultSettingsFile();

@@ -232,6 +232,22 @@ Möchten Sie die Datei ersetzen?</translation>
         <source>its file is missing</source>
         <translation>ihre Datei fehlt</translation>
     </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was changed by another program since it was read or saved here. Saving replaces what that one has written.</source>
+        <translation>„%1“ wurde von einem anderen Programm geändert, seit es hier gelesen oder gespeichert wurde. Speichern ersetzt, was jenes geschrieben hat.</translation>
+    </message>
+    <message>
+        <source>Save any&amp;way</source>
+        <translation>&amp;Trotzdem speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;as…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
 </context>
 <context>
     <name>kelvro</name>
@@ -4676,6 +4692,10 @@ Möchten Sie die Datei ersetzen?</translation>
     <message>
         <source>Element Q (%1)</source>
         <translation>Bauteilgüte Q (%1)</translation>
+    </message>
+    <message>
+        <source>%1 was changed by another program meanwhile and stays as it is</source>
+        <translation>%1 wurde inzwischen von einem anderen Programm geändert und bleibt, wie es ist</translation>
     </message>
 </context>
 <context>

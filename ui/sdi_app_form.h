@@ -111,14 +111,18 @@ class TSDIAppForm : public QMainWindow {
     void nameSteps();
     Settings settings() const;
     /// True when the file was written; else the user has been told.
-    bool saveSettings(const QString& file);
+    /// Tells what there is to say of it, but not that another program has changed the file `known`.
+    SettingsSave saveSettings(const QString& file, const std::optional<std::string>& known);
+    /// Saves under a name that the user has chosen.
+    void saveUnder(const QString& file);
+    void saveOverChanged();
     void applyPreferences(const Settings& settings);
     /// Is this the program that keeps the settings file? A second one leaves it alone.
     bool claimSettings();
     void saveSoon();
     void openFile(const QString& file);
     /// The design is that of a file now, unchanged; an empty name: of none.
-    void nameFile(const QString& file);
+    void nameFile(const QString& file, const std::string& checksum);
     void showCaption();
     void listRecentFiles();
     void FormClose();
@@ -142,6 +146,7 @@ class TSDIAppForm : public QMainWindow {
     QStringList networkFiles_;  ///< named by the command line, not opened yet
     QString file_;              ///< that the design was opened from or saved to; empty: none
     Design saved_;              ///< as that file holds it
+    std::string checksum_;      ///< of that file, as it was read or last saved here
     QTimer pause_;              ///< after a change, until the settings are saved
     std::unique_ptr<QLockFile> claim_;  ///< on the settings file; null in a second instance
     QLabel* achieved_ = nullptr;        ///< in the status panel, beside a hint

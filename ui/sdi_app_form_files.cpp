@@ -13,6 +13,7 @@
 
 #include "design/pages.h"
 #include "io/settings.h"
+#include "ui/changed_file_box.h"
 #include "ui/sdi_app_form.h"
 #include "ui/texts.h"
 #include "ui/window_place.h"
@@ -68,18 +69,38 @@ void TSDIAppForm::New1Click() {
                       EnterPage(design, page);
                   },
                   {.fields = Fields::Written});
-    nameFile({});
+    nameFile({}, {});
 }
 
 void TSDIAppForm::Save1Click() {
     if (file_.isEmpty()) return SpeedButtonINISaveClick();
-    if (saveSettings(file_)) nameFile(file_);
+    const SettingsSave saved = saveSettings(file_, checksum_);
+    if (saved.status == SettingsSave::Status::Saved) nameFile(file_, saved.checksum);
+    if (saved.status == SettingsSave::Status::Changed) saveOverChanged();
+}
+
+void TSDIAppForm::saveOverChanged() {
+    switch (AskAboutChangedFile(file_, this)) {
+        case ChangedFileAnswer::SaveAnyway:
+            saveUnder(file_);
+            break;
+        case ChangedFileAnswer::SaveAs:
+            SpeedButtonINISaveClick();
+            break;
+        case ChangedFileAnswer::Cancel:
+            break;
+    }
+}
+
+void TSDIAppForm::saveUnder(const QString& file) {
+    const SettingsSave saved = saveSettings(file, {});
+    if (saved.status == SettingsSave::Status::Saved) nameFile(file, saved.checksum);
 }
 
 void TSDIAppForm::SpeedButtonINISaveClick() {
     QFileDialog dialog(this, tr("Save INI file"), {}, tr("INI File (*.ini *.INI)"));
     const QString file = AskForFile(dialog, "SaveDialogIni", QFileDialog::AcceptSave, file_);
-    if (!file.isEmpty() && saveSettings(file)) nameFile(file);
+    if (!file.isEmpty()) saveUnder(file);
 }
 
 void TSDIAppForm::SpeedButtonINILadenClick() {
@@ -100,11 +121,12 @@ void TSDIAppForm::openFile(const QString& file) {
     session_.edit("Load " + QFileInfo(file).fileName().toStdString(), load,
                   {.followup = read.whole ? Followup::Restoration : Followup::Calculation,
                    .fields = Fields::Written});
-    nameFile(file);
+    nameFile(file, read.checksum);
 }
 
-void TSDIAppForm::nameFile(const QString& file) {
+void TSDIAppForm::nameFile(const QString& file, const std::string& checksum) {
     file_ = file.isEmpty() ? QString() : QFileInfo(file).absoluteFilePath();
+    checksum_ = checksum;
     saved_ = session_.design();
     if (!file_.isEmpty()) {
         QSettings kept = RememberedFiles();
@@ -157,10 +179,11 @@ void TSDIAppForm::applyPreferences(const Settings& settings) {
     SeriesClick(settings.preferences.ESeries);
 }
 
-bool TSDIAppForm::saveSettings(const QString& file) {
-    const SettingsSave saved = WriteSettings(file, settings());
+SettingsSave TSDIAppForm::saveSettings(const QString& file,
+                                       const std::optional<std::string>& known) {
+    SettingsSave saved = WriteSettings(file, settings(), known);
     if (!saved.message.isEmpty()) session_.showMessage(Shown(saved.message.toStdString()));
-    return saved.status == SettingsSave::Status::Saved;
+    return saved;
 }
 
 bool TSDIAppForm::claimSettings() {
@@ -179,7 +202,11 @@ void TSDIAppForm::saveSoon() {
 
 void TSDIAppForm::saveNow() {
     pause_.stop();
-    if (claim_) WriteSettings(DefaultSettingsFile(), settings());
+    if (!claim_) return;
+    const SettingsSave saved = WriteSettings(DefaultSettingsFile(), settings());
+    // The user may have opened that very file.
+    const bool opened = QFileInfo(file_) == QFileInfo(DefaultSettingsFile());
+    if (opened && saved.status == SettingsSave::Status::Saved) checksum_ = saved.checksum;
 }
 
 void TSDIAppForm::dragEnterEvent(QDragEnterEvent* event) {
@@ -196,7 +223,7 @@ void TSDIAppForm::dropEvent(QDropEvent* event) {
 
 void TSDIAppForm::FormClose() {
     pause_.stop();
-    if (claim_) saveSettings(DefaultSettingsFile());
+    if (claim_) (void)saveSettings(DefaultSettingsFile(), {});
     claim_.reset();
     SavePlace(*this);
 }

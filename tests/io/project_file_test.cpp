@@ -3,8 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <fstream>
 #include <sstream>
+#include <thread>
+#include <vector>
 
 #include "tests/temporary_folder.h"
 
@@ -209,6 +213,35 @@ TEST(ProjectFile, ThatCannotBeWrittenLeavesTheOldOne) {
     EXPECT_FALSE(WriteProject(folder / "no folder" / "a.kelvro", project).ok());
     EXPECT_FALSE(WriteProject("/dev/full", project).ok());
     EXPECT_TRUE(std::filesystem::is_empty(folder / "taken.kelvro"));
+}
+
+/// Several at once: who knows the file as it is saves it, all others are told and change nothing.
+TEST(ProjectFile, IsSavedByOneOfSeveralThatHaveReadIt) {
+    const TemporaryFolder folder;
+    const auto file = folder / "a.kelvro";
+    ASSERT_TRUE(WriteProject(file, Project(), "").ok());
+    for (int round = 0; round < 20; ++round) {
+        const auto read = ReadProject(file);
+        ASSERT_TRUE(read.ok()) << read.message();
+        std::array<Result<std::string>, 4> saved{Status(), Status(), Status(), Status()};
+        {
+            std::vector<std::jthread> programs;
+            programs.reserve(saved.size());
+            for (std::size_t i = 0; i < saved.size(); ++i)
+                programs.emplace_back([&, i] {
+                    Project own = *read;
+                    own.network.designFrequency = 1 + round + 100.0 * static_cast<double>(i);
+                    saved[i] = WriteProject(file, own, read->checksum);
+                });
+        }
+        ASSERT_EQ(std::ranges::count_if(saved, &Result<std::string>::ok), 1) << round;
+        const auto winner = std::ranges::find_if(saved, &Result<std::string>::ok) - saved.begin();
+        EXPECT_EQ(ReadProject(file)->network.designFrequency,
+                  1 + round + 100.0 * static_cast<double>(winner));
+        EXPECT_THAT(saved[winner == 0 ? 1 : 0].message(), HasSubstr("by another program"));
+    }
+    std::filesystem::remove(file);
+    EXPECT_TRUE(WriteProject(file, Project(), "sha256:gone").ok()) << "nobody's work is lost";
 }
 
 struct FaultyProject {

@@ -378,6 +378,19 @@ TEST_F(SettingsTest, AFileOfALaterVersionIsReadAndLeftAsItIs) {
     }
 }
 
+TEST_F(SettingsTest, WhatAnotherProgramHasSavedMeanwhileIsNotOverwrittenUnseen) {
+    const std::string first = WriteSettings(path(file()), {}).checksum;
+    EXPECT_EQ(ReadSettings(path(file()), {}).checksum, first);
+    Settings other;
+    other.design.R2 = 300;
+    ASSERT_EQ(WriteSettings(path(file()), other, first).status, SaveStatus::Saved);
+    const std::string bytes = content(file());
+    EXPECT_EQ(WriteSettings(path(file()), {}, first).status, SaveStatus::Changed);
+    EXPECT_EQ(WriteSettings(path(file()), {}, "").status, SaveStatus::Changed);
+    EXPECT_EQ(content(file()), bytes);
+    EXPECT_EQ(WriteSettings(path(file("new.ini")), {}, "").status, SaveStatus::Saved);
+}
+
 std::string RandomBytes(std::size_t count) {
     std::mt19937 random(7);
     std::string bytes(count, '\0');

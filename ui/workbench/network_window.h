@@ -129,7 +129,10 @@ class NetworkWindow : public QMainWindow {
     void setDark(bool dark);
     /// False when the user wants to keep what is not saved.
     bool mayDiscard();
-    bool write(const QString& path);
+    /// \param known checksum of the file that may go without a question; any when there is none
+    bool write(const QString& path, const std::optional<std::string>& known);
+    /// Asks what is to become of a file that another program has saved meanwhile.
+    bool writeOverChanged(const QString& path);
     void rememberRecent(const QString& path);
     void fillRecent();
     void autosave();

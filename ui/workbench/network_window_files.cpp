@@ -20,9 +20,12 @@
 #include <cmath>
 
 #include "core/number_text.h"
+#include "io/known_file.h"
+#include "io/project_words.h"
 #include "network/coverage.h"
 #include "network/interpolation.h"
 #include "synthesis/refine.h"
+#include "ui/changed_file_box.h"
 #include "ui/fields.h"
 #include "ui/help/manual_text.h"
 #include "ui/plot/design_host.h"
@@ -157,14 +160,17 @@ void NetworkWindow::openExample() {
     model_.open(takeOver(std::move(read).value()));
 }
 
-bool NetworkWindow::write(const QString& path) {
-    const Status written = WriteProject(PathOf(path), present());
+bool NetworkWindow::write(const QString& path, const std::optional<std::string>& known) {
+    const auto written = WriteProject(PathOf(path), present(), known);
     if (!written) {
+        if (known && HasChanged(PathOf(path), *known) && !IsOfLaterVersion(PathOf(path)))
+            return writeOverChanged(path);
         say(Shown(written.message()));
         return false;
     }
     file_ = path;
     project_.readOnly = false;
+    project_.checksum = *written;
     model_.markSaved();
     rememberRecent(path);
     QFile::remove(autosaveFile());
@@ -172,8 +178,20 @@ bool NetworkWindow::write(const QString& path) {
     return true;
 }
 
+bool NetworkWindow::writeOverChanged(const QString& path) {
+    switch (AskAboutChangedFile(path, this)) {
+        case ChangedFileAnswer::SaveAnyway:
+            return write(path, {});
+        case ChangedFileAnswer::SaveAs:
+            return saveAs();
+        default:
+            return false;
+    }
+}
+
 bool NetworkWindow::save() {
-    return file_.isEmpty() || project_.readOnly ? saveAs() : write(file_);
+    if (file_.isEmpty() || project_.readOnly) return saveAs();
+    return write(file_, project_.checksum);
 }
 
 bool NetworkWindow::saveAs() {
@@ -182,7 +200,7 @@ bool NetworkWindow::saveAs() {
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("kelvro"));
     if (dialog.exec() != QDialog::Accepted) return false;
-    return write(dialog.selectedFiles().value(0));
+    return write(dialog.selectedFiles().value(0), {});  // the dialog has asked
 }
 
 bool NetworkWindow::mayDiscard() {
@@ -242,7 +260,7 @@ QString NetworkWindow::autosaveFile() {
 
 void NetworkWindow::autosave() {
     if (!model_.modified()) return;
-    const Status written = WriteProject(PathOf(autosaveFile()), present());
+    const auto written = WriteProject(PathOf(autosaveFile()), present());
     if (!written) statusBar()->showMessage(Shown(written.message()));
 }
 
