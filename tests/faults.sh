@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
-# Every file that the program writes, with each step of writing it failing in turn:
+# Every file that the command line writes, and the settings of the window, with each step of writing
+# them failing in turn:
 #   tests/faults.sh FOLDER_OF_THE_PROGRAMS [KILLS]
 # Full disk and read-only folder need root (their file systems are mounted where mounts end with this
-# script). KILLS times (300) per kind the program is killed at a random moment.
+# script). KILLS times (300) per kind the program is killed at a random moment; a few make a test of
+# seconds. What windows save on a full disk is in tests/ui/saved_files_test.cpp.
 set -euo pipefail
 programs=$(realpath "$1")
 kills=${2:-300}
@@ -107,15 +109,23 @@ kill_at_random() {
     [ "$(ls saved | wc -l)" = 1 ] || fail "kill: leaves $(ls saved | tr '\n' ' ')"
 }
 
+# Who has read a project that another one saves meanwhile is told, and changes nothing.
+told() { # OUTPUT
+    [ "$kind" = project ] && grep -q 'changed by another program' "$1" || fail "two at once: $(cat "$1")"
+}
+
 two_at_once() {
-    local i
+    local i first second
     cp old "$1"
     save "$kind" "$1" 7 >/dev/null 2>&1
     cp "$1" second
-    for ((i = 0; i < 10; i++)); do
-        save "$kind" "$1" 300 >/dev/null 2>&1 &
-        save "$kind" "$1" 7 >/dev/null 2>&1 &
-        wait
+    for ((i = 0; i < (kills < 10 ? kills : 10); i++)); do
+        save "$kind" "$1" 300 >/dev/null 2>said.first &
+        first=$!
+        save "$kind" "$1" 7 >/dev/null 2>said.second &
+        second=$!
+        wait $first || told said.first
+        wait $second || told said.second
         same "$1" new || same "$1" second || { fail "two at once: mixed"; break; }
     done
 }

@@ -326,8 +326,9 @@ void MainFormTest::reportThatCannotBeWrittenStandsInTheStatusPanel() {
     QVERIFY2(panel.currentMessage().contains("achieved fmin="), qPrintable(panel.currentMessage()));
     f.form().session().optimizerFiles().log = "/dev/full";
     f.type("QEingabe", "6");
-    QVERIFY2(panel.currentMessage().contains(", Cannot write \"/dev/full\": "),
-             qPrintable(panel.currentMessage()));
+    QVERIFY2(
+        panel.currentMessage().contains(", Cannot write \"/dev/full\": No space left on device, "),
+        qPrintable(panel.currentMessage()));
     QVERIFY(f.messages.isEmpty());
     QCOMPARE(f.state().Q, 6.0);
 }
