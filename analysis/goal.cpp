@@ -68,6 +68,18 @@ double BandEdgePenalty(const Design& s, const EdgeGains& gains) {
     return EdgePenalty(s, gains.centre - std::min(gains.low, gains.high));
 }
 
+/// The penalty minds the lower edge alone: a network twice as wide, with fo on the flank of its
+/// passband, pays nothing for the other one. What a search counts for the drop there, dB; most for
+/// what is far from any band. Measured, weight 0.8: T section, Q 5, 50 to 200: 21.5 MHz wide in
+/// place of 44.9 for the 20 asked, Pi 21.6 in place of 33.3, each for 0.14 dB; of 178 designs of Q
+/// 2 to 20 88 are more than half as wide again, 102 with 0.7, 137 without. 299 of 300 random
+/// designs stay within 0.2 of the lowest goal.
+double CentreWish(double drop) {
+    constexpr double kWeight = 0.8;
+    constexpr double kMost = 0.5;
+    return kMost * std::tanh(kWeight * (kEdgeDrop - drop) / kMost);
+}
+
 double Tangent(std::complex<double> H) {
     return H.imag() / H.real();
 }
@@ -218,9 +230,11 @@ Sides Goal::sides(std::span<const double> x, CallKind kind) {
 Sides Goal::edges() const {
     const EdgeGains gains = GainsAtEdges(trial_, Response(trial_));
     const double rest = page_.penalty ? page_.penalty(trial_) : 0;
-    return {-gains.centre + EdgePenalty(trial_, gains.centre - gains.low) + rest,
-            -gains.centre + EdgePenalty(trial_, gains.centre - gains.high) + rest,
-            gains.low - gains.high};
+    const double low = gains.centre - gains.low;
+    const double high = gains.centre - gains.high;
+    return {-gains.centre + EdgePenalty(trial_, low) + rest,
+            -gains.centre + EdgePenalty(trial_, high) + rest, gains.low - gains.high,
+            CentreWish(high), CentreWish(low)};
 }
 
 bool Goal::isNetwork() const {

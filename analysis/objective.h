@@ -35,8 +35,13 @@ struct Sides {
     double below = 0;   ///< the value where the offset is negative
     double above = 0;   ///< and where it is positive
     double offset = 0;  ///< smooth
+    /// What a search is to count beside the value on either side: wishes that are no part of the
+    /// function, and small against what matters in it.
+    double wishBelow = 0;
+    double wishAbove = 0;
 
     double value() const { return offset < 0 ? below : above; }
+    double wish() const { return offset < 0 ? wishBelow : wishAbove; }
 };
 
 /// A function to be made small. A value that is not finite marks a point where the function does

@@ -32,18 +32,24 @@ void Evaluator::note(CallKind kind, double f) {
 }
 
 double Evaluator::operator()(const Vector& x, CallKind kind) {
-    const double f = objective_.value(place(x), kind);
-    note(kind, f);
-    if (!std::isfinite(f)) return std::numeric_limits<double>::infinity();
-    return nearness_ ? f + nearness_->value(x) : f;
+    double f = 0;
+    if (nearness_) {
+        f = sides(x, kind).value();
+    } else {
+        f = objective_.value(place(x), kind);
+        note(kind, f);
+    }
+    return std::isfinite(f) ? f : std::numeric_limits<double>::infinity();
 }
 
 Sides Evaluator::sides(const Vector& x, CallKind kind) {
     Sides sides = objective_.sides(place(x), kind);
     note(kind, sides.value());
-    const double counted = nearness_ ? nearness_->value(x) : 0;
-    sides.below += counted;
-    sides.above += counted;
+    if (!nearness_) return sides;
+    const double counted = nearness_->value(x);
+    hasWishes_ = hasWishes_ || sides.wish() != 0;
+    sides.below += counted + sides.wishBelow;
+    sides.above += counted + sides.wishAbove;
     return sides;
 }
 

@@ -18,9 +18,11 @@ class Evaluator {
   public:
     Evaluator(Objective& objective, const Vector& start, bool recordCalls);
 
-    /// Value at a point of the active parameters, with what its distance counts; +infinity where
-    /// the objective is not finite.
+    /// Value at a point of the active parameters, with what its distance and the wishes of the
+    /// objective count; +infinity where the objective is not finite.
     double operator()(const Vector& x, CallKind kind);
+    /// Has the objective wishes of its own, as far as it has been asked?
+    bool hasWishes() const { return hasWishes_; }
 
     /// The same with both sides of a crease, see Objective.
     Sides sides(const Vector& x, CallKind kind);
@@ -28,8 +30,12 @@ class Evaluator {
     /// From here on points have the active parameters only; the others stay at the start.
     void setActive(const std::vector<bool>& active);
 
-    /// From here on values are those of the objective and of this, over the active parameters.
-    void setNearness(std::optional<Nearness> nearness) { nearness_ = std::move(nearness); }
+    /// From here on values are those of the objective, of its wishes, and of this, over the active
+    /// parameters; without one those of the objective alone.
+    /// Returns the one before.
+    std::optional<Nearness> setNearness(std::optional<Nearness> nearness) {
+        return std::exchange(nearness_, std::move(nearness));
+    }
     const std::optional<Nearness>& nearness() const { return nearness_; }
 
     /// Points and directions of all parameters from those of the active ones.
@@ -53,6 +59,7 @@ class Evaluator {
     std::vector<Eigen::Index> active_;
     Vector scratch_;
     std::optional<Nearness> nearness_;
+    bool hasWishes_ = false;
     CallCounts calls_;
     bool record_;
     std::vector<CallRecord> table_;

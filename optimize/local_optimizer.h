@@ -131,7 +131,7 @@ struct Summary {
     std::vector<bool> onLimit;  ///< parameters that the reach holds back
     bool good = false;          ///< as the objective judges it
     int delivered = 0;          ///< the descent that found it, counted from 0
-    /// f still falls from here, by less than a change of the parameters counts.
+    /// f still falls from here, by less than a change of the parameters or a wish counts.
     bool notWorthTheWay = false;
     /// Of max-min steps: there are no line searches and no matrices, and g is the sum of the
     /// gradients that hold the worst value down, each by how much it does.

@@ -342,8 +342,9 @@ void WriteChoice(ReportText& out, const Summary& run) {
             << run.distance << "\n";
     }
     if (run.notWorthTheWay) {
-        out << "Hint : f still falls from here, but by less than parts farther from the calculated "
-               "ones are worth.\n";
+        out << "Hint : f still falls from here, but by less than parts near the calculated ones "
+               "and "
+               "a band around fo are worth.\n";
     }
     for (std::size_t i = 0; i < run.onLimit.size(); ++i) {
         if (!run.onLimit[i]) continue;

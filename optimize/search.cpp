@@ -132,15 +132,15 @@ const Minimum& Search::chosen() const {
     const bool withinOnly = lowest(true) <= lowest(false) + options.farGain;
     const double asGood = options.thorough ? 0 : options.asGood;
     const double limit = std::min(lowest(withinOnly) + asGood, startValue_);
-    const Minimum* best = &minima_.front();
-    double nearest = kInfinity;
+    const Minimum* best = nullptr;
     for (const Minimum& minimum : minima_) {
         if (minimum.f() > limit || (withinOnly && !within(minimum))) continue;
-        if (minimum.distance >= nearest) continue;
-        nearest = minimum.distance;
-        best = &minimum;
+        const bool isBetter =
+            !best || (minimum.good == best->good ? minimum.distance < best->distance
+                                                 : minimum.good && !options.thorough);
+        if (isBetter) best = &minimum;
     }
-    return *best;
+    return best ? *best : minima_.front();
 }
 
 }  // namespace kelvro

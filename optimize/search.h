@@ -25,9 +25,10 @@ class Search {
     Search(SearchRun& run, Summary& summary, const Vector& origin);
 
     void find(Position start, Matrix inverse);
-    /// Of the minima found within reach, those as good as the lowest of them, and of these the one
-    /// nearest to the origin. Where one out of reach is lower by so much that it is worth the way,
-    /// all count. A thorough search takes the lowest. None is above the value at the start.
+    /// Of the minima found within reach, those as low as the lowest of them, and of these the one
+    /// nearest to the origin; but one that the objective calls good before others. Where one out of
+    /// reach is lower by so much that it is worth the way, all count. A thorough search takes the
+    /// lowest. None is above the value at the start.
     const Minimum& chosen() const;
 
   private:

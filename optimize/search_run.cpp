@@ -52,21 +52,35 @@ bool SearchRun::isGood(const Vector& x) {
     return judge_.isGood({full.data(), static_cast<std::size_t>(full.size())});
 }
 
-Position SearchRun::plain(Position at) const {
-    if (const auto& nearness = objective.nearness()) {
+/// With the value and the gradient that the objective has now.
+void SearchRun::evaluate(Position& at) {
+    const bool doubleSided = at.gradient.doubleSided;
+    at.f = objective(at.x, CallKind::Evaluation);
+    at.gradient = DoubleSidedGradient(objective, at.x, at.f, options.differenceStep);
+    at.gradient.doubleSided = doubleSided;
+}
+
+Position SearchRun::plain(Position at) {
+    const auto& nearness = objective.nearness();
+    if (!nearness) return at;
+    if (!objective.hasWishes()) {
         at.f -= nearness->value(at.x);
         at.gradient.g -= nearness->gradient(at.x);
         at.gradient.length = at.gradient.g.norm();
+        return at;
     }
-    return at;
+    const bool isLast = at.x.size() == lastPlain_.x.size() && at.x == lastPlain_.x;
+    if (!isLast) {
+        auto counted = objective.setNearness({});
+        evaluate(at);
+        objective.setNearness(std::move(counted));
+        lastPlain_ = at;
+    }
+    return lastPlain_;
 }
 
-Position SearchRun::counted(Position at) const {
-    if (const auto& nearness = objective.nearness()) {
-        at.f += nearness->value(at.x);
-        at.gradient.g += nearness->gradient(at.x);
-        at.gradient.length = at.gradient.g.norm();
-    }
+Position SearchRun::counted(Position at) {
+    if (objective.nearness()) evaluate(at);
     return at;
 }
 

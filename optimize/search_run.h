@@ -38,9 +38,9 @@ class SearchRun {
     GradientSource gradients;
 
     bool iterationsLeft() const { return summary_.iterations < options.maxIterations; }
-    /// A position as it is without what its distance counts, and the other way round.
-    Position plain(Position at) const;
-    Position counted(Position at) const;
+    /// A position as it is without what its distance and the wishes count, and the other way round.
+    Position plain(Position at);
+    Position counted(Position at);
     /// The start of a descent.
     void recordStart(const Position& counted);
     /// One iteration: its record takes the notes collected since the last one.
@@ -57,9 +57,12 @@ class SearchRun {
     static double scale(double f) { return std::sqrt(std::max(1.0, std::fabs(f))); }
 
   private:
+    void evaluate(Position& at);
+
     Objective& judge_;
     Summary& summary_;
     std::vector<Note> notes_;
+    Position lastPlain_;  ///< each point is asked for as an end and as the next start
 };
 
 }  // namespace kelvro

@@ -83,18 +83,31 @@ TEST(PageOptimizer, NeverMovesToAWorseGoalAndLeavesPagesWithATestFunctionAlone) 
     }
 }
 
-/// The lowest goal of this section, 0.3553, lies where it is 49 MHz wide for the 20 that were asked
-/// for (profile of the goal over L by Nelder and Mead's method): 0.1 dB bought with half the Q.
-TEST(PageOptimizer, StaysNearTheCalculatedDesignWhereTheWayOnBringsLittle) {
-    const Design design = Calculated(3, 50, 200, 5);
+/// The lowest goal of the Pi section, 0.3553, lies where it is 49 MHz wide for the 20 that were
+/// asked for (profile of the goal over L by Nelder and Mead's method), and fo is on its flank: 0.1
+/// dB bought with half the Q.
+TEST(PageOptimizer, KeepsTheBandThatWasAskedForAroundFo) {
+    for (const int page : {3, 4, 5, 16}) {
+        const Design design = Calculated(page, 50, 200, 5);
+        const PageOptimization result = OptimizePage(design, {});
+        Design optimized = design;
+        optimized.components = result.components;
+        const Passband band = PassbandAround(Response(optimized), design.fo);
+        EXPECT_NEAR(band.width(), 20e6, 3e6) << "page " << page;
+        EXPECT_NEAR((band.low + band.high) / 2, design.fo, 3e6) << "page " << page;
+    }
+    EXPECT_LE(OptimizePage(Calculated(3, 50, 200, 5), {}).achievedGoal,
+              0.3553 + LocalOptions().asGood);
+}
+
+/// The run has counted distance and band; what is told of its end is that of the goal alone.
+TEST(PageOptimizer, TellsTheGoalAloneWhereTheWayOnBringsLittle) {
+    const Design design = Calculated(3, 50, 200, 10);
     OptimizerSettings settings;
     settings.writeLog = true;
     const PageOptimization result = OptimizePage(design, settings);
     Design optimized = design;
     optimized.components = result.components;
-    EXPECT_LE(PassbandAround(Response(optimized), design.fo).width(), 35e6);
-    EXPECT_LE(result.achievedGoal, 0.3553 + settings.local.asGood);
-    // What is told of the point is that of the goal alone.
     const Summary& run = result.bestRun();
     Goal goal(optimized, {});
     const std::vector<double> x(goal.size(), 0);
