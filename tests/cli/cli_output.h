@@ -1,5 +1,8 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -21,6 +24,15 @@ inline Output RunWith(std::vector<std::string> args) {
     std::ostringstream err;
     const int code = RunCommandLine(std::move(args), out, err, false, WritePicture);
     return {code, out.str(), err.str()};
+}
+
+using Json = nlohmann::json;
+
+/// What commands say that have to succeed.
+inline Json JsonOf(const std::vector<std::string>& args) {
+    const Output outcome = RunWith(args);
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    return Json::parse(outcome.out, nullptr, false);
 }
 
 }  // namespace kelvro

@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <complex>
 #include <cstdlib>
 #include <fstream>
 #include <limits>
@@ -9,7 +8,6 @@
 #include <sstream>
 
 #include "cli_output.h"
-#include "core/number_text.h"
 #include "design/pages.h"
 #include "tests/temporary_folder.h"
 
@@ -22,10 +20,8 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 json JsonOf(std::vector<std::string> args) {
-    args.push_back("--json");
-    const Output outcome = RunWith(std::move(args));
-    EXPECT_EQ(outcome.code, 0) << outcome.err;
-    return json::parse(outcome.out, nullptr, false);
+    args.emplace_back("--json");
+    return kelvro::JsonOf(args);
 }
 
 std::vector<std::vector<double>> CsvRows(const std::string& csv) {
@@ -346,42 +342,6 @@ TEST(ResponseCommand, WritesTheSameAsJson) {
         EXPECT_EQ(points[i]["GT_dB"], rows[i][4]);
         EXPECT_THAT(few[i],
                     ElementsAre(rows[i][0], rows[i][1], rows[i][2], rows[i][4], rows[i][5]));
-    }
-}
-
-/// Golden values of an independent ladder calculation, taken through the command line.
-TEST(ResponseCommand, EvaluatesTakenComponentsWhateverThePageThinksOfThem) {
-    const json designs = json::parse(std::ifstream(TEST_DATA "/response.json"));
-    const std::pair<const char*, Slot> slots[] = {
-        {"X1", Slot::C1}, {"X2", Slot::C2}, {"X3", Slot::L}, {"X4", Slot::L2}};
-    for (const json& design : designs) {
-        const Page& page = PageOf(design["page"].get<int>());
-        std::vector<std::string> args = {"response", std::string(page.key), "--linear", "--points",
-                                         "2"};
-        for (const char* input : {"r1", "r2", "fo", "qb", "qbc", "k"}) {
-            args.insert(args.end(), {std::string("--") + input, FormatExact(design[input])});
-        }
-        if (design["swapped"]) args.push_back("--swap-lc");
-        for (const OutputField& field : page.outputs) {
-            double value = field.slot == Slot::ZL ? design["zl"].get<double>() : 0;
-            for (const auto& [name, slot] : slots) {
-                if (field.slot == slot) value = design["components"].value(name, 0.0);
-            }
-            if (value == 0) continue;
-            args.insert(args.end(), {"--take", std::string(field.name) + "=" + FormatExact(value)});
-        }
-        for (const json& point : design["points"]) {
-            auto at = args;
-            at.insert(at.end(),
-                      {"--from", FormatExact(point["f"]), "--to", FormatExact(point["f"])});
-            const Output outcome = RunWith(at);
-            ASSERT_EQ(outcome.code, 0) << outcome.err;
-            const auto row = CsvRows(outcome.out).at(0);
-            const std::complex<double> expected(point["re"], point["im"]);
-            EXPECT_LE(std::abs(std::complex<double>(row[1], row[2]) - expected),
-                      1e-9 * std::abs(expected))
-                << "page " << page.number << " at " << row[0];
-        }
     }
 }
 

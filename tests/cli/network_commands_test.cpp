@@ -7,7 +7,6 @@
 #include <cmath>
 #include <complex>
 #include <fstream>
-#include <nlohmann/json.hpp>
 
 #include "cli_output.h"
 #include "tests/temporary_folder.h"
@@ -16,14 +15,7 @@ namespace kelvro {
 namespace {
 
 using testing::HasSubstr;
-using Json = nlohmann::json;
 using Cx = std::complex<double>;
-
-Json JsonOf(const std::vector<std::string>& args) {
-    const Output outcome = RunWith(args);
-    EXPECT_EQ(outcome.code, 0) << outcome.err;
-    return Json::parse(outcome.out, nullptr, false);
-}
 
 Cx ComplexOf(const Json& pair) {
     return {pair.at(0).get<double>(), pair.at(1).get<double>()};
