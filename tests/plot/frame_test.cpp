@@ -6,33 +6,13 @@
 
 #include "plot/clipping.h"
 #include "plot/ticks.h"
+#include "tests/plot/axes.h"
 
 using namespace kelvro;
 
 namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-
-Axis MakeAxis(AxisMode mode, double min, double max, double origin = 0) {
-    return {.mode = mode, .min = min, .max = max, .origin = origin};
-}
-
-/// As a gain window opens for a design at 1 MHz.
-View GainView(double ymax) {
-    return {.x = DefaultFrequencyAxis(1e6), .y = {.min = -40, .max = ymax, .step = 1}};
-}
-
-void CompareAxis(const Axis& axis, double min, double max, double origin, double step) {
-    const auto near = [](double a, double b) { return std::fabs(a - b) <= 1e-12 * std::fabs(b); };
-    const auto text = QString("min %1 max %2 origin %3 step %4")
-                          .arg(axis.min)
-                          .arg(axis.max)
-                          .arg(axis.origin)
-                          .arg(axis.step);
-    QVERIFY2(near(axis.min, min) && near(axis.max, max) && near(axis.origin, origin) &&
-                 near(axis.step, step),
-             qPrintable(text));
-}
 
 }  // namespace
 

@@ -1,7 +1,6 @@
 #include "plot/picture_files.h"
 
 #include <sys/fsuid.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <QDir>
@@ -12,10 +11,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QXmlStreamReader>
-#include <csignal>
+#include <optional>
 
 #include "plot/dashes.h"
 #include "plot/raster_encoders.h"
+#include "tests/temporary_folder.h"
 
 using namespace kelvro;
 
@@ -328,14 +328,11 @@ class PictureFilesTest : public QObject {
             QFile::setPermissions(dir.path(), QFile::Permissions(0x7777));
             setfsuid(65534);
         }
-        rlimit limit{};
-        getrlimit(RLIMIT_FSIZE, &limit);
-        const rlimit small{100, limit.rlim_max};
-        signal(SIGXFSZ, SIG_IGN);
-        if (target.startsWith("old")) setrlimit(RLIMIT_FSIZE, &small);
+        std::optional<FullDisk> full;
+        if (target.startsWith("old")) full.emplace();
         const QString path = dir.filePath(target);
         const auto saved = SavePicture(path, *PictureFormatOf(path), kSize, DrawSample);
-        setrlimit(RLIMIT_FSIZE, &limit);
+        full.reset();
         setfsuid(geteuid());
 
         QVERIFY(!saved);

@@ -11,9 +11,9 @@
 #include "plot/smith_frame.h"
 #include "plot/smith_painter.h"
 #include "plot/smith_path.h"
+#include "tests/network/drawn_networks.h"
 
 using namespace kelvro;
-using Cx = std::complex<double>;
 
 namespace {
 
@@ -26,14 +26,6 @@ void CompareComplex(Cx actual, Cx expected, double tolerance = 1e-9) {
                                    .arg(expected.imag(), 0, 'g', 12)));
 }
 
-LadderElement OpenLine(Line::Form form, double Z0, double degrees, double f) {
-    Line line;
-    line.form = form;
-    line.Z0 = Z0;
-    line.length = {degrees, f, 0, 1};
-    return {line, {}};
-}
-
 /// Matched designs whose values another calculation gave, lossless.
 struct Matched {
     Network network;
@@ -42,20 +34,13 @@ struct Matched {
 
 /// 100 ohm to 200 - j100 at 500 MHz by series L and shunt C: YL = 4 mS + j2 mS.
 Matched LowPassMatch() {
-    Network network;
-    network.source = 100.0;
-    network.load = Cx(200, -100);
-    network.ladder = {SeriesArm(Part::L(38.985e-9, "L1")), ShuntArm(Part::C(0.92277e-12, "C1"))};
-    return {network, 500e6};
+    return {Between(100.0, LadderOf("series: L1=38.985n; shunt: C1=0.92277p"), Cx(200, -100)),
+            500e6};
 }
 
 /// 10 - j20 to 3 + j4 at 100 MHz: a source with reactance.
 Matched ComplexSource() {
-    Network network;
-    network.source = Cx(10, -20);
-    network.load = Cx(3, 4);
-    network.ladder = {ShuntArm(Part::C(62.329e-12)), SeriesArm(Part::L(12.532e-9))};
-    return {network, 100e6};
+    return {Between(Cx(10, -20), LadderOf("shunt: C=62.329p; series: L=12.532n"), Cx(3, 4)), 100e6};
 }
 
 double Distance(const ChartCircle& circle, Cx gamma) {
@@ -201,78 +186,46 @@ class SmithTest : public QObject {
         QVERIFY(std::arg(next / start) < 0);
     }
 
-    void thePathEndsWhereTheResponseSays_data() {
-        QTest::addColumn<int>("kind");
-        for (int kind = 0; kind < 6; ++kind) QTest::addRow("ladder %d", kind) << kind;
-    }
     void thePathEndsWhereTheResponseSays() {
-        QFETCH(int, kind);
         Network network;
         network.source = Cx(40, 15);
         network.load = Cx(120, -60);
         const double f = 433e6;
-        Part lossy = Part::L(22e-9);
-        lossy.loss = {PartLoss::Law::ConstantQ, 30, 0, 0.2, 2e9};
-        const Impedance tank = Impedance::InParallel({Part::L(8e-9), Part::C(3e-12)});
-        const Impedance trap = Impedance::InSeries({Part::L(5e-9), Part::C(9e-12)});
-        LadderElement turns;
-        turns.is = Transformer{1.4};
-        LadderElement coils;
-        coils.is = CoupledCoils{Part::L(30e-9, "La"), lossy, 0.6};
-        const std::vector<std::vector<LadderElement>> ladders = {
-            {SeriesArm(lossy), ShuntArm(Part::C(2e-12))},
-            {SeriesArm(tank), ShuntArm(trap), ShuntArm(tank), SeriesArm(trap)},
-            {OpenLine(Line::Form::Through, 75, 50, f), SeriesArm(Part::R(3))},
-            {OpenLine(Line::Form::OpenStub, 60, 35, f),
-             OpenLine(Line::Form::ShortedStub, 60, 35, f)},
-            {turns, SeriesArm(Part::C(4e-12))},
-            {coils, ShuntArm(Part::R(300))}};
-        network.ladder = ladders[static_cast<std::size_t>(kind)];
-        const auto path = SmithPath(network, f);
-        CompareComplex(path.back().gamma.back(), LadderResponse(network).at(f).gammaIn, 1e-9);
-        for (std::size_t i = 1; i < path.size(); ++i)
-            CompareComplex(path[i].gamma.front(), path[i - 1].gamma.back());
+        for (const char* ladder :
+             {"series: L=22n(Q=30,ESR=0.2,SRF=2G); shunt: C=2p",
+              "series: L=8n | C=3p; shunt: L=5n + C=9p; shunt: L=8n | C=3p; series: L=5n + C=9p",
+              "line: Z=75, deg=50@433M; series: R=3",
+              "open: Z=60, deg=35@433M; short: Z=60, deg=35@433M",
+              "transformer: n=1.4; series: C=4p",
+              "coupled: L1=30n, L2=22n(Q=30,ESR=0.2,SRF=2G), k=0.6; shunt: R=300"}) {
+            network.ladder = LadderOf(ladder);
+            const auto path = SmithPath(network, f);
+            CompareComplex(path.back().gamma.back(), LadderResponse(network).at(f).gammaIn, 1e-9);
+            for (std::size_t i = 1; i < path.size(); ++i)
+                CompareComplex(path[i].gamma.front(), path[i - 1].gamma.back());
+        }
     }
 
-    void draggingANodePutsItThere_data() {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<double>("value");
-        QTest::addRow("series L") << 0 << 12e-9;
-        QTest::addRow("series C") << 1 << 3.3e-12;
-        QTest::addRow("L across") << 2 << 6.8e-9;
-        QTest::addRow("C across, with losses") << 3 << 4.7e-12;
-        QTest::addRow("line") << 4 << 61.0;
-        QTest::addRow("open stub") << 5 << 20.0;
-        QTest::addRow("shorted stub") << 6 << 130.0;
-        QTest::addRow("resistor across") << 7 << 220.0;
-    }
     void draggingANodePutsItThere() {
-        QFETCH(int, kind);
-        QFETCH(double, value);
         const double f = 900e6;
-        Part lossy = Part::C(value);
-        lossy.loss = {PartLoss::Law::ConstantQ, 60, 0, 0.1, 6e9};
-        const std::vector<LadderElement> ends = {SeriesArm(Part::L(value)),
-                                                 SeriesArm(Part::C(value)),
-                                                 ShuntArm(Part::L(value)),
-                                                 ShuntArm(lossy),
-                                                 OpenLine(Line::Form::Through, 70, value, f),
-                                                 OpenLine(Line::Form::OpenStub, 50, value, f),
-                                                 OpenLine(Line::Form::ShortedStub, 50, value, f),
-                                                 ShuntArm(Part::R(value))};
-        Network wanted;
-        wanted.source = Cx(50, -5);
-        wanted.load = Cx(23, 31);
-        wanted.ladder = {ends[static_cast<std::size_t>(kind)], SeriesArm(Part::L(2e-9))};
-        const Cx target = SmithPath(wanted, f)[1].gamma.back();
-
-        Network tuned = wanted;
-        auto path = SmithPath(tuned, f);
-        const Tunable at = *path[1].tunable;
-        SetValue(tuned.ladder, at, 1.7 * value);
-        path = SmithPath(tuned, f);
-        const double dragged = DraggedValue(tuned, path[1], target, f);
-        QVERIFY2(std::fabs(dragged / value - 1) < 1e-6, qPrintable(QString::number(dragged)));
+        for (const char* element :
+             {"series: L=12n", "series: C=3.3p", "shunt: L=6.8n",
+              "shunt: C=4.7p(Q=60,ESR=0.1,SRF=6G)", "line: Z=70, deg=61@900M",
+              "open: Z=50, deg=20@900M", "short: Z=50, deg=130@900M", "shunt: R=220"}) {
+            Network wanted;
+            wanted.source = Cx(50, -5);
+            wanted.load = Cx(23, 31);
+            wanted.ladder = LadderOf(std::string(element) + "; series: L=2n");
+            auto path = SmithPath(wanted, f);
+            const Cx target = path[1].gamma.back();
+            const Tunable at = *path[1].tunable;
+            const double value = ValueOf(wanted.ladder, at);
+            Network tuned = wanted;
+            SetValue(tuned.ladder, at, 1.7 * value);
+            path = SmithPath(tuned, f);
+            const double dragged = DraggedValue(tuned, path[1], target, f);
+            QVERIFY2(std::fabs(dragged / value - 1) < 1e-6, element);
+        }
     }
 
     void aDragBeyondWhatThePartCanStopsAtItsRange() {

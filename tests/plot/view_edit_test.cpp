@@ -4,36 +4,14 @@
 #include <cmath>
 #include <limits>
 
+#include "tests/plot/axes.h"
+
 using namespace kelvro;
 
 namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kFo = 1e6;
-
-Axis MakeAxis(AxisMode mode, double min, double max, double origin = 0) {
-    return {.mode = mode, .min = min, .max = max, .origin = origin};
-}
-
-/// As a gain window opens for a design at 1 MHz.
-View GainView(double ymax) {
-    return {.x = DefaultFrequencyAxis(kFo), .y = {.min = -40, .max = ymax, .step = 1}};
-}
-
-bool Near(double a, double b) {
-    return std::fabs(a - b) <= 1e-12 * std::fabs(b);
-}
-
-void CompareAxis(const Axis& axis, double min, double max, double origin, double step) {
-    const auto text = QString("min %1 max %2 origin %3 step %4")
-                          .arg(axis.min)
-                          .arg(axis.max)
-                          .arg(axis.origin)
-                          .arg(axis.step);
-    QVERIFY2(Near(axis.min, min) && Near(axis.max, max) && Near(axis.origin, origin) &&
-                 Near(axis.step, step),
-             qPrintable(text));
-}
 
 }  // namespace
 
