@@ -4,7 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
+#include <iterator>
+#include <sstream>
 #include <stdexcept>
 
 #include "design/pages.h"
@@ -35,73 +36,52 @@ const Proposal& Of(const std::vector<Proposal>& proposals, int page, bool swappe
 
 struct Case {
     const char* name;
-    Design inputs;
-    Wishes wishes;
-    std::vector<int> suited;    ///< pages that must be among the suited ones, in ranked order
-    std::vector<int> unsuited;  ///< pages that must not
+    double R1, R2;
+    void (*wish)(Wishes&);
+    const char* suited;    ///< pages that must be among the suited ones, in ranked order
+    const char* unsuited;  ///< pages that must not
 };
 
-Wishes With(const std::function<void(Wishes&)>& wish) {
+Wishes With(void (*wish)(Wishes&)) {
     Wishes wishes;
     wish(wishes);
     return wishes;
 }
 
+std::vector<int> PagesIn(const char* text) {
+    std::istringstream words(text);
+    return {std::istream_iterator<int>(words), {}};
+}
+
 const Case kCases[] = {
-    {"AnyMatch", Inputs(50, 200), {}, {13, 3, 17}, {7, 8, 9, 10, 11, 12, 15, 19}},
-    {"EqualResistances", Inputs(50, 50), {}, {6, 3}, {1, 2, 4, 13, 14, 16, 18}},
-    {"NarrowBand", Inputs(50, 200), With([](Wishes& w) { w.bandwidth = 20e6; }), {1, 13}, {8}},
-    {"DcPass",
-     Inputs(50, 200),
-     With([](Wishes& w) { w.dc = Wishes::Dc::Pass; }),
-     {6, 13, 3},
-     {1, 2, 5, 14, 17, 18}},
-    {"DcBlock",
-     Inputs(50, 200),
-     With([](Wishes& w) { w.dc = Wishes::Dc::Block; }),
-     {13, 1, 17},
-     {6, 16}},
-    {"Harmonics",
-     Inputs(50, 200),
-     With([](Wishes& w) { w.suppressHarmonics = true; }),
-     {3, 13},
-     {6, 16, 18}},
-    {"Balanced",
-     Inputs(50, 200),
-     With([](Wishes& w) { w.balancedOutput = true; }),
-     {9},
-     {1, 3, 13, 17}},
-    {"Resistive", Inputs(200, 50), With([](Wishes& w) { w.resistive = true; }), {7}, {1, 9, 13}},
-    {"ResistiveAmplifier",
-     Inputs(200, 50),
-     With([](Wishes& w) { w.resistive = w.amplifierStage = true; }),
-     {7},
-     {10, 15}},
-    {"ResistiveBalanced",
-     Inputs(200, 50),
-     With([](Wishes& w) { w.resistive = w.balancedOutput = true; }),
-     {},
-     {7, 8, 9}},
-    {"Attenuation", Inputs(50, 50), With([](Wishes& w) { w.voltageRatio = 0.5; }), {8, 6}, {10}},
-    {"AmplifierStage",
-     Inputs(50, 200),
-     With([](Wishes& w) { w.amplifierStage = true; }),
-     {10, 15, 13},
-     {7, 9}},
+    {"AnyMatch", 50, 200, [](Wishes&) {}, "13 3 17", "7 8 9 10 11 12 15 19"},
+    {"EqualResistances", 50, 50, [](Wishes&) {}, "6 3", "1 2 4 13 14 16 18"},
+    {"NarrowBand", 50, 200, [](Wishes& w) { w.bandwidth = 20e6; }, "1 13", "8"},
+    {"DcPass", 50, 200, [](Wishes& w) { w.dc = Wishes::Dc::Pass; }, "6 13 3", "1 2 5 14 17 18"},
+    {"DcBlock", 50, 200, [](Wishes& w) { w.dc = Wishes::Dc::Block; }, "13 1 17", "6 16"},
+    {"Harmonics", 50, 200, [](Wishes& w) { w.suppressHarmonics = true; }, "3 13", "6 16 18"},
+    {"Balanced", 50, 200, [](Wishes& w) { w.balancedOutput = true; }, "9", "1 3 13 17"},
+    {"Resistive", 200, 50, [](Wishes& w) { w.resistive = true; }, "7", "1 9 13"},
+    {"ResistiveAmplifier", 200, 50, [](Wishes& w) { w.resistive = w.amplifierStage = true; }, "7",
+     "10 15"},
+    {"ResistiveBalanced", 200, 50, [](Wishes& w) { w.resistive = w.balancedOutput = true; }, "",
+     "7 8 9"},
+    {"Attenuation", 50, 50, [](Wishes& w) { w.voltageRatio = 0.5; }, "8 6", "10"},
+    {"AmplifierStage", 50, 200, [](Wishes& w) { w.amplifierStage = true; }, "10 15 13", "7 9"},
 };
 
 class ProposalTest : public testing::TestWithParam<Case> {};
 
 TEST_P(ProposalTest, RanksWhatTheWishesAskFor) {
     const Case& row = GetParam();
-    const auto proposals = ProposalsFor(row.inputs, row.wishes);
+    const auto proposals = ProposalsFor(Inputs(row.R1, row.R2), With(row.wish));
     auto from = proposals.begin();
-    for (const int page : row.suited) {
+    for (const int page : PagesIn(row.suited)) {
         from = std::find_if(from, proposals.end(),
                             [&](const Proposal& p) { return p.page == page && p.suited; });
         ASSERT_NE(from, proposals.end()) << "page " << page << " missing or ranked too high";
     }
-    for (const int page : row.unsuited) {
+    for (const int page : PagesIn(row.unsuited)) {
         for (const Proposal& p : proposals) EXPECT_FALSE(p.page == page && p.suited) << p.reason;
     }
     double last = INFINITY;
@@ -119,9 +99,9 @@ TEST_P(ProposalTest, RanksWhatTheWishesAskFor) {
 /// Following a proposal shows exactly the design that it promised.
 TEST_P(ProposalTest, PromisesWhatItsPageCalculates) {
     const Case& row = GetParam();
-    for (const Proposal& p : ProposalsFor(row.inputs, row.wishes)) {
+    for (const Proposal& p : ProposalsFor(Inputs(row.R1, row.R2), With(row.wish))) {
         if (!p.suited) continue;
-        Design state = row.inputs;
+        Design state = Inputs(row.R1, row.R2);
         state.LCSwapped = true;  // as some other page left it
         Apply(p, state, true);
         EnterPage(state, p.page);

@@ -69,30 +69,24 @@ TEST(BalunNetlist, HasOppositeOutputs) {
     EXPECT_NEAR(std::abs(vectors.at("v(outp)")[middle] + vectors.at("v(outm)")[middle]), 0, 1e-3);
 }
 
-/// At its short the tank's branch is what its losses leave: 100 ohm of Ls and of Cs over their Q.
-TEST(CombinedTankNetlist, IsAsDeepATrapAsItsLossesAllow) {
-    Design state = DesignedState({"tank", 12, 50, 50}, 100);
-    state.fo = 1 / (kTwoPi * std::sqrt(1e-6 * 100e-12));
-    const std::complex<double> Lp(1, 100);
-    const std::complex<double> Y = 1.0 / 2.0 + 1.0 / Lp;
-    const double expected = 2 * std::abs(1.0 / 50 / (2.0 / 50 + Y));
-    const auto output =
-        Ngspice(SpiceNetlist(Exported(state), ExportRange::Around(state.fo))).output();
-    ASSERT_TRUE(output);
-    EXPECT_NEAR(Ngspice::number(*output, "v_db").value_or(NAN), Decibels(expected), 1e-2);
-}
-
-/// Lc of 20 nH and 2 ohm with 1 pF across, as seen by the line.
-TEST(RealCoilNetlist, IsTheCoilWithItsOwnCapacitance) {
-    Design state = DesignedState({"coil", 11, 50, 50}, 100);
-    const ExportDesign design = Exported(state);
-    const double omega = kTwoPi * state.fo;
-    const std::complex<double> coil(state.R, omega * state.L);
-    const std::complex<double> Y = 1.0 / coil + std::complex<double>(0, omega * state.C);
-    const double expected = 2 * std::abs(1.0 / 50 / (2.0 / 50 + Y));
-    const auto output = Ngspice(SpiceNetlist(design, ExportRange::Around(state.fo))).output();
-    ASSERT_TRUE(output);
-    EXPECT_NEAR(Ngspice::number(*output, "v_db").value_or(NAN), Decibels(expected), 1e-3);
+/// What stands across the line between 50 and 50 ohm, by its admittance: at its short the tank
+/// leaves its losses, 100 ohm of Ls and of Cs over their Q, beside 1 + j100 ohm of Lp; a coil of 20
+/// nH and 2 ohm has 1 pF across.
+TEST(OnePortNetlists, PassWhatTheirLossesLeave) {
+    Design tank = DesignedState({"tank", 12, 50, 50}, 100);
+    tank.fo = 1 / (kTwoPi * std::sqrt(1e-6 * 100e-12));
+    const Design coil = DesignedState({"coil", 11, 50, 50}, 100);
+    const double omega = kTwoPi * coil.fo;
+    using Cx = std::complex<double>;
+    for (const auto& [state, Y] :
+         {std::pair{tank, 1.0 / 2.0 + 1.0 / Cx(1, 100)},
+          std::pair{coil, 1.0 / Cx(coil.R, omega * coil.L) + Cx(0, omega * coil.C)}}) {
+        const double expected = 2 * std::abs(1.0 / 50 / (2.0 / 50 + Y));
+        const auto output =
+            Ngspice(SpiceNetlist(Exported(state), ExportRange::Around(state.fo))).output();
+        ASSERT_TRUE(output);
+        EXPECT_NEAR(Ngspice::number(*output, "v_db").value_or(NAN), Decibels(expected), 1e-2);
+    }
 }
 
 struct SwitchedStage {
