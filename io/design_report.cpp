@@ -242,9 +242,10 @@ std::string WithUnit(double value, std::string_view unit) {
     return WithUnit(kEngineering.text(value), unit);
 }
 
-std::string Heading(const Design& state) {
+std::string Heading(const Design& state, std::string_view caption) {
     const Page& page = PageOf(state);
-    std::string heading = std::to_string(page.number) + " " + std::string(page.caption);
+    std::string heading = std::to_string(page.number) + " ";
+    heading += caption.empty() ? std::string_view(page.caption) : caption;
     const char* separator = ": ";
     for (const auto& row : InputRows(state)) {
         heading += separator + row[0] + ' ' + row[1];

@@ -73,7 +73,8 @@ std::string WithUnit(double value, std::string_view unit);
 TextRows InputRows(const Design& state);
 
 /// "3 Pi Section: R1 50.00 Ω, ...": page and inputs in one line without its end.
-std::string Heading(const Design& state);
+/// \param caption of the page in another language; empty: its own
+std::string Heading(const Design& state, std::string_view caption = {});
 
 /// Name, value and label of all outputs that are no components, as the calculation wrote them.
 TextRows OutputRows(const CycleResult& cycle, const Page& page);

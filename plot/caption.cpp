@@ -29,8 +29,9 @@ std::string PartsLine(const DesignRun& run) {
 
 }  // namespace
 
-std::vector<std::string> CaptionOf(const DesignRun& run, const std::string& day) {
-    std::vector<std::string> lines{Heading(run.state)};
+std::vector<std::string> CaptionOf(const DesignRun& run, const std::string& day,
+                                   std::string_view page) {
+    std::vector<std::string> lines{Heading(run.state, page)};
     if (std::string parts = PartsLine(run); !parts.empty()) lines.push_back(std::move(parts));
     lines.push_back("Kelvro, " + day);
     return lines;

@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Every file that the command line writes, and the settings of the window, with each step of writing
 # them failing in turn:
-#   tests/faults.sh FOLDER_OF_THE_PROGRAMS [KILLS]
+#   tests/faults.sh FOLDER_OF_THE_PROGRAMS_OR_ONE_OF_THEM [KILLS]
 # Full disk and read-only folder need root (their file systems are mounted where mounts end with this
 # script). KILLS times (300) per kind the program is killed at a random moment; a few make a test of
 # seconds. What windows save on a full disk is in tests/ui/saved_files_test.cpp.
 set -euo pipefail
 programs=$(realpath "$1")
+[ -d "$programs" ] || programs=$(dirname "$programs")
 kills=${2:-300}
 if [ "$(id -u)" -eq 0 ] && [ -z "${KELVRO_OWN_MOUNTS:-}" ] && unshare -m true 2>/dev/null; then
     exec env KELVRO_OWN_MOUNTS=1 unshare -m "$(realpath "$0")" "$programs" "$kills"

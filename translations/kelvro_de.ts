@@ -4697,6 +4697,10 @@ Möchten Sie die Datei ersetzen?</translation>
         <source>%1 was changed by another program meanwhile and stays as it is</source>
         <translation>%1 wurde inzwischen von einem anderen Programm geändert und bleibt, wie es ist</translation>
     </message>
+    <message>
+        <source>infinite</source>
+        <translation>unendlich</translation>
+    </message>
 </context>
 <context>
     <name>kelvro::AxisLimitsDialog</name>

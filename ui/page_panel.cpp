@@ -22,13 +22,12 @@ namespace {
 
 /// What the user has typed into the field of a component.
 double TypedComponent(const OutputEdit& edit) {
-    const bool infinite = edit.text().trimmed() == ToQString(kInfinite);
-    return infinite ? std::numeric_limits<double>::infinity() : edit.value();
+    return IsInfinite(edit.text()) ? std::numeric_limits<double>::infinity() : edit.value();
 }
 
 /// A table's value with its unit. Two leading spaces mark a rounded value, as in fields.
 QString CellText(const std::string& text, const TableRow& row) {
-    const QString value = QString::fromStdString(text);
+    const QString value = ShownValue(text);
     const bool rounded = text.starts_with("  ") && !text.starts_with("   ");
     return (rounded ? value : value.trimmed()) + ' ' + ToQString(row.unit);
 }
@@ -104,7 +103,8 @@ bool PagePanel::setText(const QString& object, const QString& text) {
     OutputEdit* edit = outputs_.value(object);
     if (!edit) return false;
     const OutputField* field = page_.output(object.toStdString());
-    if (field->slot == Slot::None) edit->setText(text);  // components show the design: showParts
+    if (field->slot == Slot::None)
+        edit->setText(ShownValue(text.toStdString()));  // components show the design: showParts
     return true;
 }
 
@@ -215,12 +215,11 @@ void PagePanel::showParts() {
         if (row.field->slot == Slot::None) continue;
         row.edit->setStale(refused_);
         const ShownPart* shown = design.shown.find(row.part(page_).key());
-        const std::string text = row.edit->text().toStdString();
         // What the user has typed stays in their own form.
         const bool typed = shown && shown->form == ShownPart::Form::Typed;
         if (typed && TypedComponent(*row.edit) == shown->value) continue;
-        const std::string shownText = row.part(page_).shownText(design);
-        if (shownText != text) row.edit->setText(QString::fromStdString(shownText));
+        const QString text = ShownValue(row.part(page_).shownText(design));
+        if (text != row.edit->text()) row.edit->setText(text);
     }
     for (std::size_t i = 0; i < tableRows_.size(); ++i) {
         const TableRow& row = tableRows_[i];

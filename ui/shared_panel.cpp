@@ -278,7 +278,7 @@ void SharedPanel::refreshInputs() {
 bool SharedPanel::setText(const QString& object, const QString& text) {
     QLineEdit* edit = edits_.value(object);
     if (!edit) return false;
-    edit->setText(text);
+    edit->setText(ShownValue(text.toStdString()));
     if (object == QLatin1String("BAusgabe")) AdjustBandwidthFont(*edit);
     return true;
 }

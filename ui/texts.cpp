@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <algorithm>
 
+#include "design/cycle.h"
 #include "ui/language.h"
 
 namespace kelvro {
@@ -92,6 +93,16 @@ QString Shown(std::string_view text) {
                       match);
     }
     return english;
+}
+
+QString ShownValue(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))
+        .replace(QLatin1String(kInfinite.data()), Shown(kInfinite));
+}
+
+bool IsInfinite(const QString& text) {
+    const QString word = text.trimmed();
+    return word == QLatin1String(kInfinite.data()) || word == Shown(kInfinite);
 }
 
 QString StepCaption(const QString& verb, std::string_view step) {

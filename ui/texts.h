@@ -13,6 +13,12 @@ namespace kelvro {
 ///             translations/texts.txt
 QString Shown(std::string_view text);
 
+/// A value's text: its word for no limit ("infinite", "-infinite") as the user reads it, numbers as
+/// they are.
+QString ShownValue(std::string_view text);
+/// Is a text that the user has typed, or that was shown, that word?
+bool IsInfinite(const QString& text);
+
 /// "Undo Round R1": a menu's verb with the name of the step that it would take, "&" of the name
 /// printed; the verb alone without a step.
 QString StepCaption(const QString& verb, std::string_view step);

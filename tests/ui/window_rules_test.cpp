@@ -158,7 +158,7 @@ bool InGerman() {
 bool IsForeign(QString text) {
     static const QRegularExpression names(
         "[xy](?:min|max)=|Kelvro|English|Deutsch|[EÅ]?Butterworth|Chebyshev|VSWR|Leff|Ceff|https?:"
-        "\\S+|infinite|"
+        "\\S+|"
         "PDF|E\\d+|ABCD|\\*?\\.\\w+|Impedance|[A-Za-z]+\\d\\w*|RLopt|etaA|phi|log|sqrt|dB\\w");
     static const QRegularExpression word("[A-Za-z]{3}");
     return !text.replace(names, QString()).contains(word);

@@ -12,6 +12,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 
+#include "design/pages.h"
 #include "io/atomic_file.h"
 #include "plot/caption.h"
 #include "plot/frame_painter.h"
@@ -84,13 +85,16 @@ PlotForm::Sheet PlotForm::sheetFor(bool paper) const {
     if (paper) picture.dark = false;
     if (!findChild<QAction*>("Caption1")->isChecked()) return sheet;
     const auto add = [&picture](const std::vector<std::string>& lines) {
-        picture.footer.insert(picture.footer.end(), lines.begin(), lines.end());
+        for (const std::string& line : lines)
+            picture.footer.push_back(ShownValue(line).toStdString());
     };
     const Design& design = host_.design();
     add(MarkerLines(TraceSource(design), plot_.traces, plot_.markers));
-    add(EdgeTexts(design, plot_, samples_));
+    for (const std::string& edge : EdgeTexts(design, plot_, samples_))
+        picture.footer.push_back(Shown(edge).toStdString());
     add(CaptionOf({design, host_.result(), host_.preferences().ESeries, {}},
-                  QDate::currentDate().toString(Qt::ISODate).toStdString()));
+                  QDate::currentDate().toString(Qt::ISODate).toStdString(),
+                  Shown(PageOf(design).caption).toStdString()));
     sheet.size.rheight() += sheet.frame.footerHeight(picture, sheet.size.width());
     return sheet;
 }

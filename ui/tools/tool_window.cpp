@@ -15,6 +15,7 @@
 #include "core/rounding.h"
 #include "ui/fields.h"
 #include "ui/plot/design_host.h"
+#include "ui/texts.h"
 #include "ui/window_place.h"
 
 namespace kelvro {
@@ -29,8 +30,7 @@ constexpr QColor kNoteColourOnDark(255, 140, 110);
 /// The texts for what is no finite number, as on the pages.
 QString TextOf(double value, const std::string& finite) {
     if (std::isnan(value)) return QStringLiteral("-");
-    if (std::isinf(value))
-        return value > 0 ? QStringLiteral("infinite") : QStringLiteral("-infinite");
+    if (std::isinf(value)) return ShownValue(value > 0 ? "infinite" : "-infinite");
     return ToQString(finite);
 }
 
