@@ -32,134 +32,128 @@ class CalculatorTest : public QObject {
 
   private slots:
     void initTestCase() { qputenv("XDG_CONFIG_HOME", config_.path().toLocal8Bit()); }
-    void expressionsHaveTheirValue_data();
-    void expressionsHaveTheirValue();
-    void faultyExpressionsAreToldInOneLine_data();
-    void faultyExpressionsAreToldInOneLine();
-    void windowCalculatesWithEveryKeyAndKeepsLines();
+    void expressionsHaveTheirValue_data() {
+        QTest::addColumn<QString>("expression");
+        QTest::addColumn<double>("value");
+        const auto row = [](const char* expression, double value) {
+            QTest::addRow("%s", expression) << QString::fromUtf8(expression) << value;
+        };
+        row("4.7k*2u", 9.4e-3);
+        row("4,7k*2u", 9.4e-3);
+        row("1/(2*pi*sqrt(100n*22p))", 107.30224074290e6);  // by hand: 1/(2pi·1.4832397e-9)
+        row("100nF", std::nan(""));
+        row("3M/3m", 1e9);
+        row("10mil*2", 508e-6);
+        row("2a*1A", 2e-36);
+        row("22µ + 3\u03bc", 25e-6);
+        row("(1+2)k", 3000);
+        row("-2^2", -4);
+        row("2^3^2", 512);
+        row("log(1000)", 3);
+        row("ln(e)", 1);
+        row("par(20; 30; 60)", 10);
+        row("par(20, 30, 60)", 10);
+        row("min(1,5; 2,5)", 1.5);
+        row("2*(1,5+1)", 5);
+        row("dB(10)+lin(20)", 30);
+        row("1e-3k", 1);
+        row("c0/100M", 2.99792458);
+        row("1 > 2 ? 3 : 4", 4);
+    }
+
+    void expressionsHaveTheirValue() {
+        QFETCH(QString, expression);
+        QFETCH(double, value);
+        const std::string text = expression.toStdString();
+        const std::locale before;
+        for (const std::locale& locale : {before, std::locale(before, new CommaPoint)}) {
+            std::locale::global(locale);
+            const Result<double> result = CalculatorEngine().evaluate(text);
+            std::locale::global(before);
+            if (std::isnan(value)) {
+                QVERIFY(!result);
+                continue;
+            }
+            QVERIFY2(result, result.message().c_str());
+            QVERIFY2(std::fabs(*result - value) <= 1e-12 * std::fabs(value),
+                     qPrintable(QString::number(*result, 'g', 17)));
+        }
+    }
+
+    void faultyExpressionsAreToldInOneLine_data() {
+        QTest::addColumn<QByteArray>("expression");
+        QTest::addColumn<QString>("error");
+        const auto row = [](const QByteArray& expression, const char* error) {
+            QTest::addRow("%s", expression.left(20).toPercentEncoding().constData())
+                << expression << QString(error);
+        };
+        row("2*", "The expression is not complete.");
+        row("(1+2", "A closing parenthesis is missing.");
+        row("foo+1", "Unknown name \"foo\".");
+        row("sqrt(4,7)", "Too many arguments for \"sqrt\".");
+        row("1;2", "One expression at a time.");
+        row("1/0", "The result is not a finite number.");
+        row("sqrt(-1)", "The result is not a finite number.");
+        row("1e300*1e300", "The result is not a finite number.");
+        row("2 3", "Does not belong here: \"3\".");
+        row("\"text\"", "Unknown character in the expression.");
+        row("1\n2", "Unknown character in the expression.");
+        row(QByteArray(1001, '1'), "The expression is too long.");
+        row(QByteArray(999, '('), "The expression is not complete.");
+        row("ans = 3", "");
+        row(")", "");
+        row("par()", "");
+        row("?:", "");
+    }
+
+    void faultyExpressionsAreToldInOneLine() {
+        QFETCH(QByteArray, expression);
+        QFETCH(QString, error);
+        CalculatorEngine engine;
+        const QString told =
+            QString::fromStdString(engine.evaluate(expression.toStdString()).message());
+        QVERIFY(!told.isEmpty());
+        QVERIFY(!told.contains('\n'));
+        if (!error.isEmpty()) QCOMPARE(told, error);
+        QCOMPARE(engine.evaluate("1+1").value(), 2);  // no fault stays
+    }
+
+    void windowCalculatesWithEveryKeyAndKeepsLines() {
+        TFormCalculator window;
+        static_cast<QWidget&>(window).show();
+        auto* edit = window.findChild<QLineEdit*>("ExpressionEingabe");
+        auto* result = window.findChild<QLineEdit*>("ResultAusgabe");
+        auto* note = window.findChild<QLabel*>("Note");
+        auto* lines = window.findChild<QListWidget*>("LinesList");
+        QTest::keyClicks(edit, "4.7k*2");
+        QCOMPARE(result->text(), "9.400k");
+        QTest::keyClicks(edit, "u");
+        QCOMPARE(result->text(), "9.400m");
+        QTest::keyClick(edit, Qt::Key_Return);
+        QVERIFY(window.isVisible());
+        QCOMPARE(lines->count(), 1);
+        QCOMPARE(lines->item(0)->text(), "4.7k*2u = 9.4m");
+        QTest::keyClicks(edit, "ans*2+");  // over the selected line
+        QVERIFY(result->text().isEmpty());
+        QCOMPARE(note->text(), "The expression is not complete.");
+        QTest::keyClick(edit, Qt::Key_Return);
+        QCOMPARE(lines->count(), 1);
+        QTest::keyClicks(edit, "1");
+        QCOMPARE(result->text(), "1.019");
+        QVERIFY(note->text().isEmpty());
+        QTest::mouseClick(window.findChild<QPushButton*>("ButtonCopy"), Qt::LeftButton);
+        QCOMPARE(QApplication::clipboard()->text(), "1.0188");
+        QTest::keyClick(edit, Qt::Key_Up);
+        QCOMPARE(edit->text(), "4.7k*2u");
+        QTest::keyClick(edit, Qt::Key_Down);
+        QVERIFY(edit->text().isEmpty());
+        QTest::keyClick(edit, Qt::Key_Escape);
+        QVERIFY(!window.isVisible());
+    }
 
   private:
     QTemporaryDir config_;
 };
-
-void CalculatorTest::expressionsHaveTheirValue_data() {
-    QTest::addColumn<QString>("expression");
-    QTest::addColumn<double>("value");
-    const auto row = [](const char* expression, double value) {
-        QTest::addRow("%s", expression) << QString::fromUtf8(expression) << value;
-    };
-    row("4.7k*2u", 9.4e-3);
-    row("4,7k*2u", 9.4e-3);
-    row("1/(2*pi*sqrt(100n*22p))", 107.30224074290e6);  // by hand: 1/(2pi·1.4832397e-9)
-    row("100nF", std::nan(""));
-    row("3M/3m", 1e9);
-    row("10mil*2", 508e-6);
-    row("2a*1A", 2e-36);
-    row("22µ + 3\u03bc", 25e-6);
-    row("(1+2)k", 3000);
-    row("-2^2", -4);
-    row("2^3^2", 512);
-    row("log(1000)", 3);
-    row("ln(e)", 1);
-    row("par(20; 30; 60)", 10);
-    row("par(20, 30, 60)", 10);
-    row("min(1,5; 2,5)", 1.5);
-    row("2*(1,5+1)", 5);
-    row("dB(10)+lin(20)", 30);
-    row("1e-3k", 1);
-    row("c0/100M", 2.99792458);
-    row("1 > 2 ? 3 : 4", 4);
-}
-
-void CalculatorTest::expressionsHaveTheirValue() {
-    QFETCH(QString, expression);
-    QFETCH(double, value);
-    const std::string text = expression.toStdString();
-    const std::locale before;
-    for (const std::locale& locale : {before, std::locale(before, new CommaPoint)}) {
-        std::locale::global(locale);
-        const Result<double> result = CalculatorEngine().evaluate(text);
-        std::locale::global(before);
-        if (std::isnan(value)) {
-            QVERIFY(!result);
-            continue;
-        }
-        QVERIFY2(result, result.message().c_str());
-        QVERIFY2(std::fabs(*result - value) <= 1e-12 * std::fabs(value),
-                 qPrintable(QString::number(*result, 'g', 17)));
-    }
-}
-
-void CalculatorTest::faultyExpressionsAreToldInOneLine_data() {
-    QTest::addColumn<QByteArray>("expression");
-    QTest::addColumn<QString>("error");
-    const auto row = [](const QByteArray& expression, const char* error) {
-        QTest::addRow("%s", expression.left(20).toPercentEncoding().constData())
-            << expression << QString(error);
-    };
-    row("2*", "The expression is not complete.");
-    row("(1+2", "A closing parenthesis is missing.");
-    row("foo+1", "Unknown name \"foo\".");
-    row("sqrt(4,7)", "Too many arguments for \"sqrt\".");
-    row("1;2", "One expression at a time.");
-    row("1/0", "The result is not a finite number.");
-    row("sqrt(-1)", "The result is not a finite number.");
-    row("1e300*1e300", "The result is not a finite number.");
-    row("2 3", "Does not belong here: \"3\".");
-    row("\"text\"", "Unknown character in the expression.");
-    row("1\n2", "Unknown character in the expression.");
-    row(QByteArray(1001, '1'), "The expression is too long.");
-    row(QByteArray(999, '('), "The expression is not complete.");
-    row("ans = 3", "");
-    row(")", "");
-    row("par()", "");
-    row("?:", "");
-}
-
-void CalculatorTest::faultyExpressionsAreToldInOneLine() {
-    QFETCH(QByteArray, expression);
-    QFETCH(QString, error);
-    CalculatorEngine engine;
-    const QString told =
-        QString::fromStdString(engine.evaluate(expression.toStdString()).message());
-    QVERIFY(!told.isEmpty());
-    QVERIFY(!told.contains('\n'));
-    if (!error.isEmpty()) QCOMPARE(told, error);
-    QCOMPARE(engine.evaluate("1+1").value(), 2);  // no fault stays
-}
-
-void CalculatorTest::windowCalculatesWithEveryKeyAndKeepsLines() {
-    TFormCalculator window;
-    static_cast<QWidget&>(window).show();
-    auto* edit = window.findChild<QLineEdit*>("ExpressionEingabe");
-    auto* result = window.findChild<QLineEdit*>("ResultAusgabe");
-    auto* note = window.findChild<QLabel*>("Note");
-    auto* lines = window.findChild<QListWidget*>("LinesList");
-    QTest::keyClicks(edit, "4.7k*2");
-    QCOMPARE(result->text(), "9.400k");
-    QTest::keyClicks(edit, "u");
-    QCOMPARE(result->text(), "9.400m");
-    QTest::keyClick(edit, Qt::Key_Return);
-    QVERIFY(window.isVisible());
-    QCOMPARE(lines->count(), 1);
-    QCOMPARE(lines->item(0)->text(), "4.7k*2u = 9.4m");
-    QTest::keyClicks(edit, "ans*2+");  // over the selected line
-    QVERIFY(result->text().isEmpty());
-    QCOMPARE(note->text(), "The expression is not complete.");
-    QTest::keyClick(edit, Qt::Key_Return);
-    QCOMPARE(lines->count(), 1);
-    QTest::keyClicks(edit, "1");
-    QCOMPARE(result->text(), "1.019");
-    QVERIFY(note->text().isEmpty());
-    QTest::mouseClick(window.findChild<QPushButton*>("ButtonCopy"), Qt::LeftButton);
-    QCOMPARE(QApplication::clipboard()->text(), "1.0188");
-    QTest::keyClick(edit, Qt::Key_Up);
-    QCOMPARE(edit->text(), "4.7k*2u");
-    QTest::keyClick(edit, Qt::Key_Down);
-    QVERIFY(edit->text().isEmpty());
-    QTest::keyClick(edit, Qt::Key_Escape);
-    QVERIFY(!window.isVisible());
-}
 
 QTEST_MAIN(CalculatorTest)
 #include "calculator_test.moc"

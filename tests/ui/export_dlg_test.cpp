@@ -6,11 +6,9 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
-#include <QFileDialog>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableWidget>
-#include <QTimer>
 
 #include "tests/ui/form_fixture.h"
 
@@ -20,19 +18,134 @@ class ExportDlgTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void init();
+    void init() { f_ = std::make_unique<FormFixture>(); }
+
+    void offersTheFormatsOfThePage_data() {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<QStringList>("keys");
+        QTest::addRow("tank") << 1 << QStringList{"listing", "spice", "touchstone", "csv", "json"};
+        QTest::addRow("trap") << 12 << QStringList{"listing", "spice", "touchstone", "json"};
+        QTest::addRow("class E") << 15 << QStringList{"listing", "spice", "touchstone", "json"};
+        QTest::addRow("divider") << 19 << QStringList{"listing", "spice", "json"};
+    }
+
+    void offersTheFormatsOfThePage() {
+        QFETCH(int, page);
+        QFETCH(QStringList, keys);
+        f_->goTo(page);
+        open();
+        auto& formats = find<QComboBox>("ComboBoxExport");
+        QStringList offered;
+        for (int i = 0; i < formats.count(); ++i) offered << formats.itemData(i).toString();
+        QCOMPARE(offered, keys);
+        for (const QString& key : keys) {
+            choose(key);
+            QVERIFY2(preview().size() > 50, qPrintable(key));
+            QCOMPARE(note(), QString());
+            // Transients and operating points have no frequencies to choose.
+            const bool swept = page != 15 && page != 19;
+            QCOMPARE(find<QLineEdit>("ExportFromEingabe").isVisible(),
+                     (key == "spice" && swept) || key == "touchstone" || key == "csv");
+            QCOMPARE(find<QLineEdit>("ExportZ0Eingabe").isVisible(), key == "touchstone");
+        }
+    }
+
+    void previewFollowsTheDesign() {
+        open();
+        QVERIFY2(preview().contains("page 1, LC Series Tank"), qPrintable(preview()));
+        f_->type("R2Eingabe", "300");
+        QVERIFY2(preview().contains("300.00"), qPrintable(preview()));
+        f_->goTo(3);
+        QVERIFY2(preview().contains("page 3, Pi Section"), qPrintable(preview()));
+    }
+
+    void standardValuesGoWithTheBoxOfTheMainWindow() {
+        f_->goTo(13);
+        f_->click("CheckBoxE");
+        open();
+        choose("spice");
+        QVERIFY(find<QAbstractButton>("CheckBoxExportE").isChecked());
+        QVERIFY2(preview().contains("1.5e-11"), qPrintable(preview()));  // 13.783 pF in E12
+        QTest::mouseClick(&find<QAbstractButton>("CheckBoxExportE"), Qt::LeftButton, {}, {8, 8});
+        QVERIFY(!f_->find<QAbstractButton>("CheckBoxE").isChecked());
+        QVERIFY2(preview().contains("1.378"), qPrintable(preview()));
+    }
+
+    void roundedRowsOfTheFilterAreExportedAndTaken() {
+        f_->goTo(17);
+        auto& table = f_->find<QTableWidget>("Bp17Tabelle");
+        const QRect cell = table.visualItemRect(table.item(0, 1));
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, cell.center());
+        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, cell.center());
+        const double rounded =
+            f_->state().components[Slot::FirstCoupling] > 15e-12 ? 15e-12 : 12e-12;
+        open();
+        choose("spice");
+        const QString expected = rounded > 14e-12 ? " 1.5e-11" : " 1.2e-11";
+        QVERIFY2(preview().contains(expected), qPrintable(preview()));
+        f_->click("ButtonTake");
+        QCOMPARE(f_->state().components[Slot::FirstCoupling], rounded);
+    }
+
+    void refusedDesignShowsItsReasonAndNothingToSave() {
+        f_->click("SpeedButtonVertauschen");
+        open();
+        QVERIFY(note().contains("It must be R2>R1!"));
+        QCOMPARE(preview(), QString());
+        QVERIFY(!find<QPushButton>("ButtonExportCopy").isEnabled());
+        QVERIFY(!find<QPushButton>("ButtonExportSave").isEnabled());
+    }
+
+    void rangeThatCannotBeUsedIsNamed() {
+        open();
+        choose("touchstone");
+        type("ExportToEingabe", "1k");
+        QCOMPARE(note(), QString("The upper frequency must be above the lower one."));
+        type("ExportToEingabe", "1G");
+        QCOMPARE(note(), QString());
+        type("ExportPointsEingabe", "3");
+        QCOMPARE(preview().count(QStringLiteral("\n1000000000 ")) +
+                     preview().count(QStringLiteral("\n1e+09 ")),
+                 1);
+        type("ExportZ0Eingabe", "75");
+        QVERIFY2(preview().contains("# HZ S RI R 75"), qPrintable(preview()));
+    }
+
+    void typedRangeStaysWhenTheDesignChanges() {
+        open();
+        choose("csv");
+        const QString before = find<QLineEdit>("ExportToEingabe").text();
+        f_->type("foEingabe", "10M");
+        const QString moved = find<QLineEdit>("ExportToEingabe").text();
+        QVERIFY(moved != before);
+        type("ExportToEingabe", "20M");
+        f_->type("foEingabe", "12M");
+        QCOMPARE(find<QLineEdit>("ExportToEingabe").text(), QString("20M"));
+    }
+
+    void copyPutsTheTextOnTheClipboard() {
+        open();
+        press("ButtonExportCopy");
+        QCOMPARE(QGuiApplication::clipboard()->text(), preview());
+        QCOMPARE(note(), QString("Copied to the clipboard."));
+    }
+
+    void saveWritesTheFileOrSaysWhyNot() {
+        open();
+        choose("json");
+        const QString path = f_->configFolder() + "/design.json";
+        saveAs(path);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(QString::fromUtf8(file.readAll()), preview());
+        QVERIFY(note().startsWith("Saved as "));
+        QVERIFY(f_->messages.isEmpty());
+        saveAs(f_->configFolder() + "/no such folder/design.json");
+        QTRY_COMPARE(f_->messages.size(), 1);
+        QVERIFY(f_->messages[0].contains("Cannot write"));
+    }
+
     void cleanup() { f_.reset(); }
-    void offersTheFormatsOfThePage_data();
-    void offersTheFormatsOfThePage();
-    void previewFollowsTheDesign();
-    void standardValuesGoWithTheBoxOfTheMainWindow();
-    void roundedFieldsAreExportedAsTheyStand();
-    void roundedRowsOfTheFilterAreExportedAndTaken();
-    void refusedDesignShowsItsReasonAndNothingToSave();
-    void rangeThatCannotBeUsedIsNamed();
-    void typedRangeStaysWhenTheDesignChanges();
-    void copyPutsTheTextOnTheClipboard();
-    void saveWritesTheFileOrSaysWhyNot();
 
   private:
     TExportDlg& dialog() {
@@ -70,154 +183,12 @@ class ExportDlgTest : public QObject {
         QTest::keyClicks(&edit, text);
     }
     void saveAs(const QString& path) {
-        QTimer::singleShot(50, qApp, [path] {
-            auto* asked = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            QVERIFY(asked);
-            asked->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
-            static_cast<QDialog*>(asked)->accept();
-        });
+        AnswerFileDialog(path);
         press("ButtonExportSave");
     }
 
     std::unique_ptr<FormFixture> f_;
 };
-
-void ExportDlgTest::init() {
-    f_ = std::make_unique<FormFixture>();
-}
-
-void ExportDlgTest::offersTheFormatsOfThePage_data() {
-    QTest::addColumn<int>("page");
-    QTest::addColumn<QStringList>("keys");
-    QTest::addRow("tank") << 1 << QStringList{"listing", "spice", "touchstone", "csv", "json"};
-    QTest::addRow("trap") << 12 << QStringList{"listing", "spice", "touchstone", "json"};
-    QTest::addRow("class E") << 15 << QStringList{"listing", "spice", "touchstone", "json"};
-    QTest::addRow("divider") << 19 << QStringList{"listing", "spice", "json"};
-}
-
-void ExportDlgTest::offersTheFormatsOfThePage() {
-    QFETCH(int, page);
-    QFETCH(QStringList, keys);
-    f_->goTo(page);
-    open();
-    auto& formats = find<QComboBox>("ComboBoxExport");
-    QStringList offered;
-    for (int i = 0; i < formats.count(); ++i) offered << formats.itemData(i).toString();
-    QCOMPARE(offered, keys);
-    for (const QString& key : keys) {
-        choose(key);
-        QVERIFY2(preview().size() > 50, qPrintable(key));
-        QCOMPARE(note(), QString());
-        // Transients and operating points have no frequencies to choose.
-        const bool swept = page != 15 && page != 19;
-        QCOMPARE(find<QLineEdit>("ExportFromEingabe").isVisible(),
-                 (key == "spice" && swept) || key == "touchstone" || key == "csv");
-        QCOMPARE(find<QLineEdit>("ExportZ0Eingabe").isVisible(), key == "touchstone");
-    }
-}
-
-void ExportDlgTest::previewFollowsTheDesign() {
-    open();
-    QVERIFY2(preview().contains("page 1, LC Series Tank"), qPrintable(preview()));
-    f_->type("R2Eingabe", "300");
-    QVERIFY2(preview().contains("300.00"), qPrintable(preview()));
-    f_->goTo(3);
-    QVERIFY2(preview().contains("page 3, Pi Section"), qPrintable(preview()));
-}
-
-void ExportDlgTest::standardValuesGoWithTheBoxOfTheMainWindow() {
-    f_->goTo(13);
-    f_->click("CheckBoxE");
-    open();
-    choose("spice");
-    QVERIFY(find<QAbstractButton>("CheckBoxExportE").isChecked());
-    QVERIFY2(preview().contains("1.5e-11"), qPrintable(preview()));  // 13.783 pF in E12
-    QTest::mouseClick(&find<QAbstractButton>("CheckBoxExportE"), Qt::LeftButton, {}, {8, 8});
-    QVERIFY(!f_->find<QAbstractButton>("CheckBoxE").isChecked());
-    QVERIFY2(preview().contains("1.378"), qPrintable(preview()));
-}
-
-void ExportDlgTest::roundedFieldsAreExportedAsTheyStand() {
-    f_->goTo(13);
-    f_->doubleClick("C13GAusgabe");
-    open();
-    choose("spice");
-    QVERIFY2(preview().contains("1.5e-11"), qPrintable(preview()));
-    QVERIFY2(preview().contains("1.378"), qPrintable(preview()));  // L keeps all its digits
-}
-
-void ExportDlgTest::roundedRowsOfTheFilterAreExportedAndTaken() {
-    f_->goTo(17);
-    auto& table = f_->find<QTableWidget>("Bp17Tabelle");
-    const QRect cell = table.visualItemRect(table.item(0, 1));
-    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, cell.center());
-    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, cell.center());
-    const double rounded = f_->state().components[Slot::FirstCoupling] > 15e-12 ? 15e-12 : 12e-12;
-    open();
-    choose("spice");
-    const QString expected = rounded > 14e-12 ? " 1.5e-11" : " 1.2e-11";
-    QVERIFY2(preview().contains(expected), qPrintable(preview()));
-    f_->click("ButtonTake");
-    QCOMPARE(f_->state().components[Slot::FirstCoupling], rounded);
-}
-
-void ExportDlgTest::refusedDesignShowsItsReasonAndNothingToSave() {
-    f_->click("SpeedButtonVertauschen");
-    open();
-    QVERIFY(note().contains("It must be R2>R1!"));
-    QCOMPARE(preview(), QString());
-    QVERIFY(!find<QPushButton>("ButtonExportCopy").isEnabled());
-    QVERIFY(!find<QPushButton>("ButtonExportSave").isEnabled());
-}
-
-void ExportDlgTest::rangeThatCannotBeUsedIsNamed() {
-    open();
-    choose("touchstone");
-    type("ExportToEingabe", "1k");
-    QCOMPARE(note(), QString("The upper frequency must be above the lower one."));
-    type("ExportToEingabe", "1G");
-    QCOMPARE(note(), QString());
-    type("ExportPointsEingabe", "3");
-    QCOMPARE(preview().count(QStringLiteral("\n1000000000 ")) +
-                 preview().count(QStringLiteral("\n1e+09 ")),
-             1);
-    type("ExportZ0Eingabe", "75");
-    QVERIFY2(preview().contains("# HZ S RI R 75"), qPrintable(preview()));
-}
-
-void ExportDlgTest::typedRangeStaysWhenTheDesignChanges() {
-    open();
-    choose("csv");
-    const QString before = find<QLineEdit>("ExportToEingabe").text();
-    f_->type("foEingabe", "10M");
-    const QString moved = find<QLineEdit>("ExportToEingabe").text();
-    QVERIFY(moved != before);
-    type("ExportToEingabe", "20M");
-    f_->type("foEingabe", "12M");
-    QCOMPARE(find<QLineEdit>("ExportToEingabe").text(), QString("20M"));
-}
-
-void ExportDlgTest::copyPutsTheTextOnTheClipboard() {
-    open();
-    press("ButtonExportCopy");
-    QCOMPARE(QGuiApplication::clipboard()->text(), preview());
-    QCOMPARE(note(), QString("Copied to the clipboard."));
-}
-
-void ExportDlgTest::saveWritesTheFileOrSaysWhyNot() {
-    open();
-    choose("json");
-    const QString path = f_->configFolder() + "/design.json";
-    saveAs(path);
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(QString::fromUtf8(file.readAll()), preview());
-    QVERIFY(note().startsWith("Saved as "));
-    QVERIFY(f_->messages.isEmpty());
-    saveAs(f_->configFolder() + "/no such folder/design.json");
-    QTRY_COMPARE(f_->messages.size(), 1);
-    QVERIFY(f_->messages[0].contains("Cannot write"));
-}
 
 QTEST_MAIN(ExportDlgTest)
 #include "export_dlg_test.moc"

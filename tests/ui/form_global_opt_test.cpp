@@ -38,40 +38,26 @@ class FormGlobalOptTest : public QObject {
         QVERIFY(of<QScrollBar>("ScrollBarNr").minimum() > 4);
     }
 
-    void everySettingStartsANewRun_data() {
-        QTest::addColumn<QString>("control");
-        QTest::addColumn<int>("cities");
-        QTest::addColumn<int>("citySeed");
-        QTest::addColumn<int>("seed");
-        QTest::addColumn<int>("acceptance");
-        QTest::addRow("cities") << "ScrollBarNr" << 16 << 0 << 0 << int(Acceptance::Random);
-        QTest::addRow("city seed")
-            << "ScrollBarDOffsetCit" << 15 << 1 << 0 << int(Acceptance::Random);
-        QTest::addRow("seed") << "ScrollBarDOffset" << 15 << 0 << 1 << int(Acceptance::Random);
-        QTest::addRow("deterministic")
-            << "CheckBoxDeterm" << 15 << 0 << 0 << int(Acceptance::Deterministic);
-        QTest::addRow("threshold")
-            << "CheckBoxRndAccept" << 15 << 0 << 0 << int(Acceptance::Threshold);
-    }
-
     void everySettingStartsANewRun() {
-        QFETCH(QString, control);
-        QFETCH(int, cities);
-        QFETCH(int, citySeed);
-        QFETCH(int, seed);
-        QFETCH(int, acceptance);
-        auto* widget = form_->findChild<QWidget*>(control);
-        widget->setFocus();
-        const bool bar = qobject_cast<QScrollBar*>(widget) != nullptr;
-        QTest::keyClick(widget, bar ? Qt::Key_Right : Qt::Key_Space);
-        QTRY_VERIFY(!running());
-        const AnnealingOptions options{cities, std::uint64_t(citySeed), std::uint64_t(seed),
-                                       static_cast<Acceptance>(acceptance)};
-        QCOMPARE(image().tour(), Annealing(options).finish().tour);
-
-        QTest::mouseClick(&of<QPushButton>("ButtonDefaults"), Qt::LeftButton);
-        QTRY_VERIFY(!running());
-        QCOMPARE(image().tour(), Annealing({15, 0, 0}).finish().tour);
+        struct Row {
+            const char* control;
+            AnnealingOptions options;
+        };
+        for (const auto& [control, options] :
+             {Row{"ScrollBarNr", {16, 0, 0}}, Row{"ScrollBarDOffsetCit", {15, 1, 0}},
+              Row{"ScrollBarDOffset", {15, 0, 1}},
+              Row{"CheckBoxDeterm", {15, 0, 0, Acceptance::Deterministic}},
+              Row{"CheckBoxRndAccept", {15, 0, 0, Acceptance::Threshold}}}) {
+            auto* widget = form_->findChild<QWidget*>(control);
+            widget->setFocus();
+            const bool bar = qobject_cast<QScrollBar*>(widget) != nullptr;
+            QTest::keyClick(widget, bar ? Qt::Key_Right : Qt::Key_Space);
+            QTRY_VERIFY(!running());
+            QVERIFY2(image().tour() == Annealing(options).finish().tour, control);
+            QTest::mouseClick(&of<QPushButton>("ButtonDefaults"), Qt::LeftButton);
+            QTRY_VERIFY(!running());
+            QVERIFY2(image().tour() == Annealing({15, 0, 0}).finish().tour, control);
+        }
     }
 
     void manyRunsShowTheBestAndTheWorst() {

@@ -43,20 +43,12 @@ class FormOptTest : public QObject {
         QVERIFY(settings().local.gradient == GradientChoice::Automatic);
     }
 
-    void iterationsAreHeldToTheirRange_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("iterations");
-        QTest::addRow("plain") << "20" << 20;
-        QTest::addRow("fraction") << "7.9" << 7;
-        QTest::addRow("too many") << "1k" << 199;
-        QTest::addRow("none") << "-3" << 1;
-        QTest::addRow("no number") << "many" << 1;
-    }
-
     void iterationsAreHeldToTheirRange() {
-        QFETCH(QString, text);
-        type("itEingabe", text);
-        QTEST(settings().local.maxIterations, "iterations");
+        for (const auto& [text, iterations] :
+             {std::pair{"20", 20}, {"7.9", 7}, {"1k", 199}, {"-3", 1}, {"many", 1}}) {
+            type("itEingabe", text);
+            QCOMPARE(settings().local.maxIterations, iterations);
+        }
     }
 
     void triggerRunsWithTheSettingsOfTheWindow() {
@@ -147,12 +139,6 @@ class FormOptTest : public QObject {
         QCOMPARE(label("LabelIterations"),
                  QString("The design is refused: there was nothing to optimize."));
         QCOMPARE(points(), std::size_t{0});
-    }
-
-    void theWindowFitsASmallScreen() {
-        const QSize least = form_->minimumSizeHint();
-        QVERIFY2(least.width() <= 1000 && least.height() <= 540,
-                 qPrintable(QString("%1 x %2").arg(least.width()).arg(least.height())));
     }
 
     void aReportThatCannotBeWrittenDoesNotDecideTheDesign() {

@@ -38,189 +38,170 @@ class InputsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void firstClickOrTabSelectsAll_data();
-    void firstClickOrTabSelectsAll();
-    void secondClickPlacesTheCaretBehindThePadding();
-    void leavingWritesBackWhatIsInUse_data();
-    void leavingWritesBackWhatIsInUse();
-    void digitsBeyondTheFormatStayVisible();
-    void refusalBoxLetsTypingGoOn_data();
-    void refusalBoxLetsTypingGoOn();
-    void refusalBoxOffersSwitchWhereThatCures();
-    void reasonOfARefusalStaysUntilCured();
-    void wheelStepsAfterAClickOnly();
-};
-
-void InputsTest::firstClickOrTabSelectsAll_data() {
-    QTest::addColumn<QString>("way");
-    for (const char* way : {"click", "double click", "Tab"}) QTest::newRow(way) << QString(way);
-}
-
-void InputsTest::firstClickOrTabSelectsAll() {
-    QFETCH(QString, way);
-    FormFixture f;
-    f.type("foEingabe", "100.433M");
-    f.find("R2Eingabe").setFocus(Qt::OtherFocusReason);
-    QLineEdit& fo = f.find("foEingabe");
-    const QPoint within(fo.width() - 20, fo.height() / 2);
-    if (way == "Tab") {
-        QTest::keyClick(&f.find("R2Eingabe"), Qt::Key_Tab);
-    } else {
-        QTest::mouseClick(&fo, Qt::LeftButton, {}, within);
-        if (way == "double click") QTest::mouseDClick(&fo, Qt::LeftButton, {}, within);
+    void firstClickOrTabSelectsAll_data() {
+        QTest::addColumn<QString>("way");
+        for (const char* way : {"click", "double click", "Tab"}) QTest::newRow(way) << QString(way);
     }
-    QVERIFY(fo.hasFocus());
-    QTest::keyClicks(&fo, "433.92M");
-    QCOMPARE(f.state().fo, 433.92e6);
-}
 
-void InputsTest::secondClickPlacesTheCaretBehindThePadding() {
-    FormFixture f;
-    QLineEdit& R2 = f.find("R2Eingabe");
-    QCOMPARE(R2.text(), QString("  200.000"));
-    QTest::mouseClick(&R2, Qt::LeftButton, {}, QPoint(3, R2.height() / 2));
-    QVERIFY(R2.hasSelectedText());
-    QTest::qWait(QApplication::doubleClickInterval() + 50);
-    QTest::mouseClick(&R2, Qt::LeftButton, {}, QPoint(3, R2.height() / 2));
-    QVERIFY(!R2.hasSelectedText());
-    QTest::keyClicks(&R2, "3");
-    QCOMPARE(f.state().R2, 3200.0);
-    QTest::keyClick(&R2, Qt::Key_Home);
-    QTest::keyClicks(&R2, "1");
-    QCOMPARE(f.state().R2, 13200.0);
-}
+    void firstClickOrTabSelectsAll() {
+        QFETCH(QString, way);
+        FormFixture f;
+        f.type("foEingabe", "100.433M");
+        f.find("R2Eingabe").setFocus(Qt::OtherFocusReason);
+        QLineEdit& fo = f.find("foEingabe");
+        const QPoint within(fo.width() - 20, fo.height() / 2);
+        if (way == "Tab") {
+            QTest::keyClick(&f.find("R2Eingabe"), Qt::Key_Tab);
+        } else {
+            QTest::mouseClick(&fo, Qt::LeftButton, {}, within);
+            if (way == "double click") QTest::mouseDClick(&fo, Qt::LeftButton, {}, within);
+        }
+        QVERIFY(fo.hasFocus());
+        QTest::keyClicks(&fo, "433.92M");
+        QCOMPARE(f.state().fo, 433.92e6);
+    }
 
-void InputsTest::leavingWritesBackWhatIsInUse_data() {
-    QTest::addColumn<QString>("edit");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("left");
-    QTest::addColumn<QString>("hint");
-    const auto row = [](const char* edit, const char* typed, const char* left, const char* hint) {
-        QTest::addRow("%s %s", edit, typed)
-            << QString(edit) << QString(typed) << QString(left) << QString::fromUtf8(hint);
-    };
-    row("foEingabe", "433.92 MHz", "  433.92M", "");
-    row("foEingabe", "5M", "    5.00M", "");
-    row("R2Eingabe", "1,5kOhm", "    1.50k", "");
-    row("R2Eingabe", "3k3", "    3.00k", "3.00 kΩ; \"3\" was not read");
-    row("R2Eingabe", "1,000,000", "    1.000", "1.00 Ω; \",000\" was not read");
-    row("R2Eingabe", "9M", "    1.00M", "1.00 MΩ is used instead");
-    row("R2Eingabe", "ten", "    1.00m", "1.00 mΩ; \"ten\" was not read");
-    row("QEingabe", "501", "   500.00", "500.00 is used instead");
-    row("QBEingabe", "80", "    80.00", "");
-}
+    void secondClickPlacesTheCaretBehindThePadding() {
+        FormFixture f;
+        QLineEdit& R2 = f.find("R2Eingabe");
+        QCOMPARE(R2.text(), QString("  200.000"));
+        QTest::mouseClick(&R2, Qt::LeftButton, {}, QPoint(3, R2.height() / 2));
+        QVERIFY(R2.hasSelectedText());
+        QTest::qWait(QApplication::doubleClickInterval() + 50);
+        QTest::mouseClick(&R2, Qt::LeftButton, {}, QPoint(3, R2.height() / 2));
+        QVERIFY(!R2.hasSelectedText());
+        QTest::keyClicks(&R2, "3");
+        QCOMPARE(f.state().R2, 3200.0);
+        QTest::keyClick(&R2, Qt::Key_Home);
+        QTest::keyClicks(&R2, "1");
+        QCOMPARE(f.state().R2, 13200.0);
+    }
 
-void InputsTest::leavingWritesBackWhatIsInUse() {
-    QFETCH(QString, edit);
-    QFETCH(QString, typed);
-    QFETCH(QString, left);
-    QFETCH(QString, hint);
-    FormFixture f;
-    f.goTo(3);
-    const QColor plain = f.find(edit).palette().color(QPalette::Base);
-    f.type(edit, typed);
-    QCOMPARE(f.text(edit), typed);
-    QCOMPARE(f.find(edit).palette().color(QPalette::Base) != plain, !hint.isEmpty());
-    if (!hint.isEmpty()) QCOMPARE(QToolTip::text(), hint);
-    const Design design = f.state();
-    QTest::keyClick(&f.find(edit), Qt::Key_Tab);
-    QCOMPARE(f.text(edit), left);
-    QCOMPARE(f.find(edit).palette().color(QPalette::Base), plain);
-    QVERIFY(f.state() == design);
-}
+    void leavingWritesBackWhatIsInUse() {
+        struct Row {
+            const char* edit;
+            const char* typed;
+            const char* left;
+            const char* hint;
+        };
+        FormFixture f;
+        f.goTo(3);
+        const QColor plain = f.find("foEingabe").palette().color(QPalette::Base);
+        for (const auto& [edit, typed, left, hint] :
+             {Row{"foEingabe", "433.92 MHz", "  433.92M", ""},
+              Row{"foEingabe", "5M", "    5.00M", ""}, Row{"R2Eingabe", "1,5kOhm", "    1.50k", ""},
+              Row{"R2Eingabe", "3k3", "    3.00k", "3.00 kΩ; \"3\" was not read"},
+              Row{"R2Eingabe", "1,000,000", "    1.000", "1.00 Ω; \",000\" was not read"},
+              Row{"R2Eingabe", "9M", "    1.00M", "1.00 MΩ is used instead"},
+              Row{"R2Eingabe", "ten", "    1.00m", "1.00 mΩ; \"ten\" was not read"},
+              Row{"QEingabe", "501", "   500.00", "500.00 is used instead"},
+              Row{"QBEingabe", "80", "    80.00", ""}}) {
+            const bool hinted = *hint != 0;
+            f.type(edit, typed);
+            QCOMPARE(f.text(edit), QString(typed));
+            QVERIFY2((f.find(edit).palette().color(QPalette::Base) != plain) == hinted, typed);
+            if (hinted) QCOMPARE(QToolTip::text(), QString::fromUtf8(hint));
+            const Design design = f.state();
+            QTest::keyClick(&f.find(edit), Qt::Key_Tab);
+            QCOMPARE(f.text(edit), QString(left));
+            QCOMPARE(f.find(edit).palette().color(QPalette::Base), plain);
+            QVERIFY(f.state() == design);
+        }
+    }
 
-void InputsTest::digitsBeyondTheFormatStayVisible() {
-    FormFixture f;
-    f.type("foEingabe", "433.92345M");
-    QTest::keyClick(&f.find("foEingabe"), Qt::Key_Tab);
-    QCOMPARE(f.text("foEingabe").trimmed(), QString("433.92345M"));
-    f.click("OK");
-    QCOMPARE(f.text("foEingabe"), QString("  433.92M"));
-    QCOMPARE(f.state().fo, 433.92345e6);
-}
+    void digitsBeyondTheFormatStayVisible() {
+        FormFixture f;
+        f.type("foEingabe", "433.92345M");
+        QTest::keyClick(&f.find("foEingabe"), Qt::Key_Tab);
+        QCOMPARE(f.text("foEingabe").trimmed(), QString("433.92345M"));
+        f.click("OK");
+        QCOMPARE(f.text("foEingabe"), QString("  433.92M"));
+        QCOMPARE(f.state().fo, 433.92345e6);
+    }
 
-void InputsTest::refusalBoxLetsTypingGoOn_data() {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<double>("R1");
-    QTest::addRow("digit") << int(Qt::Key_0) << 3000.0;
-    QTest::addRow("Backspace") << int(Qt::Key_Backspace) << 30.0;
-    QTest::addRow("Enter") << int(Qt::Key_Return) << 300.0;
-}
+    void refusalBoxLetsTypingGoOn_data() {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<double>("R1");
+        QTest::addRow("digit") << int(Qt::Key_0) << 3000.0;
+        QTest::addRow("Backspace") << int(Qt::Key_Backspace) << 30.0;
+        QTest::addRow("Enter") << int(Qt::Key_Return) << 300.0;
+    }
 
-void InputsTest::refusalBoxLetsTypingGoOn() {
-    QFETCH(int, key);
-    QFETCH(double, R1);
-    FormFixture f;
-    f.goTo(1);
-    int boxes = 0;
-    BoxAnswer answer(f, [&](QMessageBox& box) {
-        QTest::keyClick(&box, ++boxes == 1 ? static_cast<Qt::Key>(key) : Qt::Key_Escape);
-    });
-    f.type("R1Eingabe", "300");
-    QTRY_COMPARE(f.state().R1, R1);
-    QCOMPARE(f.form().focusWidget(), &f.find("R1Eingabe"));
-    QCOMPARE(answer.reasons.size(), R1 == 3000 ? 2 : 1);
-}
+    void refusalBoxLetsTypingGoOn() {
+        QFETCH(int, key);
+        QFETCH(double, R1);
+        FormFixture f;
+        f.goTo(1);
+        int boxes = 0;
+        BoxAnswer answer(f, [&](QMessageBox& box) {
+            QTest::keyClick(&box, ++boxes == 1 ? static_cast<Qt::Key>(key) : Qt::Key_Escape);
+        });
+        f.type("R1Eingabe", "300");
+        QTRY_COMPARE(f.state().R1, R1);
+        QCOMPARE(f.form().focusWidget(), &f.find("R1Eingabe"));
+        QCOMPARE(answer.reasons.size(), R1 == 3000 ? 2 : 1);
+    }
 
-void InputsTest::refusalBoxOffersSwitchWhereThatCures() {
-    FormFixture f;
-    f.goTo(1);
-    BoxAnswer answer(f, [](QMessageBox& box) {
-        QTest::mouseClick(box.findChild<QAbstractButton*>("ButtonSwitch"), Qt::LeftButton);
-    });
-    f.type("R1Eingabe", "300");
-    QCOMPARE(f.state().R1, 200.0);
-    QCOMPARE(f.state().R2, 300.0);
-    QCOMPARE(f.text("R1Eingabe"), QString("  200.000"));
-    QCOMPARE(f.text("R2Eingabe"), QString("  300.000"));
-    QCOMPARE(answer.reasons.size(), 1);
+    void refusalBoxOffersSwitchWhereThatCures() {
+        FormFixture f;
+        f.goTo(1);
+        BoxAnswer answer(f, [](QMessageBox& box) {
+            QTest::mouseClick(box.findChild<QAbstractButton*>("ButtonSwitch"), Qt::LeftButton);
+        });
+        f.type("R1Eingabe", "300");
+        QCOMPARE(f.state().R1, 200.0);
+        QCOMPARE(f.state().R2, 300.0);
+        QCOMPARE(f.text("R1Eingabe"), QString("  200.000"));
+        QCOMPARE(f.text("R2Eingabe"), QString("  300.000"));
+        QCOMPARE(answer.reasons.size(), 1);
 
-    bool offered = true;
-    f.form().session().setRefusalSink([&](const QString&, bool offers) {
-        offered = offers;
-        return false;
-    });
-    f.type("R2Eingabe", "200");  // equal ones stay equal
-    QVERIFY(!offered);
-}
+        bool offered = true;
+        f.form().session().setRefusalSink([&](const QString&, bool offers) {
+            offered = offers;
+            return false;
+        });
+        f.type("R2Eingabe", "200");  // equal ones stay equal
+        QVERIFY(!offered);
+    }
 
-void InputsTest::reasonOfARefusalStaysUntilCured() {
-    FormFixture f;
-    f.goTo(1);
-    const auto& reason = f.find<QLabel>("RefusalLabel");
-    f.type("R1Eingabe", "30");
-    const QString L = f.text("L1Ausgabe");
-    QCOMPARE(reason.text(), QString());
-    QCOMPARE(TextColour(f.find("L1Ausgabe")), QColor(Qt::black));
-    QTest::keyClicks(&f.find("R1Eingabe"), "0");
-    QCOMPARE(reason.text(), f.messages.value(0));
-    QVERIFY(reason.text().startsWith("It must be R2>R1!"));
-    QCOMPARE(f.text("L1Ausgabe"), L);
-    QVERIFY(TextColour(f.find("L1Ausgabe")) != QColor(Qt::black));
-    f.find("foEingabe").setFocus();
-    QVERIFY(!reason.text().isEmpty());
-    f.type("R1Eingabe", "20");
-    QCOMPARE(reason.text(), QString());
-    QCOMPARE(TextColour(f.find("L1Ausgabe")), QColor(Qt::black));
-}
+    void reasonOfARefusalStaysUntilCured() {
+        FormFixture f;
+        f.goTo(1);
+        const auto& reason = f.find<QLabel>("RefusalLabel");
+        f.type("R1Eingabe", "30");
+        const QString L = f.text("L1Ausgabe");
+        QCOMPARE(reason.text(), QString());
+        QCOMPARE(TextColour(f.find("L1Ausgabe")), QColor(Qt::black));
+        QTest::keyClicks(&f.find("R1Eingabe"), "0");
+        QCOMPARE(reason.text(), f.messages.value(0));
+        QVERIFY(reason.text().startsWith("It must be R2>R1!"));
+        QCOMPARE(f.text("L1Ausgabe"), L);
+        QVERIFY(TextColour(f.find("L1Ausgabe")) != QColor(Qt::black));
+        f.find("foEingabe").setFocus();
+        QVERIFY(!reason.text().isEmpty());
+        f.type("R1Eingabe", "20");
+        QCOMPARE(reason.text(), QString());
+        QCOMPARE(TextColour(f.find("L1Ausgabe")), QColor(Qt::black));
+    }
 
-void InputsTest::wheelStepsAfterAClickOnly() {
-    FormFixture f;
-    QLineEdit& R2 = f.find("R2Eingabe");
-    const auto turn = [&] {
-        const QPointF at = R2.rect().center();
-        QWheelEvent wheel(at, R2.mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&R2, &wheel);
-    };
-    R2.setFocus(Qt::TabFocusReason);
-    turn();
-    QCOMPARE(f.state().R2, 200.0);
-    f.find("R1Eingabe").setFocus(Qt::TabFocusReason);
-    QTest::mouseClick(&R2, Qt::LeftButton);
-    turn();
-    QCOMPARE(f.state().R2, 210.0);
-}
+    void wheelStepsAfterAClickOnly() {
+        FormFixture f;
+        QLineEdit& R2 = f.find("R2Eingabe");
+        const auto turn = [&] {
+            const QPointF at = R2.rect().center();
+            QWheelEvent wheel(at, R2.mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&R2, &wheel);
+        };
+        R2.setFocus(Qt::TabFocusReason);
+        turn();
+        QCOMPARE(f.state().R2, 200.0);
+        f.find("R1Eingabe").setFocus(Qt::TabFocusReason);
+        QTest::mouseClick(&R2, Qt::LeftButton);
+        turn();
+        QCOMPARE(f.state().R2, 210.0);
+    }
+};
 
 QTEST_MAIN(InputsTest)
 #include "inputs_test.moc"

@@ -89,45 +89,24 @@ class LadderPictureTest : public QObject {
         QTest::addColumn<bool>("control");
         QTest::addColumn<QString>("ladder");
         QTest::addColumn<QString>("step");
-        QTest::addRow("between") << "L1"
-                                 << "R1|" << false << "C1 R1 L1"
-                                 << "Move element";
-        QTest::addRow("before all") << "R1"
-                                    << "|" << false << "R1 L1 C1"
-                                    << "Move element";
-        QTest::addRow("onto another") << "L1"
-                                      << "R1" << false << "R1 C1 L1"
-                                      << "Swap elements 1 and 3";
-        QTest::addRow("onto itself") << "L1"
-                                     << "L1" << false << "L1 C1 R1"
-                                     << "";
-        QTest::addRow("beside itself") << "C1"
-                                       << "L1|" << false << "L1 C1 R1"
-                                       << "";
-        QTest::addRow("copy between") << "L1"
-                                      << "C1|" << true << "L1 C1 L1 R1"
-                                      << "Add element";
-        QTest::addRow("copy onto") << "L1"
-                                   << "C1" << true << "L1 L1 R1"
-                                   << "Replace element 2 by a copy of 1";
-        QTest::addRow("delete") << "C1"
-                                << "D" << false << "L1 R1"
-                                << "Delete element";
-        QTest::addRow("outside") << "C1"
-                                 << "" << false << "L1 C1 R1"
-                                 << "";
-        QTest::addRow("new") << "ButtonLineTile"
-                             << "L1|" << false << "L1 line C1 R1"
-                             << "Add element";
-        QTest::addRow("new at the load") << "ButtonShuntRTile"
-                                         << "R1|" << false << "L1 C1 R1 R"
-                                         << "Add element";
-        QTest::addRow("replacing") << "ButtonShuntCTile"
-                                   << "R1" << false << "L1 C1 C"
-                                   << "Replace element 3 by Shunt C";
-        QTest::addRow("nothing to delete") << "ButtonShuntCTile"
-                                           << "D" << false << "L1 C1 R1"
-                                           << "";
+        const auto row = [](const char* name, QString what, QString to, bool control,
+                            QString ladder, QString step) {
+            QTest::addRow("%s", name) << what << to << control << ladder << step;
+        };
+        row("between", "L1", "R1|", false, "C1 R1 L1", "Move element");
+        row("before all", "R1", "|", false, "R1 L1 C1", "Move element");
+        row("onto another", "L1", "R1", false, "R1 C1 L1", "Swap elements 1 and 3");
+        row("onto itself", "L1", "L1", false, "L1 C1 R1", "");
+        row("beside itself", "C1", "L1|", false, "L1 C1 R1", "");
+        row("copy between", "L1", "C1|", true, "L1 C1 L1 R1", "Add element");
+        row("copy onto", "L1", "C1", true, "L1 L1 R1", "Replace element 2 by a copy of 1");
+        row("delete", "C1", "D", false, "L1 R1", "Delete element");
+        row("outside", "C1", "", false, "L1 C1 R1", "");
+        row("new", "ButtonLineTile", "L1|", false, "L1 line C1 R1", "Add element");
+        row("new at the load", "ButtonShuntRTile", "R1|", false, "L1 C1 R1 R", "Add element");
+        row("replacing", "ButtonShuntCTile", "R1", false, "L1 C1 C",
+            "Replace element 3 by Shunt C");
+        row("nothing to delete", "ButtonShuntCTile", "D", false, "L1 C1 R1", "");
     }
 
     void dropsMoveSwapCopyReplaceAndDelete() {

@@ -160,40 +160,28 @@ class NetworkSearchTest : public QObject {
         QVERIFY2(!text.contains(QRegularExpression("\\d\\.\\d\\d")), qPrintable(text));
     }
 
-    void aFieldThatCannotBeReadIsNamed_data() {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("says");
-        QTest::newRow("bands") << "FindBands"
-                               << "130M:70M"
-                               << "does not rise";
-        QTest::newRow("value") << "FindLMost"
-                               << "much"
-                               << "Inductance: expected a number";
-        QTest::newRow("Q") << "FindCoilQ"
-                           << "good"
-                           << "Q of inductors: expected a Q";
-        QTest::newRow("harmonic") << "FindHarmonics"
-                                  << "2"
-                                  << "Harmonics: expected order";
-        QTest::newRow("part") << "FindAtLoad"
-                              << "R=5"
-                              << "Last at least: expected a part";
-        QTest::newRow("yield") << "FindYieldLimit"
-                               << "3"
-                               << "Builds keep dB: expected dB below 0";
-    }
     void aFieldThatCannotBeReadIsNamed() {
-        QFETCH(QString, field);
-        QFETCH(QString, text);
-        QFETCH(QString, says);
-        Window window;
-        QDialog& dialog = window.openSearch("1");
-        Window::type(dialog, qPrintable(field), qPrintable(text));
-        Window::click(dialog, "FindStart");
-        auto& problem = Window::find<QLabel>(dialog, "FindProblem");
-        QVERIFY2(problem.isVisible() && problem.text().contains(says), qPrintable(problem.text()));
-        QVERIFY(Idle(dialog, "FindStart", "Find"));
+        struct Row {
+            const char* field;
+            const char* text;
+            const char* says;
+        };
+        for (const auto& [field, text, says] :
+             {Row{"FindBands", "130M:70M", "does not rise"},
+              Row{"FindLMost", "much", "Inductance: expected a number"},
+              Row{"FindCoilQ", "good", "Q of inductors: expected a Q"},
+              Row{"FindHarmonics", "2", "Harmonics: expected order"},
+              Row{"FindAtLoad", "R=5", "Last at least: expected a part"},
+              Row{"FindYieldLimit", "3", "Builds keep dB: expected dB below 0"}}) {
+            Window window;
+            QDialog& dialog = window.openSearch("1");
+            Window::type(dialog, field, text);
+            Window::click(dialog, "FindStart");
+            auto& problem = Window::find<QLabel>(dialog, "FindProblem");
+            QVERIFY2(problem.isVisible() && problem.text().contains(says),
+                     qPrintable(problem.text()));
+            QVERIFY(Idle(dialog, "FindStart", "Find"));
+        }
     }
 
     void whyNothingIsFoundIsSaid() {

@@ -26,7 +26,6 @@
 
 #include "core/number_text.h"
 #include "network/ladder_response.h"
-#include "tests/ui/frame_times.h"
 #include "tests/ui/network_fixture.h"
 #include "ui/workbench/smith_view.h"
 #include "ui/workbench/sweep_view.h"
@@ -389,7 +388,6 @@ class NetworkWindowTest : public QObject {
         screen(QString("windowfocus --sync %1").arg(window->winId()));
 
         SmithView& chart = window->chart();
-        const FrameTimes frames(chart, window.find<SweepView>("Plot2"));
         const QPointF from = chart.nodePosition(1);
         screen(to(chart, from));
         screen("mousedown 1");
@@ -397,7 +395,6 @@ class NetworkWindowTest : public QObject {
         screen("mouseup 1");
         QVERIFY(window.value(0) != 20e-9);
         QCOMPARE(window.model().history().undoName(), std::string("Drag L1"));
-        qInfo("from the pointer's move until all is painted: %s", qPrintable(frames.text()));
 
         auto& slider = window.find<QSlider>("Slider2");
         QStyleOptionSlider option;

@@ -111,13 +111,6 @@ class PlotFormFilesTest : public QObject, protected GainWindow {
         QVERIFY2(lines[1].trimmed().startsWith("97.656k "), lines[1].constData());
     }
 
-    void aPictureThatCannotBeSavedGivesOneMessage() {
-        InDialog dialog([&](QWidget& d) { TypeFileName(d, "/proc/plot.png"); });
-        choose("SaveasPNG1");
-        QVERIFY(dialog.seen());
-        QCOMPARE(host_->messages.size(), 1);
-    }
-
     void copyingOffersBitmapDrawingAndNumbers() {
         const QSize shown = vu_->findChild<PlotImage*>("Image")->size();
         choose("Copy1");
@@ -133,25 +126,17 @@ class PlotFormFilesTest : public QObject, protected GainWindow {
         QCOMPARE(QApplication::clipboard()->image().size(), shown);
     }
 
-    void theEndingIsThatOfTheFormat_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("written");
-        QTest::addRow("none") << "plot"
-                              << "plot.png";
-        QTest::addRow("its own") << "plot.PNG"
-                                 << "plot.PNG";
-        QTest::addRow("another format's") << "plot.jpg"
-                                          << "plot.png";
-        QTest::addRow("part of the name") << "plot.v2"
-                                          << "plot.v2.png";
-    }
     void theEndingIsThatOfTheFormat() {
-        QFETCH(QString, typed);
-        const QTemporaryDir folder;
-        InDialog dialog([&](QWidget& d) { TypeFileName(d, folder.filePath(typed)); });
-        choose("SaveasPNG1");
-        QVERIFY(dialog.seen());
-        QTEST(QDir(folder.path()).entryList(QDir::Files).join('|'), "written");
+        for (const auto& [typed, written] : {std::pair{"plot", "plot.png"},
+                                             {"plot.PNG", "plot.PNG"},
+                                             {"plot.jpg", "plot.png"},
+                                             {"plot.v2", "plot.v2.png"}}) {
+            const QTemporaryDir folder;
+            InDialog dialog([&](QWidget& d) { TypeFileName(d, folder.filePath(typed)); });
+            choose("SaveasPNG1");
+            QVERIFY(dialog.seen());
+            QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join('|'), QString(written));
+        }
     }
 
     void aFileThatTheEndingLeadsToIsNotReplacedUnasked() {
@@ -195,18 +180,6 @@ class PlotFormFilesTest : public QObject, protected GainWindow {
         QVERIFY(!saved().contains("LC Series Tank: R1"));
     }
 
-    void theCsvHoldsThePointsOfTheCurve() {
-        const QTemporaryDir folder;
-        InDialog dialog([&](QWidget& d) { TypeFileName(d, folder.filePath("numbers")); });
-        choose("SaveasCSV1");
-        QFile file(folder.filePath("numbers.csv"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const auto lines = file.readAll().split('\n');
-        QCOMPARE(lines[0], QByteArray("f_Hz,V_dB"));
-        QCOMPARE(lines[1].split(',')[0].toDouble(), vu_->view().x.min);
-        QVERIFY(lines.size() > 255);
-    }
-
     void lightColoursAreDarkerOnPaper() {
         Picture picture = vu_->findChild<PlotImage*>("Image")->picture();
         const auto cyan = [&picture] {
@@ -235,20 +208,16 @@ class PlotFormFilesTest : public QObject, protected GainWindow {
         QVERIFY(GreenLines(printer.outputFileName()) > 100);
     }
 
-    void aPageThatCannotBeWrittenGivesOneMessage_data() {
-        QTest::addColumn<QString>("path");
-        QTest::addRow("folder that takes no files") << "/proc/page.pdf";
-        QTest::addRow("no such folder") << "/nowhere/at/all/page.pdf";
-        QTest::addRow("full disk") << "/dev/full";
-    }
     void aPageThatCannotBeWrittenGivesOneMessage() {
-        QFETCH(QString, path);
-        QPrinter printer;
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(path);
-        vu_->print(printer);
-        QCOMPARE(host_->messages.size(), 1);
-        QVERIFY2(host_->messages[0].contains(path), qPrintable(host_->messages[0]));
+        for (const char* path : {"/proc/page.pdf", "/nowhere/at/all/page.pdf", "/dev/full"}) {
+            host_->messages.clear();
+            QPrinter printer;
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            printer.setOutputFileName(path);
+            vu_->print(printer);
+            QCOMPARE(host_->messages.size(), 1);
+            QVERIFY2(host_->messages[0].contains(path), qPrintable(host_->messages[0]));
+        }
     }
 
     void aPrintedWindowConsistsOfTexts() {

@@ -293,17 +293,6 @@ class PlotWindowsTest : public QObject, protected GainWindow {
         QVERIFY(!image().hasCross());
     }
 
-    void windowSizesChangeByThreeQuartersAndComeBack() {
-        QCOMPARE(vu_->size(), QSize(640, 480));  // of a screen 800 wide
-        press("VergroessernButton");
-        QTRY_COMPARE(vu_->size(), QSize(853, 640));
-        choose("Verkleinern1");
-        choose("Verkleinern1");
-        QTRY_COMPARE(vu_->size(), QSize(480, 360));
-        press("StandardgrButton");
-        QTRY_COMPARE(vu_->size(), QSize(640, 480));
-    }
-
     void curvesFollowTheDesignWhileTheWindowIsOpen() {
         const auto before = image().picture().curves.front().y;
         const View view = vu_->view();
@@ -338,21 +327,6 @@ class PlotWindowsTest : public QObject, protected GainWindow {
         QCOMPARE(yield->text(), QString());
     }
 
-    void runsWithTheSmallestTolerancesStayWithTheNominalCurve() {
-        host_->setTolerances({0.1, 0.1, 0.1});
-        press("SpeedButtonMC10");
-        QCOMPARE(vu_->findChild<QLabel*>("YieldLabel")->text(),
-                 QString("Yield: 100.0 % (10 of 10)"));
-        const auto& curves = image().picture().curves;
-        for (std::size_t run = 1; run < curves.size(); ++run) {
-            QCOMPARE(curves[run].dots.size(), curves[0].dots.size());
-            for (std::size_t i = 0; i < curves[0].dots.size(); ++i) {
-                const double nominal = curves[0].y[curves[0].dots[i]];
-                QVERIFY(std::fabs(curves[run].y[curves[run].dots[i]] - nominal) < 0.1);
-            }
-        }
-    }
-
     /// A detuned design has its peak elsewhere in the view: its builds are judged by what it has at
     /// fo.
     void theYieldIsJudgedAtTheDesignFrequency() {
@@ -368,19 +342,6 @@ class PlotWindowsTest : public QObject, protected GainWindow {
         host_->goToPage(10);
         press("SpeedButtonMC10");
         QCOMPARE(vu_->findChild<QLabel*>("YieldLabel")->text(), QString("No part to vary"));
-    }
-
-    void runsThatMeetNoFiniteValueLeaveTheDesignAsItWas() {
-        host_->state().components[Slot::C1] = std::numeric_limits<double>::quiet_NaN();
-        host_->state().components[Slot::L] = std::numeric_limits<double>::infinity();
-        const double second = host_->state().components[Slot::C2];
-        emit host_->designChanged();
-        press("SpeedButtonMC10");
-        QVERIFY(std::isnan(host_->state().components[Slot::C1]));
-        QVERIFY(std::isinf(host_->state().components[Slot::L]));
-        QCOMPARE(host_->state().components[Slot::C2], second);
-        QCOMPARE(vu_->findChild<QLabel*>("YieldLabel")->text(), QString("Yield: 0.0 % (0 of 10)"));
-        QVERIFY(!image().grab().isNull());
     }
 
     void theHarmonicsAreMarkedAndTheLevelsLieBelowThePeak() {

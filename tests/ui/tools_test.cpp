@@ -141,26 +141,20 @@ class ToolsTest : public QObject {
         QCOMPARE(tool.text("RsAusgabe"), "-");
         QVERIFY(!tool.note().isEmpty());
     }
-
-    void coilsFindTurnsForTheInductanceTheyFound_data() {
-        QTest::addColumn<int>("kind");
-        QTest::addRow("solenoid") << 0;
-        QTest::addRow("spiral") << 1;
-        QTest::addRow("toroid") << 2;
-    }
     void coilsFindTurnsForTheInductanceTheyFound() {
-        QFETCH(int, kind);
-        Tool tool("TFormCoils");
-        tool.choose("KindChoice", kind);
-        tool.type("NEingabe", "7");
-        const QString inductance = tool.text("LAusgabe");
-        tool.choose("DirectionChoice", 1);
-        tool.type("LEingabe", inductance);
-        QCOMPARE(tool.text("LAusgabe"), inductance);
-        QVERIFY(std::abs(tool.number("NAusgabe") - 7) <= 0.01);
-        tool.type("LEingabe", "-1n");
-        QCOMPARE(tool.text("NAusgabe"), "-");
-        QVERIFY(!tool.note().isEmpty());
+        for (const int kind : {0, 1, 2}) {  // solenoid, spiral, toroid
+            Tool tool("TFormCoils");
+            tool.choose("KindChoice", kind);
+            tool.type("NEingabe", "7");
+            const QString inductance = tool.text("LAusgabe");
+            tool.choose("DirectionChoice", 1);
+            tool.type("LEingabe", inductance);
+            QCOMPARE(tool.text("LAusgabe"), inductance);
+            QVERIFY(std::abs(tool.number("NAusgabe") - 7) <= 0.01);
+            tool.type("LEingabe", "-1n");
+            QCOMPARE(tool.text("NAusgabe"), "-");
+            QVERIFY(!tool.note().isEmpty());
+        }
     }
 
     /// 20 turns on an A_L of 4.9 nH are 1.96 µH; overlapping turns of a solenoid are told.

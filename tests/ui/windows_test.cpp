@@ -37,198 +37,153 @@ class WindowsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void everyLinkedControlOpensItsWindowWhichEscapeCloses();
-    void windowsOpenWhollyOnTheScreen();
-    void noMenuItemAndNoButtonLeadsNowhere();
-    void menuKeysOfOneMenuAreDistinct();
-    void sweepFactorIsHeldToItsRangeWhileTyping_data();
-    void sweepFactorIsHeldToItsRangeWhileTyping();
-    void cancelledSweepFactorIsRestored();
-    void windowIsPrintedIntoAFile();
-    void closingTheFormClosesItsWindows();
-    void helpKeyOfAWindowOpensItsChapter();
-};
-
-void WindowsTest::helpKeyOfAWindowOpensItsChapter() {
-    FormFixture f;
-    struct Row {
-        const char* window;
-        const char* chapter;
-    };
-    for (const auto& [window, chapter] : {Row{"TFormLines", "tools"}, Row{"TFormOpt", "optimizer"},
-                                          Row{"TFormQuiz", "suggestions"}}) {
-        f.form().windows().open(window);
-        QWidget* opened = f.form().windows().window(window);
-        QApplication::setActiveWindow(opened);
-        QTest::keyClick(opened, Qt::Key_F1);
-        auto* help = dynamic_cast<THilfeBox*>(f.form().windows().window("THilfeBox"));
-        QVERIFY2(help->isVisible(), window);
-        QCOMPARE(help->topic(), QLatin1String(chapter));
-        help->close();
-    }
-}
-
-void WindowsTest::everyLinkedControlOpensItsWindowWhichEscapeCloses() {
-    FormFixture f;
-    f.goTo(3);
-    for (const WindowLink& link : AppWindows::links()) {
-        if (auto* button = f.form().findChild<QAbstractButton*>(link.control)) button->click();
-        if (auto* item = f.form().findChild<QAction*>(link.control)) item->trigger();
-        if (QLatin1String(link.control) == QLatin1String("GRHilfe1")) {
-            QWidget* plot = f.form().windows().window("TFormPhi");
-            plot->findChild<QAction*>(link.control)->trigger();
+    void helpKeyOfAWindowOpensItsChapter() {
+        FormFixture f;
+        struct Row {
+            const char* window;
+            const char* chapter;
+        };
+        for (const auto& [window, chapter] :
+             {Row{"TFormLines", "tools"}, Row{"TFormOpt", "optimizer"},
+              Row{"TFormQuiz", "suggestions"}}) {
+            f.form().windows().open(window);
+            QWidget* opened = f.form().windows().window(window);
+            QApplication::setActiveWindow(opened);
+            QTest::keyClick(opened, Qt::Key_F1);
+            auto* help = dynamic_cast<THilfeBox*>(f.form().windows().window("THilfeBox"));
+            QVERIFY2(help->isVisible(), window);
+            QCOMPARE(help->topic(), QLatin1String(chapter));
+            help->close();
         }
-        QWidget* window = f.form().windows().window(link.window);
-        QVERIFY2(window && window->isVisible(), link.control);
-        QTest::keyClick(window, Qt::Key_Escape);
-        if (qobject_cast<QDialog*>(window)) QVERIFY2(!window->isVisible(), link.window);
-        window->close();
     }
-}
 
-void WindowsTest::windowsOpenWhollyOnTheScreen() {
-    FormFixture f;
-    const QRect room = f.form().screen()->availableGeometry();
-    QWidget& window = *f.form().windows().window("TSweepDlg");
-    for (const QPoint corner : {QPoint(-300, -300), QPoint(5000, 5000), QPoint(40, 50)}) {
-        window.move(corner);
-        f.form().windows().open("TSweepDlg");
-        QVERIFY(room.contains(window.frameGeometry()));
-        window.close();
+    void everyLinkedControlOpensItsWindowWhichEscapeCloses() {
+        FormFixture f;
+        f.goTo(3);
+        for (const WindowLink& link : AppWindows::links()) {
+            if (auto* button = f.form().findChild<QAbstractButton*>(link.control)) button->click();
+            if (auto* item = f.form().findChild<QAction*>(link.control)) item->trigger();
+            if (QLatin1String(link.control) == QLatin1String("GRHilfe1")) {
+                QWidget* plot = f.form().windows().window("TFormPhi");
+                plot->findChild<QAction*>(link.control)->trigger();
+            }
+            QWidget* window = f.form().windows().window(link.window);
+            QVERIFY2(window && window->isVisible(), link.control);
+            QTest::keyClick(window, Qt::Key_Escape);
+            if (qobject_cast<QDialog*>(window)) QVERIFY2(!window->isVisible(), link.window);
+            window->close();
+        }
     }
-    QCOMPARE(window.pos(), QPoint(40, 50));
-    QWidget& large = *f.form().windows().window("TExportDlg");
-    large.resize(room.size() * 2);
-    f.form().windows().open("TExportDlg");
-    QVERIFY(room.contains(large.frameGeometry()));
-}
 
-void WindowsTest::noMenuItemAndNoButtonLeadsNowhere() {
-    FormFixture f;
-    QSet<QString> known = {"Drucken1",
-                           "Druckereinstellung1",
-                           "ExitItem",
-                           "Rechnen1",
-                           "Undo1",
-                           "Redo1",
-                           "Ausfhren1",
-                           "OpenProject1",
-                           "OpenAsNetwork1",
-                           "FindBetter1",
-                           "NetworkExample1",
-                           "ImVordergrundbleiben1",
-                           "OK",
-                           "ButtonTake",
-                           "ButtonTakeAndOpt",
-                           "ButtonRoundAll",
-                           "New1",
-                           "Open1",
-                           "OpenRecent1",
-                           "Save1",
-                           "SaveAs1",
-                           "Abbruch",
-                           "SpeedButtonVertauschen",
-                           "ExitBtn",
-                           "RechenButton",
-                           "ExecButton",
-                           "ButtonCopy",
-                           "SpeedButtonINISave",
-                           "SpeedButtonINILaden"};
-    for (const WindowLink& link : AppWindows::links()) known << QLatin1String(link.control);
-    QStringList lost;
-    for (const QAction* item : ItemsOf(*f.form().menuBar())) {
-        const bool pageOrSeries = item->isCheckable();
-        if (!pageOrSeries && !known.contains(item->objectName())) lost << item->objectName();
+    void windowsOpenWhollyOnTheScreen() {
+        FormFixture f;
+        const QRect room = f.form().screen()->availableGeometry();
+        QWidget& window = *f.form().windows().window("TSweepDlg");
+        for (const QPoint corner : {QPoint(-300, -300), QPoint(5000, 5000), QPoint(40, 50)}) {
+            window.move(corner);
+            f.form().windows().open("TSweepDlg");
+            QVERIFY(room.contains(window.frameGeometry()));
+            window.close();
+        }
+        QCOMPARE(window.pos(), QPoint(40, 50));
+        QWidget& large = *f.form().windows().window("TExportDlg");
+        large.resize(room.size() * 2);
+        f.form().windows().open("TExportDlg");
+        QVERIFY(room.contains(large.frameGeometry()));
     }
-    const QWidget& pages = f.find<QWidget>("Notebook1");  // their buttons come with their actions
-    for (const auto* button : f.form().findChildren<QPushButton*>())
-        if (!pages.isAncestorOf(button) && !known.contains(button->objectName()))
-            lost << button->objectName();
-    for (const auto* button : f.find<QWidget>("SpeedPanel").findChildren<QToolButton*>())
-        if (button->objectName() != "qt_toolbar_ext_button" &&
-            !known.contains(button->objectName()))
-            lost << button->objectName();
-    QCOMPARE(lost, QStringList());
-}
 
-void WindowsTest::menuKeysOfOneMenuAreDistinct() {
-    FormFixture f;
-    QSet<QChar> keys;
-    for (const QAction* menu : f.form().menuBar()->actions()) {
-        const qsizetype at = menu->text().indexOf('&');
-        QVERIFY2(at >= 0, qPrintable(menu->text()));
-        const QChar key = menu->text()[at + 1].toLower();
-        QVERIFY2(!keys.contains(key), qPrintable(menu->text()));
-        QVERIFY2(key != 'h', "the Help button has this key");
-        keys << key;
+    void noMenuItemAndNoButtonLeadsNowhere() {
+        FormFixture f;
+        const QStringList own =
+            QString(
+                "Drucken1 Druckereinstellung1 ExitItem Rechnen1 Undo1 Redo1 Ausfhren1 OpenProject1 "
+                "OpenAsNetwork1 FindBetter1 NetworkExample1 ImVordergrundbleiben1 OK ButtonTake "
+                "ButtonTakeAndOpt ButtonRoundAll New1 Open1 OpenRecent1 Save1 SaveAs1 Abbruch "
+                "SpeedButtonVertauschen ExitBtn RechenButton ExecButton ButtonCopy "
+                "SpeedButtonINISave "
+                "SpeedButtonINILaden")
+                .split(' ');
+        QSet<QString> known(own.begin(), own.end());
+        for (const WindowLink& link : AppWindows::links()) known << QLatin1String(link.control);
+        QStringList lost;
+        for (const QAction* item : ItemsOf(*f.form().menuBar())) {
+            const bool pageOrSeries = item->isCheckable();
+            if (!pageOrSeries && !known.contains(item->objectName())) lost << item->objectName();
+        }
+        const QWidget& pages =
+            f.find<QWidget>("Notebook1");  // their buttons come with their actions
+        for (const auto* button : f.form().findChildren<QPushButton*>())
+            if (!pages.isAncestorOf(button) && !known.contains(button->objectName()))
+                lost << button->objectName();
+        for (const auto* button : f.find<QWidget>("SpeedPanel").findChildren<QToolButton*>())
+            if (button->objectName() != "qt_toolbar_ext_button" &&
+                !known.contains(button->objectName()))
+                lost << button->objectName();
+        QCOMPARE(lost, QStringList());
     }
-}
 
-void WindowsTest::sweepFactorIsHeldToItsRangeWhileTyping_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<QString>("shown");
-    QTest::addRow("usual") << "1.2" << 1.2 << "  1.20";
-    QTest::addRow("fine") << "1.025" << 1.025 << "  1.025";
-    QTest::addRow("too small") << "1" << 1.0001 << "  1.0001";
-    QTest::addRow("too large") << "11" << 10.0 << "  10.00";
-    QTest::addRow("no number") << "x" << 1.0001 << "  1.0001";
-}
+    void sweepFactorIsHeldToItsRangeWhileTyping() {
+        struct Row {
+            const char* text;
+            double factor;
+            const char* shown;
+        };
+        FormFixture f;
+        f.choose("SweepFaktor1");
+        QWidget* dialog = f.form().windows().window("TSweepDlg");
+        auto* edit = dialog->findChild<QLineEdit*>("SweepEingabe");
+        QCOMPARE(edit->text(), QString("  1.05"));
+        for (const auto& [text, factor, shown] :
+             {Row{"1.2", 1.2, "  1.20"}, Row{"1.025", 1.025, "  1.025"},
+              Row{"1", 1.0001, "  1.0001"}, Row{"11", 10, "  10.00"},
+              Row{"x", 1.0001, "  1.0001"}}) {
+            edit->selectAll();
+            QTest::keyClicks(edit, text);
+            QCOMPARE(f.preferences().SweepFactor, factor);
+            QTest::keyClick(dialog, Qt::Key_Return);
+            f.choose("SweepFaktor1");
+            QCOMPARE(edit->text(), QString(shown));
+        }
+    }
 
-void WindowsTest::sweepFactorIsHeldToItsRangeWhileTyping() {
-    QFETCH(QString, text);
-    QFETCH(double, factor);
-    QFETCH(QString, shown);
-    FormFixture f;
-    f.choose("SweepFaktor1");
-    QWidget* dialog = f.form().windows().window("TSweepDlg");
-    auto* edit = dialog->findChild<QLineEdit*>("SweepEingabe");
-    QCOMPARE(edit->text(), QString("  1.05"));
-    edit->selectAll();
-    QTest::keyClicks(edit, text);
-    QCOMPARE(f.preferences().SweepFactor, factor);
-    QTest::keyClick(dialog, Qt::Key_Return);
-    f.choose("SweepFaktor1");
-    QCOMPARE(edit->text(), shown);
-}
+    void cancelledSweepFactorIsRestored() {
+        FormFixture f;
+        f.choose("SweepFaktor1");
+        QWidget* dialog = f.form().windows().window("TSweepDlg");
+        auto* edit = dialog->findChild<QLineEdit*>("SweepEingabe");
+        edit->selectAll();
+        QTest::keyClicks(edit, "3");
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        QCOMPARE(f.preferences().SweepFactor, 1.05);
+    }
 
-void WindowsTest::cancelledSweepFactorIsRestored() {
-    FormFixture f;
-    f.choose("SweepFaktor1");
-    QWidget* dialog = f.form().windows().window("TSweepDlg");
-    auto* edit = dialog->findChild<QLineEdit*>("SweepEingabe");
-    edit->selectAll();
-    QTest::keyClicks(edit, "3");
-    QTest::keyClick(dialog, Qt::Key_Escape);
-    QCOMPARE(f.preferences().SweepFactor, 1.05);
-}
+    void windowIsPrintedIntoAFile() {
+        FormFixture f;
+        const QString file = f.configFolder() + "/window.pdf";
+        QTimer::singleShot(100, qApp, [&] {
+            auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            dialog->findChild<QLineEdit*>("filename")->setText(file);
+            dialog->accept();
+        });
+        f.choose("Drucken1");
+        QFile printed(file);
+        QVERIFY(printed.open(QIODevice::ReadOnly));
+        QVERIFY(printed.read(5) == "%PDF-");
+        QVERIFY(printed.size() > 5000);
+        QVERIFY(f.messages.isEmpty());
+    }
 
-void WindowsTest::windowIsPrintedIntoAFile() {
-    FormFixture f;
-    const QString file = f.configFolder() + "/window.pdf";
-    QTimer::singleShot(100, qApp, [&] {
-        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        dialog->findChild<QLineEdit*>("filename")->setText(file);
-        dialog->accept();
-    });
-    f.choose("Drucken1");
-    QFile printed(file);
-    QVERIFY(printed.open(QIODevice::ReadOnly));
-    QVERIFY(printed.read(5) == "%PDF-");
-    QVERIFY(printed.size() > 5000);
-    QVERIFY(f.messages.isEmpty());
-}
-
-void WindowsTest::closingTheFormClosesItsWindows() {
-    FormFixture f;
-    f.goTo(3);
-    f.click("VuButton");
-    QWidget* plot = f.form().windows().window("TFormVu");
-    QVERIFY(plot->isVisible());
-    f.form().close();
-    QVERIFY(!plot->isVisible());
-}
+    void closingTheFormClosesItsWindows() {
+        FormFixture f;
+        f.goTo(3);
+        f.click("VuButton");
+        QWidget* plot = f.form().windows().window("TFormVu");
+        QVERIFY(plot->isVisible());
+        f.form().close();
+        QVERIFY(!plot->isVisible());
+    }
+};
 
 QTEST_MAIN(WindowsTest)
 #include "windows_test.moc"
