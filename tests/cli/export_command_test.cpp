@@ -52,6 +52,7 @@ INSTANTIATE_TEST_SUITE_P(
         FaultyExport{{"pi", "--format", "csv", "--points", "1"}, 2, "--points"},
         FaultyExport{{"pi", "--format", "touchstone", "--z0", "-50"}, 2, "--z0"},
         FaultyExport{{"lc-series", "--r1", "200", "--r2", "50"}, 3, "It must be R2>R1!"},
+        FaultyExport{{"pi", "-o", ""}, 2, "no file name"},
         FaultyExport{{"pi", "-o", "/no such folder/pi.txt"}, 1, "Cannot write"}));
 
 TEST(ExportCommand, WritesTheSameToAFileAsToItsOutput) {
