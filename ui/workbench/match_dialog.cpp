@@ -8,7 +8,9 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "core/number_text.h"
 #include "network/network_text.h"
@@ -86,8 +88,9 @@ MatchDialog::MatchDialog(NetworkModel& model, QWidget* parent)
     connect(list_, &QListWidget::itemActivated, this, &QDialog::accept);
     connect(topology_, &QComboBox::currentIndexChanged, this, &MatchDialog::search);
     connect(Q_, &QLineEdit::textEdited, this, &MatchDialog::search);
-    resize(520, 420);
     search();
+    constexpr int kBeside = 60;  // frame, scroll bar and margins
+    resize(std::max(520, list_->sizeHintForColumn(0) + kBeside), 420);
     list_->setFocus();
     GiveMnemonics(*this);
 }
@@ -118,10 +121,14 @@ void MatchDialog::addMatch(const ExactMatch& match) {
     if (texts.isEmpty()) texts << tr("nothing: source and load match as they are");
     const QString text = texts.join(QStringLiteral("\n")) + '\n' + DcText(match.dc) +
                          QStringLiteral(", ") + WidthText(match.width);
-    const QImage picture =
-        LadderThumbnail(match.network.ladder, kThumbnail, palette().color(QPalette::Text).rgb(),
-                        devicePixelRatioF());
-    list_->addItem(new QListWidgetItem(QIcon(QPixmap::fromImage(picture)), text));
+    QIcon icon;
+    for (const auto& [mode, colour] : {std::pair(QIcon::Normal, QPalette::Text),
+                                       std::pair(QIcon::Selected, QPalette::HighlightedText)}) {
+        const QImage picture = LadderThumbnail(match.network.ladder, kThumbnail,
+                                               palette().color(colour).rgb(), devicePixelRatioF());
+        icon.addPixmap(QPixmap::fromImage(picture), mode);
+    }
+    list_->addItem(new QListWidgetItem(icon, text));
 }
 
 Network MatchDialog::chosen() const {
