@@ -56,6 +56,17 @@ bool IsKnown(const CLI::App& app, const std::string& name) {
                                [&](const CLI::App* command) { return command->check_name(name); });
 }
 
+/// An empty name is a variable of a script that was not set: it would read or keep nothing.
+void RefuseEmptyFileNames(CLI::App& app) {
+    const auto problem = [](const std::string& file) -> std::string {
+        return file.empty() ? "no file name" : "";
+    };
+    for (CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) {
+        for (CLI::Option* option : command->get_options())
+            if (option->get_type_name() == "FILE") option->check(problem);
+    }
+}
+
 ExitCode Parse(CLI::App& app, Session& session, std::vector<std::string> args) {
     if (!args.empty() && !IsKnown(app, args[0])) {
         const std::string kind = args[0].starts_with('-') ? "option" : "command";
@@ -88,6 +99,7 @@ void DeclareCommands(CLI::App& app, Session& session, std::string_view only) {
     for (const Command& command : kCommands) {
         if (!named || command.name == only) command.add(app, session);
     }
+    RefuseEmptyFileNames(app);
 }
 
 int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostream& err,

@@ -141,9 +141,7 @@ void AddExportCommand(CLI::App& app, Session& session) {
     command->add_flag("--e-series", options->eSeries,
                       "All elements take the nearest values of the standard series");
     command->add_option("-o,--output", options->file, "File to write instead of the output")
-        ->type_name("FILE")
-        ->check(CLI::Validator(
-            [](const std::string& file) { return file.empty() ? "no file name" : ""; }, ""));
+        ->type_name("FILE");
     command->callback([&session, options] { session.status = Export(*options, session); });
 }
 

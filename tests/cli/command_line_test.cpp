@@ -80,6 +80,8 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{{"design", "pi", "--r1", "ohm"}, 2, "--r1: 'ohm'"},
         UsageCase{{"design", "pi", "--fo", ""}, 2, "--fo"},
         UsageCase{{"design", "pi", "--what", "1"}, 2, "--what"},
+        UsageCase{{"design", "pi", "--ini", ""}, 2, "--ini: no file name"},
+        UsageCase{{"optimize", "pi", "--log", ""}, 2, "--log: no file name"},
         UsageCase{{"design", "pi", "--series", "E13"}, 2, "--series"},
         UsageCase{{"design", "pi", "--take", "L"}, 2, "--take"},
         UsageCase{{"design", "pi", "--take", "L=x"}, 2, "--take"},
