@@ -280,67 +280,57 @@ class PictureFilesTest : public QObject {
         QVERIFY2(worst <= 48, qPrintable(QString::number(worst)));
     }
 
-    void aFailedWriteSaysWhyAndLeavesEverythingAsItWas_data() {
-        QTest::addColumn<QString>("target");
-        QTest::addColumn<QString>("reason");
-        for (const QString suffix : {"png", "wmf", "svg"}) {
-            const auto row = [&suffix](const char* name, const QString& target, const char* why) {
-                QTest::addRow("%s, %s", name, qPrintable(suffix))
-                    << QString(target).replace('*', suffix) << QString(why);
-            };
-            row("folder as target", "folder.*", "Is a directory");
-            row("missing folder", "missing/plot.*", "No such file or directory");
-            row("read-only folder", "locked/plot.*", "Permission denied");
-            row("disk full at once", "full.*", "No space left on device");
-            row("disk full on the way", "old.*", "File too large");
-        }
-    }
     void aFailedWriteSaysWhyAndLeavesEverythingAsItWas() {
-        QFETCH(QString, target);
-        QFETCH(QString, reason);
-        QTemporaryDir folder;
-        QDir dir(folder.path());
-        for (const QString suffix : {"png", "wmf", "svg"}) {
-            dir.mkdir("folder." + suffix);
-            QFile::link("/dev/full", dir.filePath("full." + suffix));
-        }
-        dir.mkdir("locked");
-        for (const QString name : {"old.png", "old.wmf", "old.svg", "locked/plot.png",
-                                   "locked/plot.wmf", "locked/plot.svg"}) {
-            QFile file(dir.filePath(name));
-            QVERIFY(file.open(QIODevice::WriteOnly) && file.write("the old picture") > 0);
-        }
-        const auto everything = [&dir] {
-            QStringList names;
-            QDirIterator all(dir.path(), QDir::AllEntries | QDir::NoDotAndDotDot,
-                             QDirIterator::Subdirectories);
-            while (all.hasNext()) names.append(all.next());
-            names.sort();
-            return names;
+        struct Row {
+            const char* target;
+            const char* reason;
         };
-        const QStringList before = everything();
-
-        // The superuser may write anywhere; the files are opened as somebody else.
-        QFile::setPermissions(dir.filePath("locked"), QFile::ReadOwner | QFile::ExeOwner |
-                                                          QFile::ReadOther | QFile::ExeOther);
-        const bool locked = target.startsWith("locked");
-        if (locked && geteuid() == 0) {
-            QFile::setPermissions(dir.path(), QFile::Permissions(0x7777));
-            setfsuid(65534);
+        for (const QString suffix : {"png", "wmf", "svg"}) {
+            QTemporaryDir folder;
+            const QDir dir(folder.path());
+            dir.mkdir("folder." + suffix);
+            dir.mkdir("locked");
+            QFile::link("/dev/full", dir.filePath("full." + suffix));
+            for (const QString name : {"old.", "locked/plot."}) {
+                QFile file(dir.filePath(name + suffix));
+                QVERIFY(file.open(QIODevice::WriteOnly) && file.write("the old picture") > 0);
+            }
+            const auto everything = [&dir] {
+                QStringList names;
+                QDirIterator all(dir.path(), QDir::AllEntries | QDir::NoDotAndDotDot,
+                                 QDirIterator::Subdirectories);
+                while (all.hasNext()) names.append(all.next());
+                names.sort();
+                return names;
+            };
+            const QStringList before = everything();
+            // The superuser may write anywhere; the files are opened as somebody else.
+            QFile::setPermissions(dir.filePath("locked"), QFile::ReadOwner | QFile::ExeOwner |
+                                                              QFile::ReadOther | QFile::ExeOther);
+            for (const auto& [target, reason] :
+                 {Row{"folder.", "Is a directory"},
+                  Row{"missing/plot.", "No such file or directory"},
+                  Row{"full.", "No space left on device"}, Row{"old.", "File too large"},
+                  Row{"locked/plot.", "Permission denied"}}) {
+                const QString path = dir.filePath(target + suffix);
+                std::optional<FullDisk> full;
+                if (QLatin1String(target) == "old.") full.emplace();
+                if (QString(target).startsWith("locked") && geteuid() == 0) {
+                    QFile::setPermissions(dir.path(), QFile::Permissions(0x7777));
+                    setfsuid(65534);
+                }
+                const auto saved = SavePicture(path, *PictureFormatOf(path), kSize, DrawSample);
+                setfsuid(geteuid());
+                full.reset();
+                QVERIFY(!saved);
+                QCOMPARE(
+                    QString::fromStdString(saved.message()),
+                    QStringLiteral("Cannot write \"%1\": %2.").arg(path, QLatin1String(reason)));
+                QCOMPARE(everything(), before);
+                QVERIFY(!QFileInfo(path).isFile() || Content(path) == "the old picture" ||
+                        QFileInfo(path).isSymLink());
+            }
         }
-        std::optional<FullDisk> full;
-        if (target.startsWith("old")) full.emplace();
-        const QString path = dir.filePath(target);
-        const auto saved = SavePicture(path, *PictureFormatOf(path), kSize, DrawSample);
-        full.reset();
-        setfsuid(geteuid());
-
-        QVERIFY(!saved);
-        QCOMPARE(QString::fromStdString(saved.message()),
-                 QStringLiteral("Cannot write \"%1\": %2.").arg(path, reason));
-        QCOMPARE(everything(), before);
-        QVERIFY(!QFileInfo(path).isFile() || Content(path) == "the old picture" ||
-                QFileInfo(path).isSymLink());
     }
 
     void aMetafileReplacesTheOldOneAndSparesANeighbourWithTheTemporaryName() {
