@@ -133,7 +133,8 @@ char* WriteGeneral(char* to, const Decimal& decimal) {
     const std::size_t size = WithoutZerosAtTheEnd(decimal.digits);
     const bool scientific = exponent < -4 || exponent >= static_cast<int>(kDigits);
     if (!scientific && exponent < 0) {
-        std::memcpy(to, "0.000", 5);
+        constexpr std::array leading{'0', '.', '0', '0', '0'};
+        std::memcpy(to, leading.data(), leading.size());
         to += 1 - exponent;
         PutDigits(to, to + 1, decimal.digits);
         return to + size;

@@ -22,7 +22,10 @@ std::string PartsLine(const DesignRun& run) {
         }
         ++at;
         const std::string& name = shown.shownName.empty() ? shown.name : shown.shownName;
-        line += (line.empty() ? "" : ", ") + name + ' ' + value;
+        if (!line.empty()) line += ", ";
+        line += name;
+        line += ' ';
+        line += value;
     }
     return line;
 }
