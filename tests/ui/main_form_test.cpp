@@ -70,7 +70,8 @@ class MainFormTest : public QObject {
              {Row{"R1", &Design::R1, 50, 0.001, 1e6}, Row{"R2", &Design::R2, 50, 0.001, 1e6},
               Row{"fo", &Design::fo, 1e6, 1, 2e10}, Row{"Q", &Design::Q, 5, 0.2, 1000},
               Row{"QB", &Design::QB, 100, 5, 10000}, Row{"QBC", &Design::QBC, 100, 5, 10000}}) {
-            f.form().session().edit("start", [&](Design& design) { design.*value = start; });
+            f.form().session().edit(
+                "start", [value = value, start = start](Design& design) { design.*value = start; });
             for (const auto& [direction, limit] : {std::pair{"Up", high}, {"Down", low}}) {
                 auto& spin = f.find<QAbstractButton>(QString("SpinButton") + button + direction);
                 for (int i = 0; i < 12; ++i) spin.click();

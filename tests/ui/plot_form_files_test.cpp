@@ -132,7 +132,8 @@ class PlotFormFilesTest : public QObject, protected GainWindow {
                                              {"plot.jpg", "plot.png"},
                                              {"plot.v2", "plot.v2.png"}}) {
             const QTemporaryDir folder;
-            InDialog dialog([&](QWidget& d) { TypeFileName(d, folder.filePath(typed)); });
+            InDialog dialog(
+                [&, typed = typed](QWidget& d) { TypeFileName(d, folder.filePath(typed)); });
             choose("SaveasPNG1");
             QVERIFY(dialog.seen());
             QCOMPARE(QDir(folder.path()).entryList(QDir::Files).join('|'), QString(written));
