@@ -16,6 +16,8 @@ ExitCode Match(const MatchOptions& options, Session& session) {
     if (banded ? !options.at.empty() : options.at.empty() && options.ends.file.empty()) {
         return session.fail({ExitCode::Usage, "either --at or --band is required"});
     }
+    if (!options.at.empty() && !options.band.output.empty())
+        return session.fail({ExitCode::Usage, "--output is for --band"});
     if (!options.at.empty()) return MatchAtFrequency(options, session);
     auto problem = NetworkOf(options.ends, session);
     if (!problem) return session.fail(problem.status());
