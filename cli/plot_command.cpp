@@ -177,6 +177,7 @@ void AddPlotCommand(CLI::App& app, Session& session) {
                       "Within what the runs lie: all, nine tenths, median");
     command->add_option("--marker", options->markers, "Frequencies to mark, several with commas")
         ->delimiter(',')
+        ->allow_extra_args(false)
         ->check(NumberProblem)
         ->type_name("NUMBER");
     command->add_flag("--edges", options->edges, "Edges of the band at -1 dB and -3 dB");

@@ -18,6 +18,7 @@ CLI::Option* AddTraceOption(CLI::App& command, std::vector<std::string>& keys,
     return command
         .add_option("--trace,--quantity", keys, what + ", several with commas: " + TraceKeys(", "))
         ->delimiter(',')
+        ->allow_extra_args(false)  // what follows is an argument of its own
         ->check(TraceProblem)
         ->type_name("TRACE");
 }

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <QCryptographicHash>
+#include <cerrno>
 #include <chrono>
 #include <fstream>
 #include <sstream>

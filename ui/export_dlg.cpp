@@ -5,7 +5,6 @@
 
 #include "design/pages.h"
 #include "ui/form_parts.h"
-#include "ui/mnemonics.h"
 #include "ui/texts.h"
 
 namespace kelvro {
@@ -41,7 +40,6 @@ void TExportDlg::follow() {
     setWindowTitle(tr("Export - %1").arg(Shown(PageOf(host_.design()).caption)));
     const auto series = static_cast<std::size_t>(host_.preferences().ESeries);
     standardValues_->setText(tr("Standard values (%1)").arg(QLatin1String(kSeriesNames[series])));
-    GiveMnemonics(*this);  // the new caption has no letter yet
     standardValues_->setChecked(host_.standardValues());
     ExportWindow::follow();
 }

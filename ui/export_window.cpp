@@ -18,6 +18,7 @@
 #include "io/atomic_file.h"
 #include "ui/fields.h"
 #include "ui/form_parts.h"
+#include "ui/mnemonics.h"
 #include "ui/texts.h"
 
 namespace kelvro {
@@ -110,6 +111,7 @@ void ExportWindow::showEvent(QShowEvent* event) {
 
 void ExportWindow::follow() {
     if (!isVisible()) return;
+    GiveMnemonics(*this);  // captions that changed have no letter yet
     listForms();
     if (!rangeTyped_) {
         const double z0 = range_.z0;

@@ -337,7 +337,7 @@ TEST(ResponseCommand, WritesTheSameAsJson) {
     const json points = JsonOf(args);
     ASSERT_EQ(points.size(), rows.size());
     auto chosen = args;
-    chosen.insert(chosen.end(), {"--trace", "gt,phi,gt"});
+    chosen.insert(chosen.begin() + 1, {"--trace", "gt,phi,gt"});
     const auto few = CsvRows(RunWith(chosen).out);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         EXPECT_EQ(points[i]["f_Hz"], rows[i][0]);
