@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QTest>
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 
@@ -17,8 +18,10 @@ namespace kelvro {
 
 namespace {
 
-constexpr int kEdits = 10000;
-constexpr int kOpenings = 500;
+constexpr int kEditsPerOpening = 20;
+constexpr int kPageChanges = 200;
+/// The steps that can be undone are 1000: until then they do pile up.
+constexpr int kRemembered = 1100;
 /// Bytes: texts, caches of fonts and lists have not all reached their size behind the first part.
 constexpr double kMostMemory = 2e6;
 
@@ -39,11 +42,11 @@ struct Taken {
     }
 };
 
-/// Does a step over and over; what the first quarter takes is not counted.
-bool Grows(const char* what, int times, const std::function<void(int)>& step) {
+/// Does a step over and over; what the first ones take is not counted.
+bool Grows(const char* what, int first, int times, const std::function<void(int)>& step) {
     Taken before{};
     for (int i = 0; i < times; ++i) {
-        if (i == times / 4) before = Taken::now();
+        if (i == first) before = Taken::now();
         step(i);
         QCoreApplication::processEvents();
     }
@@ -56,9 +59,9 @@ bool Grows(const char* what, int times, const std::function<void(int)>& step) {
 }
 
 /// Replaces the text of one of the page's fields, now and then on another page.
-void Edit(TSDIAppForm& form, int i) {
+void Edit(TSDIAppForm& form, int i, int onEachPage) {
     auto* tabs = form.findChild<TabSet*>("TabSet1");
-    if (i % 50 == 0) QTest::mouseClick(tabs->tab(i / 50 % 19), Qt::LeftButton);
+    if (i % onEachPage == 0) QTest::mouseClick(tabs->tab(i / onEachPage % 19), Qt::LeftButton);
     QList<QLineEdit*> fields;
     for (QLineEdit* field : form.findChildren<QLineEdit*>()) {
         if (field->isVisible() && field->isEnabled() && !field->isReadOnly()) fields << field;
@@ -78,16 +81,20 @@ void OpenAndClose(TSDIAppForm& form, int i) {
 
 }  // namespace
 
-int WatchGrowth() {
+int WatchGrowth(int edits) {
     TSDIAppForm form;
     form.session().setMessageSink([](const QString&) {});
     form.windows().create(StartStage::BeforeSplash);
     form.windows().create(StartStage::BehindSplash);
     form.startUp({});
     form.show();
-    const bool edits = Grows("edits", kEdits, [&](int i) { Edit(form, i); });
-    const bool openings = Grows("openings", kOpenings, [&](int i) { OpenAndClose(form, i); });
-    return edits || openings ? 1 : 0;
+    const int onEachPage = std::max(1, edits / kPageChanges);
+    const bool typing = Grows("edits", std::max(edits / 4, kRemembered), edits,
+                              [&](int i) { Edit(form, i, onEachPage); });
+    const int openings = edits / kEditsPerOpening;
+    const bool opening =
+        Grows("openings", openings / 4, openings, [&](int i) { OpenAndClose(form, i); });
+    return typing || opening ? 1 : 0;
 }
 
 }  // namespace kelvro

@@ -1,6 +1,6 @@
 // The whole program used at random, and over and over:
 //   monkey [--seed N] [--seconds N] [--slow SECONDS]   random use; ends with 1 where a step is slow
-//   monkey --growth                                    10 000 edits and 500 openings of windows: no
+//   monkey --growth [--edits N]                        10 000 edits and 500 openings of windows: no
 //                                                      memory, descriptors or widgets may pile up
 
 #include <fcntl.h>
@@ -98,9 +98,11 @@ int main(int argc, char** argv) {
     options.addOptions({{"seed", "", "N"},
                         {"seconds", "", "N", "60"},
                         {"slow", "", "SECONDS", "0.5"},
-                        {"growth", ""}});
+                        {"growth", ""},
+                        {"edits", "", "N", "10000"}});
     options.process(app);
-    const int code = options.isSet("growth") ? WatchGrowth() : UseAtRandom(options, home.path());
+    const int code = options.isSet("growth") ? WatchGrowth(options.value("edits").toInt())
+                                             : UseAtRandom(options, home.path());
     for (const char* scheme : kSchemes) QDesktopServices::unsetUrlHandler(scheme);
     return code;
 }
