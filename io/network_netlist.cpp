@@ -221,20 +221,19 @@ std::string NetworkNetlist::table(const PortData& data, const Value& value) cons
 void NetworkNetlist::measured(const Impedance::Measured& measured, const std::string& from,
                               const std::string& to) {
     const PortData& data = *measured.data;
-    if (data.ports == 2 && measured.port == 0) return twoPort(data, from, to, to);
+    const double turn = measured.conjugate ? -1 : 1;
+    if (data.ports == 2 && measured.port == 0) return twoPort(data, {from, to, to}, turn);
     const bool second = data.ports == 2 && measured.port == 2;
     const std::size_t k = second ? 3 : 0;
-    const double turn = measured.conjugate ? -1 : 1;
     const WavePort port = wavePort(data.reference[second ? 1 : 0], from, to);
     const auto re = table(data, [&](const auto& s) { return s[k].real(); });
     const auto im = table(data, [&](const auto& s) { return turn * s[k].imag(); });
     deck_.line(newName('B') + ' ' + port.out + " 0 V=" + waveTerm(re, im, port));
 }
 
-void NetworkNetlist::twoPort(const PortData& data, const std::string& first,
-                             const std::string& second, const std::string& ground) {
-    const WavePort ports[] = {wavePort(data.reference[0], first, ground),
-                              wavePort(data.reference[1], second, ground)};
+void NetworkNetlist::twoPort(const PortData& data, const TwoPortNodes& nodes, double turn) {
+    const WavePort ports[] = {wavePort(data.reference[0], nodes.first, nodes.ground),
+                              wavePort(data.reference[1], nodes.second, nodes.ground)};
     for (std::size_t out = 0; out < 2; ++out) {
         std::string sum;
         for (std::size_t in = 0; in < 2; ++in) {
@@ -242,7 +241,7 @@ void NetworkNetlist::twoPort(const PortData& data, const std::string& first,
             const double scale = std::sqrt(data.reference[out] / data.reference[in]);
             const std::size_t k = 2 * out + in;
             const auto re = table(data, [&](const auto& s) { return scale * s[k].real(); });
-            const auto im = table(data, [&](const auto& s) { return scale * s[k].imag(); });
+            const auto im = table(data, [&](const auto& s) { return turn * scale * s[k].imag(); });
             sum += (sum.empty() ? "" : "\n+ +") + waveTerm(re, im, ports[in]);
         }
         deck_.line(newName('B') + ' ' + ports[out].out + " 0 V=" + sum);
@@ -267,7 +266,7 @@ std::string NetworkNetlist::element(const LadderElement& element, const std::str
     if (const auto* pair = std::get_if<CoupledCoils>(&element.is)) return coils(*pair, node);
     if (const auto* two = std::get_if<MeasuredTwoPort>(&element.is)) {
         std::string behind = newNode();
-        twoPort(*two->data, node, behind, "0");
+        twoPort(*two->data, {node, behind, "0"}, 1);
         return behind;
     }
     if (const auto* branch = std::get_if<Branch>(&element.is)) {

@@ -37,8 +37,13 @@ class NetworkNetlist {
     std::string line(const Line& line, const std::string& node);
     std::string transformer(const Transformer& transformer, const std::string& node);
     std::string coils(const CoupledCoils& coils, const std::string& node);
-    void twoPort(const PortData& data, const std::string& first, const std::string& second,
-                 const std::string& ground);
+    struct TwoPortNodes {
+        std::string first;
+        std::string second;
+        std::string ground;
+    };
+    /// turn is -1 where the parameters are conjugated, else 1.
+    void twoPort(const PortData& data, const TwoPortNodes& nodes, double turn);
 
     /// A port with a wave that goes out: its nodes.
     struct WavePort {

@@ -125,7 +125,7 @@ struct Draw {
         return files[data.name] = std::make_shared<const PortData>(data);
     }
     Impedance::Measured measured(int ports, double f) {
-        if (ports == 2) return {data(ports, f), coin() ? 0 : 2};
+        if (ports == 2) return {data(ports, f), coin() ? 0 : 2, coin()};
         return {data(ports, f), 0, coin()};
     }
     Termination termination(double f) {
