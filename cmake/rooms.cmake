@@ -35,8 +35,9 @@ set(kelvro_std_headers <algorithm> <array> <complex> <functional> <map> <optiona
                        <variant> <vector>)
 set(kelvro_qt_headers <QtWidgets/QtWidgets> ${kelvro_std_headers})
 
-# Windows and commands compute little: with sanitizers their build costs more than their run.
-set(kelvro_quick_build $<$<BOOL:${KELVRO_SANITIZE}>:-O0>)
+# Windows and commands compute little: with sanitizers their build costs more than their run, but for
+# fuzzers that run for hours.
+set(kelvro_quick_build $<$<AND:$<BOOL:${KELVRO_SANITIZE}>,$<CONFIG:Debug>>:-O0>)
 
 # Fuzzers follow where an input leads. In windows and tests, where no fuzzer comes, it costs a tenth of
 # the build.

@@ -15,14 +15,21 @@ namespace {
 
 enum class Line : std::uint8_t { Plain, SectionWithTail, Unknown };
 
-/// What the parser makes of a line; of unknown ones it may make anything.
-Line KindOf(std::string_view line) {
+/// The parser takes an indented comment at the top for one of the first section.
+std::string_view Trimmed(std::string_view line) {
     const auto start = line.find_first_not_of(" \t");
+    if (start == std::string_view::npos) return {};
+    return line.substr(start, line.find_last_not_of(" \t") + 1 - start);
+}
+
+/// What the parser makes of a line, trimmed and not blank; of unknown ones it may make anything.
+Line KindOf(std::string_view line) {
     if (line.find('\0') != std::string_view::npos) return Line::Unknown;
-    if (start == std::string_view::npos) return Line::Plain;
-    line = line.substr(start, line.find_last_not_of(" \t") + 1 - start);
     if (line[0] == ';' || line[0] == '#') return Line::Plain;
-    if (line[0] != '[') return line.find('=', 1) < line.size() ? Line::Plain : Line::Unknown;
+    if (line[0] != '[') {
+        const auto name = line.find('=');
+        return name > 0 && name != std::string_view::npos ? Line::Plain : Line::Unknown;
+    }
     const auto end = line.find(']');
     // Without a name a section is written without its line.
     if (end == std::string_view::npos || line.find_first_not_of(" \t", 1) == end) {
@@ -43,9 +50,9 @@ Cleaned CleanedLines(std::string_view bytes) {
     Cleaned cleaned;
     while (!bytes.empty()) {
         const auto end = std::min(bytes.find_first_of("\r\n"), bytes.size());
-        const std::string_view line = bytes.substr(0, end);
+        const std::string_view line = Trimmed(bytes.substr(0, end));
         bytes.remove_prefix(std::min(end + 1, bytes.size()));
-        if (line.find_first_not_of(" \t") == std::string_view::npos) continue;
+        if (line.empty()) continue;
         const Line kind = KindOf(line);
         if (kind != Line::Plain) cleaned.whole = false;
         if (kind == Line::Unknown) continue;

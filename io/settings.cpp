@@ -243,6 +243,16 @@ struct ExistingFile {
     std::string checksum = {};
 };
 
+ExistingFile OfText(const std::string& text) {
+    using Kind = ExistingFile::Kind;
+    ExistingFile existing{Kind::Settings, {}, ProfileText(text), Checksum(text)};
+    const bool hasSection = existing.profile.hasSection(kSection);
+    if (!existing.profile.complete() && !hasSection) {
+        return {Kind::Foreign, QStringLiteral("it is not a settings file")};
+    }
+    return existing;
+}
+
 ExistingFile Examine(const QString& path) {
     using Kind = ExistingFile::Kind;
     const QFileInfo info(path);
@@ -255,13 +265,7 @@ ExistingFile Examine(const QString& path) {
     // Some files tell no size; room for the largest would be cleared at every start.
     const QByteArray bytes = file.read(std::min(kLargestFile, file.size() + 4096));
     if (file.error() != QFileDevice::NoError) return {Kind::Unreadable, file.errorString()};
-    const std::string text = bytes.toStdString();
-    ExistingFile existing{Kind::Settings, {}, ProfileText(text), Checksum(text)};
-    const bool hasSection = existing.profile.hasSection(kSection);
-    if (!existing.profile.complete() && !hasSection) {
-        return {Kind::Foreign, QStringLiteral("it is not a settings file")};
-    }
-    return existing;
+    return OfText(bytes.toStdString());
 }
 
 std::filesystem::path NativePath(const QString& path) {
@@ -299,17 +303,15 @@ bool MustBeKept(const ExistingFile& existing) {
     }
 }
 
-}  // namespace
-
-SettingsRead ReadSettings(const QString& file, Settings settings) {
-    const ExistingFile existing = Examine(file);
+/// `name` of the file is for the message.
+SettingsRead ReadExisting(const ExistingFile& existing, const QString& name, Settings settings) {
     SettingsRead read{SettingsRead::Status::Read, std::move(settings), {}};
     QString reason = existing.reason;
     if (existing.kind == ExistingFile::Kind::Settings && !existing.profile.hasSection(kSection))
         reason = QStringLiteral("it is not a settings file");
     if (!reason.isEmpty()) {
         read.status = SettingsRead::Status::Unusable;
-        read.message = QStringLiteral("Cannot read \"%1\": %2.").arg(file, reason);
+        read.message = QStringLiteral("Cannot read \"%1\": %2.").arg(name, reason);
         return read;
     }
     if (existing.kind == ExistingFile::Kind::Missing) read.status = SettingsRead::Status::Missing;
@@ -321,8 +323,30 @@ SettingsRead ReadSettings(const QString& file, Settings settings) {
             QStringLiteral(
                 "\"%1\" was written by a later version of Kelvro. What this one knows of it "
                 "is taken over; the file itself stays as it is.")
-                .arg(file);
+                .arg(name);
     return read;
+}
+
+void Put(const Settings& settings, ProfileText& profile) {
+    for (const SettingsLine& line : Lines())
+        profile.set(kSection, std::string(line.key).c_str(), TextOf(line, settings));
+    WriteExact(settings, profile);
+}
+
+}  // namespace
+
+SettingsRead ReadSettings(const QString& file, Settings settings) {
+    return ReadExisting(Examine(file), file, std::move(settings));
+}
+
+SettingsRead ParseSettings(const std::string& text, const QString& name, Settings settings) {
+    return ReadExisting(OfText(text), name, std::move(settings));
+}
+
+std::string SettingsText(const Settings& settings, const std::string& old) {
+    ProfileText profile(old);
+    Put(settings, profile);
+    return profile.bytes();
 }
 
 SettingsSave WriteSettings(const QString& file, const Settings& settings,
@@ -334,9 +358,7 @@ SettingsSave WriteSettings(const QString& file, const Settings& settings,
     if (existing.kind == ExistingFile::Kind::NoFile) return Failed(file, existing.reason);
     if (VersionOf(existing.profile) > kSettingsVersion)
         return Failed(file, QStringLiteral("it was written by a later version of Kelvro"));
-    for (const SettingsLine& line : Lines())
-        existing.profile.set(kSection, std::string(line.key).c_str(), TextOf(line, settings));
-    WriteExact(settings, existing.profile);
+    Put(settings, existing.profile);
     std::optional<QString> copy;
     if (MustBeKept(existing)) {
         copy = KeepAside(file);

@@ -50,6 +50,9 @@ struct SettingsRead {
 /// Those count while the rounded texts are still theirs; then the design comes back as it was.
 SettingsRead ReadSettings(const QString& file, Settings settings);
 
+/// The same with the text of a file; `name` is for the message.
+SettingsRead ParseSettings(const std::string& text, const QString& name, Settings settings);
+
 struct SettingsSave {
     enum class Status {
         Saved,
@@ -70,6 +73,10 @@ struct SettingsSave {
 ///              may be.
 SettingsSave WriteSettings(const QString& file, const Settings& settings,
                            const std::optional<std::string>& known = {});
+
+/// The text of a settings file: `old` with the settings in it, which keeps what WriteSettings keeps
+/// of a file.
+std::string SettingsText(const Settings& settings, const std::string& old = {});
 
 /// kelvro/kelvro.ini in the user's configuration folder.
 QString DefaultSettingsFile();
