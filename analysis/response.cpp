@@ -107,12 +107,11 @@ Complex Response::value(double f) const {
 }
 
 double Response::magnitude(double f) const {
-    const Cx H = transfer(f);
-    return std::sqrt(H.real() * H.real() + H.imag() * H.imag());
+    return Magnitude(transfer(f));
 }
 
 double Response::phase(double f) const {
-    return value(f).argument();
+    return PhaseDegrees(transfer(f));
 }
 
 double Response::magnitudeDb(double f) const {
@@ -130,6 +129,14 @@ double Response::groupDelay(double f) const {
     const double step = kRelativeStep * f;
     const Cx turned = transfer(f + step) * std::conj(transfer(f - step));
     return -std::arg(turned) / (2 * kTwoPi * step);
+}
+
+double Magnitude(Cx H) {
+    return std::sqrt(H.real() * H.real() + H.imag() * H.imag());
+}
+
+double PhaseDegrees(Cx H) {
+    return Complex::Cartesian(H.real(), H.imag()).argument();
 }
 
 double MagnitudeDb(double magnitude) {

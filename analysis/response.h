@@ -48,6 +48,10 @@ class Response {
     double referenceDb_;
 };
 
+/// |H| of a value of Response::transfer, and its phase in degrees, (-180, 180].
+double Magnitude(std::complex<double> H);
+double PhaseDegrees(std::complex<double> H);
+
 /// 20·log10 of a magnitude; 0 gives a large negative number, never minus infinity.
 double MagnitudeDb(double magnitude);
 

@@ -15,23 +15,22 @@ namespace kelvro {
 
 namespace {
 
-/// Of what a page promises, else of the network that stands there.
-template <double (Response::*ofPage)(double) const, double (*ofNetwork)(const NetworkPoint&)>
-double OfResponse(const TraceSource& source, double f) {
-    return source.response ? ((*source.response).*ofPage)(f) : ofNetwork(source.point(f));
-}
+// Of what a page promises, else of the network that stands there.
+
 double VoltageGain(const TraceSource& source, double f) {
-    return source.response ? source.response->magnitudeDb(f)
+    return source.response ? source.magnitudeDb(f)
                            : MagnitudeDb(std::abs(source.network->voltageTransfer(f)));
 }
-double PowerGain(const NetworkPoint& point) {
-    return MagnitudeDb(std::sqrt(point.GT));
+double PowerGain(const TraceSource& source, double f) {
+    return source.response ? source.magnitudeDb(f) - source.response->referenceDb()
+                           : MagnitudeDb(std::sqrt(source.point(f).GT));
 }
-double PhaseOf(const NetworkPoint& point) {
-    return std::arg(point.transfer) * kDegreesPerRadian;
+double PhaseOf(const TraceSource& source, double f) {
+    return source.response ? PhaseDegrees(source.transfer(f))
+                           : std::arg(source.point(f).transfer) * kDegreesPerRadian;
 }
-double DelayOf(const NetworkPoint& point) {
-    return point.groupDelay;
+double GroupDelay(const TraceSource& source, double f) {
+    return source.response ? source.response->groupDelay(f) : source.point(f).groupDelay;
 }
 
 template <int top>
@@ -43,8 +42,6 @@ TraceScale PhaseScale(const TraceSource&) {
     return {-180, 180, 15, 3};
 }
 
-constexpr auto GroupDelay = OfResponse<&Response::groupDelay, DelayOf>;
-
 /// Twice the delay at fo, rounded up: a resonance beside fo still has its peak in view.
 TraceScale DelayScale(const TraceSource& source) {
     const double delay = 2 * std::fabs(GroupDelay(source, source.fo));
@@ -54,9 +51,8 @@ TraceScale DelayScale(const TraceSource& source) {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-/// |(Zin - R1)/(Zin + R1)|: what the source gets back.
 double Reflection(const TraceSource& source, double f) {
-    return source.network ? std::abs(source.point(f).gammaIn) : kNaN;
+    return source.network ? source.reflection(f) : kNaN;
 }
 
 double ReturnLoss(const TraceSource& source, double f) {
@@ -146,7 +142,7 @@ constexpr std::array kTraces{
           .unit = "dB",
           .column = "GT_dB",
           .axis = TraceAxis::Gain,
-          .value = OfResponse<&Response::relativeDb, PowerGain>,
+          .value = PowerGain,
           .scale = GainScale<10>,
           .tolerance = 0.1,
           .levels = true,
@@ -157,7 +153,7 @@ constexpr std::array kTraces{
           .unit = "°",
           .column = "phase_deg",
           .axis = TraceAxis::Phase,
-          .value = OfResponse<&Response::phase, PhaseOf>,
+          .value = PhaseOf,
           .scale = PhaseScale,
           .tolerance = 0.5,
           .turn = 360},
@@ -243,8 +239,32 @@ TraceSource::TraceSource(const Design& state)
     : response(state), network(NetworkResponse(state)), fo(state.fo), R1(state.R1) {}
 
 const NetworkPoint& TraceSource::point(double f) const {
-    if (!last_ || last_->f != f) last_ = network->at(f);
+    if (!last_ || last_->f != f) {
+        last_ = network->at(f);
+        reflection_.reset();
+    }
     return *last_;
+}
+
+double TraceSource::reflection(double f) const {
+    const NetworkPoint& here = point(f);
+    if (!reflection_) reflection_ = std::abs(here.gammaIn);
+    return *reflection_;
+}
+
+TraceSource::Transferred& TraceSource::transferred(double f) const {
+    if (!transferred_ || transferred_->f != f) transferred_ = {f, response->transfer(f)};
+    return *transferred_;
+}
+
+std::complex<double> TraceSource::transfer(double f) const {
+    return transferred(f).H;
+}
+
+double TraceSource::magnitudeDb(double f) const {
+    Transferred& here = transferred(f);
+    if (!here.dB) here.dB = MagnitudeDb(Magnitude(here.H));
+    return *here.dB;
 }
 
 TraceSource::TraceSource(const Network& bare) : network(bare), fo(bare.designFrequency) {}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <complex>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -25,12 +26,28 @@ struct TraceSource {
     double fo = 0;                          ///< design frequency, Hz
     double R1 = 0;                          ///< source resistance, ohm
 
-    /// What `network`, which must be there, does at f. The last frequency's values are kept: a
-    /// table asks for many traces at each. Not for several threads at once.
+    // What there is at f. The last frequency's values are kept: a table asks for many traces at
+    // each. Not for several threads at once.
+
+    /// What `network`, which must be there, does.
     const NetworkPoint& point(double f) const;
+    /// |(Zin - R1)/(Zin + R1)|, what the source gets back from `network`, which must be there.
+    double reflection(double f) const;
+    /// Of `response`, which must be there: Response::transfer and its magnitude in dB.
+    std::complex<double> transfer(double f) const;
+    double magnitudeDb(double f) const;
 
   private:
+    struct Transferred {
+        double f;
+        std::complex<double> H;
+        std::optional<double> dB = {};
+    };
+    Transferred& transferred(double f) const;
+
     mutable std::optional<NetworkPoint> last_;
+    mutable std::optional<double> reflection_;  ///< of last_
+    mutable std::optional<Transferred> transferred_;
 };
 
 /// Traces on the same axis share its range.

@@ -52,8 +52,7 @@ std::vector<std::string> WithTextsMarked(std::vector<std::string> args) {
 /// Can an argument stand first: a command or one of the program's own options?
 bool IsKnown(const CLI::App& app, const std::string& name) {
     if (name.starts_with('-')) return app.get_option_no_throw(name) != nullptr;
-    return std::ranges::any_of(app.get_subcommands([](const CLI::App*) { return true; }),
-                               [&](const CLI::App* command) { return command->check_name(name); });
+    return std::ranges::find(kCommands, name, &Command::name) != std::end(kCommands);
 }
 
 /// An empty name is a variable of a script that was not set: it would read or keep nothing.
@@ -89,26 +88,27 @@ ExitCode Parse(CLI::App& app, Session& session, std::vector<std::string> args) {
 
 }  // namespace
 
-void DeclareCommands(CLI::App& app, Session& session, std::string_view only) {
+void DeclareCommands(CLI::App& app, Session& session) {
     app.name("kelvro-cli");
     app.description("Designs matching networks, attenuators and PA output networks.");
     app.set_version_flag("--version", "kelvro-cli " KELVRO_VERSION);
     app.require_subcommand(1);
     app.footer("Numbers carry engineering prefixes: 10M, 4.7k, 100n, 2,2u.");
-    const bool named = std::ranges::find(kCommands, only, &Command::name) != std::end(kCommands);
+    const std::string_view first = session.args.empty() ? "" : session.args[0];
+    const bool help = first == "--help" || first == "-h";
     for (const Command& command : kCommands) {
-        if (!named || command.name == only) command.add(app, session);
+        if (help || command.name == first) command.add(app, session);
     }
     RefuseEmptyFileNames(app);
 }
 
 int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostream& err,
                    bool terminal, PictureWriter writePicture) {
-    Session session{.out = out, .err = err, .writePicture = writePicture, .terminal = terminal};
+    Session session{
+        .out = out, .err = err, .writePicture = writePicture, .terminal = terminal, .args = args};
     CLI::App app;
-    // The options of all commands take longer to declare than most commands take to do.
-    DeclareCommands(app, session, args.empty() ? std::string_view() : args[0]);
-    ExitCode code = Parse(app, session, std::move(args));
+    DeclareCommands(app, session);
+    ExitCode code = Parse(app, session, args);
     out.flush();
     if (!out && code == ExitCode::Done) {
         code = session.fail({ExitCode::Failed, "the output could not be written"});

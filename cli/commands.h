@@ -10,8 +10,9 @@
 
 namespace kelvro {
 
-/// Gives `app` its name, its own options and its commands; where `only` names a command, that one.
-void DeclareCommands(CLI::App& app, Session& session, std::string_view only = {});
+/// Gives `app` its name, its own options and the command that the session's arguments name; all
+/// commands where help lists them.
+void DeclareCommands(CLI::App& app, Session& session);
 
 void AddNumberCommand(CLI::App& app, Session& session);
 void AddSeriesCommand(CLI::App& app, Session& session);

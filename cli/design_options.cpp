@@ -31,24 +31,25 @@ std::string HelpText(const InputField& field) {
     return text;
 }
 
-void AddInputOption(CLI::App& command, DesignOptions& options, const InputField& field,
-                    const std::string& group) {
+void AddInputOption(CLI::App& command, const Session& session, DesignOptions& options,
+                    const InputField& field, const std::string& group) {
+    if (field.option.empty() || !session.mentions(field.option)) return;
     const std::string name(field.option);
     // Several pages share an input; its option is declared once.
-    if (name.empty() || options.inputs.contains(name)) return;
+    if (options.inputs.contains(name)) return;
     command.add_option("--" + name, options.inputs[name], HelpText(field))
         ->check(NumberProblem)
         ->type_name("NUMBER")
         ->group(group);
 }
 
-void AddFieldOptions(CLI::App& command, DesignOptions& options) {
+void AddFieldOptions(CLI::App& command, const Session& session, DesignOptions& options) {
     for (const InputField& field : SharedInputs()) {
-        AddInputOption(command, options, field, "Inputs");
+        AddInputOption(command, session, options, field, "Inputs");
     }
     for (const Page& page : Pages()) {
         for (const InputField& field : page.inputs) {
-            AddInputOption(command, options, field, "Inputs of single pages");
+            AddInputOption(command, session, options, field, "Inputs of single pages");
         }
     }
 }
@@ -73,14 +74,15 @@ InputField FieldOf(const Page& page, std::string_view option) {
 }
 
 /// Check boxes with an option of their own.
-void AddSwitchOptions(CLI::App& command, const std::shared_ptr<DesignOptions>& options) {
+void AddSwitchOptions(CLI::App& command, const Session& session,
+                      const std::shared_ptr<DesignOptions>& options) {
     for (const Page& page : Pages()) {
         for (const SwitchField& field : page.switches) {
             const std::string object(field.object);
             const std::string caption(field.caption);
             const auto add = [&](std::string_view name, std::vector<std::string>& boxes,
                                  const std::string& help) {
-                if (name.empty()) return;
+                if (name.empty() || !session.mentions(name)) return;
                 const auto put = [options, &boxes, object] { boxes.push_back(object); };
                 command.add_flag_callback("--" + std::string(name), put, help)
                     ->group("Inputs of single pages");
@@ -134,21 +136,21 @@ Design StartState(const DesignOptions& options, Session& session) {
 
 }  // namespace
 
-std::shared_ptr<DesignOptions> AddInputOptions(CLI::App& command) {
+std::shared_ptr<DesignOptions> AddInputOptions(CLI::App& command, const Session& session) {
     auto options = std::make_shared<DesignOptions>();
-    AddFieldOptions(command, *options);
+    AddFieldOptions(command, session, *options);
     command.add_option("--ini", options->ini, "Settings file to start from")->type_name("FILE");
     command.add_flag("--no-optimize", options->noOptimize, "Leave components as designed");
     return options;
 }
 
-std::shared_ptr<DesignOptions> AddDesignOptions(CLI::App& command) {
-    auto options = AddInputOptions(command);
+std::shared_ptr<DesignOptions> AddDesignOptions(CLI::App& command, const Session& session) {
+    auto options = AddInputOptions(command, session);
     command.add_option("PAGE", options->page, "Design page: number or key")
         ->required()
         ->check(PageProblem)
         ->type_name("");
-    AddSwitchOptions(command, options);
+    AddSwitchOptions(command, session, options);
     command.add_flag("--swap-lc", options->swapLC,
                      "Interchange inductors and capacitors; components show their dual values");
     command

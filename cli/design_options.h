@@ -30,11 +30,12 @@ struct DesignOptions {
 };
 
 /// Declares one option per input field of the pages' table (--r1 ... --ibg), --ini and
-/// --no-optimize: the inputs without a page. The result lives as long as the command.
-std::shared_ptr<DesignOptions> AddInputOptions(CLI::App& command);
+/// --no-optimize: the inputs without a page. The result lives as long as the command. Of the many
+/// inputs those that the session does not mention are left out.
+std::shared_ptr<DesignOptions> AddInputOptions(CLI::App& command, const Session& session);
 
 /// The same with PAGE, --swap-lc, --check, --series and --take.
-std::shared_ptr<DesignOptions> AddDesignOptions(CLI::App& command);
+std::shared_ptr<DesignOptions> AddDesignOptions(CLI::App& command, const Session& session);
 
 /// Declares --json.
 void AddJsonOption(CLI::App& command, DesignOptions& options);

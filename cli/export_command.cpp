@@ -130,7 +130,7 @@ void AddExportCommand(CLI::App& app, Session& session) {
     CLI::App* command = app.add_subcommand(
         "export", "Design or network in a form that other tools read: " + FormatKeys());
     auto options = std::make_shared<ExportOptions>();
-    options->design = AddDesignOptions(*command);
+    options->design = AddDesignOptions(*command, session);
     command->get_option("PAGE")->required(false);
     AddNetworkOptions(*command, options->network, false);
     command->add_option("--format", options->format, "One of: " + FormatKeys())

@@ -48,7 +48,7 @@ void AddGoalCommand(CLI::App& app, Session& session) {
     CLI::App* command =
         app.add_subcommand("goal", "Value that the optimizer makes small, of a calculated design");
     auto goal = std::make_shared<GoalCommand>();
-    goal->options = AddOptimizerOptions(*command);
+    goal->options = AddOptimizerOptions(*command, session);
     command
         ->add_option("--x", goal->x,
                      "Parameters: logarithms of the components relative to the calculated ones, or "

@@ -157,7 +157,7 @@ void AddOptimizeCommand(CLI::App& app, Session& session) {
     CLI::App* command =
         app.add_subcommand("optimize", "Optimize one page and show what the optimizer did");
     auto optimize = std::make_shared<OptimizeCommand>();
-    optimize->options = AddOptimizerOptions(*command);
+    optimize->options = AddOptimizerOptions(*command, session);
     command->add_option("--max-iterations", optimize->maxIterations, "Limit of each run")
         ->check(CLI::Range(1, kMostIterations));
     command

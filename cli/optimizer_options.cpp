@@ -25,9 +25,9 @@ KeywordPreset PresetOf(const OptimizerOptions& options) {
 
 }  // namespace
 
-std::shared_ptr<OptimizerOptions> AddOptimizerOptions(CLI::App& command) {
+std::shared_ptr<OptimizerOptions> AddOptimizerOptions(CLI::App& command, const Session& session) {
     auto options = std::make_shared<OptimizerOptions>();
-    options->design = AddDesignOptions(command);
+    options->design = AddDesignOptions(command, session);
     AddJsonOption(command, *options->design);
     command
         .add_option("--keywords", options->keywords,

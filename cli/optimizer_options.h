@@ -21,7 +21,7 @@ struct OptimizerOptions {
 };
 
 /// Declares the options of a design, --json, --keywords and --max-norm.
-std::shared_ptr<OptimizerOptions> AddOptimizerOptions(CLI::App& command);
+std::shared_ptr<OptimizerOptions> AddOptimizerOptions(CLI::App& command, const Session& session);
 
 /// A calculated design, not optimized yet, with the settings for it.
 struct PreparedDesign {

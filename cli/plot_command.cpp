@@ -160,7 +160,7 @@ ExitCode Plot(const PlotOptions& options, Session& session) {
 void AddPlotCommand(CLI::App& app, Session& session) {
     CLI::App* command = app.add_subcommand("plot", "Plot of a design's response as a picture file");
     auto options = std::make_shared<PlotOptions>();
-    options->design = AddDesignOptions(*command);
+    options->design = AddDesignOptions(*command, session);
     AddTraceOption(*command, options->traces,
                    "What is drawn, the first on the left axis, those of one more on the right")
         ->capture_default_str();

@@ -177,15 +177,16 @@ void AddProposeCommand(CLI::App& app, Session& session) {
     CLI::App* command = app.add_subcommand(
         "propose", "Rank the pages for the given inputs and wishes (--q and --v are wishes)");
     auto options = std::make_shared<ProposeOptions>();
-    options->inputs = AddInputOptions(*command);
+    options->inputs = AddInputOptions(*command, session);
     options->inputs->page = PageOf(1).key;  // inputs only: every page is entered in turn
     Wishes& wishes = options->wishes;
     const std::string group = "Wishes";
-    command->add_option("--bandwidth", options->bandwidth, "Bandwidth (Hz), instead of --q")
-        ->check(PositiveNumberProblem)
-        ->type_name("NUMBER")
-        ->excludes("--q")
-        ->group(group);
+    CLI::Option* bandwidth =
+        command->add_option("--bandwidth", options->bandwidth, "Bandwidth (Hz), instead of --q")
+            ->check(PositiveNumberProblem)
+            ->type_name("NUMBER")
+            ->group(group);
+    if (session.mentions("q")) bandwidth->excludes("--q");
     command->add_option("--dc", options->dc, "DC from source to load: any, pass or block")
         ->check(CLI::IsMember(kDcChoices))
         ->type_name("PATH")

@@ -80,7 +80,7 @@ ExitCode ReportResponse(const ResponseOptions& sweep, Session& session) {
 void AddResponseCommand(CLI::App& app, Session& session) {
     CLI::App* command = app.add_subcommand("response", "Frequency response of a design as CSV");
     auto sweep = std::make_shared<ResponseOptions>();
-    sweep->design = AddDesignOptions(*command);
+    sweep->design = AddDesignOptions(*command, session);
     AddJsonOption(*command, *sweep->design);
     command->add_option("--from", sweep->from, "First frequency (Hz)")
         ->required()

@@ -4,6 +4,14 @@
 
 namespace kelvro {
 
+bool Session::mentions(std::string_view name) const {
+    return std::ranges::any_of(args, [name](std::string_view arg) {
+        if (arg == "--help" || arg == "-h") return true;
+        if (!arg.starts_with("--")) return false;
+        return arg.substr(2, arg.find('=') - 2) == name;
+    });
+}
+
 void Session::progress(std::string_view text) {
     constexpr std::string_view wipe = "\r\x1b[K";
     if (terminal) err << wipe << text << std::flush;

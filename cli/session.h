@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ostream>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -49,7 +50,12 @@ struct Session {
     std::ostream& err;
     PictureWriter writePicture = nullptr;  ///< none in the program that is linked without Qt's Gui
     ExitCode status = ExitCode::Done;
-    bool terminal = false;  ///< somebody watches the error stream
+    bool terminal = false;                   ///< somebody watches the error stream
+    std::span<const std::string> args = {};  ///< of the program, without its name
+
+    /// Do the arguments give the option "--name", or ask for help, which lists it? Pages have more
+    /// inputs than one run gives: to declare them all is a quarter of the work of a short command.
+    bool mentions(std::string_view name) const;
 
     /// Says on a terminal how far a long command is, each text in place of the one before; an empty
     /// text wipes the last one.

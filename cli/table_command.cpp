@@ -36,7 +36,7 @@ void AddTableCommand(CLI::App& app, Session& session) {
     CLI::App* command =
         app.add_subcommand("table", "Response table of a design: 513 points of GT, V and phase");
     auto options = std::make_shared<TableOptions>();
-    options->design = AddDesignOptions(*command);
+    options->design = AddDesignOptions(*command, session);
     AddRangeOptions(*command, options->range, true);
     command->add_option("-o,--output", options->file, "File to write (usually .tab)")
         ->required()

@@ -150,7 +150,7 @@ void AddToleranceCommand(CLI::App& app, Session& session) {
     CLI::App* command =
         app.add_subcommand("tolerance", "Spread of the gain at fo when parts deviate");
     auto options = std::make_shared<AnalysisOptions>();
-    options->design = AddDesignOptions(*command);
+    options->design = AddDesignOptions(*command, session);
     AddJsonOption(*command, *options->design);
     AddToleranceOptions(*command, options->tolerance);
     command->add_option("--runs", options->runs, "Number of runs")

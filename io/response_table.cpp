@@ -1,7 +1,9 @@
 #include "io/response_table.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
+#include <memory>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -19,11 +21,10 @@ std::string Header(const TraceList& traces) {
     return header + '\n';
 }
 
-/// `row` has room for all numbers of a line, which go to the text in one piece.
-void AppendRow(std::string& text, std::vector<char>& row, const TraceSource& source,
-               const TraceList& traces, double f) {
-    const auto H = source.response->transfer(f);
-    char* end = WriteExact(row.data(), f);
+/// Writes a line, for which there is room; its end.
+char* WriteRow(char* to, const TraceSource& source, const TraceList& traces, double f) {
+    const auto H = source.transfer(f);
+    char* end = WriteExact(to, f);
     for (const double part : {H.real(), H.imag()}) {
         *end++ = ',';
         end = WriteExact(end, part);
@@ -34,33 +35,45 @@ void AppendRow(std::string& text, std::vector<char>& row, const TraceSource& sou
         if (!std::isnan(value)) end = WriteExact(end, value);
     }
     *end++ = '\n';
-    text.append(row.data(), end);
+    return end;
 }
+
+/// Lines that wait to be written.
+struct Block {
+    explicit Block(std::size_t room) : text(std::make_unique_for_overwrite<char[]>(room)) {}
+
+    std::unique_ptr<char[]> text;
+    char* end = nullptr;
+};
 
 }  // namespace
 
 void WriteResponseCsv(const TraceSource& source, const TraceList& traces, std::size_t rows,
                       const std::function<double(std::size_t)>& frequency, std::ostream& out) {
-    // Long enough that a thread's start does not count, short enough that output flows.
-    constexpr std::size_t kBlock = 1024;
-    const std::size_t blocks = (rows + kBlock - 1) / kBlock;
-    const unsigned threads = blocks > 1 ? ThreadsOr(0) : 1;
+    // Long enough that taking turns does not count, short enough to stay in the core's cache.
+    constexpr std::size_t kLines = 256;
+    const std::size_t count = (rows + kLines - 1) / kLines;
+    const unsigned threads = count > 1 ? ThreadsOr(0) : 1;
     const std::vector<TraceSource> sources(threads, source);
-    std::vector<std::string> texts(std::min<std::size_t>(blocks, 8 * threads));
+    const std::size_t room = kLines * (3 + traces.size()) * kLongestExact;
+    std::vector<Block> blocks;
+    for (std::size_t i = std::min<std::size_t>(count, 8 * threads); i > 0; --i)
+        blocks.emplace_back(room);
+    std::atomic<bool> failed = false;
+    const auto work = [&](std::size_t i, unsigned worker, std::size_t place) {
+        if (failed) return;
+        auto& [text, end] = blocks[place];
+        end = text.get();
+        const std::size_t last = std::min((i + 1) * kLines, rows);
+        for (std::size_t row = i * kLines; row < last; ++row)
+            end = WriteRow(end, sources[worker], traces, frequency(row));
+    };
+    const auto deliver = [&](std::size_t, std::size_t place) {
+        const auto& [text, end] = blocks[place];
+        if (!failed && !out.write(text.get(), end - text.get())) failed = true;
+    };
     out << Header(traces);
-    for (std::size_t first = 0; first < blocks && out; first += texts.size()) {
-        const std::size_t count = std::min(texts.size(), blocks - first);
-        ForEachInParallel(count, threads, [&](std::size_t i, unsigned worker) {
-            const std::size_t begin = (first + i) * kBlock;
-            const std::size_t end = std::min(begin + kBlock, rows);
-            texts[i].clear();
-            std::vector<char> line((3 + traces.size()) * kLongestExact);
-            for (std::size_t row = begin; row < end; ++row) {
-                AppendRow(texts[i], line, sources[worker], traces, frequency(row));
-            }
-        });
-        for (std::size_t i = 0; i < count; ++i) out << texts[i];
-    }
+    ForEachInOrder(count, threads, blocks.size(), work, deliver);
 }
 
 }  // namespace kelvro

@@ -1,6 +1,7 @@
 // Writes what an installation brings besides the programs: kelvro-documents FOLDER DATE
 
 #include <CLI/CLI.hpp>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -13,7 +14,8 @@ int main(int argc, char** argv) {
     if (argc != 3) return 2;
     const std::filesystem::path folder(argv[1]);
     const std::string date = argv[2];
-    Session session{.out = std::cout, .err = std::cerr};
+    const std::array<std::string, 1> everything{"--help"};
+    Session session{.out = std::cout, .err = std::cerr, .args = everything};
     CLI::App app;
     DeclareCommands(app, session);
     const auto write = [&folder](const char* name, const std::string& text) {

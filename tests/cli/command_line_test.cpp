@@ -330,6 +330,25 @@ TEST(ResponseCommand, SpreadsItsPointsEvenlyOrInEqualRatios) {
     EXPECT_EQ(CsvRows(RunWith({"response", "pi", "--from", "1M", "--to", "2M"}).out).size(), 255U);
 }
 
+TEST(ResponseCommand, LongOutputHasItsLinesInOrderWhicheverThreadWroteThem) {
+    const auto linesOf = [](const std::string& points) {
+        const auto text = RunWith({"response", "pi", "--linear", "--from", "1M", "--to", "31M",
+                                   "--points", points})
+                              .out;
+        std::vector<std::string> lines;
+        std::istringstream in(text);
+        for (std::string line; std::getline(in, line);) lines.push_back(line);
+        return lines;
+    };
+    constexpr std::size_t kFiner = 5000;
+    const auto few = linesOf("4");
+    const auto many = linesOf(std::to_string(3 * kFiner + 1));
+    ASSERT_EQ(many.size(), 3 * kFiner + 2);
+    for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(many[1 + i * kFiner], few[1 + i]);
+    const auto f = [&many](std::size_t line) { return std::stod(many[line]); };
+    for (std::size_t i = 2; i < many.size(); ++i) ASSERT_GT(f(i), f(i - 1));
+}
+
 TEST(ResponseCommand, WritesTheSameAsJson) {
     const std::vector<std::string> args = {"response", "trl", "--from",   "10M",
                                            "--to",     "1G",  "--points", "7"};
