@@ -3,23 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "design/cycle.h"
 #include "optimize/page_optimizer.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
 
 using testing::StartsWith;
-
-Design Calculated(int page, double R1, double R2, double Q) {
-    Design state;
-    state.page = page;
-    state.R1 = R1;
-    state.R2 = R2;
-    state.Q = Q;
-    ResponseServices services;
-    return Calculate(state, true, services).design;
-}
 
 struct KeywordCase {
     const char* word;
@@ -40,7 +30,8 @@ TEST_P(Keyword, TakesEffect) {
     }
     bool changed = preset.settings.disabled;
     for (const auto& [page, Q] : {std::pair{5, 5.0}, {2, 0.2}, {1, 8.0}}) {
-        const Design design = Calculated(page, page == 2 ? 300 : 40, page == 2 ? 70 : 170, Q);
+        const Design design = Calculated(
+            {.page = page, .R1 = page == 2 ? 300.0 : 40, .R2 = page == 2 ? 70.0 : 170, .Q = Q});
         // Two runs by default, so that "single" shows; "mruns" is the other way round.
         OptimizerSettings defaults;
         defaults.singleRun = std::string(GetParam().word) != "single";

@@ -7,20 +7,16 @@
 
 #include "advise/page_problem.h"
 #include "advise/proposal.h"
-#include "design/cycle.h"
 #include "design/pages.h"
 #include "network/ladder_response.h"
 #include "synthesis/refine.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
 
 Design Inputs(double R1, double R2) {
-    Design state;
-    state.R1 = R1;
-    state.R2 = R2;
-    state.fo = 100e6;
-    return state;
+    return {.R1 = R1, .R2 = R2};
 }
 
 std::vector<NetworkProposal> FoundFor(const Design& state, const Wishes& wishes) {
@@ -40,8 +36,7 @@ TEST(NetworkProposalTest, NoPageWithSoFewPartsIsBetter) {
         for (const Page& page : Pages()) {
             Design design = Inputs(50, R2);
             EnterPage(design, page.number);
-            ResponseServices services;
-            const CycleResult cycle = Calculate(design, true, services);
+            const CycleResult cycle = CycleOf(design);
             const auto problem = PageProblem(cycle.design);
             if (cycle.message || !problem || problem->ladder.empty()) continue;
             const auto parts = ListOf(*problem);

@@ -9,16 +9,13 @@
 #include <stdexcept>
 
 #include "design/pages.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
 
 Design Inputs(double R1, double R2, double fo = 100e6) {
-    Design state;
-    state.R1 = R1;
-    state.R2 = R2;
-    state.fo = fo;
-    return state;
+    return {.R1 = R1, .R2 = R2, .fo = fo};
 }
 
 std::vector<Proposal> ProposalsFor(const Design& state, const Wishes& wishes) {
@@ -105,8 +102,7 @@ TEST_P(ProposalTest, PromisesWhatItsPageCalculates) {
         state.LCSwapped = true;  // as some other page left it
         Apply(p, state, true);
         EnterPage(state, p.page);
-        ResponseServices services;
-        const CycleResult cycle = Calculate(state, true, services);
+        const CycleResult cycle = CycleOf(state);
         state = cycle.design;
         EXPECT_FALSE(cycle.message) << Title(p) << ": " << *cycle.message;
         EXPECT_EQ(state.components, p.state.components) << Title(p);

@@ -6,19 +6,13 @@
 #include <cmath>
 
 #include "analysis/response.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
 
 CycleResult Calculated(int page, double R1, double R2, double Q) {
-    Design design;
-    design.page = page;
-    design.R1 = R1;
-    design.R2 = R2;
-    design.fo = 10e6;
-    design.Q = Q;
-    ResponseServices services;
-    return Calculate(design, true, services);
+    return CycleOf({.page = page, .R1 = R1, .R2 = R2, .fo = 10e6, .Q = Q});
 }
 
 TEST(Achieved, TellsTheBandThatTheResponseHas) {

@@ -14,6 +14,7 @@
 #include "design/part_ref.h"
 #include "design/transfer_text.h"
 #include "network/ladder_response.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
@@ -204,18 +205,16 @@ void PrintTo(const Match& match, std::ostream* out) {
 
 /// A state designed with parts that are all but lossless.
 Design Designed(const Match& match) {
-    Design state;
-    state.page = match.page;
-    state.R1 = match.R1;
-    state.R2 = match.R2;
-    state.Q = match.Q;
-    state.QB = state.QBC = 1e12;
-    state.eightElements = state.LCSwapped = match.variant;
-    ResponseServices services;
-    const CycleResult calculated = Calculate(state, true, services);
+    const CycleResult calculated = CycleOf({.page = match.page,
+                                            .R1 = match.R1,
+                                            .R2 = match.R2,
+                                            .Q = match.Q,
+                                            .QB = 1e12,
+                                            .QBC = 1e12,
+                                            .eightElements = match.variant,
+                                            .LCSwapped = match.variant});
     EXPECT_FALSE(calculated.message);
-    state = calculated.design;
-    return state;
+    return calculated.design;
 }
 
 class LosslessMatches : public testing::TestWithParam<Match> {};
@@ -234,13 +233,7 @@ INSTANTIATE_TEST_SUITE_P(Pages, LosslessMatches,
                                          Match{17, 50, 200, 50}));
 
 TEST(Pads, BehaveAlikeAsTAndAsPi) {
-    Design state;
-    state.page = 8;
-    state.R1 = 50;
-    state.R2 = 75;
-    state.v8 = 0.3;
-    ResponseServices services;
-    state = Calculate(state, true, services).design;
+    const Design state = Calculated({.page = 8, .R2 = 75, .v8 = 0.3});
     const Response response(state);
     EXPECT_NEAR(response.magnitude(1e3), 0.3, 1e-12);
     const LadderResponse pi(PageOf(8).alternative(state));
@@ -271,8 +264,7 @@ TEST_P(ChebyshevFilters, KeepRippleAndBandwidth) {
     state.rippleBP = ripple;
     state.LBP = 5e-9;
     state.QB = state.QBC = 1e9;
-    ResponseServices services;
-    const CycleResult calculated = Calculate(state, true, services);
+    const CycleResult calculated = CycleOf(state);
     ASSERT_FALSE(calculated.message);
     const Response response(calculated.design);
     const double square = std::pow(10, ripple / 10) - 1;
@@ -291,14 +283,9 @@ INSTANTIATE_TEST_SUITE_P(Orders, ChebyshevFilters,
                                          FilterCase{3, 1, 2000}, FilterCase{5, 0.2, 2000}));
 
 TEST(BandPass, FollowsItsPublishedResponse) {
-    Design state;
-    state.page = 17;
-    state.Q = 10;
-    state.QB = state.QBC = 1e12;
-    ResponseServices services;
-    const CycleResult calculated = Calculate(state, true, services);
+    const CycleResult calculated = CycleOf({.page = 17, .Q = 10, .QB = 1e12, .QBC = 1e12});
     ASSERT_FALSE(calculated.message);
-    state = calculated.design;
+    const Design& state = calculated.design;
     const Response response(state);
     for (const auto& [f, dB] :
          {std::pair{90e6, -23.89}, std::pair{95e6, -1.24}, std::pair{100e6, 0.0},

@@ -7,8 +7,8 @@
 #include <nlohmann/json.hpp>
 
 #include "analysis/passband.h"
-#include "design/cycle.h"
 #include "design/pages.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
@@ -26,8 +26,7 @@ Design StateOf(const json& design) {
     state.QB = design["qb"];
     state.QBC = design["qbc"];
     state.matchBand = false;
-    ResponseServices services;
-    state = Calculate(state, true, services).design;
+    state = Calculated(state);
     state.Q = design["q"];  // the page derives its own, the values are for the rounded one
     return state;
 }
@@ -73,8 +72,7 @@ TEST_P(LoadedQ, IsMissedByWhatASingleResonanceTells) {
     design.page = GetParam().page;
     if (design.page == 2) std::swap(design.R1, design.R2);
     design.Q = 10;
-    ResponseServices services;
-    design = Calculate(design, true, services).design;
+    design = Calculated(design);
     const Response response(design);
     const double Q = design.fo / PassbandAround(response, design.fo).width();
     for (const double wanted : {1.0, 1.3, 0.7}) {
@@ -123,8 +121,7 @@ TEST(GoalTest, ParametersAreLogarithmsOfTheComponents) {
     Design state;
     EnterPage(state, 16);
     state.eightElements = true;
-    ResponseServices services;
-    state = Calculate(state, true, services).design;
+    state = Calculated(state);
     const auto before = ListOf(PageOf(state).builtNetworks(state).front());
     Goal goal(state, {});
     ASSERT_EQ(goal.size(), 8U);
@@ -140,8 +137,7 @@ TEST(GoalTest, ParametersAreLogarithmsOfTheComponents) {
 TEST(GoalTest, OfTheResistorStringVanishesAtTheDesignAndSeesAWrongTap) {
     Design state;
     EnterPage(state, 19);
-    ResponseServices services;
-    state = Calculate(state, true, services).design;
+    state = Calculated(state);
     Goal goal(state, {});
     std::vector<double> x(8, 0.0);
     EXPECT_NEAR(goal.value(x, CallKind::Evaluation), 0, 1e-24);
@@ -151,10 +147,7 @@ TEST(GoalTest, OfTheResistorStringVanishesAtTheDesignAndSeesAWrongTap) {
 }
 
 TEST(GoalTest, NoiseRoundsToTenDigits) {
-    Design state;
-    EnterPage(state, 3);
-    ResponseServices services;
-    state = Calculate(state, true, services).design;
+    Design state = Calculated({.page = 3});
     Goal exact(state, {});
     Goal noisy(state, {.noise = true});
     const std::vector<double> x = {0.01, 0.02, 0.03};

@@ -13,6 +13,7 @@
 #include "design/part_ref.h"
 #include "network/ladder_response.h"
 #include "network/network_text.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
@@ -26,9 +27,7 @@ Design Designed(int page, bool swapped) {
     design.QBC = 300;
     design.LCSwapped = swapped;
     design.eightElements = swapped;
-    ResponseServices services;
-    if (Calculate(design, true, services).message) std::swap(design.R1, design.R2);
-    return Calculate(design, true, services).design;
+    return CalculatedEitherWay(design);
 }
 
 class OpenedPages : public testing::TestWithParam<int> {};

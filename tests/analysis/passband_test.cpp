@@ -4,21 +4,14 @@
 
 #include <cmath>
 
-#include "design/pages.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
 
 Design Designed(int page, double R1, double R2, double Q, bool swapped) {
-    Design state;
-    state.R1 = R1;
-    state.R2 = R2;
-    state.Q = Q;
-    state.QB = state.QBC = 1e4;
-    state.LCSwapped = swapped;
-    state.page = page;
-    ResponseServices services;
-    return Calculate(state, true, services).design;
+    return Calculated(
+        {.page = page, .R1 = R1, .R2 = R2, .Q = Q, .QB = 1e4, .QBC = 1e4, .LCSwapped = swapped});
 }
 
 /// L-section 50 to 200 ohm, L = √3·R1/ω, C = √3/(ω·R2), x = (f/fo)², lossless:

@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "design/pages.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
@@ -50,14 +51,7 @@ TEST(ResponseTest, AgreesWithIndependentLadderAlgebra) {
 Design DesignedState(int page) {
     Design state;
     EnterPage(state, page);
-    ResponseServices services;
-    CycleResult result = Calculate(state, true, services);
-    if (result.message) {
-        std::swap(state.R1, state.R2);
-        result = Calculate(state, true, services);
-        EXPECT_FALSE(result.message) << page;
-    }
-    return result.design;
+    return CalculatedEitherWay(state);
 }
 
 TEST(ResponseTest, IsFiniteAtEveryFrequency) {
@@ -85,15 +79,9 @@ TEST(ResponseTest, ZeroFrequencyOfAMirroredPageCountsAsAMillionthOfFo) {
 /// 10 to 20 ohm at Q = 0.5: XC1 = 2·0.5·10 - sqrt(10·10) = 0, so C1 is a short and what remains is
 /// the L section of q = sqrt(20/10 - 1) = 1 with XL = 10, XC2 = 20, which matches.
 TEST(ResponseTest, TheSeriesTankWithoutReactanceOfC1IsAnLSection) {
-    Design state;
-    state.R1 = 10;
-    state.R2 = 20;
-    state.Q = 0.5;
-    state.QB = state.QBC = 1e9;
-    ResponseServices services;
-    const CycleResult result = Calculate(state, true, services);
+    const CycleResult result = CycleOf({.R1 = 10, .R2 = 20, .Q = 0.5, .QB = 1e9, .QBC = 1e9});
     EXPECT_EQ(*result.text("C11Ausgabe"), "infinite");
-    state = result.design;
+    const Design& state = result.design;
     const auto H = Response(state).transfer(state.fo);
     EXPECT_NEAR(std::abs(H), std::sqrt(2), 1e-8);
     EXPECT_NEAR(std::arg(H), -std::atan(1), 1e-8);
@@ -102,10 +90,7 @@ TEST(ResponseTest, TheSeriesTankWithoutReactanceOfC1IsAnLSection) {
 
 TEST(ResponseTest, PagesWithoutNetworkAreIdeal) {
     for (const int page : {10, 11, 12, 19}) {
-        Design state;
-        state.page = page;
-        state.R2 = 450;
-        const Response response(state);
+        const Response response({.page = page, .R2 = 450});
         EXPECT_EQ(response.transfer(1e6), std::complex<double>(3, 0)) << page;
     }
 }
@@ -126,15 +111,9 @@ TEST(ResponseTest, DerivedQuantitiesFollowFromTheValue) {
 /// A pad for the least loss between 2:1 has 20·log(sqrt 2 + 1) dB (textbook formula of minimum-loss
 /// pads), and is its own reference.
 TEST(ResponseTest, TheResistivePadHasTheLeastLossAndPassesZeroDecibels) {
-    Design state;
-    state.page = 7;
-    state.R1 = 100;
-    state.R2 = 50;
-    ResponseServices services;
-    const CycleResult result = Calculate(state, true, services);
-    state = result.design;
+    const CycleResult result = CycleOf({.page = 7, .R1 = 100, .R2 = 50});
     EXPECT_NEAR(result.lossDb, 20 * std::log10(std::sqrt(2) + 1), 1e-8);
-    EXPECT_NEAR(Response(state).relativeDb(1e6), 0, 1e-12);
+    EXPECT_NEAR(Response(result.design).relativeDb(1e6), 0, 1e-12);
 }
 
 }  // namespace

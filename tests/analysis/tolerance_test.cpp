@@ -8,6 +8,7 @@
 
 #include "analysis/response.h"
 #include "design/pages.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
@@ -21,11 +22,9 @@ Design Designed(int page, double R1 = 50, double R2 = 200) {
     state.R1 = R1;
     state.R2 = R2;
     state.eightElements = true;
-    ResponseServices services;
-    const CycleResult result = Calculate(state, true, services);
-    state = result.design;
+    const CycleResult result = CycleOf(state);
     EXPECT_FALSE(result.message.has_value()) << result.message.value_or("");
-    return state;
+    return result.design;
 }
 
 TEST(Tolerance, TheGeneratorIsTheOneOfTheStandardOnEveryMachine) {

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "analysis/response.h"
 #include "design/pages.h"
 #include "io/exports.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 
@@ -25,16 +25,14 @@ inline void PrintTo(const DesignCase& design, std::ostream* out) {
 
 /// The state that the case's inputs lead to, designed, with both element Qs alike.
 inline Design DesignedState(const DesignCase& design, double elementQ) {
-    Design state;
-    state.page = design.page;
-    state.R1 = design.R1;
-    state.R2 = design.R2;
-    state.Q = design.Q;
-    state.QB = state.QBC = elementQ;
-    state.LCSwapped = design.swapped;
-    state.eightElements = design.eightElements;
-    ResponseServices services;
-    const CycleResult result = Calculate(state, true, services);
+    const CycleResult result = CycleOf({.page = design.page,
+                                        .R1 = design.R1,
+                                        .R2 = design.R2,
+                                        .Q = design.Q,
+                                        .QB = elementQ,
+                                        .QBC = elementQ,
+                                        .eightElements = design.eightElements,
+                                        .LCSwapped = design.swapped});
     EXPECT_FALSE(result.message) << *result.message;
     return result.design;
 }

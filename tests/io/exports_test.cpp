@@ -12,6 +12,7 @@
 #include "io/design_report.h"
 #include "io/touchstone.h"
 #include "network/ladder_response.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
@@ -49,16 +50,10 @@ TEST(Listing, SpeaksAsTheWindowDoes) {
 }
 
 TEST(Listing, LeavesOutResistorsThatVanish) {
-    Design state;
-    state.page = 8;
-    state.R1 = 75;
-    state.R2 = 50;
-    state.v8 = std::sqrt(50.0 / 75) / (std::sqrt(1.5) + std::sqrt(0.5));  // smallest loss
-    ResponseServices services;
-    const CycleResult calculated = Calculate(state, true, services);
+    const double smallestLoss = std::sqrt(50.0 / 75) / (std::sqrt(1.5) + std::sqrt(0.5));
+    const auto calculated = CycleOf({.page = 8, .R1 = 75, .R2 = 50, .v8 = smallestLoss});
     ASSERT_FALSE(calculated.message);
-    state = calculated.design;
-    const ExportDesign design = Exported(state);
+    const ExportDesign design = Exported(calculated.design);
     EXPECT_THAT(ListingOf(design, {}), HasSubstr("infinite"));
     EXPECT_THAT(SpiceNetlist(design, ExportRange::Around(1e6)), HasSubstr("VRb n1 out DC 0"));
 }
@@ -68,11 +63,7 @@ class EveryPageExports : public testing::TestWithParam<int> {};
 TEST_P(EveryPageExports, ItsFormatsWithStandardValuesToo) {
     Design state;
     EnterPage(state, GetParam());
-    ResponseServices services;
-    if (Calculate(state, true, services).message) std::swap(state.R1, state.R2);
-    const CycleResult calculated = Calculate(state, true, services);
-    ASSERT_FALSE(calculated.message);
-    state = calculated.design;
+    state = CalculatedEitherWay(state);
     for (const bool standard : {false, true}) {
         const ExportDesign design = Exported(state, {.standardValues = standard});
         for (const Network& network : design.networks) {

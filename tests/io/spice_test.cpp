@@ -9,6 +9,7 @@
 #include "io/class_e_netlist.h"
 #include "io/ngspice.h"
 #include "ngspice.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
@@ -108,8 +109,7 @@ Design Designed(const SwitchedStage& stage, double elementQ) {
     state.chokeRatio = stage.choke;
     state.infiniteChoke = std::isinf(stage.choke);
     state.QB = state.QBC = elementQ;
-    ResponseServices services;
-    const CycleResult cycle = Calculate(state, true, services);
+    const CycleResult cycle = CycleOf(state);
     EXPECT_FALSE(cycle.message);
     return cycle.design;
 }

@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "core/random.h"
-#include "design/pages.h"
 #include "optimize/page_optimizer.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
@@ -28,8 +28,7 @@ class Anything {
         d.eightElements = yes();
         d.LCSwapped = yes();
         d.QByBandwidth = yes();
-        ResponseServices services;
-        return Calculate(d, true, services).design;
+        return Calculated(d);
     }
 
     OptimizerSettings settings() {
@@ -101,16 +100,10 @@ TEST(AnySettings, EndWithinTheirLimitsAndNeverWorseThanTheyBegan) {
 /// Settings that once never came to an end, and one that ended in no good way.
 TEST(AnySettings, EndUnderAWideGradientLimitAndWithoutAHessian) {
     const auto optimized = [](int page, double R1, double R2, double Q, auto change) {
-        Design design;
-        design.page = page;
-        design.R1 = R1;
-        design.R2 = R2;
-        design.Q = Q;
-        ResponseServices services;
         OptimizerSettings settings;
         settings.singleRun = false;
         change(settings);
-        return OptimizePage(Calculate(design, true, services).design, settings);
+        return OptimizePage(Calculated({.page = page, .R1 = R1, .R2 = R2, .Q = Q}), settings);
     };
     for (const double limit : {300.0, 1000.0}) {
         const auto result = optimized(3, 50, 200, 5, [&](OptimizerSettings& settings) {

@@ -6,19 +6,10 @@
 
 #include "optimize/box.h"
 #include "optimize/local_optimizer.h"
+#include "tests/optimize/points.h"
 
 namespace kelvro {
 namespace {
-
-Vector Point(std::initializer_list<double> values) {
-    Vector x(static_cast<Eigen::Index>(values.size()));
-    std::copy(values.begin(), values.end(), x.begin());
-    return x;
-}
-
-double Square(double x) {
-    return x * x;
-}
 
 /// A function of one number with dips at given places; a point is good below a value.
 class Dips : public Objective {

@@ -8,6 +8,7 @@
 #include "design/pages.h"
 #include "optimize/equal_ripple.h"
 #include "optimize/page_optimizer.h"
+#include "tests/calculated.h"
 
 namespace kelvro {
 namespace {
@@ -22,16 +23,15 @@ struct Ladder {
     double high = 0;
 
     Design calculated() const {
-        Design design;
+        Design design{.R1 = R1,
+                      .R2 = R2,
+                      .QB = element,
+                      .QBC = element,
+                      .eightElements = eight,
+                      .bandLow = low,
+                      .bandHigh = high};
         EnterPage(design, 16);
-        design.R1 = R1;
-        design.R2 = R2;
-        design.eightElements = eight;
-        design.QB = design.QBC = element;
-        design.bandLow = low;
-        design.bandHigh = high;
-        ResponseServices services;
-        return Calculate(design, true, services).design;
+        return Calculated(design);
     }
     CycleResult refined() const {
         OptimizerServices services;

@@ -10,10 +10,10 @@
 #include <cmath>
 #include <vector>
 
-#include "analysis/response.h"
 #include "design/pages.h"
 #include "plot/circuit_drawing.h"
 #include "plot/circuit_painter.h"
+#include "tests/calculated.h"
 
 using namespace kelvro;
 
@@ -92,13 +92,7 @@ Design Designed(int page, bool swapped) {
     EnterPage(state, page);
     state.Q = 10;
     state.LCSwapped = swapped;
-    ResponseServices services;
-    CycleResult result = Calculate(state, true, services);
-    if (result.message) {
-        std::swap(state.R1, state.R2);
-        result = Calculate(state, true, services);
-    }
-    return result.design;
+    return CalculatedEitherWay(state);
 }
 
 }  // namespace
@@ -132,8 +126,7 @@ class CircuitPictureTest : public QObject {
         Design state = Designed(page, swapped);
         state.NBP = resonators;
         state.eightElements = eight;
-        ResponseServices services;
-        const CycleResult calculated = Calculate(state, true, services);
+        const CycleResult calculated = CycleOf(state);
         QVERIFY(!calculated.message);
         state = calculated.design;
         const auto networks = PageOf(page).drawnNetworks(state);

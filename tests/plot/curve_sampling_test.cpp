@@ -7,6 +7,7 @@
 
 #include "design/pages.h"
 #include "plot/response_picture.h"
+#include "tests/calculated.h"
 
 using namespace kelvro;
 
@@ -17,11 +18,7 @@ Design Designed(int page, double fo, double Q) {
     EnterPage(state, page);
     state.fo = fo;
     state.Q = Q;
-    ResponseServices services;
-    const CycleResult result = Calculate(state, true, services);
-    if (!result.message) return result.design;
-    std::swap(state.R1, state.R2);
-    return Calculate(state, true, services).design;
+    return CalculatedEitherWay(state);
 }
 
 /// A series coil between 50 ohm, both ends shunted by the slots' capacitors: without them a plain

@@ -4,9 +4,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "analysis/response.h"
 #include "design/pages.h"
 #include "io/atomic_file.h"
+#include "tests/calculated.h"
 
 using namespace kelvro;
 
@@ -14,12 +14,9 @@ namespace {
 
 /// A lossless quarter-wave line from 50 to 200 ohm at 256 Hz: its response at fo is known by hand.
 Design QuarterWave() {
-    Design state;
+    Design state{.fo = 256, .QB = 1e12, .QBC = 1e12};
     EnterPage(state, 6);
-    state.fo = 256;
-    state.QB = state.QBC = 1e12;
-    ResponseServices services;
-    return Calculate(state, true, services).design;
+    return Calculated(state);
 }
 
 QByteArrayList Lines(double xmin, double xmax, bool logarithmic) {

@@ -3,24 +3,17 @@
 #include <QStringList>
 #include <QTest>
 
-#include "analysis/response.h"
 #include "core/number_text.h"
-#include "design/cycle.h"
-#include "design/pages.h"
 #include "design/part_ref.h"
 #include "plot/caption.h"
+#include "tests/calculated.h"
 
 using namespace kelvro;
 
 namespace {
 
 CycleResult PiSection() {
-    Design design;
-    EnterPage(design, 3);
-    design.fo = 10e6;
-    design.Q = 8;
-    ResponseServices services;
-    return Calculate(design, true, services);
+    return CycleOf({.page = 3, .fo = 10e6, .Q = 8});
 }
 
 QStringList Lines(const std::string& text) {
