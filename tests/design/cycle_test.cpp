@@ -108,9 +108,8 @@ TEST(CycleTest, ASmallQCountsAsAThousandth) {
     tiny.Q = 0;
     Design thousandth = tiny;
     thousandth.Q = 0.001;
-    NoServices services;
-    tiny = Calculate(tiny, true, services).design;
-    thousandth = Calculate(thousandth, true, services).design;
+    tiny = CycleOf(tiny).design;
+    thousandth = CycleOf(thousandth).design;
     EXPECT_EQ(tiny.components, thousandth.components);
 }
 
@@ -121,9 +120,8 @@ TEST(CycleTest, InterchangedPagesShowDualValuesAndKeepTheirComponents) {
         if (page == 2) std::swap(plain.R1, plain.R2);
         Design swapped = plain;
         swapped.LCSwapped = true;
-        NoServices services;
-        plain = Calculate(plain, true, services).design;
-        const CycleResult result = Calculate(swapped, true, services);
+        plain = CycleOf(plain).design;
+        const CycleResult result = CycleOf(swapped);
         swapped = result.design;
         EXPECT_EQ(swapped.components, plain.components) << page;
         for (const OutputField& field : PageOf(page).outputs) {
@@ -187,8 +185,7 @@ TEST(TakeTest, IsZeroWhereAFieldHasShownNothingYet) {
 
 TEST(TakeTest, KeepsAllDigitsOfATypedValue) {
     Design design = StateWith(5, "");
-    NoServices services;
-    design = Calculate(design, true, services).design;
+    design = CycleOf(design).design;
     const PartRef L1 = PartsOf(design).at(0);
     L1.type(design, 1.23456789e-6);
     Take(design);
@@ -199,8 +196,7 @@ TEST(PartRefTest, RoundsWhatIsShownAndKeepsTheComponent) {
     for (const bool swapped : {false, true}) {
         Design design = StateWith(3, "fo=10M");
         design.LCSwapped = swapped;
-        NoServices services;
-        design = Calculate(design, true, services).design;
+        design = CycleOf(design).design;
         const Slots before = design.components;
         for (const PartRef& part : PartsOf(design)) {
             const std::string text = part.shownText(design);
@@ -216,7 +212,7 @@ TEST(PartRefTest, RoundsWhatIsShownAndKeepsTheComponent) {
         }
         EXPECT_EQ(design.components, before);
         // Only a new calculation writes the fields anew.
-        EXPECT_NE(design.shown, Calculate(design, true, services).design.shown);
+        EXPECT_NE(design.shown, CycleOf(design).design.shown);
     }
 }
 

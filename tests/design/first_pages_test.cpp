@@ -144,8 +144,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(PiPage, IsRoundNumbersAtOneRadianPerSecond) {
     Design state = StateWith(3, "r1=50 r2=50 q=1");
     state.fo = 1 / kTwoPi;
-    NoServices services;
-    state = Calculate(state, true, services).design;
+    state = CycleOf(state).design;
     EXPECT_NEAR(ComponentOf(state, "C1"), 0.02, 1e-15);
     EXPECT_NEAR(ComponentOf(state, "C2"), 0.02, 1e-15);
     EXPECT_NEAR(ComponentOf(state, "L"), 100, 1e-11);
@@ -154,8 +153,7 @@ TEST(PiPage, IsRoundNumbersAtOneRadianPerSecond) {
 TEST(TransformerPage, TakesAFixedSmallCapacitanceForNone) {
     Design state = StateWith(5, "r1=7 r2=3 q=12 fo=1M");
     state.smallCapacitance = true;
-    NoServices services;
-    state = Calculate(state, true, services).design;
+    state = CycleOf(state).design;
     EXPECT_NEAR(ComponentOf(state, "C1"), 100e-12, 1e-24);
     EXPECT_NEAR(ComponentOf(state, "C2"), 50e-12, 1e-24);
     // M of the closed form: sqrt(R2/R1)·L1.
@@ -182,8 +180,7 @@ TEST(RefusedDesigns, LeaveThePageAndStillFillTheSharedOutputs) {
     for (const auto& [page, inputs, message, bandwidth] : refusals) {
         Design state = StateWith(page, inputs);
         const Slots before = state.components;
-        NoServices services;
-        const CycleResult result = Calculate(state, true, services);
+        const CycleResult result = CycleOf(state);
         state = result.design;
         EXPECT_EQ(result.message, message) << page;
         EXPECT_EQ(state.components, before) << page;

@@ -50,4 +50,10 @@ class NoServices : public CycleServices {
     int optimizations = 0;
 };
 
+/// What the design formulas make of inputs.
+inline CycleResult CycleOf(const Design& inputs) {
+    NoServices services;
+    return Calculate(inputs, true, services);
+}
+
 }  // namespace kelvro

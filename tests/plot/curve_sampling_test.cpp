@@ -79,11 +79,9 @@ class CurveSamplingTest : public QObject {
     void noLineOfAnyPageIsOffByMoreThanATenthOfADecibel_data() {
         QTest::addColumn<int>("page");
         QTest::addColumn<double>("Q");
-        for (const int page : {1, 2, 3, 4, 5, 6, 7, 13, 14, 16, 17, 18}) {
-            for (const double Q : {1.0, 100.0, 500.0}) {
+        for (const int page : {1, 2, 3, 4, 5, 6, 7, 13, 14, 16, 17, 18})
+            for (const double Q : {1.0, 100.0, 500.0})
                 QTest::addRow("page %d, Q %g", page, Q) << page << Q;
-            }
-        }
     }
     void noLineOfAnyPageIsOffByMoreThanATenthOfADecibel() {
         QFETCH(int, page);

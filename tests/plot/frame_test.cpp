@@ -20,28 +20,23 @@ class FrameTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void worldValuesGoToPixelsAndBeyondTheRangeToTheBorder_data() {
-        QTest::addColumn<bool>("log");
-        QTest::addColumn<double>("min");
-        QTest::addColumn<double>("max");
-        QTest::addColumn<double>("world");
-        QTest::addColumn<int>("pixel");
-        QTest::addRow("below") << false << 0.0 << 10.0 << -3.0 << 100;
-        QTest::addRow("at the upper end") << false << 0.0 << 10.0 << 10.0 << 300;
-        QTest::addRow("above") << false << 0.0 << 10.0 << 1e300 << 300;
-        QTest::addRow("tie rounds to even") << false << 0.0 << 200.0 << 2.5 << 102;
-        QTest::addRow("one decade of three") << true << 1e3 << 1e6 << 1e4 << 167;
-        QTest::addRow("no place on a log axis") << true << 1e3 << 1e6 << -1.0 << 100;
-        QTest::addRow("not a number") << false << 0.0 << 10.0 << kNaN << 100;
-        QTest::addRow("range without extent") << false << 5.0 << 5.0 << 5.0 << 300;
-    }
     void worldValuesGoToPixelsAndBeyondTheRangeToTheBorder() {
-        QFETCH(bool, log);
-        QFETCH(double, min);
-        QFETCH(double, max);
-        QFETCH(double, world);
-        const Axis axis = MakeAxis(log ? AxisMode::Logarithmic : AxisMode::Linear, min, max);
-        QTEST(axis.toPixel(world, 100, 300), "pixel");
+        struct Row {
+            const char* name;
+            AxisMode mode;
+            double min, max, world;
+            int pixel;
+        };
+        for (const auto& [name, mode, min, max, world, pixel] :
+             {Row{"below", AxisMode::Linear, 0, 10, -3, 100},
+              Row{"at the upper end", AxisMode::Linear, 0, 10, 10, 300},
+              Row{"above", AxisMode::Linear, 0, 10, 1e300, 300},
+              Row{"tie rounds to even", AxisMode::Linear, 0, 200, 2.5, 102},
+              Row{"one decade of three", AxisMode::Logarithmic, 1e3, 1e6, 1e4, 167},
+              Row{"no place on a log axis", AxisMode::Logarithmic, 1e3, 1e6, -1, 100},
+              Row{"not a number", AxisMode::Linear, 0, 10, kNaN, 100},
+              Row{"range without extent", AxisMode::Linear, 5, 5, 5, 300}})
+            QVERIFY2(MakeAxis(mode, min, max).toPixel(world, 100, 300) == pixel, name);
     }
 
     void aPixelInsideThePlotConvertsToAValueThatComesBackToIt() {
@@ -122,22 +117,15 @@ class FrameTest : public QObject {
         QCOMPARE(AutoscaledY(log, {}), log);
     }
 
-    void anOriginOutsideTheRangeMovesToItsRoundedMiddleOrItsStart_data() {
-        QTest::addColumn<double>("min");
-        QTest::addColumn<double>("max");
-        QTest::addColumn<double>("origin");
-        QTest::addColumn<double>("expected");
-        QTest::addRow("inside stays") << 1.0 << 9.0 << 9.0 << 9.0;
-        // (11 + 32) rounds up to 50, half of it is 25.
-        QTest::addRow("rounded middle") << 11.0 << 32.0 << 0.0 << 25.0;
-        // (104 + 106) rounds up to 300, half of it is 150: outside.
-        QTest::addRow("start") << 104.0 << 106.0 << 0.0 << 104.0;
-    }
     void anOriginOutsideTheRangeMovesToItsRoundedMiddleOrItsStart() {
-        QFETCH(double, min);
-        QFETCH(double, max);
-        QFETCH(double, origin);
-        QTEST(Recentred(MakeAxis(AxisMode::Linear, min, max, origin)).origin, "expected");
+        const auto recentred = [](double min, double max, double origin) {
+            return Recentred(MakeAxis(AxisMode::Linear, min, max, origin)).origin;
+        };
+        QCOMPARE(recentred(1, 9, 9), 9.0);
+        // (11 + 32) rounds up to 50, half of it is 25.
+        QCOMPARE(recentred(11, 32, 0), 25.0);
+        // (104 + 106) rounds up to 300, half of it is 150: outside.
+        QCOMPARE(recentred(104, 106, 0), 104.0);
     }
 
     void viewsOpenWithTheRangeOfTheDesign() {
@@ -238,34 +226,25 @@ class FrameTest : public QObject {
         }
     }
 
-    void degreesAreLabelledInPartsOfATurn_data() {
-        QTest::addColumn<double>("min");
-        QTest::addColumn<double>("max");
-        QTest::addColumn<double>("step");
-        QTest::addColumn<int>("every");
-        QTest::addColumn<double>("labelStep");
-        QTest::addRow("a whole turn") << -180.0 << 180.0 << 15.0 << 3 << 45.0;
-        QTest::addRow("autoscaled") << -200.0 << 200.0 << 20.0 << 5 << 90.0;
-        QTest::addRow("three quarters") << -200.0 << 80.0 << 10.0 << 5 << 45.0;
-        QTest::addRow("many turns") << -1000.0 << 1000.0 << 50.0 << 5 << 180.0;
-        QTest::addRow("a few degrees") << -100.0 << -50.0 << 1.0 << 5 << 5.0;
-    }
     void degreesAreLabelledInPartsOfATurn() {
-        QFETCH(double, min);
-        QFETCH(double, max);
-        Axis axis = MakeAxis(AxisMode::Linear, min, max);
-        QFETCH(double, step);
-        axis.step = step;
-        QFETCH(int, every);
-        axis.labelEvery = every;
-        const auto line = [](const std::string&) { return 12.0; };
-        const Ticks ticks = TicksOf(axis, 400, LabelStyle::Degrees, line);
-        QFETCH(double, labelStep);
-        QVERIFY(ticks.major.size() >= 2);
-        for (std::size_t i = 1; i < ticks.major.size(); ++i) {
-            QCOMPARE(ticks.major[i].value - ticks.major[i - 1].value, labelStep);
+        struct Row {
+            double min, max, step;
+            int every;
+            double labelStep;
+        };
+        for (const auto& [min, max, step, every, labelStep] :
+             {Row{-180, 180, 15, 3, 45}, Row{-200, 200, 20, 5, 90}, Row{-200, 80, 10, 5, 45},
+              Row{-1000, 1000, 50, 5, 180}, Row{-100, -50, 1, 5, 5}}) {
+            Axis axis = MakeAxis(AxisMode::Linear, min, max);
+            axis.step = step;
+            axis.labelEvery = every;
+            const auto line = [](const std::string&) { return 12.0; };
+            const Ticks ticks = TicksOf(axis, 400, LabelStyle::Degrees, line);
+            QVERIFY(ticks.major.size() >= 2);
+            for (std::size_t i = 1; i < ticks.major.size(); ++i)
+                QCOMPARE(ticks.major[i].value - ticks.major[i - 1].value, labelStep);
+            QCOMPARE(std::remainder(ticks.major[0].value, labelStep), 0.0);
         }
-        QCOMPARE(std::remainder(ticks.major[0].value, labelStep), 0.0);
     }
 
     void axesWithoutExtentHaveNoTicks() {

@@ -36,27 +36,22 @@ class MarkersTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void theEdgesOfAResonanceAreThoseOfItsLoadedQ_data() {
-        QTest::addColumn<double>("Q");
-        QTest::addRow("wide") << 2.0;
-        QTest::addRow("narrow") << 50.0;
-        QTest::addRow("between two samples") << 2000.0;
-    }
     void theEdgesOfAResonanceAreThoseOfItsLoadedQ() {
-        QFETCH(double, Q);
-        const Design design = SeriesResonance(10e6, Q);
-        const TraceSource source(design);
-        const Trace& gt = TraceOf("gt");
-        const Samples samples = Sampled(source, DefaultView(gt, design), gt);
-        // |H|² = 1/2 where Q·(f/fo - fo/f) = ±1: the edges multiply to fo² and lie fo/Q apart.
-        const PassEdges half = EdgesOf(source, gt, samples, 10 * std::log10(2.0));
-        QVERIFY2(Near(half.width(), 10e6 / Q, 1e-6), qPrintable(QString::number(half.width())));
-        QVERIFY(Near(half.low * half.high, 1e14, 1e-6));
-        QVERIFY(Near(half.loadedQ(), Q, 1e-4));
-        QVERIFY(Near(half.peak, 10e6, 1e-4 / Q));
-        // 1 dB: 1 + x² = 10^0.1.
-        const double x = std::sqrt(std::pow(10.0, 0.1) - 1);
-        QVERIFY(Near(EdgesOf(source, gt, samples, 1).width(), x * 10e6 / Q, 1e-4));
+        for (const double Q : {2.0, 50.0, 2000.0}) {  // the last one between two samples
+            const Design design = SeriesResonance(10e6, Q);
+            const TraceSource source(design);
+            const Trace& gt = TraceOf("gt");
+            const Samples samples = Sampled(source, DefaultView(gt, design), gt);
+            // |H|² = 1/2 where Q·(f/fo - fo/f) = ±1: the edges multiply to fo² and lie fo/Q apart.
+            const PassEdges half = EdgesOf(source, gt, samples, 10 * std::log10(2.0));
+            QVERIFY2(Near(half.width(), 10e6 / Q, 1e-6), qPrintable(QString::number(half.width())));
+            QVERIFY(Near(half.low * half.high, 1e14, 1e-6));
+            QVERIFY(Near(half.loadedQ(), Q, 1e-4));
+            QVERIFY(Near(half.peak, 10e6, 1e-4 / Q));
+            // 1 dB: 1 + x² = 10^0.1.
+            const double x = std::sqrt(std::pow(10.0, 0.1) - 1);
+            QVERIFY(Near(EdgesOf(source, gt, samples, 1).width(), x * 10e6 / Q, 1e-4));
+        }
     }
 
     void anEdgeOutsideOfThePlotIsSaidToLieThere() {

@@ -186,36 +186,32 @@ class PictureFilesTest : public QObject {
         QCOMPARE(Dashes(line, std::vector{0.0, 0.0}).size(), 1U);
     }
 
-    void picturesOpenInAnImageLibrary_data() {
-        QTest::addColumn<QString>("suffix");
-        QTest::addColumn<QByteArray>("format");
-        QTest::addColumn<int>("scale");
-        QTest::addRow("bitmap") << "bmp" << QByteArray("BMP") << 1;
-        QTest::addRow("png") << "png" << QByteArray("PNG") << 1;
-        QTest::addRow("png at 200 %%") << "png" << QByteArray("PNG") << 2;
-        QTest::addRow("jpeg") << "jpg" << QByteArray("JPEG") << 1;
-        QTest::addRow("gif") << "gif" << QByteArray("GIF") << 1;
-    }
     void picturesOpenInAnImageLibrary() {
-        QFETCH(QString, suffix);
-        QTemporaryDir folder;
-        const QString path = folder.filePath("sample." + suffix);
-        QFETCH(int, scale);
-        QCOMPARE(
-            SavePicture(path, *PictureFormatOf(path), QSize(752, 751), DrawSample, scale).message(),
-            "");
-        const QByteArray seen = OutputOf(
-            "/usr/bin/python3",
-            {"-c",
-             "import sys; from PIL import Image; im = Image.open(sys.argv[1]); "
-             "s = int(sys.argv[2]); rgb = im.convert('RGB');"
-             "near = lambda x, y: [round(c / 8) * 8 for c in rgb.getpixel((s * x, s * y))];"
-             "print(im.format, *(n / s for n in im.size), near(10, 10), near(375, 375), "
-             "near(150, 640), near(375, 150))",
-             path, QString::number(scale)});
-        QFETCH(QByteArray, format);
-        QCOMPARE(seen.trimmed(),
-                 format + " 752.0 751.0 [256, 256, 256] [0, 128, 0] [0, 0, 256] [256, 0, 0]");
+        struct Row {
+            const char* name;
+            QByteArray format;
+            int scale;
+        };
+        for (const auto& [name, format, scale] :
+             {Row{"sample.bmp", "BMP", 1}, Row{"sample.png", "PNG", 1}, Row{"sample.png", "PNG", 2},
+              Row{"sample.jpg", "JPEG", 1}, Row{"sample.gif", "GIF", 1}}) {
+            QTemporaryDir folder;
+            const QString path = folder.filePath(name);
+            const auto saved =
+                SavePicture(path, *PictureFormatOf(path), QSize(752, 751), DrawSample, scale);
+            QCOMPARE(saved.message(), "");
+            const QByteArray seen = OutputOf(
+                "/usr/bin/python3",
+                {"-c",
+                 "import sys; from PIL import Image; im = Image.open(sys.argv[1]); "
+                 "s = int(sys.argv[2]); rgb = im.convert('RGB');"
+                 "near = lambda x, y: [round(c / 8) * 8 for c in rgb.getpixel((s * x, s * y))];"
+                 "print(im.format, *(n / s for n in im.size), near(10, 10), near(375, 375), "
+                 "near(150, 640), near(375, 150))",
+                 path, QString::number(scale)});
+            QCOMPARE(seen.trimmed(),
+                     format + " 752.0 751.0 [256, 256, 256] [0, 128, 0] [0, 0, 256] [256, 0, 0]");
+        }
     }
 
     void svgKeepsTextAndSizeInMillimetres() {
@@ -238,20 +234,15 @@ class PictureFilesTest : public QObject {
         QVERIFY(WithWholeNumbers(pdf).contains("/MediaBox [0 0 720 360]"));
     }
 
-    void aGifKeepsUpTo256ColoursExactly_data() {
-        QTest::addColumn<int>("colours");
-        for (const int colours : {1, 2, 3, 255, 256}) QTest::addRow("%d", colours) << colours;
-    }
     void aGifKeepsUpTo256ColoursExactly() {
-        QFETCH(int, colours);
-        QImage image(300, 7, QImage::Format_RGB32);
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                image.setPixel(x, y, qRgb(1, x % colours, 255 - x % colours));
-            }
+        for (const int colours : {1, 2, 3, 255, 256}) {
+            QImage image(300, 7, QImage::Format_RGB32);
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 0; x < image.width(); ++x)
+                    image.setPixel(x, y, qRgb(1, x % colours, 255 - x % colours));
+            const QImage read = QImage::fromData(EncodeGif(image).value());
+            QVERIFY2(read.convertToFormat(image.format()) == image, QByteArray::number(colours));
         }
-        QVERIFY(QImage::fromData(EncodeGif(image).value()).convertToFormat(image.format()) ==
-                image);
     }
 
     void aGifOfMoreColoursLeavesTheFrequentOnesUntouched() {
@@ -346,17 +337,13 @@ class PictureFilesTest : public QObject {
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
     }
 
-    void sizesThatCannotBeDrawnAreRefused_data() {
-        QTest::addColumn<QSize>("size");
-        QTest::addRow("empty") << QSize(0, 100);
-        QTest::addRow("negative") << QSize(100, -1);
-        QTest::addRow("larger than memory") << QSize(1 << 20, 1 << 20);
-    }
-    void sizesThatCannotBeDrawnAreRefused() {
-        QFETCH(QSize, size);
-        for (const QString& suffix : PictureSuffixes()) {
-            const auto encoded = EncodePicture(*PictureFormatOf("x." + suffix), size, DrawSample);
-            QVERIFY(!encoded.ok() && !encoded.message().empty());
+    void emptyNegativeAndHugeSizesAreRefused() {
+        for (const QSize size : {QSize(0, 100), QSize(100, -1), QSize(1 << 20, 1 << 20)}) {
+            for (const QString& suffix : PictureSuffixes()) {
+                const auto format = *PictureFormatOf("x." + suffix);
+                const auto encoded = EncodePicture(format, size, DrawSample);
+                QVERIFY(!encoded.ok() && !encoded.message().empty());
+            }
         }
     }
 };

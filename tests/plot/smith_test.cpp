@@ -53,31 +53,25 @@ class SmithTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void pointsOfALineLieOnItsCircle_data() {
-        QTest::addColumn<double>("r");
-        QTest::addColumn<double>("x");
-        QTest::addRow("inductive") << 0.5 << 2.0;
-        QTest::addRow("capacitive") << 3.0 << -0.2;
-        QTest::addRow("almost a short") << 1e-3 << 1e-3;
-    }
     void pointsOfALineLieOnItsCircle() {
-        QFETCH(double, r);
-        QFETCH(double, x);
-        const Cx z(r, x);
-        const Cx y = 1.0 / z;
-        const Cx gamma = ChartGamma(50.0 * z, 50);
-        QVERIFY(Distance(ResistanceCircle(r), gamma) < 1e-12);
-        QVERIFY(Distance(ReactanceCircle(x), gamma) < 1e-9);
-        QVERIFY(Distance(ConductanceCircle(y.real()), gamma) < 1e-12);
-        QVERIFY(Distance(SusceptanceCircle(y.imag()), gamma) < 1e-12);
-        const double s = (1 + std::abs(gamma)) / (1 - std::abs(gamma));
-        QVERIFY(Distance(VswrCircle(s), gamma) < 1e-12);
-        const auto q = QualityCircle(x / r, 50);
-        QVERIFY(q && Distance(*q, gamma) < 1e-9);
-        // Of a complex source too: Q is that of the impedance, not of the normalized one.
-        const Cx source(20, -35);
-        const auto exact = QualityCircle(x / r, source);
-        QVERIFY(exact && Distance(*exact, ChartGamma(z, source)) < 1e-9);
+        // Inductive, capacitive, almost a short.
+        for (const Cx z : {Cx(0.5, 2), Cx(3, -0.2), Cx(1e-3, 1e-3)}) {
+            const Cx y = 1.0 / z;
+            const Cx gamma = ChartGamma(50.0 * z, 50);
+            QVERIFY(Distance(ResistanceCircle(z.real()), gamma) < 1e-12);
+            QVERIFY(Distance(ReactanceCircle(z.imag()), gamma) < 1e-9);
+            QVERIFY(Distance(ConductanceCircle(y.real()), gamma) < 1e-12);
+            QVERIFY(Distance(SusceptanceCircle(y.imag()), gamma) < 1e-12);
+            const double s = (1 + std::abs(gamma)) / (1 - std::abs(gamma));
+            QVERIFY(Distance(VswrCircle(s), gamma) < 1e-12);
+            const double Q = z.imag() / z.real();
+            const auto q = QualityCircle(Q, 50);
+            QVERIFY(q && Distance(*q, gamma) < 1e-9);
+            // Of a complex source too: Q is that of the impedance, not of the normalized one.
+            const Cx source(20, -35);
+            const auto exact = QualityCircle(Q, source);
+            QVERIFY(exact && Distance(*exact, ChartGamma(z, source)) < 1e-9);
+        }
     }
 
     /// Against the network itself: what enters it and reaches a load that lies on the circle.
@@ -133,30 +127,23 @@ class SmithTest : public QObject {
         QCOMPARE(frame.view, ChartView());
     }
 
-    void theGridIsReadableAtEveryZoom_data() {
-        QTest::addColumn<double>("zoom");
-        QTest::addColumn<double>("u");
-        QTest::addRow("whole") << 1.0 << 0.0;
-        QTest::addRow("centre close") << 40.0 << 0.0;
-        QTest::addRow("short close") << 300.0 << -0.98;
-        QTest::addRow("open, as close as it goes") << kLargestChartZoom << 0.99;
-    }
     void theGridIsReadableAtEveryZoom() {
-        QFETCH(double, zoom);
-        QFETCH(double, u);
-        const ChartFrame frame{640, 640, {u, 0.001, zoom}};
-        const auto lines = ImpedanceGrid(frame);
-        int labels = 0;
-        for (const GridLine& line : lines) {
-            labels += line.label.empty() ? 0 : 1;
-            for (const Cx& point : line.points) QVERIFY(std::abs(point) < 1 + 1e-9);
-            const Cx middle = line.points[line.points.size() / 2];
-            const Cx z = (1.0 + middle) / (1.0 - middle);
-            const double own = line.reactance ? z.imag() : z.real();
-            QVERIFY(std::fabs(own - line.value) <= 1e-6 * (1 + std::fabs(line.value)));
+        // Whole; close at the centre, at the short, and as close as it goes at the open end.
+        for (const auto& [zoom, u] :
+             {std::pair{1.0, 0.0}, {40.0, 0.0}, {300.0, -0.98}, {kLargestChartZoom, 0.99}}) {
+            const auto lines = ImpedanceGrid({640, 640, {u, 0.001, zoom}});
+            int labels = 0;
+            for (const GridLine& line : lines) {
+                labels += line.label.empty() ? 0 : 1;
+                for (const Cx& point : line.points) QVERIFY(std::abs(point) < 1 + 1e-9);
+                const Cx middle = line.points[line.points.size() / 2];
+                const Cx z = (1.0 + middle) / (1.0 - middle);
+                const double own = line.reactance ? z.imag() : z.real();
+                QVERIFY(std::fabs(own - line.value) <= 1e-6 * (1 + std::fabs(line.value)));
+            }
+            QVERIFY2(labels >= 2 && labels <= 200, qPrintable(QString::number(labels)));
+            QVERIFY2(lines.size() < 600, qPrintable(QString::number(lines.size())));
         }
-        QVERIFY2(labels >= 2 && labels <= 200, qPrintable(QString::number(labels)));
-        QVERIFY2(lines.size() < 600, qPrintable(QString::number(lines.size())));
     }
 
     void theAdmittanceGridIsTheOtherTurnedRound() {
@@ -244,30 +231,27 @@ class SmithTest : public QObject {
         QCOMPARE(NodeNear(path, {0.9, 0.9}, 0.05), std::optional<std::size_t>());
     }
 
-    void thePictureShowsPathAndGrid_data() {
-        QTest::addColumn<bool>("dark");
-        QTest::addRow("light") << false;
-        QTest::addRow("dark") << true;
-    }
     void thePictureShowsPathAndGrid() {
-        QFETCH(bool, dark);
         const auto [network, f] = LowPassMatch();
-        SmithPicture picture;
-        picture.path = SmithPath(network, f);
-        picture.grids.admittance = true;
-        picture.dark = dark;
-        QImage image(480, 480, QImage::Format_RGB32);
-        QPainter painter(&image);
-        const ChartFrame frame = DrawSmithChart(painter, image.size(), picture);
-        painter.end();
-        const Rgb colour = ElementColour(picture.path[1].element, dark);
-        const auto [x, y] = frame.place(picture.path[1].gamma[24]);
-        const QColor seen = image.pixelColor(qRound(x), qRound(y));
-        const int off = std::abs(seen.red() - colour.red) + std::abs(seen.green() - colour.green) +
-                        std::abs(seen.blue() - colour.blue);
-        QVERIFY2(off < 120, qPrintable(seen.name()));
-        const bool darkCorner = image.pixelColor(2, 240).lightness() < 128;
-        QCOMPARE(darkCorner, dark);
+        for (const bool dark : {false, true}) {
+            SmithPicture picture;
+            picture.path = SmithPath(network, f);
+            picture.grids.admittance = true;
+            picture.dark = dark;
+            QImage image(480, 480, QImage::Format_RGB32);
+            QPainter painter(&image);
+            const ChartFrame frame = DrawSmithChart(painter, image.size(), picture);
+            painter.end();
+            const Rgb wanted = ElementColour(picture.path[1].element, dark);
+            const auto [x, y] = frame.place(picture.path[1].gamma[24]);
+            const QColor seen = image.pixelColor(qRound(x), qRound(y));
+            const int off = std::abs(seen.red() - wanted.red) +
+                            std::abs(seen.green() - wanted.green) +
+                            std::abs(seen.blue() - wanted.blue);
+            QVERIFY2(off < 120, qPrintable(seen.name()));
+            const bool darkCorner = image.pixelColor(2, 240).lightness() < 128;
+            QCOMPARE(darkCorner, dark);
+        }
     }
 
     void readingsSayWhatAPlaceMeans() {

@@ -76,40 +76,30 @@ class ViewEditTest : public QObject {
         QCOMPARE(axis.toPixel(-10, 0, 100), axis.toPixel(Middle(axis), 0, 100));
     }
 
-    void endsTypedByHandStayWithinTheReachOfTheirAxis_data() {
-        QTest::addColumn<bool>("log");
-        QTest::addColumn<int>("zone");
-        QTest::addColumn<double>("value");
-        QTest::addColumn<double>("min");
-        QTest::addColumn<double>("max");
-        const auto row = [](const char* name, bool log, Zone zone, double value, double min,
-                            double max) {
-            QTest::addRow("%s", name) << log << int(zone) << value << min << max;
+    void endsTypedByHandStayWithinTheReachOfTheirAxis() {
+        struct Row {
+            const char* name;
+            Zone zone;
+            double value, min, max;
+            AxisMode mode = AxisMode::Logarithmic;
         };
         // 50 kHz to 50 MHz, -40 to 10 dB; x reaches from 1 Hz or 0 to 1 GHz, y to +-1000.
-        row("xmin inside", true, Zone::XStart, 1e5, 1e5, 5e7);
-        row("xmin beyond xmax", true, Zone::XStart, 1e8, 1e8, 1e9);
-        row("xmin at the very end", true, Zone::XStart, 1e9, 1e6, 1e9);
-        row("xmax below xmin", true, Zone::XEnd, 1e3, 1, 1e3);
-        row("xmax at the very start", true, Zone::XEnd, 1, 1, 1e3);
-        row("linear xmin at the very end", false, Zone::XStart, 1e9, 950050000, 1e9);
-        row("ymin at the top", true, Zone::YStart, 1000, 950, 1000);
-        row("ymin near the top", true, Zone::YStart, 980, 980, 1000);
-        row("ymax at the bottom", true, Zone::YEnd, -1000, -1000, -950);
-    }
-    void endsTypedByHandStayWithinTheReachOfTheirAxis() {
-        QFETCH(bool, log);
-        View view = GainView(10);
-        if (!log) view.x.mode = AxisMode::Linear;
-        QFETCH(int, zone);
-        QFETCH(double, value);
-        view = WithEnd(view, Zone(zone), value, kFo);
-        const bool onX = Zone(zone) == Zone::XStart || Zone(zone) == Zone::XEnd;
-        const Axis& axis = onX ? view.x : view.y;
-        QFETCH(double, min);
-        QFETCH(double, max);
-        QVERIFY2(Near(axis.min, min) && Near(axis.max, max),
-                 qPrintable(QString("%1 to %2").arg(axis.min).arg(axis.max)));
+        for (const auto& [name, zone, value, min, max, mode] :
+             {Row{"xmin inside", Zone::XStart, 1e5, 1e5, 5e7},
+              Row{"xmin beyond xmax", Zone::XStart, 1e8, 1e8, 1e9},
+              Row{"xmin at the very end", Zone::XStart, 1e9, 1e6, 1e9},
+              Row{"xmax below xmin", Zone::XEnd, 1e3, 1, 1e3},
+              Row{"xmax at the very start", Zone::XEnd, 1, 1, 1e3},
+              Row{"linear xmin at the end", Zone::XStart, 1e9, 950050000, 1e9, AxisMode::Linear},
+              Row{"ymin at the top", Zone::YStart, 1000, 950, 1000},
+              Row{"ymin near the top", Zone::YStart, 980, 980, 1000},
+              Row{"ymax at the bottom", Zone::YEnd, -1000, -1000, -950}}) {
+            View view = GainView(10);
+            view.x.mode = mode;
+            view = WithEnd(view, zone, value, kFo);
+            const Axis& axis = zone == Zone::XStart || zone == Zone::XEnd ? view.x : view.y;
+            QVERIFY2(Near(axis.min, min) && Near(axis.max, max), name);
+        }
     }
 
     void panningMovesByWhatTheMouseMovedAndStopsAtTheLimits() {
