@@ -1,13 +1,12 @@
 #include "cli/design_options.h"
 
 #include <CLI/Option.hpp>
-#include <QFile>
 #include <algorithm>
 
 #include "core/number_text.h"
 #include "design/cycle.h"
 #include "design/pages.h"
-#include "io/settings.h"
+#include "io/settings_reader.h"
 
 namespace kelvro {
 
@@ -123,15 +122,11 @@ void ApplyCheck(Design& state, const std::string& text) {
 /// to stop, as in the window, but the user hears of it.
 Design StartState(const DesignOptions& options, Session& session) {
     if (options.ini.empty()) return {};
-    const QString file = QFile::decodeName(options.ini.c_str());
-    SettingsRead settings = ReadSettings(file, {});
-    if (settings.status == SettingsRead::Status::Missing) {
-        settings.message = QStringLiteral("Cannot read \"%1\": there is no such file.").arg(file);
-    }
-    if (!settings.message.isEmpty()) {
-        session.tell("--ini: " + settings.message.toStdString() + " Defaults are used.");
-    }
-    return settings.settings.design;
+    SettingsContent read = ReadSettingsFile(options.ini, {});
+    if (read.status == SettingsStatus::Missing)
+        read.message = "Cannot read \"" + options.ini + "\": there is no such file.";
+    if (!read.message.empty()) session.tell("--ini: " + read.message + " Defaults are used.");
+    return read.settings.design;
 }
 
 }  // namespace

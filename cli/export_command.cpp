@@ -102,8 +102,7 @@ ExitCode Export(const ExportOptions& options, Session& session) {
         session.out << content;
         return ExitCode::Done;
     }
-    const Status written =
-        WriteAtomically(QString::fromStdString(options.file), QByteArray::fromStdString(content));
+    const Status written = WriteAtomically(options.file, content);
     if (!written) return session.fail({ExitCode::Failed, written.message()});
     return ExitCode::Done;
 }

@@ -11,7 +11,7 @@ namespace {
 
 /// Turns into the program that also draws, which takes the same arguments. It stands beside this
 /// one, or where an installation keeps what users do not start themselves. Comes back only when it
-/// is at neither place. All other commands start in a third of the time without Qt's Gui.
+/// is at neither place. All other commands start in a quarter of the time without Qt.
 void TurnIntoPictures(char** argv) {
     std::error_code error;
     const auto folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();

@@ -1,8 +1,9 @@
 #include <CLI/CLI.hpp>
-#include <QDate>
-#include <QSize>
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <ctime>
+#include <optional>
 
 #include "cli/commands.h"
 #include "cli/design_options.h"
@@ -46,8 +47,13 @@ struct PlotOptions {
     std::string file;
 };
 
+struct Pixels {
+    int width = 0;
+    int height = 0;
+};
+
 /// "WIDTHxHEIGHT" in pixels.
-std::optional<QSize> SizeOf(const std::string& text) {
+std::optional<Pixels> SizeOf(const std::string& text) {
     const auto number = [](std::string_view digits) {
         int value = 0;
         const char* end = digits.data() + digits.size();
@@ -57,9 +63,9 @@ std::optional<QSize> SizeOf(const std::string& text) {
     };
     const auto cross = text.find_first_of("xX");
     if (cross == std::string::npos) return {};
-    const QSize size(number(std::string_view(text).substr(0, cross)),
-                     number(std::string_view(text).substr(cross + 1)));
-    return size.isEmpty() ? std::nullopt : std::optional(size);
+    const Pixels size{number(std::string_view(text).substr(0, cross)),
+                      number(std::string_view(text).substr(cross + 1))};
+    return size.width == 0 || size.height == 0 ? std::nullopt : std::optional(size);
 }
 
 std::string SizeProblem(const std::string& text) {
@@ -76,8 +82,8 @@ Outcome<TraceList> DrawnTraces(const PlotOptions& options) {
 }
 
 std::string FileProblem(const std::string& text) {
-    if (PictureFormatOf(QString::fromLocal8Bit(text.c_str()))) return "";
-    return "'" + text + "' does not end in ." + PictureSuffixes().join(", .").toStdString();
+    if (PictureFormatOfFile(text)) return "";
+    return "'" + text + "' does not end in ." + PictureSuffixText(", .");
 }
 
 /// The view with which the window opens, its axes as the options say.
@@ -113,6 +119,15 @@ Picture PictureOf(const PlotOptions& options, const ResponsePlot& plot, const De
     return picture;
 }
 
+/// Of the user's clock, "2026-11-22".
+std::string Today() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local = {};
+    std::array<char, 16> text = {};
+    if (::localtime_r(&now, &local) == nullptr) return {};
+    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d", &local)};
+}
+
 /// What stands below the plot: markers, edges of the band, and what was drawn on which day.
 std::vector<std::string> FooterOf(const ResponsePlot& plot, const DesignRun& run) {
     const TraceSource source(run.state);
@@ -121,7 +136,7 @@ std::vector<std::string> FooterOf(const ResponsePlot& plot, const DesignRun& run
         lines.insert(lines.end(), more.begin(), more.end());
     };
     add(EdgeTexts(run.state, plot, SampledTraces(run.state, plot)));
-    add(CaptionOf(run, QDate::currentDate().toString(Qt::ISODate).toStdString()));
+    add(CaptionOf(run, Today()));
     return lines;
 }
 
@@ -149,8 +164,8 @@ ExitCode Plot(const PlotOptions& options, Session& session) {
     if (!options.noCaption) picture.footer = FooterOf(plot, run);
 
     picture.dpi = options.dpi;
-    const QSize size = *SizeOf(options.size);
-    const Status written = session.writePicture(picture, size.width(), size.height(), options.file);
+    const Pixels size = *SizeOf(options.size);
+    const Status written = session.writePicture(picture, size.width, size.height, options.file);
     if (!written) return session.fail({ExitCode::Failed, written.message()});
     return ExitCode::Done;
 }

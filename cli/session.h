@@ -48,7 +48,7 @@ using PictureWriter = Status (*)(const Picture& picture, int width, int height,
 struct Session {
     std::ostream& out;
     std::ostream& err;
-    PictureWriter writePicture = nullptr;  ///< none in the program that is linked without Qt's Gui
+    PictureWriter writePicture = nullptr;  ///< none in the program that is linked without Qt
     ExitCode status = ExitCode::Done;
     bool terminal = false;                   ///< somebody watches the error stream
     std::span<const std::string> args = {};  ///< of the program, without its name

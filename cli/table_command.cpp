@@ -24,8 +24,7 @@ ExitCode WriteTable(const TableOptions& options, Session& session) {
     if (!outcome) return session.fail(outcome.status());
     const Design& state = outcome->state;
     const std::string table = ResponseTable(state, from, to, !options.range.linear);
-    const Status written = WriteAtomically(QString::fromLocal8Bit(options.file.c_str()),
-                                           QByteArray::fromStdString(table));
+    const Status written = WriteAtomically(options.file, table);
     if (!written) return session.fail({ExitCode::Failed, written.message()});
     return ExitCode::Done;
 }

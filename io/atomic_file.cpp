@@ -1,54 +1,94 @@
 #include "io/atomic_file.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
+
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
-#include <filesystem>
+#include <cstdlib>
+#include <optional>
 #include <system_error>
+#include <utility>
 
 namespace kelvro {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr int kMostNames = 1000;
+constexpr int kMostLinks = 40;  // in a row, as in the system
+constexpr mode_t kReadWrite = 0666;
+constexpr mode_t kPermissions = 0777;
 
 Status Failed(std::errc error) {
     return Status::Failure(std::make_error_code(error).message());
 }
 
-Status Failed(const QFileDevice& file) {
-    return Status::Failure(file.errorString().toStdString());
+/// Of the last system call.
+Status Failed() {
+    return Failed(static_cast<std::errc>(errno));
 }
 
-/// Neither a regular file nor missing: a device, a pipe or a folder.
-bool IsSpecial(const QString& path) {
-    const QFileInfo info(path);
-    return info.exists() && !info.isFile();
-}
-
-/// A full disk takes a part first; what does not fit then tells the reason.
-Status WriteAll(QFileDevice& file, const QByteArray& content) {
-    for (qsizetype done = 0; done < content.size();) {
-        const qint64 written = file.write(content.constData() + done, content.size() - done);
-        if (written <= 0) return Failed(file);
-        done += written;
+/// An open file; closed at the end of its life.
+class OpenFile {
+  public:
+    explicit OpenFile(int descriptor) : descriptor_(descriptor) {}
+    ~OpenFile() {
+        if (descriptor_ >= 0) ::close(descriptor_);
     }
-    return {};
-}
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
 
-/// Without a buffer, since QSaveFile::commit overlooks that the rest of a buffer did not fit on the
-/// disk.
-Status OpenAndWrite(QFileDevice& file, const QByteArray& content) {
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return Failed(file);
-    return WriteAll(file, content);
-}
+    explicit operator bool() const { return descriptor_ >= 0; }
+    int descriptor() const { return descriptor_; }
+
+    /// A full disk takes a part first; what does not fit then tells the reason.
+    Status write(std::string_view content) {
+        while (!content.empty()) {
+            const ssize_t written = ::write(descriptor_, content.data(), content.size());
+            if (written < 0 && errno == EINTR) continue;
+            if (written <= 0) return written < 0 ? Failed() : Failed(std::errc::io_error);
+            content.remove_prefix(static_cast<std::size_t>(written));
+        }
+        return {};
+    }
+    Status sync(Survives survives) {
+        return survives == Survives::PowerCut && ::fsync(descriptor_) != 0 ? Failed() : Status();
+    }
+    /// Some file systems tell only here that something did not arrive.
+    Status close() { return ::close(std::exchange(descriptor_, -1)) == 0 ? Status() : Failed(); }
+
+  private:
+    int descriptor_;
+};
+
+/// Where a save ends: behind all links, the last of which may lead to nothing yet.
+struct Target {
+    explicit Target(fs::path given) : path(std::move(given)) {
+        for (int i = 0; i < kMostLinks && fs::is_symlink(path, ignored_); ++i) {
+            const fs::path link = fs::read_symlink(path, ignored_);
+            path = path.parent_path() / link;  // an absolute one replaces all
+        }
+        exists = ::stat(path.c_str(), &info) == 0;
+    }
+
+    /// Neither a regular file nor missing: a device, a pipe or a folder.
+    bool isSpecial() const { return exists && !S_ISREG(info.st_mode); }
+    bool isLocked() const { return exists && ::access(path.c_str(), W_OK) != 0; }
+    mode_t permissions() const { return info.st_mode & kPermissions; }
+    fs::path folder() const { return path.has_parent_path() ? path.parent_path() : "."; }
+
+    fs::path path;
+    bool exists = false;
+    struct stat info = {};
+
+  private:
+    std::error_code ignored_;
+};
 
 /// What the rest of TakeName does between two names, with system calls only: it runs in a process
 /// of its own beside a parent that stands still.
@@ -70,117 +110,109 @@ bool Link(const char* open, const char* path, const char* second, Survives survi
 /// Gives an open file without a name the name `path`, in place of what has it, by way of the name
 /// `second`. False where that is not possible. A child does it, so that a kill of this process in
 /// between does not leave the second name behind.
-bool TakeName(int file, const QByteArray& path, const QByteArray& second, Survives survives) {
-    const QByteArray open = "/proc/self/fd/" + QByteArray::number(file);
+bool TakeName(int file, const fs::path& path, const fs::path& second, Survives survives) {
+    const std::string open = "/proc/self/fd/" + std::to_string(file);
     sigset_t all;
     sigset_t before;
     ::sigfillset(&all);
     ::pthread_sigmask(SIG_SETMASK, &all, &before);
     const pid_t child = ::vfork();
-    if (child == 0)
-        ::_exit(Link(open.constData(), path.constData(), second.constData(), survives) ? 0 : 1);
+    if (child == 0) ::_exit(Link(open.c_str(), path.c_str(), second.c_str(), survives) ? 0 : 1);
     int status = 1;
     while (child > 0 && ::waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
     ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    if (child < 0) return Link(open.constData(), path.constData(), second.constData(), survives);
+    if (child < 0) return Link(open.c_str(), path.c_str(), second.c_str(), survives);
     return status == 0;
 }
 
 /// Writes a file that has no name until it is complete, so that a process that is killed leaves
 /// nothing behind. Nothing where the file system does not know such files.
-std::optional<Status> WriteUnnamed(const QString& path, const QByteArray& content,
-                                   const QString& second, Survives survives) {
-    const QFileInfo info(path);
-    const QString target = info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
-    if (info.isSymLink() && !info.exists()) return {};
-    if (info.exists() && !info.isWritable()) return {};
-    const QByteArray folder = QFile::encodeName(QFileInfo(target).absolutePath());
-    const int descriptor = ::open(folder.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
-    if (descriptor < 0) return {};
-    QFile file;
-    if (!file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered,
-                   QFileDevice::AutoCloseHandle)) {
-        ::close(descriptor);
-        return {};
-    }
-    if (Status status = WriteAll(file, content); !status) return status;
-    if (info.exists()) file.setPermissions(QFile::permissions(target));
-    if (survives == Survives::PowerCut && ::fsync(descriptor) != 0)
-        return Failed(static_cast<std::errc>(errno));
-    if (!TakeName(descriptor, QFile::encodeName(target), QFile::encodeName(second), survives))
-        return {};
+std::optional<Status> WriteUnnamed(const Target& target, std::string_view content,
+                                   const fs::path& second, Survives survives) {
+    if (target.isLocked()) return {};
+    OpenFile file(::open(target.folder().c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kReadWrite));
+    if (!file) return {};
+    if (Status status = file.write(content); !status) return status;
+    if (target.exists) (void)::fchmod(file.descriptor(), target.permissions());
+    if (Status status = file.sync(survives); !status) return status;
+    if (!TakeName(file.descriptor(), target.path, second, survives)) return {};
     return Status();
 }
 
 /// Devices and pipes cannot be replaced, only written to.
-Status WriteDirectly(const QString& path, const QByteArray& content) {
-    if (QFileInfo(path).isDir()) return Failed(std::errc::is_a_directory);
-    QFile file(path);
-    return OpenAndWrite(file, content);
+Status WriteDirectly(const fs::path& path, std::string_view content) {
+    OpenFile file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
+    if (!file) return Failed();
+    if (Status status = file.write(content); !status) return status;
+    return file.close();
 }
 
-Status WriteWhole(const QString& path, const QByteArray& content, Survives survives) {
-    if (path.isEmpty()) return Status::Failure("No file name");
-    if (IsSpecial(path)) return WriteDirectly(path, content);
-    const QFileInfo info(path);
-    const QString target = info.exists() ? info.canonicalFilePath() : path;
-    const QString second = QStringLiteral("%1.%2.new").arg(target).arg(::getpid());
-    if (const auto done = WriteUnnamed(path, content, second, survives)) return *done;
-    QSaveFile file(path);
-    if (Status status = OpenAndWrite(file, content); !status) return status;
-    if (!file.commit()) return Failed(file);
-    return {};
+/// Writes the file `name`, which is new, and gives it the name of the target.
+Status WriteNamed(const Target& target, std::string_view content, const fs::path& name,
+                  Survives survives) {
+    OpenFile file(::open(name.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kReadWrite));
+    if (!file) return Failed();
+    Status status = file.write(content);
+    if (target.exists) (void)::fchmod(file.descriptor(), target.permissions());
+    if (status) status = file.sync(survives);
+    if (status) status = file.close();
+    if (status && ::rename(name.c_str(), target.path.c_str()) != 0) status = Failed();
+    if (!status) ::unlink(name.c_str());
+    return status;
 }
 
-/// "folder/name.TMP", or "folder/name-2.TMP" and so on where that exists; empty when all are taken.
-QString FreeName(const QFileInfo& target, const QString& suffix) {
-    const QString base = target.dir().filePath(target.completeBaseName());
-    QString name = base + '.' + suffix;
-    for (int i = 2; QFileInfo::exists(name); ++i) {
+/// By way of a second name where the file cannot do without any.
+Status Replace(const Target& target, std::string_view content, const fs::path& second,
+               Survives survives) {
+    if (const auto done = WriteUnnamed(target, content, second, survives)) return *done;
+    if (target.isLocked()) return Failed(std::errc::permission_denied);
+    return WriteNamed(target, content, second, survives);
+}
+
+/// Of files that are to be written as a whole, those that are none.
+std::optional<Status> WriteSpecial(const Target& target, std::string_view content) {
+    if (target.path.empty()) return Status::Failure("No file name");
+    if (!target.isSpecial()) return {};
+    return WriteDirectly(target.path, content);
+}
+
+/// "base.suffix", or "base-2.suffix" and so on where that exists; empty when all are taken.
+fs::path FreeName(const std::string& base, const std::string& suffix) {
+    std::error_code error;
+    fs::path name = base + '.' + suffix;
+    for (int i = 2; fs::exists(fs::symlink_status(name, error)); ++i) {
         if (i == kMostNames) return {};
-        name = base + '-' + QString::number(i) + '.' + suffix;
+        name = base + '-' + std::to_string(i) + '.' + suffix;
     }
     return name;
 }
 
-Status Rename(const QString& from, const QString& to) {
-    const std::filesystem::path source(from.toStdU16String());
-    const std::filesystem::path target(to.toStdU16String());
-    std::error_code error;
-    std::filesystem::rename(source, target, error);
-    if (!error) return {};
-    QFile::remove(from);
-    return Status::Failure(error.message());
+Status WriteWhole(const Target& target, std::string_view content, Survives survives) {
+    if (const auto done = WriteSpecial(target, content)) return *done;
+    const std::string own = target.path.string() + '.' + std::to_string(::getpid());
+    return Replace(target, content, FreeName(own, "new"), survives);
 }
 
-Status WriteThenRename(const QString& suffix, const QString& path, const QByteArray& content) {
-    constexpr auto survives = Survives::PowerCut;
-    if (path.isEmpty() || IsSpecial(path)) return WriteWhole(path, content, survives);
-    QFileInfo target(path);
-    if (target.exists()) target.setFile(target.canonicalFilePath());
-    if (target.exists() && !target.isWritable()) return Failed(std::errc::permission_denied);
-    const QString temporary = FreeName(target, suffix);
-    if (const auto done = WriteUnnamed(path, content, temporary, survives)) return *done;
-    if (Status status = WriteWhole(temporary, content, survives); !status) return status;
-    if (target.exists()) QFile::setPermissions(temporary, target.permissions());
-    return Rename(temporary, target.filePath());
+Status WriteThenRename(const std::string& suffix, const Target& target, std::string_view content) {
+    if (const auto done = WriteSpecial(target, content)) return *done;
+    const fs::path base = target.path.parent_path() / target.path.stem();
+    return Replace(target, content, FreeName(base.string(), suffix), Survives::PowerCut);
 }
 
-Status About(const QString& path, const Status& status) {
+Status About(const fs::path& path, const Status& status) {
     if (status) return {};
-    return Status::Failure("Cannot write \"" + path.toStdString() + "\": " + status.message() +
-                           '.');
+    return Status::Failure("Cannot write \"" + path.string() + "\": " + status.message() + '.');
 }
 
 }  // namespace
 
-Status WriteAtomically(const QString& path, const QByteArray& content, Survives survives) {
-    return About(path, WriteWhole(path, content, survives));
+Status WriteAtomically(const fs::path& path, std::string_view content, Survives survives) {
+    return About(path, WriteWhole(Target(path), content, survives));
 }
 
-Status WriteByWayOf(const QString& suffix, const QString& path, const QByteArray& content) {
-    return About(path, WriteThenRename(suffix, path, content));
+Status WriteByWayOf(const std::string& suffix, const fs::path& path, std::string_view content) {
+    return About(path, WriteThenRename(suffix, Target(path), content));
 }
 
 }  // namespace kelvro

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
+#include <filesystem>
+#include <string>
+#include <string_view>
 
 #include "core/result.h"
 
@@ -14,11 +15,12 @@ enum class Survives { PowerCut, Kill };
 /// Replaces the file `path` by `content` as a whole: it keeps its old content until the new one
 /// stands complete on the disk, and no temporary file stays behind, whatever fails. A device
 /// ("/dev/stdout") is written to directly. A failure's message is for the user.
-Status WriteAtomically(const QString& path, const QByteArray& content,
+Status WriteAtomically(const std::filesystem::path& path, std::string_view content,
                        Survives survives = Survives::PowerCut);
 
 /// The same, by way of a complete file "name.<suffix>" in the same folder (with a number where that
 /// name is taken) which then takes the name `path`.
-Status WriteByWayOf(const QString& suffix, const QString& path, const QByteArray& content);
+Status WriteByWayOf(const std::string& suffix, const std::filesystem::path& path,
+                    std::string_view content);
 
 }  // namespace kelvro

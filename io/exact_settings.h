@@ -1,7 +1,7 @@
 #pragma once
 
 #include "io/profile_text.h"
-#include "io/settings.h"
+#include "io/settings_reader.h"
 
 namespace kelvro {
 

@@ -4,13 +4,14 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include <QCryptographicHash>
 #include <cerrno>
 #include <chrono>
 #include <fstream>
 #include <sstream>
 #include <system_error>
 #include <thread>
+
+#include "io/sha256.h"
 
 namespace kelvro {
 
@@ -25,9 +26,7 @@ std::optional<std::string> ContentOf(const std::filesystem::path& path) {
 }
 
 std::string Checksum(std::string_view content) {
-    const QByteArrayView bytes(content.data(), static_cast<qsizetype>(content.size()));
-    const QByteArray hash = QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
-    return "sha256:" + hash.toHex().toStdString();
+    return "sha256:" + Sha256(content);
 }
 
 bool HasChanged(const std::filesystem::path& path, const std::string& checksum) {

@@ -1,7 +1,5 @@
 #include "io/optimizer_reports.h"
 
-#include <QByteArray>
-#include <QString>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -27,8 +25,7 @@ Status Write(const std::string& path, const std::string& text) {
     if (path.empty() || text.empty()) return {};
     std::error_code error;
     fs::create_directories(fs::path(path).parent_path(), error);  // a reason shows at writing
-    const Status written = WriteAtomically(QString::fromLocal8Bit(path.c_str()),
-                                           QByteArray::fromStdString(text), Survives::Kill);
+    const Status written = WriteAtomically(fs::path(path), text, Survives::Kill);
     std::string reason = written.message();
     if (reason.ends_with('.')) reason.pop_back();  // one remark of several in a line
     return written ? written : Status::Failure(std::move(reason));

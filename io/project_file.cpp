@@ -1,6 +1,5 @@
 #include "io/project_file.h"
 
-#include <QString>
 #include <algorithm>
 
 #include "io/atomic_file.h"
@@ -231,10 +230,7 @@ Result<std::string> WriteProject(const std::filesystem::path& path, const Projec
                                " was changed by another program meanwhile and stays as it is");
     }
     const std::string text = ProjectText(project, folder);
-    if (const Status written =
-            WriteAtomically(QString::fromStdString(path.string()), QByteArray::fromStdString(text));
-        !written)
-        return written;
+    if (const Status written = WriteAtomically(path, text); !written) return written;
     return Checksum(text);
 }
 

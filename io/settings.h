@@ -4,34 +4,15 @@
 #include <optional>
 #include <string>
 
-#include "analysis/tolerance.h"
-#include "design/design.h"
-#include "design/preferences.h"
-#include "io/plot_choices.h"
+#include "io/settings_reader.h"
 
 // The settings file: the design inputs between runs of the program, and designs in files of their
 // own. An INI file in Windows-1252 with one section.
 
 namespace kelvro {
 
-/// What a settings file carries.
-struct Settings {
-    Design design = {};
-    Preferences preferences = {};
-    double v = 2;  ///< V2/V1 at fo as last calculated
-    Tolerances tolerances = {};
-    bool standardValues = false;  ///< exports take values of the standard series
-    PlotChoicesOfWindows plots = {};
-
-    bool operator==(const Settings&) const = default;
-};
-
 struct SettingsRead {
-    enum class Status {
-        Read,
-        Missing,  ///< no such file; counts as one without keys
-        Unusable  ///< a folder, unreadable, too large or no settings file; changes nothing
-    };
+    using Status = SettingsStatus;
     Status status = Status::Read;
     Settings settings;
     QString message;  ///< for the user, empty when there is nothing to say
@@ -73,10 +54,6 @@ struct SettingsSave {
 ///              may be.
 SettingsSave WriteSettings(const QString& file, const Settings& settings,
                            const std::optional<std::string>& known = {});
-
-/// The text of a settings file: `old` with the settings in it, which keeps what WriteSettings keeps
-/// of a file.
-std::string SettingsText(const Settings& settings, const std::string& old = {});
 
 /// kelvro/kelvro.ini in the user's configuration folder.
 QString DefaultSettingsFile();

@@ -8,7 +8,7 @@
 #include <array>
 #include <cmath>
 
-#include "io/atomic_file.h"
+#include "io/qt_files.h"
 #include "plot/metafile_device.h"
 
 namespace kelvro {
@@ -143,7 +143,7 @@ Status SavePicture(const QString& path, PictureFormat format, QSize size, const 
                                '.');
     }
     if (format == PictureFormat::Metafile) {
-        return WriteByWayOf(QStringLiteral("TMP"), path, *encoded);
+        return WriteByWayOf("TMP", NativePath(path), encoded->toStdString());
     }
     return WriteAtomically(path, *encoded);
 }

@@ -5,7 +5,7 @@
 #include <QString>
 #include <functional>
 
-#include "plot/picture_format.h"
+#include "plot/picture_names.h"
 #include "plot/raster_encoders.h"
 
 class QPainter;

@@ -1,7 +1,5 @@
 #include "plot/picture_format.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <algorithm>
 #include <array>
 
@@ -10,7 +8,7 @@ namespace kelvro {
 namespace {
 
 struct Suffix {
-    const char* text;
+    std::string_view text;
     PictureFormat format;
 };
 constexpr std::array kSuffixes{
@@ -19,30 +17,36 @@ constexpr std::array kSuffixes{
     Suffix{"png", PictureFormat::Png},    Suffix{"svg", PictureFormat::Svg},
     Suffix{"pdf", PictureFormat::Pdf}};
 
+char Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
 }  // namespace
 
-std::optional<PictureFormat> PictureFormatOf(const QString& fileName) {
-    const QString wanted = QFileInfo(fileName).suffix().toLower();
-    if (wanted == QLatin1String("jpeg")) return PictureFormat::Jpeg;
+std::optional<PictureFormat> PictureFormatOfFile(std::string_view name) {
+    name.remove_prefix(name.rfind('/') + 1);  // of a name without folders, nothing
+    const auto point = name.rfind('.');
+    if (point == std::string_view::npos) return {};
+    std::string wanted(name.substr(point + 1));
+    std::ranges::transform(wanted, wanted.begin(), Lower);
+    if (wanted == "jpeg") return PictureFormat::Jpeg;
     for (const auto& [text, format] : kSuffixes) {
-        if (wanted == QLatin1String(text)) return format;
+        if (wanted == text) return format;
     }
     return {};
 }
 
-QString WithEnding(const QString& path, PictureFormat format) {
-    const auto named = PictureFormatOf(path);
-    if (named == format) return path;
-    const auto* const suffix = std::ranges::find(kSuffixes, format, &Suffix::format);
-    const QFileInfo file(path);
-    return file.dir().filePath((named ? file.completeBaseName() : file.fileName()) + '.' +
-                               QLatin1String(suffix->text));
+std::string_view SuffixOf(PictureFormat format) {
+    return std::ranges::find(kSuffixes, format, &Suffix::format)->text;
 }
 
-QStringList PictureSuffixes() {
-    QStringList suffixes;
-    for (const Suffix& suffix : kSuffixes) suffixes.append(QLatin1String(suffix.text));
-    return suffixes;
+std::string PictureSuffixText(std::string_view separator) {
+    std::string text;
+    for (const Suffix& suffix : kSuffixes) {
+        if (!text.empty()) text += separator;
+        text += suffix.text;
+    }
+    return text;
 }
 
 }  // namespace kelvro

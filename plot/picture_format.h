@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace kelvro {
 
@@ -10,13 +10,12 @@ enum class PictureFormat { Bitmap, Metafile, Jpeg, Gif, Png, Svg, Pdf };
 
 /// The format that a file name asks for by its ending (.bmp .wmf .jpg .jpeg .gif .png .svg .pdf),
 /// case ignored; nothing for any other.
-std::optional<PictureFormat> PictureFormatOf(const QString& fileName);
+std::optional<PictureFormat> PictureFormatOfFile(std::string_view name);
 
-/// The name with the usual ending of the format: in place of another format's, else behind it. A
-/// name of that format stays.
-QString WithEnding(const QString& path, PictureFormat format);
+/// The usual ending of a format: "png".
+std::string_view SuffixOf(PictureFormat format);
 
-/// The endings as a list for messages and dialogs, the usual one of each format.
-QStringList PictureSuffixes();
+/// Those of all formats with something in between.
+std::string PictureSuffixText(std::string_view separator);
 
 }  // namespace kelvro

@@ -15,7 +15,7 @@
 #include <utility>
 
 #include "core/number_text.h"
-#include "io/atomic_file.h"
+#include "io/qt_files.h"
 #include "ui/fields.h"
 #include "ui/form_parts.h"
 #include "ui/mnemonics.h"

@@ -5,7 +5,7 @@
 #include <QMessageBox>
 #include <QStringList>
 
-#include "plot/picture_format.h"
+#include "plot/picture_names.h"
 
 namespace kelvro {
 

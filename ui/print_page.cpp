@@ -9,7 +9,7 @@
 #include <QWidget>
 #include <algorithm>
 
-#include "io/atomic_file.h"
+#include "io/qt_files.h"
 
 namespace kelvro {
 

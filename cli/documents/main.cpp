@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <array>
+#include <cstdio>
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -9,11 +11,11 @@
 #include "cli/commands.h"
 #include "cli/manual_page.h"
 
-int main(int argc, char** argv) {
+namespace {
+
+/// Were all documents written?
+bool WriteDocuments(const std::filesystem::path& folder, const std::string& date) {
     using namespace kelvro;
-    if (argc != 3) return 2;
-    const std::filesystem::path folder(argv[1]);
-    const std::string date = argv[2];
     const std::array<std::string, 1> everything{"--help"};
     Session session{.out = std::cout, .err = std::cerr, .args = everything};
     CLI::App app;
@@ -24,8 +26,18 @@ int main(int argc, char** argv) {
         return file.good();
     };
     return write("kelvro-cli.1", ManualPage(app, date)) &&
-                   write("kelvro.1", WindowManualPage(date)) &&
-                   write("kelvro-cli.bash", BashCompletion(app))
-               ? 0
-               : 1;
+           write("kelvro.1", WindowManualPage(date)) &&
+           write("kelvro-cli.bash", BashCompletion(app));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) return 2;
+    try {
+        return WriteDocuments(argv[1], argv[2]) ? 0 : 1;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "kelvro-documents: %s\n", error.what());
+        return 1;
+    }
 }

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <limits>
@@ -17,6 +18,7 @@ namespace {
 using nlohmann::json;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 json JsonOf(std::vector<std::string> args) {
@@ -126,6 +128,18 @@ TEST(CommandLineTest, TheProgramHandsItsExitCodeToTheShell) {
     EXPECT_EQ(code("design pi --no-optimize"), 0);
     EXPECT_EQ(code("design piccolo"), 2);
     EXPECT_EQ(code("design 1 --r1 200 --r2 50"), 3);
+}
+
+/// Loading Qt would take longer than most commands; one of its headers in the wrong place is
+/// enough.
+TEST(CommandLineTest, TheProgramLoadsNoQt) {
+    FILE* libraries = ::popen("LD_TRACE_LOADED_OBJECTS=1 '" CLI_PROGRAM "'", "r");
+    ASSERT_NE(libraries, nullptr);
+    std::string text(8192, '\0');
+    text.resize(std::fread(text.data(), 1, text.size(), libraries));
+    ::pclose(libraries);
+    EXPECT_THAT(text, HasSubstr("libstdc++"));
+    EXPECT_THAT(text, Not(HasSubstr("libQt")));
 }
 
 // ---------------------------------------------------------------- numbers

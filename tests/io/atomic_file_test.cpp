@@ -8,6 +8,8 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <string>
+#include <string_view>
 
 #include "tests/temporary_folder.h"
 
@@ -16,24 +18,24 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using Save = Status (*)(const QString& path, const QByteArray& content);
+using Save = Status (*)(const fs::path& path, std::string_view content);
 
-Status ToDisk(const QString& path, const QByteArray& content) {
+Status ToDisk(const fs::path& path, std::string_view content) {
     return WriteAtomically(path, content);
 }
 
-Status ForReports(const QString& path, const QByteArray& content) {
+Status ForReports(const fs::path& path, std::string_view content) {
     return WriteAtomically(path, content, Survives::Kill);
 }
 
-Status ByWayOfTmp(const QString& path, const QByteArray& content) {
-    return WriteByWayOf(QStringLiteral("TMP"), path, content);
+Status ByWayOfTmp(const fs::path& path, std::string_view content) {
+    return WriteByWayOf("TMP", path, content);
 }
 
 class KilledSave : public testing::TestWithParam<Save> {
   protected:
     /// A process of its own saves; the system kills it as soon as a file grows over 4096 bytes.
-    int signalThatEnded(const fs::path& target, const QByteArray& content) const {
+    int signalThatEnded(const fs::path& target, std::string_view content) const {
         const pid_t child = ::fork();
         if (child == 0) {
             const rlimit small{4096, 4096};
@@ -41,7 +43,7 @@ class KilledSave : public testing::TestWithParam<Save> {
             ::setrlimit(RLIMIT_FSIZE, &small);
             ::setrlimit(RLIMIT_CORE, &none);
             std::signal(SIGXFSZ, SIG_DFL);
-            (void)GetParam()(QString::fromStdString(target.string()), content);
+            (void)GetParam()(target, content);
             ::_exit(0);
         }
         int status = 0;
@@ -60,14 +62,27 @@ class KilledSave : public testing::TestWithParam<Save> {
 TEST_P(KilledSave, LeavesTheOldFileAndDoesNotDisturbTheNextSave) {
     const fs::path target = folder_ / "plot.wmf";
     std::ofstream(target, std::ios::binary) << "the old picture";
-    const QByteArray picture(100000, 'x');
+    const std::string picture(100000, 'x');
     ASSERT_EQ(signalThatEnded(target, picture), SIGXFSZ);
     EXPECT_EQ(content(target), "the old picture");
 
-    EXPECT_TRUE(GetParam()(QString::fromStdString(target.string()), picture));
-    EXPECT_EQ(content(target), picture.toStdString());
+    EXPECT_TRUE(GetParam()(target, picture));
+    EXPECT_EQ(content(target), picture);
     for (const auto& entry : fs::directory_iterator(folder_.path()))
         EXPECT_EQ(entry.path(), target) << "what the killed process had begun";
+}
+
+TEST_P(KilledSave, GoesWhereLinksLeadAndKeepsThePermissions) {
+    const fs::path target = folder_ / "kept";
+    const fs::path link = folder_ / "link";
+    fs::create_symlink("kept", link);
+    EXPECT_TRUE(GetParam()(link, "new")) << "a link that leads to nothing yet";
+    EXPECT_EQ(content(target), "new");
+    fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_TRUE(GetParam()(link, "newer"));
+    EXPECT_EQ(content(target), "newer");
+    EXPECT_EQ(fs::status(target).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_TRUE(fs::is_symlink(link));
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, KilledSave, testing::Values(ToDisk, ForReports, ByWayOfTmp));

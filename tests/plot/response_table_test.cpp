@@ -5,7 +5,7 @@
 #include <QTest>
 
 #include "design/pages.h"
-#include "io/atomic_file.h"
+#include "io/qt_files.h"
 #include "tests/calculated.h"
 
 using namespace kelvro;

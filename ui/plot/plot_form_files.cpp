@@ -13,11 +13,11 @@
 #include <QPrinter>
 
 #include "design/pages.h"
-#include "io/atomic_file.h"
+#include "io/qt_files.h"
 #include "plot/caption.h"
 #include "plot/frame_painter.h"
 #include "plot/picture_files.h"
-#include "plot/picture_format.h"
+#include "plot/picture_names.h"
 #include "plot/response_table.h"
 #include "plot/shown_numbers.h"
 #include "ui/picture_dialog.h"
