@@ -37,8 +37,7 @@ QString AskForPictureFile(QWidget& parent, const char* objectName, const QString
         const QString present = dialog.selectedFiles().value(0);
         if (!present.isEmpty())
             dialog.selectFile(
-                QFileInfo(WithEnding(present, *PictureFormatOf('.' + PictureSuffixes()[chosen])))
-                    .fileName());
+                WithEnding(present, *PictureFormatOf('.' + PictureSuffixes()[chosen])));
     };
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
     dialog.selectFile(name);

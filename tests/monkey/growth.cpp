@@ -2,11 +2,8 @@
 
 #include <malloc.h>
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QDir>
-#include <QLineEdit>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 #include <algorithm>
 #include <cstdio>
 #include <functional>

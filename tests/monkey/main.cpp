@@ -6,11 +6,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <QApplication>
-#include <QCommandLineParser>
-#include <QDesktopServices>
-#include <QDir>
-#include <QTemporaryDir>
+#include <QtWidgets>
 #include <csignal>
 #include <cstdio>
 #include <cstring>

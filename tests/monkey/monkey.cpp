@@ -1,18 +1,8 @@
 #include "tests/monkey/monkey.h"
 
-#include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
-#include <QComboBox>
-#include <QDialog>
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QLineEdit>
-#include <QMenu>
 #include <QPrintDialog>
-#include <QTest>
-#include <QTimer>
-#include <QWheelEvent>
+#include <QtTest>
+#include <QtWidgets>
 #include <ctime>
 
 #include "ui/end_request.h"

@@ -1,17 +1,5 @@
 // Keys, the way of Tab, and what outputs offer.
 
-#include <QAbstractSpinBox>
-#include <QComboBox>
-#include <QContextMenuEvent>
-#include <QMenu>
-#include <QMenuBar>
-#include <QRadioButton>
-#include <QScrollBar>
-#include <QShortcut>
-#include <QTableWidget>
-#include <QTextDocument>
-#include <QToolBar>
-#include <QToolButton>
 #include <cmath>
 
 #include "core/number_text.h"

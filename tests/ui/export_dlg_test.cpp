@@ -2,14 +2,6 @@
 
 #include "ui/export_dlg.h"
 
-#include <QClipboard>
-#include <QComboBox>
-#include <QDir>
-#include <QFile>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QTableWidget>
-
 #include "tests/ui/form_fixture.h"
 
 using namespace kelvro;
@@ -20,33 +12,27 @@ class ExportDlgTest : public QObject {
   private slots:
     void init() { f_ = std::make_unique<FormFixture>(); }
 
-    void offersTheFormatsOfThePage_data() {
-        QTest::addColumn<int>("page");
-        QTest::addColumn<QStringList>("keys");
-        QTest::addRow("tank") << 1 << QStringList{"listing", "spice", "touchstone", "csv", "json"};
-        QTest::addRow("trap") << 12 << QStringList{"listing", "spice", "touchstone", "json"};
-        QTest::addRow("class E") << 15 << QStringList{"listing", "spice", "touchstone", "json"};
-        QTest::addRow("divider") << 19 << QStringList{"listing", "spice", "json"};
-    }
-
     void offersTheFormatsOfThePage() {
-        QFETCH(int, page);
-        QFETCH(QStringList, keys);
-        f_->goTo(page);
         open();
-        auto& formats = find<QComboBox>("ComboBoxExport");
-        QStringList offered;
-        for (int i = 0; i < formats.count(); ++i) offered << formats.itemData(i).toString();
-        QCOMPARE(offered, keys);
-        for (const QString& key : keys) {
-            choose(key);
-            QVERIFY2(preview().size() > 50, qPrintable(key));
-            QCOMPARE(note(), QString());
-            // Transients and operating points have no frequencies to choose.
-            const bool swept = page != 15 && page != 19;
-            QCOMPARE(find<QLineEdit>("ExportFromEingabe").isVisible(),
-                     (key == "spice" && swept) || key == "touchstone" || key == "csv");
-            QCOMPARE(find<QLineEdit>("ExportZ0Eingabe").isVisible(), key == "touchstone");
+        for (const auto& [page, keys] : {std::pair{1, "listing spice touchstone csv json"},
+                                         {12, "listing spice touchstone json"},
+                                         {15, "listing spice touchstone json"},
+                                         {19, "listing spice json"}}) {
+            f_->goTo(page);
+            auto& formats = find<QComboBox>("ComboBoxExport");
+            QStringList offered;
+            for (int i = 0; i < formats.count(); ++i) offered << formats.itemData(i).toString();
+            QCOMPARE(offered.join(' '), QString(keys));
+            for (const QString& key : std::as_const(offered)) {
+                choose(key);
+                QVERIFY2(preview().size() > 50, qPrintable(key));
+                QCOMPARE(note(), QString());
+                // Transients and operating points have no frequencies to choose.
+                const bool swept = page != 15 && page != 19;
+                QCOMPARE(find<QLineEdit>("ExportFromEingabe").isVisible(),
+                         (key == "spice" && swept) || key == "touchstone" || key == "csv");
+                QCOMPARE(find<QLineEdit>("ExportZ0Eingabe").isVisible(), key == "touchstone");
+            }
         }
     }
 
@@ -135,9 +121,7 @@ class ExportDlgTest : public QObject {
         choose("json");
         const QString path = f_->configFolder() + "/design.json";
         saveAs(path);
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(QString::fromUtf8(file.readAll()), preview());
+        QCOMPARE(QString::fromUtf8(ReadAll(path)), preview());
         QVERIFY(note().startsWith("Saved as "));
         QVERIFY(f_->messages.isEmpty());
         saveAs(f_->configFolder() + "/no such folder/design.json");

@@ -1,51 +1,14 @@
 #pragma once
 
-#include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
-#include <QDragEnterEvent>
-#include <QFile>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QMimeData>
-#include <QStringList>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-#include <QUrl>
+#include <QtTest>
+#include <QtWidgets>
 
+#include "tests/ui/files.h"
 #include "ui/fields.h"
 #include "ui/sdi_app_form.h"
 #include "ui/tab_set.h"
 
 namespace kelvro {
-
-/// Answers the next file dialog with a path.
-inline void AnswerFileDialog(const QString& path) {
-    QTimer::singleShot(50, qApp, [path] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog) qFatal("no file dialog");
-        // The file it starts from counts before the text until the folder is listed.
-        dialog->findChild<QListView*>(QStringLiteral("listView"))->selectionModel()->clear();
-        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
-        static_cast<QDialog*>(dialog)->accept();
-    });
-}
-
-/// Drops a file on a window that wants it.
-inline bool DropFile(QWidget& window, const QString& path) {
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(path)});
-    QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, {});
-    enter.setAccepted(false);
-    QApplication::sendEvent(&window, &enter);
-    if (!enter.isAccepted()) return false;
-    QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&window, &drop);
-    return true;
-}
 
 /// A main window of its own with an empty configuration, whose messages are collected instead of
 /// shown. Without arguments designs are not optimized. Controls are found by object name and driven
@@ -74,9 +37,9 @@ class FormFixture {
 
     /// A file with a text in the folder of the configuration.
     QString written(const char* name, const QByteArray& text) const {
-        QFile file(config_.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) < 0) qFatal("cannot write");
-        return file.fileName();
+        const QString path = config_.filePath(name);
+        Write(path, text);
+        return path;
     }
 
     template <typename Widget = QLineEdit>

@@ -1,13 +1,7 @@
 #include "ui/form_global_opt.h"
 
-#include <QCheckBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 #include "ui/design_session.h"
 #include "ui/tour_image.h"

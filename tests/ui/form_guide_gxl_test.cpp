@@ -1,8 +1,7 @@
 #include "ui/form_guide_gxl.h"
 
-#include <QLabel>
-#include <QLineEdit>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 namespace kelvro {
 

@@ -1,13 +1,7 @@
 #include "ui/form_opt.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTabBar>
-#include <QTemporaryDir>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "ui/design_session.h"
 #include "ui/plot/plot_image.h"

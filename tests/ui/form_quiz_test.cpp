@@ -1,9 +1,7 @@
 #include "ui/form_quiz.h"
 
-#include <QLabel>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 #include "core/number_text.h"
 #include "ui/fields.h"

@@ -1,9 +1,5 @@
-#include <QLineEdit>
-#include <QListWidget>
-#include <QRegularExpression>
-#include <QSignalSpy>
-#include <QTextBrowser>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "design/cycle.h"
 #include "design/pages.h"

@@ -1,9 +1,5 @@
 // How input fields take clicks, keys and texts, and how a refusal is told.
 
-#include <QMessageBox>
-#include <QTimer>
-#include <QToolTip>
-#include <QWheelEvent>
 #include <cmath>
 
 #include "tests/ui/form_fixture.h"
@@ -38,27 +34,20 @@ class InputsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void firstClickOrTabSelectsAll_data() {
-        QTest::addColumn<QString>("way");
-        for (const char* way : {"click", "double click", "Tab"}) QTest::newRow(way) << QString(way);
-    }
-
     void firstClickOrTabSelectsAll() {
-        QFETCH(QString, way);
-        FormFixture f;
-        f.type("foEingabe", "100.433M");
-        f.find("R2Eingabe").setFocus(Qt::OtherFocusReason);
-        QLineEdit& fo = f.find("foEingabe");
-        const QPoint within(fo.width() - 20, fo.height() / 2);
-        if (way == "Tab") {
-            QTest::keyClick(&f.find("R2Eingabe"), Qt::Key_Tab);
-        } else {
-            QTest::mouseClick(&fo, Qt::LeftButton, {}, within);
-            if (way == "double click") QTest::mouseDClick(&fo, Qt::LeftButton, {}, within);
+        for (const int clicks : {0, 1, 2}) {
+            FormFixture f;
+            f.type("foEingabe", "100.433M");
+            f.find("R2Eingabe").setFocus(Qt::OtherFocusReason);
+            QLineEdit& fo = f.find("foEingabe");
+            const QPoint within(fo.width() - 20, fo.height() / 2);
+            if (clicks == 0) QTest::keyClick(&f.find("R2Eingabe"), Qt::Key_Tab);
+            if (clicks > 0) QTest::mouseClick(&fo, Qt::LeftButton, {}, within);
+            if (clicks > 1) QTest::mouseDClick(&fo, Qt::LeftButton, {}, within);
+            QVERIFY(fo.hasFocus());
+            QTest::keyClicks(&fo, "433.92M");
+            QVERIFY2(f.state().fo == 433.92e6, QByteArray::number(clicks));
         }
-        QVERIFY(fo.hasFocus());
-        QTest::keyClicks(&fo, "433.92M");
-        QCOMPARE(f.state().fo, 433.92e6);
     }
 
     void secondClickPlacesTheCaretBehindThePadding() {
@@ -119,27 +108,20 @@ class InputsTest : public QObject {
         QCOMPARE(f.state().fo, 433.92345e6);
     }
 
-    void refusalBoxLetsTypingGoOn_data() {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<double>("R1");
-        QTest::addRow("digit") << int(Qt::Key_0) << 3000.0;
-        QTest::addRow("Backspace") << int(Qt::Key_Backspace) << 30.0;
-        QTest::addRow("Enter") << int(Qt::Key_Return) << 300.0;
-    }
-
     void refusalBoxLetsTypingGoOn() {
-        QFETCH(int, key);
-        QFETCH(double, R1);
-        FormFixture f;
-        f.goTo(1);
-        int boxes = 0;
-        BoxAnswer answer(f, [&](QMessageBox& box) {
-            QTest::keyClick(&box, ++boxes == 1 ? static_cast<Qt::Key>(key) : Qt::Key_Escape);
-        });
-        f.type("R1Eingabe", "300");
-        QTRY_COMPARE(f.state().R1, R1);
-        QCOMPARE(f.form().focusWidget(), &f.find("R1Eingabe"));
-        QCOMPARE(answer.reasons.size(), R1 == 3000 ? 2 : 1);
+        for (const auto& [key, R1] :
+             {std::pair{Qt::Key_0, 3000.0}, {Qt::Key_Backspace, 30.0}, {Qt::Key_Return, 300.0}}) {
+            FormFixture f;
+            f.goTo(1);
+            int boxes = 0;
+            BoxAnswer answer(f, [&boxes, key = key](QMessageBox& box) {
+                QTest::keyClick(&box, ++boxes == 1 ? key : Qt::Key_Escape);
+            });
+            f.type("R1Eingabe", "300");
+            QTRY_COMPARE(f.state().R1, R1);
+            QCOMPARE(f.form().focusWidget(), &f.find("R1Eingabe"));
+            QCOMPARE(answer.reasons.size(), R1 == 3000 ? 2 : 1);
+        }
     }
 
     void refusalBoxOffersSwitchWhereThatCures() {

@@ -1,12 +1,5 @@
 // The shared part of the main window: inputs, spin buttons, series, hints, buttons.
 
-#include <QClipboard>
-#include <QMenu>
-#include <QRadioButton>
-#include <QRegularExpression>
-#include <QStatusBar>
-#include <QStatusTipEvent>
-#include <QTimer>
 #include <cmath>
 
 #include "design/opened_network.h"

@@ -1,18 +1,5 @@
 // Measured data of the Network window: embedded or linked, read between samples, remarked upon.
 
-#include <QAction>
-#include <QClipboard>
-#include <QComboBox>
-#include <QFile>
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QLabel>
-#include <QMenu>
-#include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QProcess>
-#include <QTableWidget>
-#include <QtTest>
 #include <algorithm>
 #include <cmath>
 
@@ -26,17 +13,6 @@
 using namespace kelvro;
 
 namespace {
-
-void Write(const QString& path, const char* text) {
-    QFile file(path);
-    if (!file.open(QFile::WriteOnly)) qFatal("cannot write");
-    file.write(text);
-}
-
-QString ReadAll(const QString& path) {
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
 
 /// A load that turns from j50 to -j50 by way of |Γ| = 1: 90° between two samples.
 constexpr char kTurning[] = "# MHz S RI R 50\n90 0 0.5\n110 0 -0.5\n";
@@ -63,11 +39,7 @@ class Window : public NetworkFixture {
         (*found)->trigger();
     }
     void link(const QString& file) {
-        const InDialog asked([&](QWidget& dialog) {
-            dynamic_cast<QFileDialog&>(dialog).selectFile(file);
-            dialog.findChild<QLineEdit*>()->setText(file);
-            static_cast<QDialog&>(dialog).accept();
-        });
+        const InDialog asked([&](QWidget& dialog) { ChooseFile(dialog, file); });
         choose("Linked to");
     }
     double resistance() { return impedance(model().network().load, 100e6).real(); }
@@ -89,7 +61,7 @@ class NetworkDataTest : public QObject {
         window.link(window.path("other.s1p"));
         QVERIFY(std::fabs(window.resistance() - 100) < 1e-9);
         window.trigger("NetworkSave");
-        const QString text = ReadAll(window.path("a.kelvro"));
+        const QByteArray text = ReadAll(window.path("a.kelvro"));
         QVERIFY(text.contains("\"path\": \"other.s1p\"") && text.contains("sha256:"));
         QVERIFY(!text.contains("\"touchstone\""));
         QVERIFY(window->openFile(window.path("a.kelvro")));
@@ -116,7 +88,7 @@ class NetworkDataTest : public QObject {
         window.link(window.path("other.s1p"));
         window.trigger("NetworkSave");
         QVERIFY(QFile::rename(window.path("other.s1p"), window.path("moved.s1p")));
-        const QString saved = ReadAll(window.path("a.kelvro"));
+        const QByteArray saved = ReadAll(window.path("a.kelvro"));
         QStringList told;
         const auto answer = [&](const char* button) {
             return [&told, button](QWidget& box) {
@@ -139,12 +111,7 @@ class NetworkDataTest : public QObject {
         QCOMPARE(ReadAll(window.path("a.kelvro")), saved);
 
         const InDialog asked(answer("Locate"));
-        QTimer::singleShot(300, window.operator->(), [&] {
-            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            if (!dialog) qFatal("no file dialog");
-            dialog->findChild<QLineEdit*>()->setText(window.path("moved.s1p"));
-            static_cast<QDialog*>(dialog)->accept();
-        });
+        AnswerFileDialog(window.path("moved.s1p"), 300);
         QVERIFY(window->openFile(window.path("a.kelvro")));
         QVERIFY(std::fabs(window.resistance() - 50) < 1e-9);
         QVERIFY(window->windowTitle().contains('*'));

@@ -1,10 +1,5 @@
 #pragma once
 
-#include <QAction>
-#include <QLineEdit>
-#include <QTemporaryDir>
-#include <QTest>
-
 #include "tests/ui/plot_fixture.h"
 #include "ui/workbench/network_window.h"
 

@@ -1,11 +1,5 @@
 // The plots of the Network window: what they show, read and remember.
 
-#include <QAction>
-#include <QClipboard>
-#include <QComboBox>
-#include <QLabel>
-#include <QMimeData>
-#include <QtTest>
 #include <algorithm>
 #include <cmath>
 

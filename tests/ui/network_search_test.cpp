@@ -1,14 +1,5 @@
 // The Network window's search, standard values and centring, driven as a user drives them.
 
-#include <QAction>
-#include <QComboBox>
-#include <QDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTableWidget>
-#include <QtTest>
 #include <cmath>
 
 #include "advise/page_problem.h"

@@ -1,26 +1,5 @@
 // The Network window, driven as a user drives it.
 
-#include <QAction>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QFileDialog>
-#include <QInputDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QLockFile>
-#include <QMenu>
-#include <QMessageBox>
-#include <QProcess>
-#include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QSlider>
-#include <QStandardPaths>
-#include <QStyleOptionSlider>
-#include <QTableWidget>
-#include <QTemporaryDir>
-#include <QtTest>
 #include <algorithm>
 #include <cmath>
 
@@ -241,13 +220,7 @@ class NetworkWindowTest : public QObject {
         window.type("BandsEingabe", "480M:520M");
         const Network written = window.model().network();
         const QString file = window.path("a match.kelvro");
-        QTimer::singleShot(0, [&] {
-            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            QVERIFY(dialog);
-            dialog->selectFile(file);
-            dialog->findChild<QLineEdit*>()->setText(file);
-            static_cast<QDialog*>(dialog)->accept();
-        });
+        AnswerFileDialog(file);
         window.trigger("NetworkSaveAs");
         QVERIFY(QFile::exists(file));
         QVERIFY(!window->windowTitle().contains('*'));

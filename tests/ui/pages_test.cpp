@@ -1,20 +1,12 @@
 // The design pages in the main window: switching, refusals, swap boxes, double-click, Take.
 
-#include <QCheckBox>
-#include <QClipboard>
-#include <QComboBox>
-#include <QDialog>
-#include <QFileInfo>
-#include <QMimeData>
-#include <QScrollBar>
-#include <QStackedWidget>
-#include <QTimer>
 #include <cmath>
 
 #include "core/number_text.h"
 #include "design/pages.h"
 #include "design/part_ref.h"
 #include "tests/ui/form_fixture.h"
+#include "tests/ui/plot_fixture.h"
 #include "ui/circuit_view.h"
 
 using namespace kelvro;
@@ -273,15 +265,18 @@ class PagesTest : public QObject {
                                {"d.svg", "PN", "d.png"},
                                {"e", "PD", "e.pdf"},
                                {"f.doc", "", "f.doc.svg"}}) {
-            QTimer::singleShot(100, qApp, [&] {
-                QWidget* dialog = QApplication::activeModalWidget();
-                dialog->findChild<QLineEdit*>("fileNameEdit")
-                    ->setText(f.configFolder() + '/' + row.typed);
-                QTest::keyClicks(dialog->findChild<QComboBox*>("fileTypeCombo"), row.filter);
-                dynamic_cast<QDialog*>(dialog)->accept();
+            const QTemporaryDir folder;  // another one than the dialog was left in
+            const InDialog asked([&](QWidget& dialog) {
+                dialog.findChild<QListView*>("listView")->selectionModel()->clear();
+                dialog.findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath(row.typed));
+                auto* filters = dialog.findChild<QComboBox*>("fileTypeCombo");
+                filters->setFocus();
+                QTest::keyClicks(filters, row.filter);
+                dynamic_cast<QDialog&>(dialog).accept();
             });
             picture.findChild<QAction*>("SaveCircuit")->trigger();
-            QVERIFY2(QFileInfo(f.configFolder() + '/' + row.saved).size() > 500, row.saved);
+            QVERIFY(asked.seen());
+            QVERIFY2(QFileInfo(folder.filePath(row.saved)).size() > 500, row.saved);
         }
         QCOMPARE(f.messages, QStringList());
     }

@@ -1,16 +1,13 @@
 #pragma once
 
-#include <QAction>
-#include <QApplication>
-#include <QStringList>
-#include <QTest>
-#include <QTimer>
-#include <QWheelEvent>
+#include <QtTest>
+#include <QtWidgets>
 #include <functional>
 #include <memory>
 
 #include "analysis/response.h"
 #include "design/cycle.h"
+#include "tests/ui/files.h"
 #include "ui/plot/design_host.h"
 #include "ui/plot/form_vu.h"
 #include "ui/plot/plot_image.h"

@@ -1,20 +1,4 @@
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QDate>
-#include <QDir>
-#include <QFile>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPainter>
 #include <QPrinter>
-#include <QProcess>
-#include <QSet>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QToolButton>
 #include <memory>
 
 #include "tests/ui/plot_fixture.h"
@@ -70,31 +54,24 @@ class PlotFormFilesTest : public QObject, protected GainWindow {
     void init() { openWindow(); }
     void cleanup() { closeWindow(); }
 
-    void picturesAreSavedInTheFormatOfTheirMenuEntry_data() {
-        QTest::addColumn<QByteArray>("entry");
-        QTest::addColumn<QString>("suffix");
-        QTest::addColumn<QByteArray>("start");
-        QTest::addRow("bitmap") << QByteArray("Save1") << "bmp" << QByteArray("BM");
-        QTest::addRow("metafile") << QByteArray("SaveWMF1") << "wmf"
-                                  << QByteArray::fromHex("d7cdc69a");
-        QTest::addRow("JPEG") << QByteArray("SaveasJPEG1") << "jpg" << QByteArray::fromHex("ffd8");
-        QTest::addRow("GIF") << QByteArray("SaveasGIF1") << "gif" << QByteArray("GIF8");
-        QTest::addRow("PNG") << QByteArray("SaveasPNG1") << "png" << QByteArray("\x89PNG");
-        QTest::addRow("SVG") << QByteArray("SaveasSVG1") << "svg" << QByteArray("<?xml");
-        QTest::addRow("PDF") << QByteArray("SaveasPDF1") << "pdf" << QByteArray("%PDF");
-    }
     void picturesAreSavedInTheFormatOfTheirMenuEntry() {
-        QFETCH(QByteArray, entry);
-        QFETCH(QString, suffix);
-        const QTemporaryDir folder;
-        InDialog dialog([&](QWidget& d) { TypeFileName(d, folder.filePath("plot")); });
-        choose(entry);
-        QVERIFY(dialog.seen());
-        QFile file(folder.filePath("plot." + suffix));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QFETCH(QByteArray, start);
-        QCOMPARE(file.read(start.size()), start);
-        QVERIFY(host_->messages.isEmpty());
+        struct Row {
+            const char* entry;
+            const char* written;
+            QByteArray start;
+        };
+        for (const auto& [entry, written, start] :
+             {Row{"Save1", "plot.bmp", "BM"}, Row{"SaveWMF1", "plot.wmf", "\xd7\xcd\xc6\x9a"},
+              Row{"SaveasJPEG1", "plot.jpg", "\xff\xd8"}, Row{"SaveasGIF1", "plot.gif", "GIF8"},
+              Row{"SaveasPNG1", "plot.png", "\x89PNG"}, Row{"SaveasSVG1", "plot.svg", "<?xml"},
+              Row{"SaveasPDF1", "plot.pdf", "%PDF"}}) {
+            const QTemporaryDir folder;
+            InDialog dialog([&](QWidget& d) { TypeFileName(d, folder.filePath("plot")); });
+            choose(entry);
+            QVERIFY(dialog.seen());
+            QVERIFY2(ReadAll(folder.filePath(written)).startsWith(start), written);
+            QVERIFY(host_->messages.isEmpty());
+        }
     }
 
     void theTableCoversTheRangeOfTheWindow() {
@@ -103,9 +80,7 @@ class PlotFormFilesTest : public QObject, protected GainWindow {
         InDialog dialog([&](QWidget& d) { TypeFileName(d, folder.filePath("response")); });
         choose("SaveasTable1");
         QVERIFY(dialog.seen());
-        QFile file(folder.filePath("response.TAB"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const auto lines = file.readAll().split('\n');
+        const auto lines = ReadAll(folder.filePath("response.TAB")).split('\n');
         QCOMPARE(lines.size(), 515);  // the last one is empty
         // 0 to 50 MHz in 512 equal steps, from one step above 0 on.
         QVERIFY2(lines[1].trimmed().startsWith("97.656k "), lines[1].constData());
@@ -142,9 +117,8 @@ class PlotFormFilesTest : public QObject, protected GainWindow {
 
     void aFileThatTheEndingLeadsToIsNotReplacedUnasked() {
         const QTemporaryDir folder;
-        QFile old(folder.filePath("plot.png"));
-        QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old") == 3);
-        old.close();
+        const QString old = folder.filePath("plot.png");
+        Write(old, "old");
         InDialog name([&](QWidget& d) { TypeFileName(d, folder.filePath("plot.jpg")); });
         QTimer question;
         bool asked = false;
@@ -157,8 +131,7 @@ class PlotFormFilesTest : public QObject, protected GainWindow {
         question.start(5);
         choose("SaveasPNG1");
         QVERIFY(asked);
-        QVERIFY(old.open(QIODevice::ReadOnly));
-        QCOMPARE(old.readAll(), QByteArray("old"));
+        QCOMPARE(ReadAll(old), QByteArray("old"));
     }
 
     void savedPicturesSayWhatTheyShow() {
@@ -168,8 +141,7 @@ class PlotFormFilesTest : public QObject, protected GainWindow {
             InDialog dialog([&](QWidget& d) { TypeFileName(d, folder.filePath("plot.svg")); });
             QFile::remove(folder.filePath("plot.svg"));
             choose("SaveasSVG1");
-            QFile file(folder.filePath("plot.svg"));
-            return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+            return ReadAll(folder.filePath("plot.svg"));
         };
         const QByteArray drawing = saved();
         const QByteArray today = QDate::currentDate().toString("yyyy-MM-dd").toLatin1();
@@ -229,9 +201,7 @@ class PlotFormFilesTest : public QObject, protected GainWindow {
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(folder.filePath("page.pdf"));
         QVERIFY(PrintPage(printer, window.size(), DrawingOf(window)));
-        QFile file(printer.outputFileName());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray pdf = file.readAll();
+        const QByteArray pdf = ReadAll(printer.outputFileName());
         QVERIFY(pdf.contains("/Type /Font") && !pdf.contains("/Subtype /Image"));
     }
 };

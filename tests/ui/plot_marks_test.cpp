@@ -1,11 +1,3 @@
-#include <QAction>
-#include <QApplication>
-#include <QInputDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QRadioButton>
-#include <QTableWidget>
-#include <QTest>
 #include <memory>
 
 #include "tests/ui/plot_fixture.h"

@@ -1,12 +1,3 @@
-#include <QAction>
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-#include <QToolButton>
-#include <QWheelEvent>
 #include <cmath>
 #include <memory>
 

@@ -1,13 +1,3 @@
-#include <QAction>
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPainter>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-#include <QToolButton>
-#include <QWheelEvent>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -87,25 +77,14 @@ class PlotWindowsTest : public QObject, protected GainWindow {
                                ReadOut(host_->state(), host_->result().v, {&TraceOf("v")}, at)));
     }
 
-    void readOutTextsAreThoseOfTheWindows_data() {
-        QTest::addColumn<QByteArray>("trace");
-        QTest::addColumn<double>("y");
-        QTest::addColumn<QString>("text");
-        // v = 2 is 6.0206 dB, of an ideal ratio of 2; 10^(-6/20) = 0.5012.
-        QTest::addRow("V") << QByteArray("v") << -6.0
-                           << "Position : f=1.50MHz, Vu=-6.000dB (0.50), Vu-Vuo=-12.021dB";
-        QTest::addRow("GT") << QByteArray("gt") << -6.0
-                            << "Position : f=1.50MHz, GT=-6.000dB (0.50), GT-GTo=-6.000dB";
-        QTest::addRow("phi") << QByteArray("phi") << -90.5 << "Position : f=1.50MHz, phi=-90.500°";
-    }
+    /// v = 2 is 6.0206 dB, of an ideal ratio of 2; 10^(-6/20) = 0.5012.
     void readOutTextsAreThoseOfTheWindows() {
-        QFETCH(QByteArray, trace);
-        QFETCH(double, y);
-        Design state;
-        state.R1 = 50;
-        state.R2 = 200;
-        QTEST(QString::fromStdString(ReadOut(state, 2, {&TraceOf(trace.constData())}, {1.5e6, y})),
-              "text");
+        const auto text = [](const char* trace, double y) {
+            return ReadOut({}, 2, {&TraceOf(trace)}, {1.5e6, y});
+        };
+        QCOMPARE(text("v", -6), "Position : f=1.50MHz, Vu=-6.000dB (0.50), Vu-Vuo=-12.021dB");
+        QCOMPARE(text("gt", -6), "Position : f=1.50MHz, GT=-6.000dB (0.50), GT-GTo=-6.000dB");
+        QCOMPARE(text("phi", -90.5), "Position : f=1.50MHz, phi=-90.500°");
     }
 
     void draggingABoxToTheLowerRightZoomsIntoIt() {
@@ -139,44 +118,34 @@ class PlotWindowsTest : public QObject, protected GainWindow {
         QCOMPARE(vu_->view(), before);
     }
 
-    void theEndsOfTheAxesAreEditedByAClickBesideThem_data() {
-        QTest::addColumn<bool>("atEnd");
-        QTest::addColumn<bool>("onX");
-        QTest::addColumn<QString>("caption");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<double>("value");
-        QTest::addRow("xmax") << true << true << "xmax="
-                              << "2M" << 2e6;
-        QTest::addRow("xmin") << false << true << "xmin="
-                              << "100k" << 1e5;
-        QTest::addRow("ymin") << false << false << "ymin="
-                              << "-60" << -60.0;
-        QTest::addRow("ymax above its limit") << true << false << "ymax="
-                                              << "5k" << 1000.0;
-        QTest::addRow("xmin unreadable") << false << true << "xmin="
-                                         << "x" << 1.0;
-    }
     void theEndsOfTheAxesAreEditedByAClickBesideThem() {
-        QFETCH(bool, atEnd);
-        QFETCH(bool, onX);
-        QFETCH(QString, caption);
-        QFETCH(QString, text);
-        const auto& plot = image().frame().plot;
-        const QPoint onXAxis(atEnd ? plot.right - 5 : plot.left + 5, plot.bottom + 10);
-        const QPoint onYAxis(plot.left - 5, atEnd ? plot.top + 5 : plot.bottom - 5);
-        QString shown;
-        InDialog dialog([&](QWidget& d) {
-            shown = d.findChild<QLabel*>("LabelXmax")->text();
-            TypeValue(d, text);
-        });
-        QTest::mouseMove(&image(), onX ? onXAxis : onYAxis);
-        QCOMPARE(image().cursor().shape(), onX ? Qt::SizeHorCursor : Qt::SizeVerCursor);
-        QTest::mouseClick(&image(), Qt::LeftButton, {}, onX ? onXAxis : onYAxis);
-        QVERIFY(dialog.seen());
-        QCOMPARE(shown, caption);
-        const Axis& axis = onX ? vu_->view().x : vu_->view().y;
-        QTEST(atEnd ? axis.max : axis.min, "value");
-        QVERIFY(axis.origin >= axis.min && axis.origin <= axis.max);
+        struct Row {
+            QString caption, text;
+            double value;
+        };
+        for (const auto& [caption, text, value] :
+             {Row{"xmax=", "2M", 2e6}, Row{"xmin=", "100k", 1e5}, Row{"ymin=", "-60", -60},
+              Row{"ymax=", "5k", 1000},  // above its limit
+              Row{"xmin=", "x", 1}}) {
+            const bool onX = caption.startsWith('x');
+            const bool atEnd = caption.contains("max");
+            const auto& plot = image().frame().plot;
+            const QPoint at = onX ? QPoint(atEnd ? plot.right - 5 : plot.left + 5, plot.bottom + 10)
+                                  : QPoint(plot.left - 5, atEnd ? plot.top + 5 : plot.bottom - 5);
+            QString shown;
+            InDialog dialog([&, text = text](QWidget& d) {
+                shown = d.findChild<QLabel*>("LabelXmax")->text();
+                TypeValue(d, text);
+            });
+            QTest::mouseMove(&image(), at);
+            QCOMPARE(image().cursor().shape(), onX ? Qt::SizeHorCursor : Qt::SizeVerCursor);
+            QTest::mouseClick(&image(), Qt::LeftButton, {}, at);
+            QVERIFY(dialog.seen());
+            QCOMPARE(shown, caption);
+            const Axis& axis = onX ? vu_->view().x : vu_->view().y;
+            QCOMPARE(atEnd ? axis.max : axis.min, value);
+            QVERIFY(axis.origin >= axis.min && axis.origin <= axis.max);
+        }
     }
 
     void spinButtonsMoveTheValueAndCancelKeepsTheView() {

@@ -1,10 +1,4 @@
-#include <QAbstractButton>
-#include <QDir>
-#include <QFile>
-#include <QFileDialog>
-#include <QListView>
 #include <QPrinter>
-#include <QTemporaryDir>
 #include <functional>
 
 #include "io/project_file.h"
@@ -15,26 +9,6 @@
 using namespace kelvro;
 
 namespace {
-
-void Write(const QString& path, const QByteArray& text) {
-    QFile file(path);
-    if (!file.open(QFile::WriteOnly) || file.write(text) != text.size()) qFatal("cannot write");
-}
-
-QByteArray ReadAll(const QString& path) {
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// Chooses a file in a dialog that is open, to be replaced where it is there.
-void Choose(QWidget& dialog, const QString& path) {
-    auto& files = dynamic_cast<QFileDialog&>(dialog);
-    files.setOption(QFileDialog::DontConfirmOverwrite);
-    // The file it starts from counts before the text until the folder is listed.
-    files.findChild<QListView*>(QStringLiteral("listView"))->selectionModel()->clear();
-    files.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
-    static_cast<QDialog&>(files).accept();
-}
 
 void Click(QWidget& box, const char* button) {
     auto* found = box.findChild<QAbstractButton*>(QLatin1String(button));
@@ -77,7 +51,7 @@ class SavedFilesTest : public QObject, protected GainWindow {
         Write(file, "old");
         QStringList messages;
         const auto choose = [&](QWidget& window) {
-            const InDialog dialog([&](QWidget& asked) { Choose(asked, file); });
+            const InDialog dialog([&](QWidget& asked) { ChooseFile(asked, file); });
             const FullDisk full;
             window.findChild<QAction*>(QLatin1String(action))->trigger();
             QVERIFY(dialog.seen());
@@ -129,8 +103,8 @@ class SavedFilesTest : public QObject, protected GainWindow {
             QCOMPARE(box.objectName(), QString("ChangedFileBox"));
             if (button == "qt_msgbox_buttonbox") return box.close(), void();
             if (button == "ButtonSaveAs")
-                chosen =
-                    std::make_unique<InDialog>([&](QWidget& dialog) { Choose(dialog, elsewhere); });
+                chosen = std::make_unique<InDialog>(
+                    [&](QWidget& dialog) { ChooseFile(dialog, elsewhere); });
             Click(box, button);
         });
         window.trigger("NetworkSave");
@@ -163,7 +137,7 @@ class SavedFilesTest : public QObject, protected GainWindow {
         // Both ask for a name; that of the file itself is refused.
         for (const char* action : {"NetworkSave", "NetworkSaveAs"}) {
             window.messages.clear();
-            const InDialog dialog([&](QWidget& asked) { Choose(asked, file); });
+            const InDialog dialog([&](QWidget& asked) { ChooseFile(asked, file); });
             window.trigger(action);
             QVERIFY(dialog.seen());
             QCOMPARE(window.messages.size(), 1);
@@ -171,7 +145,7 @@ class SavedFilesTest : public QObject, protected GainWindow {
             QVERIFY(window->windowTitle().contains('*'));
         }
         const QString own = window.path("own.kelvro");
-        const InDialog dialog([&](QWidget& asked) { Choose(asked, own); });
+        const InDialog dialog([&](QWidget& asked) { ChooseFile(asked, own); });
         window.trigger("NetworkSave");
         QVERIFY(ReadProject(own.toStdString())->network.load == Impedance(100.0));
         QVERIFY(!window->windowTitle().contains("read-only"));
@@ -182,7 +156,7 @@ class SavedFilesTest : public QObject, protected GainWindow {
         FormFixture f;
         const QString file = f.configFolder() + "/a.ini";
         {
-            const InDialog dialog([&](QWidget& asked) { Choose(asked, file); });
+            const InDialog dialog([&](QWidget& asked) { ChooseFile(asked, file); });
             f.click("SpeedButtonINISave");
         }
         f.type("R1Eingabe", "33");

@@ -1,35 +1,15 @@
 // The design between runs of the program, and designs in files of their own.
 
-#include <QDir>
-#include <QFile>
-
 #include "tests/ui/form_fixture.h"
 #include "ui/language.h"
 #include "ui/splash_screen.h"
 
 using namespace kelvro;
 
-namespace {
-
-QByteArray Contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-}  // namespace
-
 class SettingsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void closingWritesTheSettings() {
-        FormFixture f;
-        f.type("foEingabe", "5M");
-        f.form().close();
-        const QByteArray ini = Contents(f.configFolder() + "/kelvro/kelvro.ini");
-        QVERIFY2(ini.contains("fo=5.00M"), ini);
-    }
-
     void splashScreenStaysAwayOnceItIsUnwanted() {
         FormFixture f;
         auto& item = f.find<QAction>("SplashScreen1");
@@ -129,7 +109,7 @@ class SettingsTest : public QObject {
         QVERIFY(f.form().isWindowModified());
         f.choose("Save1");
         QVERIFY(!f.form().isWindowModified());
-        QVERIFY2(Contents(file).contains("R1=33.00"), Contents(file));
+        QVERIFY2(ReadAll(file).contains("R1=33.00"), ReadAll(file));
         f.type("R1Eingabe", "44");
         f.choose("Undo1");
         QVERIFY(!f.form().isWindowModified());
@@ -173,10 +153,7 @@ class SettingsTest : public QObject {
     void fileGivenAtTheStartIsOpened() {
         QTemporaryDir folder;
         const QString file = folder.filePath("max.ini");  // no keyword, though it holds one
-        QFile out(file);
-        QVERIFY(out.open(QIODevice::WriteOnly));
-        out.write("[Variablen]\nfo=10M\nTyp=3\n");
-        out.close();
+        Write(file, "[Variablen]\nfo=10M\nTyp=3\n");
         FormFixture f({file, "nopt"});
         QCOMPARE(f.state().fo, 10e6);
         QCOMPARE(f.state().page, 3);
@@ -189,11 +166,11 @@ class SettingsTest : public QObject {
         FormFixture f;
         const QString file = f.configFolder() + "/kelvro/kelvro.ini";
         f.type("R1Eingabe", "33");
-        QVERIFY(!Contents(file).contains("R1=33.00"));
-        QTRY_VERIFY(Contents(file).contains("R1=33.00"));
+        QVERIFY(!ReadAll(file).contains("R1=33.00"));
+        QTRY_VERIFY(ReadAll(file).contains("R1=33.00"));
         f.type("R1Eingabe", "44");
         f.form().saveNow();
-        QVERIFY(Contents(file).contains("R1=44.00"));
+        QVERIFY(ReadAll(file).contains("R1=44.00"));
     }
 
     void secondInstanceLeavesTheFileAlone() {
@@ -201,7 +178,7 @@ class SettingsTest : public QObject {
         f.type("R1Eingabe", "33");
         f.form().saveNow();
         const QString file = f.configFolder() + "/kelvro/kelvro.ini";
-        const QByteArray before = Contents(file);
+        const QByteArray before = ReadAll(file);
         QStringList messages;
         {
             TSDIAppForm second;
@@ -215,7 +192,7 @@ class SettingsTest : public QObject {
         }
         QCOMPARE(messages.size(), 1);
         QVERIFY2(messages[0].contains("running already"), qPrintable(messages[0]));
-        QCOMPARE(Contents(file), before);
+        QCOMPARE(ReadAll(file), before);
     }
 
     void languageIsRememberedForTheNextStart() {

@@ -1,8 +1,6 @@
 // Waves, harmonics and the simulator beside the class-E page.
 
-#include <QDialog>
-#include <QPushButton>
-#include <QTableWidget>
+#include <QtWidgets>
 
 #include "form_fixture.h"
 #include "ui/plot/plot_image.h"

@@ -1,5 +1,3 @@
-#include <QPushButton>
-
 #include "tests/ui/form_fixture.h"
 #include "ui/tol_dlg.h"
 

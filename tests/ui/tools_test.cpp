@@ -1,13 +1,6 @@
 // The windows of the Tools menu, driven by keys and object names. Their arithmetic has tests of its
 // own; here the numbers show that fields, units and choices reach it and come back.
 
-#include <QClipboard>
-#include <QComboBox>
-#include <QPlainTextEdit>
-#include <QRegularExpression>
-#include <QSpinBox>
-#include <QTableWidget>
-
 #include "core/number_text.h"
 #include "tests/ui/form_fixture.h"
 #include "ui/plot/plot_image.h"

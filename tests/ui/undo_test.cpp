@@ -1,9 +1,5 @@
 // Undo and redo over everything that changes the design, by the controls and keys of the window.
 
-#include <QCheckBox>
-#include <QScrollBar>
-#include <QTableWidget>
-
 #include "core/number_text.h"
 #include "tests/ui/form_fixture.h"
 

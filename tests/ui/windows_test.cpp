@@ -1,14 +1,6 @@
 // What the controls of the main window open, and its small dialogs.
 
-#include <QDialog>
-#include <QFile>
-#include <QLabel>
-#include <QMenuBar>
 #include <QPrintDialog>
-#include <QPushButton>
-#include <QScreen>
-#include <QTimer>
-#include <QToolButton>
 
 #include "tests/ui/form_fixture.h"
 #include "ui/help/help_box.h"
@@ -39,13 +31,9 @@ class WindowsTest : public QObject {
   private slots:
     void helpKeyOfAWindowOpensItsChapter() {
         FormFixture f;
-        struct Row {
-            const char* window;
-            const char* chapter;
-        };
-        for (const auto& [window, chapter] :
-             {Row{"TFormLines", "tools"}, Row{"TFormOpt", "optimizer"},
-              Row{"TFormQuiz", "suggestions"}}) {
+        for (const auto& [window, chapter] : {std::pair{"TFormLines", "tools"},
+                                              {"TFormOpt", "optimizer"},
+                                              {"TFormQuiz", "suggestions"}}) {
             f.form().windows().open(window);
             QWidget* opened = f.form().windows().window(window);
             QApplication::setActiveWindow(opened);
@@ -167,10 +155,8 @@ class WindowsTest : public QObject {
             dialog->accept();
         });
         f.choose("Drucken1");
-        QFile printed(file);
-        QVERIFY(printed.open(QIODevice::ReadOnly));
-        QVERIFY(printed.read(5) == "%PDF-");
-        QVERIFY(printed.size() > 5000);
+        const QByteArray printed = ReadAll(file);
+        QVERIFY(printed.startsWith("%PDF-") && printed.size() > 5000);
         QVERIFY(f.messages.isEmpty());
     }
 
