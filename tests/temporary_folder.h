@@ -5,6 +5,8 @@
 
 #include <csignal>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 namespace kelvro {
@@ -26,6 +28,16 @@ class TemporaryFolder {
   private:
     std::filesystem::path folder_;
 };
+
+/// All bytes of a file; none where it cannot be read.
+inline std::string ReadFile(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline void WriteFile(const std::filesystem::path& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
 
 /// No file grows over 100 bytes while this lives: a disk that fills up on the way.
 class FullDisk {

@@ -1,9 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
 
 #include "cli_output.h"
@@ -15,45 +12,18 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-std::string Contents(const std::filesystem::path& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
+TEST(ExportCommand, FaultsEndWithTheirCodeAndOneLine) {
+    ExpectFaults(
+        {{{"export", "pi", "--format", "pdf"}, 2, "'pdf' is no format; listing, spice"},
+         {{"export", "rlopt", "--format", "spice"}, 2, "no export of the format spice"},
+         {{"export", "pi", "--format", "csv", "--from", "2G", "--to", "1G"}, 2, "above the lower"},
+         {{"export", "pi", "--format", "csv", "--from", "0"}, 2, "--from"},
+         {{"export", "pi", "--format", "csv", "--points", "1"}, 2, "--points"},
+         {{"export", "pi", "--format", "touchstone", "--z0", "-50"}, 2, "--z0"},
+         {{"export", "lc-series", "--r1", "200", "--r2", "50"}, 3, "It must be R2>R1!"},
+         {{"export", "pi", "-o", ""}, 2, "no file name"},
+         {{"export", "pi", "-o", "/no such folder/pi.txt"}, 1, "Cannot write"}});
 }
-
-struct FaultyExport {
-    std::vector<std::string> args;
-    int code;
-    const char* error;
-};
-
-void PrintTo(const FaultyExport& fault, std::ostream* out) {
-    *out << testing::PrintToString(fault.args);
-}
-
-class FaultyExports : public testing::TestWithParam<FaultyExport> {};
-
-TEST_P(FaultyExports, EndWithTheirCodeAndOneLine) {
-    std::vector<std::string> args = GetParam().args;
-    args.insert(args.begin(), "export");
-    const Output outcome = RunWith(args);
-    EXPECT_EQ(outcome.code, GetParam().code);
-    EXPECT_EQ(outcome.out, "");
-    EXPECT_THAT(outcome.err, HasSubstr(GetParam().error));
-    EXPECT_EQ(std::ranges::count(outcome.err, '\n'), 1) << outcome.err;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Exports, FaultyExports,
-    testing::Values(
-        FaultyExport{{"pi", "--format", "pdf"}, 2, "'pdf' is no format; listing, spice"},
-        FaultyExport{{"rlopt", "--format", "spice"}, 2, "no export of the format spice"},
-        FaultyExport{{"pi", "--format", "csv", "--from", "2G", "--to", "1G"}, 2, "above the lower"},
-        FaultyExport{{"pi", "--format", "csv", "--from", "0"}, 2, "--from"},
-        FaultyExport{{"pi", "--format", "csv", "--points", "1"}, 2, "--points"},
-        FaultyExport{{"pi", "--format", "touchstone", "--z0", "-50"}, 2, "--z0"},
-        FaultyExport{{"lc-series", "--r1", "200", "--r2", "50"}, 3, "It must be R2>R1!"},
-        FaultyExport{{"pi", "-o", ""}, 2, "no file name"},
-        FaultyExport{{"pi", "-o", "/no such folder/pi.txt"}, 1, "Cannot write"}));
 
 TEST(ExportCommand, WritesTheSameToAFileAsToItsOutput) {
     const TemporaryFolder folder;
@@ -69,7 +39,7 @@ TEST(ExportCommand, WritesTheSameToAFileAsToItsOutput) {
     const Output saved = RunWith(saving);
     EXPECT_EQ(saved.code, 0) << saved.err;
     EXPECT_EQ(saved.out, "");
-    EXPECT_EQ(Contents(path), shown.out);
+    EXPECT_EQ(ReadFile(path), shown.out);
 }
 
 TEST(ExportCommand, TakesTheSeriesAndGivenComponents) {

@@ -137,45 +137,29 @@ TEST(LimitCommand, SaysWhenItIsAnEstimate) {
                 HasSubstr("No lossless network does better than -0.2150 dB."));
 }
 
-struct Fault {
-    std::vector<std::string> args;
-    int code;
-    const char* says;
-};
-
-class FaultySearch : public testing::TestWithParam<Fault> {};
-
-TEST_P(FaultySearch, EndsWithItsCodeAndTheReason) {
-    const Output outcome = RunWith(GetParam().args);
-    EXPECT_EQ(outcome.code, GetParam().code) << outcome.err;
-    EXPECT_THAT(outcome.err, HasSubstr(GetParam().says));
-    EXPECT_EQ(outcome.out, "");
+TEST(MatchBandCommand, FaultsEndWithTheirCodeAndTheReason) {
+    ExpectFaults({{Antenna("match", {"--at", "300M"}), 2, "either --at or --band"},
+                  {Antenna("match", {"--band", "130M:70M"}), 2, "a lower and a higher frequency"},
+                  {Antenna("limit", {"--band", "130M"}), 2, "a lower and a higher frequency"},
+                  {{"limit", "--source", "50", "--load", "60"}, 2, "--band is required"},
+                  {{"match", "--source", "50", "--load", "60", "--at", "1M", "-o", "a.kelvro"},
+                   2,
+                   "--output is for --band"},
+                  {Antenna("match", {"--parts", "0"}), 2, "--parts"},
+                  {Antenna("match", {"--kinds", "L,X"}), 2, "--kinds"},
+                  {Antenna("match", {"--ql", "good"}), 2, "--ql: expected a Q"},
+                  {Antenna("match", {"--harmonics", "2"}), 2, "--harmonics: expected order"},
+                  {Antenna("match", {"--absorb-load", "R=5"}), 2, "--absorb-load: expected a part"},
+                  {Antenna("match", {"--min-l", "1u", "--max-l", "1n"}), 3, "value"},
+                  {Antenna("match", {"--low-pass", "--dc", "block"}), 3, "no ladder"},
+                  {Antenna("match", {"--own", "/no/list.txt"}), 1, "cannot be read"},
+                  {{"match", "--source", "50", "--load", "j50", "--band", "1M:2M"},
+                   3,
+                   "the resistance of the load"},
+                  {{"limit", "--source", "50", "--load", "j50", "--band", "1M:2M"},
+                   3,
+                   "the resistance of the load"}});
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Faults, FaultySearch,
-    testing::Values(
-        Fault{Antenna("match", {"--at", "300M"}), 2, "either --at or --band"},
-        Fault{Antenna("match", {"--band", "130M:70M"}), 2, "a lower and a higher frequency"},
-        Fault{Antenna("limit", {"--band", "130M"}), 2, "a lower and a higher frequency"},
-        Fault{{"limit", "--source", "50", "--load", "60"}, 2, "--band is required"},
-        Fault{{"match", "--source", "50", "--load", "60", "--at", "1M", "-o", "a.kelvro"},
-              2,
-              "--output is for --band"},
-        Fault{Antenna("match", {"--parts", "0"}), 2, "--parts"},
-        Fault{Antenna("match", {"--kinds", "L,X"}), 2, "--kinds"},
-        Fault{Antenna("match", {"--ql", "good"}), 2, "--ql: expected a Q"},
-        Fault{Antenna("match", {"--harmonics", "2"}), 2, "--harmonics: expected order"},
-        Fault{Antenna("match", {"--absorb-load", "R=5"}), 2, "--absorb-load: expected a part"},
-        Fault{Antenna("match", {"--min-l", "1u", "--max-l", "1n"}), 3, "value"},
-        Fault{Antenna("match", {"--low-pass", "--dc", "block"}), 3, "no ladder"},
-        Fault{Antenna("match", {"--own", "/no/list.txt"}), 1, "cannot be read"},
-        Fault{{"match", "--source", "50", "--load", "j50", "--band", "1M:2M"},
-              3,
-              "the resistance of the load"},
-        Fault{{"limit", "--source", "50", "--load", "j50", "--band", "1M:2M"},
-              3,
-              "the resistance of the load"}));
 
 }  // namespace
 }  // namespace kelvro

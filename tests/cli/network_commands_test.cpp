@@ -187,26 +187,6 @@ TEST(TouchstoneCommand, ShowsADeviceAtAFrequency) {
     EXPECT_THAT(outside.err, HasSubstr("fet.s2p covers 3.000 GHz to 4.000 GHz, not 5.000 GHz"));
 }
 
-struct FaultyNetworkCommand {
-    std::vector<std::string> args;
-    int code;
-    const char* error;
-};
-
-void PrintTo(const FaultyNetworkCommand& fault, std::ostream* out) {
-    *out << testing::PrintToString(fault.args);
-}
-
-class FaultyNetworkCommands : public testing::TestWithParam<FaultyNetworkCommand> {};
-
-TEST_P(FaultyNetworkCommands, EndWithTheirCodeAndOneLine) {
-    const Output outcome = RunWith(GetParam().args);
-    EXPECT_EQ(outcome.code, GetParam().code);
-    EXPECT_EQ(outcome.out, "");
-    EXPECT_THAT(outcome.err, HasSubstr(GetParam().error));
-    EXPECT_EQ(std::ranges::count(outcome.err, '\n'), 1) << outcome.err;
-}
-
 std::vector<std::string> Analyze(std::vector<std::string> more) {
     more.insert(more.begin(), {"analyze", "--from", "1G", "--to", "3G"});
     return more;
@@ -217,46 +197,39 @@ std::vector<std::string> Match(std::vector<std::string> more) {
     return more;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Faults, FaultyNetworkCommands,
-    testing::Values(
-        FaultyNetworkCommand{Analyze({"--source", "50"}), 2, "--load is required"},
-        FaultyNetworkCommand{Analyze({"--source", "50", "--load", "5x"}), 2,
-                             "--load: column 2: expected the end of the number"},
-        FaultyNetworkCommand{Analyze({"--source", "50", "--load", "50", "shunt C=1p"}), 2,
-                             "\"shunt C=1p\": column 1: expected series:"},
-        FaultyNetworkCommand{Analyze({"--source", "50", "--load", "no.s1p"}), 1,
-                             "there is no file \"no.s1p\""},
-        FaultyNetworkCommand{
-            Analyze({"--source", "50", "--load", LoadOf(DataFile("descending.s1p"))}), 1,
-            "line 3: expected a frequency above"},
-        FaultyNetworkCommand{Analyze({"--source", "50", "--load", LoadOf(DataFile("tabs.s1p"))}), 3,
-                             "tabs.s1p covers 1.000 GHz to 2.000 GHz, not 1.000 GHz to 3.000 GHz"},
-        FaultyNetworkCommand{Analyze({"--source", "50", "--load", "50", "--points", "0"}), 2,
-                             "--points"},
-        FaultyNetworkCommand{Analyze({"--network", "no.kelvro"}), 1, "there is no file"},
-        FaultyNetworkCommand{
-            {"analyze", "--source", "50", "--load", "50"}, 2, "--from and --to are required"},
-        FaultyNetworkCommand{
-            {"analyze", "--source", "50", "--load", "50", "--from", "2G", "--to", "1G"},
-            2,
-            "--from has to be below --to"},
-        FaultyNetworkCommand{
-            {"analyze", "--source", "50", "--load", "50", "--from", "0", "--to", "1G", "--linear"},
-            2,
-            "above 0 Hz"},
-        FaultyNetworkCommand{Match({"--at", "1G"}), 2, "--load is required"},
-        FaultyNetworkCommand{Match({"--at", "0", "--load", "50"}), 2, "--at"},
-        FaultyNetworkCommand{Match({"--at", "1G", "--load", "j20"}), 3, "the load has 0"},
-        FaultyNetworkCommand{Match({"--at", "1G", "--load", "200", "--topology", "pi", "--q", "1"}),
-                             3, "need a Q of 1.732 or more"},
-        FaultyNetworkCommand{Match({"--at", "1G", "--load", "200", "--topology", "x"}), 2,
-                             "--topology"},
-        FaultyNetworkCommand{Match({"--at", "1G", "--load", "200", "--q", "5"}), 2, "--q is for"},
-        FaultyNetworkCommand{Match({"--at", "3G", "--load", LoadOf(DataFile("tabs.s1p"))}), 3,
-                             "covers 1.000 GHz to 2.000 GHz, not 3.000 GHz"},
-        FaultyNetworkCommand{{"touchstone", "no.s1p"}, 1, "there is no file \"no.s1p\""},
-        FaultyNetworkCommand{{"touchstone"}, 2, "FILE is required"}));
+TEST(NetworkCommands, FaultsEndWithTheirCodeAndOneLine) {
+    ExpectFaults(
+        {{Analyze({"--source", "50"}), 2, "--load is required"},
+         {Analyze({"--source", "50", "--load", "5x"}), 2,
+          "--load: column 2: expected the end of the number"},
+         {Analyze({"--source", "50", "--load", "50", "shunt C=1p"}), 2,
+          "\"shunt C=1p\": column 1: expected series:"},
+         {Analyze({"--source", "50", "--load", "no.s1p"}), 1, "there is no file \"no.s1p\""},
+         {Analyze({"--source", "50", "--load", LoadOf(DataFile("descending.s1p"))}), 1,
+          "line 3: expected a frequency above"},
+         {Analyze({"--source", "50", "--load", LoadOf(DataFile("tabs.s1p"))}), 3,
+          "tabs.s1p covers 1.000 GHz to 2.000 GHz, not 1.000 GHz to 3.000 GHz"},
+         {Analyze({"--source", "50", "--load", "50", "--points", "0"}), 2, "--points"},
+         {Analyze({"--network", "no.kelvro"}), 1, "there is no file"},
+         {{"analyze", "--source", "50", "--load", "50"}, 2, "--from and --to are required"},
+         {{"analyze", "--source", "50", "--load", "50", "--from", "2G", "--to", "1G"},
+          2,
+          "--from has to be below --to"},
+         {{"analyze", "--source", "50", "--load", "50", "--from", "0", "--to", "1G", "--linear"},
+          2,
+          "above 0 Hz"},
+         {Match({"--at", "1G"}), 2, "--load is required"},
+         {Match({"--at", "0", "--load", "50"}), 2, "--at"},
+         {Match({"--at", "1G", "--load", "j20"}), 3, "the load has 0"},
+         {Match({"--at", "1G", "--load", "200", "--topology", "pi", "--q", "1"}), 3,
+          "need a Q of 1.732 or more"},
+         {Match({"--at", "1G", "--load", "200", "--topology", "x"}), 2, "--topology"},
+         {Match({"--at", "1G", "--load", "200", "--q", "5"}), 2, "--q is for"},
+         {Match({"--at", "3G", "--load", LoadOf(DataFile("tabs.s1p"))}), 3,
+          "covers 1.000 GHz to 2.000 GHz, not 3.000 GHz"},
+         {{"touchstone", "no.s1p"}, 1, "there is no file \"no.s1p\""},
+         {{"touchstone"}, 2, "FILE is required"}});
+}
 
 }  // namespace
 }  // namespace kelvro

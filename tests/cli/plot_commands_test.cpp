@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <nlohmann/json.hpp>
 
 #include "cli_output.h"
 #include "tests/temporary_folder.h"
@@ -15,10 +13,7 @@ namespace {
 class PlotCommands : public testing::Test {
   protected:
     std::string path(const std::string& name) const { return folder_ / name; }
-    std::string content(const std::string& name) const {
-        std::ifstream file(path(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    std::string content(const std::string& name) const { return ReadFile(path(name)); }
     /// The picture of a Pi section.
     std::string plot(std::vector<std::string> options, const std::string& name) {
         options.insert(options.begin(), {"plot", "pi", "--fo", "10M", "-o", path(name)});
@@ -93,17 +88,14 @@ TEST_F(PlotCommands, ToleranceReportsSpreadYieldAndParts) {
     const std::vector<std::string> args{
         "tolerance", "lc-series", "--fo", "10M",    "--runs", "500",    "--seed",
         "7",         "--ctol",    "50",   "--ltol", "0",      "--json", "--no-optimize"};
-    const Output output = RunWith(args);
-    ASSERT_EQ(output.code, 0) << output.err;
-    const auto document = nlohmann::json::parse(output.out);
+    const Json document = JsonOf(args);
     EXPECT_EQ(document["runs"], 500);
     EXPECT_EQ(document["seed"], 7);
     const auto at = [&document](const char* key) { return document[key].get<double>(); };
-    EXPECT_LE(at("minimum_db"), at("percentile_5_db"));
-    EXPECT_LE(at("percentile_5_db"), at("mean_db"));
-    EXPECT_LE(at("mean_db"), at("percentile_95_db"));
-    EXPECT_LE(at("percentile_95_db"), at("maximum_db"));
-    const auto& parts = document["parts"];
+    const double rising[] = {at("minimum_db"), at("percentile_5_db"), at("mean_db"),
+                             at("percentile_95_db"), at("maximum_db")};
+    EXPECT_TRUE(std::ranges::is_sorted(rising));
+    const Json& parts = document["parts"];
     ASSERT_EQ(parts.size(), 3U);
     EXPECT_EQ(parts[0]["tolerance_percent"], 35);
     EXPECT_EQ(parts[2]["tolerance_percent"], 0.1);
@@ -111,16 +103,16 @@ TEST_F(PlotCommands, ToleranceReportsSpreadYieldAndParts) {
     EXPECT_GT(std::abs(parts[0]["correlation"].get<double>()), 0.3);
     EXPECT_LT(std::abs(parts[2]["correlation"].get<double>()), 0.2);
 
-    EXPECT_EQ(RunWith(args).out, output.out);
+    EXPECT_EQ(JsonOf(args), document);
     std::vector<std::string> lenient = args;
     lenient.insert(lenient.end(), {"--limit-db", "-300"});
-    EXPECT_EQ(nlohmann::json::parse(RunWith(lenient).out)["yield"], 1);
+    EXPECT_EQ(JsonOf(lenient)["yield"], 1);
 }
 
 TEST_F(PlotCommands, ToleranceVariesResistorsAndJudgesByTheNominalGain) {
     const auto document = [](std::vector<std::string> args) {
         args.insert(args.end(), {"--runs", "200", "--seed", "1", "--json"});
-        return nlohmann::json::parse(RunWith(args).out);
+        return JsonOf(args);
     };
     const auto pad =
         document({"tolerance", "passive-pi-t", "--r1", "50", "--r2", "50", "--rtol", "1"});
@@ -135,47 +127,37 @@ TEST_F(PlotCommands, ToleranceVariesResistorsAndJudgesByTheNominalGain) {
 
 TEST_F(PlotCommands, ToleranceWithoutASeedSaysWhichOneItTook) {
     const auto seed = [] {
-        const Output output = RunWith({"tolerance", "pi", "--runs", "2", "--json"});
-        return nlohmann::json::parse(output.out)["seed"].get<std::uint64_t>();
+        const Json report = JsonOf({"tolerance", "pi", "--runs", "2", "--json"});
+        return report["seed"].get<std::uint64_t>();
     };
     EXPECT_NE(seed(), seed());
 }
 
 TEST_F(PlotCommands, WhatCannotBeDoneEndsWithOneLineAndItsCode) {
-    struct Row {
-        int code;
-        std::vector<std::string> args;
-    };
     const std::string png = path("a.png");
-    const Row rows[] = {{2, {"plot", "pi", "-o", path("a.tiff")}},
-                        {2, {"plot", "pi"}},
-                        {2, {"plot", "pi", "-o", png, "--size", "10x10"}},
-                        {2, {"plot", "pi", "-o", png, "--size", "300"}},
-                        {2, {"plot", "pi", "-o", png, "--size", "300x99999999999"}},
-                        {2, {"plot", "pi", "-o", png, "--quantity", "s21"}},
-                        {2, {"plot", "pi", "-o", png, "--trace", "gt,s21"}},
-                        {2, {"plot", "pi", "-o", png, "--trace", "gt,phi,delay"}},
-                        {2, {"plot", "pi", "-o", png, "--from", "0"}},
-                        {2, {"plot", "pi", "-o", png, "--dpi", "0"}},
-                        {2, {"plot", "pi", "-o", png, "--from", "2M", "--to", "1M"}},
-                        {2, {"plot", "pi", "-o", png, "--mc", "-1"}},
-                        {2, {"plot", "pi", "-o", png, "--mc", "1", "--seed", "-1"}},
-                        {3, {"plot", "lc-series", "--r1", "200", "--r2", "50", "-o", png}},
-                        {3, {"plot", "r-divider", "-o", png}},
-                        {1, {"plot", "pi", "-o", path("missing/a.png")}},
-                        {2, {"table", "pi", "--from", "1M", "-o", path("a.tab")}},
-                        {2, {"table", "pi", "--from", "-1", "--to", "1", "--linear", "-o", "x"}},
-                        {1, {"table", "pi", "--from", "1", "--to", "2", "-o", path("no/a.tab")}},
-                        {2, {"tolerance", "pi", "--runs", "0"}},
-                        {2, {"tolerance", "pi", "--ctol", "much"}},
-                        {3, {"tolerance", "rlopt"}}};
-    for (const Row& row : rows) {
-        const Output output = RunWith(row.args);
-        EXPECT_EQ(output.code, row.code) << output.err;
-        EXPECT_EQ(std::ranges::count(output.err, '\n'), 1) << output.err;
-        EXPECT_EQ(output.out, "") << output.err;
-        EXPECT_FALSE(std::filesystem::exists(png)) << output.err;
-    }
+    ExpectFaults({{{"plot", "pi", "-o", path("a.tiff")}, 2, ""},
+                  {{"plot", "pi"}, 2, ""},
+                  {{"plot", "pi", "-o", png, "--size", "10x10"}, 2, ""},
+                  {{"plot", "pi", "-o", png, "--size", "300"}, 2, ""},
+                  {{"plot", "pi", "-o", png, "--size", "300x99999999999"}, 2, ""},
+                  {{"plot", "pi", "-o", png, "--quantity", "s21"}, 2, ""},
+                  {{"plot", "pi", "-o", png, "--trace", "gt,s21"}, 2, ""},
+                  {{"plot", "pi", "-o", png, "--trace", "gt,phi,delay"}, 2, ""},
+                  {{"plot", "pi", "-o", png, "--from", "0"}, 2, ""},
+                  {{"plot", "pi", "-o", png, "--dpi", "0"}, 2, ""},
+                  {{"plot", "pi", "-o", png, "--from", "2M", "--to", "1M"}, 2, ""},
+                  {{"plot", "pi", "-o", png, "--mc", "-1"}, 2, ""},
+                  {{"plot", "pi", "-o", png, "--mc", "1", "--seed", "-1"}, 2, ""},
+                  {{"plot", "lc-series", "--r1", "200", "--r2", "50", "-o", png}, 3, ""},
+                  {{"plot", "r-divider", "-o", png}, 3, ""},
+                  {{"plot", "pi", "-o", path("missing/a.png")}, 1, ""},
+                  {{"table", "pi", "--from", "1M", "-o", path("a.tab")}, 2, ""},
+                  {{"table", "pi", "--from", "-1", "--to", "1", "--linear", "-o", "x"}, 2, ""},
+                  {{"table", "pi", "--from", "1", "--to", "2", "-o", path("no/a.tab")}, 1, ""},
+                  {{"tolerance", "pi", "--runs", "0"}, 2, ""},
+                  {{"tolerance", "pi", "--ctol", "much"}, 2, ""},
+                  {{"tolerance", "rlopt"}, 3, ""}});
+    EXPECT_FALSE(std::filesystem::exists(png));
 }
 
 }  // namespace

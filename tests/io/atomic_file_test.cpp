@@ -7,7 +7,6 @@
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <string_view>
 
@@ -51,23 +50,18 @@ class KilledSave : public testing::TestWithParam<Save> {
         return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
     }
 
-    static std::string content(const fs::path& file) {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-
     TemporaryFolder folder_;
 };
 
 TEST_P(KilledSave, LeavesTheOldFileAndDoesNotDisturbTheNextSave) {
     const fs::path target = folder_ / "plot.wmf";
-    std::ofstream(target, std::ios::binary) << "the old picture";
+    WriteFile(target, "the old picture");
     const std::string picture(100000, 'x');
     ASSERT_EQ(signalThatEnded(target, picture), SIGXFSZ);
-    EXPECT_EQ(content(target), "the old picture");
+    EXPECT_EQ(ReadFile(target), "the old picture");
 
     EXPECT_TRUE(GetParam()(target, picture));
-    EXPECT_EQ(content(target), picture);
+    EXPECT_EQ(ReadFile(target), picture);
     for (const auto& entry : fs::directory_iterator(folder_.path()))
         EXPECT_EQ(entry.path(), target) << "what the killed process had begun";
 }
@@ -77,10 +71,10 @@ TEST_P(KilledSave, GoesWhereLinksLeadAndKeepsThePermissions) {
     const fs::path link = folder_ / "link";
     fs::create_symlink("kept", link);
     EXPECT_TRUE(GetParam()(link, "new")) << "a link that leads to nothing yet";
-    EXPECT_EQ(content(target), "new");
+    EXPECT_EQ(ReadFile(target), "new");
     fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_TRUE(GetParam()(link, "newer"));
-    EXPECT_EQ(content(target), "newer");
+    EXPECT_EQ(ReadFile(target), "newer");
     EXPECT_EQ(fs::status(target).permissions(), fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_TRUE(fs::is_symlink(link));
 }

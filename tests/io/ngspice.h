@@ -6,13 +6,13 @@
 #include <complex>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <map>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <vector>
+
+#include "tests/temporary_folder.h"
 
 // Netlists run by the real simulator, in batch mode.
 
@@ -20,22 +20,12 @@ namespace kelvro {
 
 class Ngspice {
   public:
-    explicit Ngspice(const std::string& netlist) {
-        folder_ = std::filesystem::temp_directory_path() / "kelvro-ngspice-XXXXXX";
-        std::string name = folder_.string();
-        folder_ = mkdtemp(name.data());
-        std::ofstream(folder_ / "deck.cir") << netlist;
-    }
-    ~Ngspice() { std::filesystem::remove_all(folder_); }
-    Ngspice(const Ngspice&) = delete;
-    Ngspice& operator=(const Ngspice&) = delete;
+    explicit Ngspice(const std::string& netlist) { WriteFile(folder_ / "deck.cir", netlist); }
 
     /// What the run prints; nothing when it failed.
     std::optional<std::string> output() const {
         if (!run("-b deck.cir >output 2>&1")) return std::nullopt;
-        std::ostringstream text;
-        text << std::ifstream(folder_ / "output").rdbuf();
-        return text.str();
+        return ReadFile(folder_ / "output");
     }
 
     /// Number behind "name" and perhaps "=" at the start of a line of the output.
@@ -73,7 +63,7 @@ class Ngspice {
   private:
     bool run(const std::string& arguments) const {
         const std::string command =
-            "cd '" + folder_.string() + "' && SPICE_ASCIIRAWFILE=1 ngspice " + arguments;
+            "cd '" + folder_.path().string() + "' && SPICE_ASCIIRAWFILE=1 ngspice " + arguments;
         const int status = std::system(command.c_str());
         return WIFEXITED(status) && WEXITSTATUS(status) == 0;
     }
@@ -94,7 +84,7 @@ class Ngspice {
         return vectors;
     }
 
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
 };
 
 }  // namespace kelvro

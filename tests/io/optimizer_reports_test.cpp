@@ -4,8 +4,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "tests/temporary_folder.h"
 
@@ -14,26 +12,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Content(const fs::path& path) {
-    std::ifstream file(path);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
 TEST(OptimizerReports, ReplaceLongerOnesAndMakeTheirFolder) {
     const TemporaryFolder folder;
     const fs::path log = folder / "state" / "kelvro" / "opt.txt";
     PageOptimization optimization;
     optimization.log = std::string(10000, 'x');
     EXPECT_TRUE(KeepReports(optimization, {log.string(), ""}));
-    EXPECT_EQ(Content(log), optimization.log);
+    EXPECT_EQ(ReadFile(log), optimization.log);
     optimization.log = "short\n";
     optimization.table = "1;2\n";
     const fs::path table = folder / "opt2.csv";
     EXPECT_TRUE(KeepReports(optimization, {log.string(), table.string()}));
-    EXPECT_EQ(Content(log), "short\n");
-    EXPECT_EQ(Content(table), "1;2\n");
+    EXPECT_EQ(ReadFile(log), "short\n");
+    EXPECT_EQ(ReadFile(table), "1;2\n");
 }
 
 TEST(OptimizerReports, NameTheFileThatCannotBeWritten) {
@@ -47,19 +38,19 @@ TEST(OptimizerReports, NameTheFileThatCannotBeWritten) {
              {OptimizerFiles{bad, ""}, OptimizerFiles{(folder / "log").string(), bad}})
             EXPECT_EQ(KeepReports(optimization, files).message().rfind(named, 0), 0U) << bad;
     }
-    EXPECT_EQ(Content(folder / "log"), "log\n");
+    EXPECT_EQ(ReadFile(folder / "log"), "log\n");
 }
 
 TEST(OptimizerReports, WithoutRoomLeaveTheOldOneAndNothingElse) {
     const TemporaryFolder folder;
-    std::ofstream(folder / "opt.txt") << "old\n";
+    WriteFile(folder / "opt.txt", "old\n");
     PageOptimization optimization;
     optimization.log = std::string(10000, 'x');
     for (const char* name : {"opt.txt", "new.txt"}) {
         const FullDisk full;
         EXPECT_FALSE(KeepReports(optimization, {(folder / name).string(), ""})) << name;
     }
-    EXPECT_EQ(Content(folder / "opt.txt"), "old\n");
+    EXPECT_EQ(ReadFile(folder / "opt.txt"), "old\n");
     EXPECT_FALSE(fs::exists(folder / "new.txt"));
 }
 

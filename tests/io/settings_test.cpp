@@ -5,7 +5,6 @@
 
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <random>
 
 #include "design/cycle.h"
@@ -26,12 +25,8 @@ class SettingsTest : public testing::Test {
     fs::path file(const char* name = "kelvro.ini") const { return folder_ / name; }
     static QString path(const fs::path& file) { return QString::fromStdString(file.string()); }
 
-    static std::string content(const fs::path& file) {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
     fs::path holding(const std::string& bytes, const char* name = "kelvro.ini") const {
-        std::ofstream(file(name), std::ios::binary) << bytes;
+        WriteFile(file(name), bytes);
         return file(name);
     }
     Design stateAfterReading(const std::string& bytes, const Design& before = {}) const {
@@ -61,7 +56,7 @@ constexpr const char* kDefaults =
 TEST_F(SettingsTest, ANewFileHoldsEveryKeyInItsOrderAndFormat) {
     const fs::path target = folder_ / "new" / "folders" / "kelvro.ini";
     ASSERT_EQ(WriteSettings(path(target), {}).status, SaveStatus::Saved);
-    EXPECT_EQ(content(target).substr(0, std::string(kDefaults).size()), kDefaults);
+    EXPECT_EQ(ReadFile(target).substr(0, std::string(kDefaults).size()), kDefaults);
 }
 
 /// What another program leaves of a file: the section that all of them know.
@@ -77,7 +72,7 @@ TEST_F(SettingsTest, RoundedTextsAloneGiveTheValuesRounded) {
     written.NBP = 7;
     written.Vlow1 = 0.123456;
     ASSERT_EQ(WriteSettings(path(file()), {written}).status, SaveStatus::Saved);
-    const SettingsRead read = ReadSettings(path(holding(RoundedTexts(content(file())))), {});
+    const SettingsRead read = ReadSettings(path(holding(RoundedTexts(ReadFile(file())))), {});
     EXPECT_EQ(read.status, ReadStatus::Read);
     EXPECT_FALSE(read.whole);
     Design expected;
@@ -146,8 +141,8 @@ TEST_F(SettingsTest, OwnFilesRestoreEveryDesignExactly) {
         ++designs;
         ASSERT_EQ(WriteSettings(path(file()), written).status, SaveStatus::Saved);
         const SettingsRead read = ReadSettings(path(file()), {});
-        EXPECT_TRUE(read.whole) << content(file());
-        ASSERT_TRUE(read.settings == written) << content(file());
+        EXPECT_TRUE(read.whole) << ReadFile(file());
+        ASSERT_TRUE(read.settings == written) << ReadFile(file());
     }
     EXPECT_GT(designs, 100);
 }
@@ -169,7 +164,7 @@ TEST_F(SettingsTest, RoundedTextsThatSomeoneHasChangedCount) {
     written.design.QByBandwidth = true;
     written.design.components[Slot::C1] = 1e-12;
     ASSERT_EQ(WriteSettings(path(file()), written).status, SaveStatus::Saved);
-    std::string bytes = content(file());
+    std::string bytes = ReadFile(file());
     bytes.replace(bytes.find("R2=200.00"), 9, "R2=75");
     const SettingsRead read = ReadSettings(path(holding(bytes)), {});
     EXPECT_FALSE(read.whole);
@@ -182,7 +177,7 @@ TEST_F(SettingsTest, RoundedTextsThatSomeoneHasChangedCount) {
 
 TEST_F(SettingsTest, AbsurdExactValuesHarmNothing) {
     ASSERT_EQ(WriteSettings(path(file()), {}).status, SaveStatus::Saved);
-    std::string bytes = content(file());
+    std::string bytes = ReadFile(file());
     const auto change = [&](const std::string& key, const std::string& value) {
         const auto at = bytes.find('\n' + key + '=', bytes.find("[Design]")) + 1;
         bytes.replace(at, bytes.find('\n', at) - at, key + '=' + value);
@@ -339,7 +334,7 @@ TEST_F(SettingsTest, SavingKeepsWhatElseTheFileHolds) {
     Design state;
     state.R1 = 300;
     EXPECT_EQ(WriteSettings(path(file()), {state}).message.toStdString(), "");
-    const std::string saved = content(file());
+    const std::string saved = ReadFile(file());
     for (const char* kept :
          {"; bench set-up\n", "[Window]\nLeft=12\n", "; from the data sheet\nR1=300.00\n",
           "Colour=\xE9\n", "fo=100.00M\n"}) {
@@ -347,13 +342,13 @@ TEST_F(SettingsTest, SavingKeepsWhatElseTheFileHolds) {
     }
     EXPECT_EQ(saved.find("R1=75"), std::string::npos);
     EXPECT_EQ(WriteSettings(path(file()), {state}).status, SaveStatus::Saved);
-    EXPECT_EQ(content(file()), saved) << "the second save changes nothing";
+    EXPECT_EQ(ReadFile(file()), saved) << "the second save changes nothing";
     EXPECT_EQ(names(), std::vector<std::string>{"kelvro.ini"});
 }
 
 TEST_F(SettingsTest, AFileOfALaterVersionIsReadAndLeftAsItIs) {
     ASSERT_EQ(WriteSettings(path(file()), {}).status, SaveStatus::Saved);
-    const std::string own = content(file());
+    const std::string own = ReadFile(file());
     const auto at = own.find("Version=1\n");
     ASSERT_NE(at, std::string::npos) << own;
     struct Case {
@@ -373,7 +368,7 @@ TEST_F(SettingsTest, AFileOfALaterVersionIsReadAndLeftAsItIs) {
         changed.R2 = 300;
         const SettingsSave saved = WriteSettings(path(file()), {changed});
         EXPECT_EQ(saved.status, c.later ? SaveStatus::Failed : SaveStatus::Saved);
-        EXPECT_EQ(content(file()) == bytes, c.later);
+        EXPECT_EQ(ReadFile(file()) == bytes, c.later);
         EXPECT_EQ(WriteSettings(path(file("other.ini")), {changed}).status, SaveStatus::Saved);
     }
 }
@@ -384,10 +379,10 @@ TEST_F(SettingsTest, WhatAnotherProgramHasSavedMeanwhileIsNotOverwrittenUnseen) 
     Settings other;
     other.design.R2 = 300;
     ASSERT_EQ(WriteSettings(path(file()), other, first).status, SaveStatus::Saved);
-    const std::string bytes = content(file());
+    const std::string bytes = ReadFile(file());
     EXPECT_EQ(WriteSettings(path(file()), {}, first).status, SaveStatus::Changed);
     EXPECT_EQ(WriteSettings(path(file()), {}, "").status, SaveStatus::Changed);
-    EXPECT_EQ(content(file()), bytes);
+    EXPECT_EQ(ReadFile(file()), bytes);
     EXPECT_EQ(WriteSettings(path(file("new.ini")), {}, "").status, SaveStatus::Saved);
 }
 
@@ -408,7 +403,7 @@ TEST_F(SettingsTest, FilesThatAreNoSettingsReadAsDefaultsAndAreKeptAside) {
         const SettingsSave save = WriteSettings(path(file()), {});
         EXPECT_EQ(save.status, SaveStatus::Saved);
         EXPECT_NE(save.message.toStdString().find("kelvro.ini.bak"), std::string::npos);
-        EXPECT_EQ(content(file("kelvro.ini.bak")), bytes);
+        EXPECT_EQ(ReadFile(file("kelvro.ini.bak")), bytes);
         const SettingsRead reread = ReadSettings(path(file()), {});
         EXPECT_EQ(reread.status, ReadStatus::Read) << reread.message.toStdString();
         // A second foreign file must not replace the first copy.
@@ -418,8 +413,8 @@ TEST_F(SettingsTest, FilesThatAreNoSettingsReadAsDefaultsAndAreKeptAside) {
         EXPECT_FALSE(read.message.isEmpty());
         EXPECT_EQ(read.settings.design, Design());
         WriteSettings(path(file()), {});
-        EXPECT_EQ(content(file("kelvro.ini.bak")), bytes);
-        EXPECT_EQ(content(file("kelvro.ini.bak2")), "my second thesis");
+        EXPECT_EQ(ReadFile(file("kelvro.ini.bak")), bytes);
+        EXPECT_EQ(ReadFile(file("kelvro.ini.bak2")), "my second thesis");
     }
 }
 
@@ -459,7 +454,7 @@ TEST_F(SettingsTest, AFullDiskLeavesTheOldFileAndNothingElse) {
         }();
         EXPECT_EQ(save.status, SaveStatus::Failed);
         EXPECT_NE(save.message.toStdString().find("kelvro.ini"), std::string::npos);
-        EXPECT_EQ(content(file()), old);
+        EXPECT_EQ(ReadFile(file()), old);
         EXPECT_EQ(names(), std::vector<std::string>{"kelvro.ini"});
     }
 }

@@ -196,10 +196,9 @@ TEST(TouchstoneFaults, OfAnyKindAreReadOrRefused) {
     std::mt19937_64 random(1);
     int refused = 0;
     for (const auto& entry : std::filesystem::directory_iterator(DataFile(""))) {
-        std::ostringstream text;
-        text << std::ifstream(entry.path(), std::ios::binary).rdbuf();
+        const std::string text = ReadFile(entry.path());
         for (int i = 0; i < 300; ++i) {
-            std::string changed = text.str().substr(0, random() % (text.str().size() + 1));
+            std::string changed = text.substr(0, random() % (text.size() + 1));
             for (int k = 0; k < 2 && !changed.empty(); ++k) {
                 changed[random() % changed.size()] = static_cast<char>(random());
             }

@@ -67,24 +67,19 @@ class InputsTest : public QObject {
     }
 
     void leavingWritesBackWhatIsInUse() {
-        struct Row {
-            const char* edit;
-            const char* typed;
-            const char* left;
-            const char* hint;
-        };
         FormFixture f;
         f.goTo(3);
         const QColor plain = f.find("foEingabe").palette().color(QPalette::Base);
         for (const auto& [edit, typed, left, hint] :
-             {Row{"foEingabe", "433.92 MHz", "  433.92M", ""},
-              Row{"foEingabe", "5M", "    5.00M", ""}, Row{"R2Eingabe", "1,5kOhm", "    1.50k", ""},
-              Row{"R2Eingabe", "3k3", "    3.00k", "3.00 kΩ; \"3\" was not read"},
-              Row{"R2Eingabe", "1,000,000", "    1.000", "1.00 Ω; \",000\" was not read"},
-              Row{"R2Eingabe", "9M", "    1.00M", "1.00 MΩ is used instead"},
-              Row{"R2Eingabe", "ten", "    1.00m", "1.00 mΩ; \"ten\" was not read"},
-              Row{"QEingabe", "501", "   500.00", "500.00 is used instead"},
-              Row{"QBEingabe", "80", "    80.00", ""}}) {
+             {std::tuple{"foEingabe", "433.92 MHz", "  433.92M", ""},
+              {"foEingabe", "5M", "    5.00M", ""},
+              {"R2Eingabe", "1,5kOhm", "    1.50k", ""},
+              {"R2Eingabe", "3k3", "    3.00k", "3.00 kΩ; \"3\" was not read"},
+              {"R2Eingabe", "1,000,000", "    1.000", "1.00 Ω; \",000\" was not read"},
+              {"R2Eingabe", "9M", "    1.00M", "1.00 MΩ is used instead"},
+              {"R2Eingabe", "ten", "    1.00m", "1.00 mΩ; \"ten\" was not read"},
+              {"QEingabe", "501", "   500.00", "500.00 is used instead"},
+              {"QBEingabe", "80", "    80.00", ""}}) {
             const bool hinted = *hint != 0;
             f.type(edit, typed);
             QCOMPARE(f.text(edit), QString(typed));

@@ -152,18 +152,13 @@ class NetworkSearchTest : public QObject {
     }
 
     void aFieldThatCannotBeReadIsNamed() {
-        struct Row {
-            const char* field;
-            const char* text;
-            const char* says;
-        };
         for (const auto& [field, text, says] :
-             {Row{"FindBands", "130M:70M", "does not rise"},
-              Row{"FindLMost", "much", "Inductance: expected a number"},
-              Row{"FindCoilQ", "good", "Q of inductors: expected a Q"},
-              Row{"FindHarmonics", "2", "Harmonics: expected order"},
-              Row{"FindAtLoad", "R=5", "Last at least: expected a part"},
-              Row{"FindYieldLimit", "3", "Builds keep dB: expected dB below 0"}}) {
+             {std::tuple{"FindBands", "130M:70M", "does not rise"},
+              {"FindLMost", "much", "Inductance: expected a number"},
+              {"FindCoilQ", "good", "Q of inductors: expected a Q"},
+              {"FindHarmonics", "2", "Harmonics: expected order"},
+              {"FindAtLoad", "R=5", "Last at least: expected a part"},
+              {"FindYieldLimit", "3", "Builds keep dB: expected dB below 0"}}) {
             Window window;
             QDialog& dialog = window.openSearch("1");
             Window::type(dialog, field, text);

@@ -215,14 +215,11 @@ class PagesTest : public QObject {
 
     void clickOnAPartLeadsToItsField() {
         FormFixture f;
-        struct Row {
-            int page;
-            const char* part;
-            const char* field;
-        };
-        for (const auto& [page, part, field] :
-             {Row{3, "C1", "C13Ausgabe"}, Row{3, "L", "L3Ausgabe"}, Row{3, "R2", "R2Eingabe"},
-              Row{13, "C", "C13GAusgabe"}, Row{9, "R1", "R1Eingabe"}}) {
+        for (const auto& [page, part, field] : {std::tuple{3, "C1", "C13Ausgabe"},
+                                                {3, "L", "L3Ausgabe"},
+                                                {3, "R2", "R2Eingabe"},
+                                                {13, "C", "C13GAusgabe"},
+                                                {9, "R1", "R1Eingabe"}}) {
             f.goTo(page);
             auto& picture = f.find<CircuitView>(QString("Image%1").arg(page));
             const QRectF area = QRectF(picture.rect()).adjusted(6, 6, -6, -6);
@@ -255,28 +252,24 @@ class PagesTest : public QObject {
         const QMimeData& copied = *QApplication::clipboard()->mimeData();
         QVERIFY(copied.hasImage());
         QVERIFY(copied.data("image/svg+xml").contains("C1"));
-        struct Row {
-            const char* typed;
-            const char* filter;  // the first letters of the one that is chosen after typing
-            const char* saved;
-        };
-        for (const Row& row : {Row{"c.svg", "", "c.svg"},
-                               {"c.png", "", "c.png"},
-                               {"d.svg", "PN", "d.png"},
-                               {"e", "PD", "e.pdf"},
-                               {"f.doc", "", "f.doc.svg"}}) {
+        // A name is typed, then the filter that begins with the letters is chosen.
+        for (const auto& [typed, letters, saved] : {std::tuple{"c.svg", "", "c.svg"},
+                                                    {"c.png", "", "c.png"},
+                                                    {"d.svg", "PN", "d.png"},
+                                                    {"e", "PD", "e.pdf"},
+                                                    {"f.doc", "", "f.doc.svg"}}) {
             const QTemporaryDir folder;  // another one than the dialog was left in
-            const InDialog asked([&](QWidget& dialog) {
+            const InDialog asked([&, typed = typed, letters = letters](QWidget& dialog) {
                 dialog.findChild<QListView*>("listView")->selectionModel()->clear();
-                dialog.findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath(row.typed));
+                dialog.findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath(typed));
                 auto* filters = dialog.findChild<QComboBox*>("fileTypeCombo");
                 filters->setFocus();
-                QTest::keyClicks(filters, row.filter);
+                QTest::keyClicks(filters, letters);
                 dynamic_cast<QDialog&>(dialog).accept();
             });
             picture.findChild<QAction*>("SaveCircuit")->trigger();
             QVERIFY(asked.seen());
-            QVERIFY2(QFileInfo(folder.filePath(row.saved)).size() > 500, row.saved);
+            QVERIFY2(QFileInfo(folder.filePath(saved)).size() > 500, saved);
         }
         QCOMPARE(f.messages, QStringList());
     }

@@ -111,20 +111,16 @@ class WindowsTest : public QObject {
     }
 
     void sweepFactorIsHeldToItsRangeWhileTyping() {
-        struct Row {
-            const char* text;
-            double factor;
-            const char* shown;
-        };
         FormFixture f;
         f.choose("SweepFaktor1");
         QWidget* dialog = f.form().windows().window("TSweepDlg");
         auto* edit = dialog->findChild<QLineEdit*>("SweepEingabe");
         QCOMPARE(edit->text(), QString("  1.05"));
-        for (const auto& [text, factor, shown] :
-             {Row{"1.2", 1.2, "  1.20"}, Row{"1.025", 1.025, "  1.025"},
-              Row{"1", 1.0001, "  1.0001"}, Row{"11", 10, "  10.00"},
-              Row{"x", 1.0001, "  1.0001"}}) {
+        for (const auto& [text, factor, shown] : {std::tuple{"1.2", 1.2, "  1.20"},
+                                                  {"1.025", 1.025, "  1.025"},
+                                                  {"1", 1.0001, "  1.0001"},
+                                                  {"11", 10.0, "  10.00"},
+                                                  {"x", 1.0001, "  1.0001"}}) {
             edit->selectAll();
             QTest::keyClicks(edit, text);
             QCOMPARE(f.preferences().SweepFactor, factor);
