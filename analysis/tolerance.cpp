@@ -77,11 +77,6 @@ double ClampTolerance(double percent) {
     return Clamp(percent, kToleranceLimits.low, kToleranceLimits.high);
 }
 
-double UniformGenerator::next() {
-    // The upper 53 bits: std::uniform_real_distribution is not the same everywhere.
-    return static_cast<double>(engine_() >> 11) * 0x1p-53;
-}
-
 std::uint64_t ClockSeed() {
     static std::uint64_t calls = 0;  // the clock may stand still between two calls
     const auto now = std::chrono::system_clock::now().time_since_epoch();

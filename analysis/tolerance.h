@@ -2,11 +2,11 @@
 
 #include <cstdint>
 #include <optional>
-#include <random>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "core/random.h"
 #include "design/design.h"
 #include "design/page.h"
 #include "design/part_ref.h"
@@ -31,16 +31,6 @@ struct Tolerances {
 inline constexpr Limits kToleranceLimits{0.1, 35};
 /// A tolerance as it is typed, held to its limits.
 double ClampTolerance(double percent);
-
-/// Equally distributed numbers in [0, 1) that are the same on every machine for the same seed.
-class UniformGenerator {
-  public:
-    explicit UniformGenerator(std::uint64_t seed) : engine_(seed) {}
-    double next();
-
-  private:
-    std::mt19937_64 engine_;
-};
 
 /// A seed that differs from call to call.
 std::uint64_t ClockSeed();
@@ -78,7 +68,7 @@ class ToleranceRuns {
     Design nominal_;
     Design varied_;
     Tolerances tolerances_;
-    UniformGenerator generator_;
+    UniformStream generator_;
     std::vector<TolerancePart> parts_;
     std::vector<double> deviations_;
     std::vector<double> draws_;

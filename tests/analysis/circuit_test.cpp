@@ -198,11 +198,6 @@ struct Match {
     bool variant = false;  ///< interchanged, or eight elements
 };
 
-void PrintTo(const Match& match, std::ostream* out) {
-    *out << "page " << match.page << " from " << match.R1 << " to " << match.R2 << " ohm, Q "
-         << match.Q << (match.variant ? ", variant" : "");
-}
-
 /// A state designed with parts that are all but lossless.
 Design Designed(const Match& match) {
     const CycleResult calculated = CycleOf({.page = match.page,
@@ -220,6 +215,9 @@ Design Designed(const Match& match) {
 class LosslessMatches : public testing::TestWithParam<Match> {};
 
 TEST_P(LosslessMatches, PassAllPowerAtFo) {
+    SCOPED_TRACE(testing::Message() << "page " << GetParam().page << " from " << GetParam().R1
+                                    << " to " << GetParam().R2 << " ohm, Q " << GetParam().Q
+                                    << (GetParam().variant ? ", variant" : ""));
     const Design state = Designed(GetParam());
     EXPECT_NEAR(Response(state).relativeDb(state.fo), 0, 1e-8);
 }
@@ -246,15 +244,13 @@ struct FilterCase {
     double Q;
 };
 
-void PrintTo(const FilterCase& filter, std::ostream* out) {
-    *out << filter.N << " resonators, " << filter.ripple << " dB, Q " << filter.Q;
-}
-
 class ChebyshevFilters : public testing::TestWithParam<FilterCase> {};
 
 /// Inverters made of capacitors hold near fo only: in narrow bands the response is that of the
 /// prototype, 1 + (10^(ripple/10) - 1)·cos²(N·arccos x), x going from -1 to 1 over the band.
 TEST_P(ChebyshevFilters, KeepRippleAndBandwidth) {
+    SCOPED_TRACE(testing::Message() << GetParam().N << " resonators, " << GetParam().ripple
+                                    << " dB, Q " << GetParam().Q);
     const auto [N, ripple, Q] = GetParam();
     Design state;
     state.page = 17;

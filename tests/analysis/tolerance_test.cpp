@@ -27,13 +27,6 @@ Design Designed(int page, double R1 = 50, double R2 = 200) {
     return result.design;
 }
 
-TEST(Tolerance, TheGeneratorIsTheOneOfTheStandardOnEveryMachine) {
-    // The 10000th number of a mt19937_64 with its default seed, by the C++ standard.
-    UniformGenerator generator(std::mt19937_64::default_seed);
-    for (int i = 1; i < 10000; ++i) generator.next();
-    EXPECT_EQ(generator.next(), std::ldexp(static_cast<double>(9981545732273789042ULL >> 11), -53));
-}
-
 struct PartsCase {
     const char* title;
     int page;

@@ -15,13 +15,10 @@ struct ReadCase {
     std::size_t length;
 };
 
-void PrintTo(const ReadCase& c, std::ostream* out) {
-    *out << c.text;
-}
-
 class ExactNumbers : public testing::TestWithParam<ReadCase> {};
 
 TEST_P(ExactNumbers, AreReadAsFarAsTheyGo) {
+    SCOPED_TRACE(GetParam().text);
     const auto number = ReadExactNumber(GetParam().text);
     ASSERT_TRUE(number);
     EXPECT_EQ(number->value, GetParam().value);

@@ -30,13 +30,10 @@ struct KnownStage {
     double Q, choke, C1, C2, power, secondHarmonicDb, peak;
 };
 
-void PrintTo(const KnownStage& stage, std::ostream* out) {
-    *out << "Q " << stage.Q << ", choke " << stage.choke;
-}
-
 class KnownStages : public testing::TestWithParam<KnownStage> {};
 
 TEST_P(KnownStages, ComeOutToTheLastDigitOfTheirTable) {
+    SCOPED_TRACE(testing::Message() << "Q " << GetParam().Q << ", choke " << GetParam().choke);
     const KnownStage& known = GetParam();
     const auto stage = DesignClassEStage(Unit(known.Q, known.choke));
     ASSERT_TRUE(stage) << stage.message();

@@ -18,10 +18,6 @@ struct Example {
     std::vector<std::pair<std::string_view, const char*>> texts;
 };
 
-void PrintTo(const Example& example, std::ostream* out) {
-    *out << example.name;
-}
-
 double ComponentOf(const Design& state, std::string_view name) {
     for (const OutputField& field : PageOf(state).outputs) {
         if (field.name == name) return field.component(state);
@@ -33,6 +29,7 @@ double ComponentOf(const Design& state, std::string_view name) {
 class FirstPages : public testing::TestWithParam<Example> {};
 
 TEST_P(FirstPages, DesignAsWorkedByHand) {
+    SCOPED_TRACE(GetParam().name);
     Design state = StateWith(GetParam().page, GetParam().inputs);
     NoServices services;
     const CycleResult result = Calculate(state, true, services);

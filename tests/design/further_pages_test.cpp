@@ -21,10 +21,6 @@ struct Example {
     const char* outputs;  ///< to the digits given
 };
 
-void PrintTo(const Example& example, std::ostream* out) {
-    *out << example.name;
-}
-
 /// The value that a field shows.
 double Shown(const CycleResult& result, std::string_view object) {
     const std::string* text = result.text(object);
@@ -35,6 +31,7 @@ double Shown(const CycleResult& result, std::string_view object) {
 class WorkedExamples : public testing::TestWithParam<Example> {};
 
 TEST_P(WorkedExamples, ComeOutToTheDigitsGiven) {
+    SCOPED_TRACE(GetParam().name);
     const CycleResult result = CycleOf(StateWith(GetParam().page, GetParam().inputs));
     const Design& state = result.design;
     EXPECT_FALSE(result.message) << *result.message;
@@ -200,13 +197,10 @@ struct Refusal {
     const char* message;
 };
 
-void PrintTo(const Refusal& refusal, std::ostream* out) {
-    *out << refusal.name;
-}
-
 class Refusals : public testing::TestWithParam<Refusal> {};
 
 TEST_P(Refusals, NameTheReasonAndLeaveTheComponentsAlone) {
+    SCOPED_TRACE(GetParam().name);
     Design state = StateWith(GetParam().page, GetParam().inputs);
     state.components[Slot::C1] = 1;
     const Slots before = state.components;

@@ -94,10 +94,6 @@ struct SwitchedStage {
     double P, Ub, Usat, fo, Q, choke;
 };
 
-void PrintTo(const SwitchedStage& stage, std::ostream* out) {
-    *out << stage.P << " W from " << stage.Ub << " V, Q " << stage.Q << ", choke " << stage.choke;
-}
-
 Design Designed(const SwitchedStage& stage, double elementQ) {
     Design state;
     state.page = 15;
@@ -119,6 +115,8 @@ class ClassENetlists : public testing::TestWithParam<SwitchedStage> {};
 /// What was asked for, by the simulator's own integration: the power within 0.1 %, and less than
 /// 0.5 % of the supply on the switch when it closes.
 TEST_P(ClassENetlists, DeliverThePowerAskedAndSwitchAtZeroVoltage) {
+    SCOPED_TRACE(testing::Message() << GetParam().P << " W from " << GetParam().Ub << " V, Q "
+                                    << GetParam().Q << ", choke " << GetParam().choke);
     const SwitchedStage& stage = GetParam();
     const auto measured = RunNgspice(ClassENetlist(Exported(Designed(stage, 1e9))));
     ASSERT_TRUE(measured) << measured.message();

@@ -32,13 +32,10 @@ struct GoodFile {
     double last = 2e9;
 };
 
-void PrintTo(const GoodFile& file, std::ostream* out) {
-    *out << file.name;
-}
-
 class TouchstoneReading : public testing::TestWithParam<GoodFile> {};
 
 TEST_P(TouchstoneReading, GivesTheNumbers) {
+    SCOPED_TRACE(GetParam().name);
     const GoodFile& file = GetParam();
     const auto read = ReadTouchstone(DataFile(file.name), file.name);
     ASSERT_TRUE(read.ok()) << read.message();
@@ -116,13 +113,10 @@ struct FaultyFile {
     const char* message;
 };
 
-void PrintTo(const FaultyFile& file, std::ostream* out) {
-    *out << file.name;
-}
-
 class TouchstoneFaults : public testing::TestWithParam<FaultyFile> {};
 
 TEST_P(TouchstoneFaults, AreOneLineWithFileAndLine) {
+    SCOPED_TRACE(GetParam().name);
     const FaultyFile& file = GetParam();
     const auto read = ReadTouchstone(DataFile(file.name), file.name);
     ASSERT_FALSE(read.ok());

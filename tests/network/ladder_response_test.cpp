@@ -31,14 +31,11 @@ struct MatchCase {
     const char* ladder;
 };
 
-void PrintTo(const MatchCase& row, std::ostream* out) {
-    *out << row.what;
-}
-
 class ExactMatches : public testing::TestWithParam<MatchCase> {};
 
 /// Parts with five digits: what they reflect is of the order of 1e-5.
 TEST_P(ExactMatches, PassEverything) {
+    SCOPED_TRACE(GetParam().what);
     const auto& [what, f, source, load, ladder] = GetParam();
     const Cx ZS = impedance(*ParseTermination(source), f);
     const Cx ZL = impedance(*ParseTermination(load), f);
@@ -169,14 +166,11 @@ struct LimitCase {
     Cx gammaIn, gammaOut;
 };
 
-void PrintTo(const LimitCase& row, std::ostream* out) {
-    *out << row.what;
-}
-
 class Limits : public testing::TestWithParam<LimitCase> {};
 
 /// Between 50 and 50 Ω at 1 GHz: an open in the path reflects everything, +1; a short across it -1.
 TEST_P(Limits, AreNumbers) {
+    SCOPED_TRACE(GetParam().what);
     const auto& [what, ladder, GT, gammaIn, gammaOut] = GetParam();
     LadderResponse response(Between(50.0, ladder, 50.0));
     const NetworkPoint point = response.at(1e9);

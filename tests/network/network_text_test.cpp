@@ -53,13 +53,10 @@ struct ImpedanceCase {
     Impedance is;
 };
 
-void PrintTo(const ImpedanceCase& c, std::ostream* out) {
-    *out << c.text;
-}
-
 class ImpedanceTexts : public testing::TestWithParam<ImpedanceCase> {};
 
 TEST_P(ImpedanceTexts, AreRead) {
+    SCOPED_TRACE(GetParam().text);
     const auto read = ParseImpedance(GetParam().text, Load);
     ASSERT_TRUE(read.ok()) << read.message();
     EXPECT_EQ(*read, GetParam().is) << ImpedanceText(*read);
@@ -113,13 +110,10 @@ struct ElementCase {
     LadderElement is;
 };
 
-void PrintTo(const ElementCase& c, std::ostream* out) {
-    *out << c.text;
-}
-
 class ElementTexts : public testing::TestWithParam<ElementCase> {};
 
 TEST_P(ElementTexts, AreRead) {
+    SCOPED_TRACE(GetParam().text);
     const auto read = ParseElement(GetParam().text, Load);
     ASSERT_TRUE(read.ok()) << read.message();
     EXPECT_EQ(*read, GetParam().is) << ElementText(*read);
@@ -156,10 +150,6 @@ struct FaultyText {
     const char* message;
 };
 
-void PrintTo(const FaultyText& c, std::ostream* out) {
-    *out << c.text.substr(0, 60);
-}
-
 class FaultyTexts : public testing::TestWithParam<FaultyText> {};
 
 /// Texts with a colon and blank behind a word are elements, the others impedances.
@@ -169,6 +159,7 @@ Status StatusOf(const std::string& text) {
 }
 
 TEST_P(FaultyTexts, NameThePlace) {
+    SCOPED_TRACE(GetParam().text.substr(0, 60));
     const Status status = StatusOf(GetParam().text);
     EXPECT_FALSE(status.ok());
     EXPECT_THAT(status.message(), HasSubstr(GetParam().message));

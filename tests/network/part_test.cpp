@@ -27,13 +27,10 @@ struct PartCase {
     Cx expected;
 };
 
-void PrintTo(const PartCase& row, std::ostream* out) {
-    *out << row.what << " at " << row.f;
-}
-
 class PartTest : public testing::TestWithParam<PartCase> {};
 
 TEST_P(PartTest, HasTheImpedanceOfItsLaw) {
+    SCOPED_TRACE(testing::Message() << GetParam().what << " at " << GetParam().f);
     const auto& [what, part, f, expected] = GetParam();
     const Cx Z = impedance(part, f);
     if (!std::isfinite(std::abs(expected))) {

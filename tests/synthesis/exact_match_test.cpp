@@ -39,13 +39,10 @@ struct MatchCase {
     const char* other;  ///< or none
 };
 
-void PrintTo(const MatchCase& c, std::ostream* out) {
-    *out << c.name;
-}
-
 class ExactLSections : public testing::TestWithParam<MatchCase> {};
 
 TEST_P(ExactLSections, AreAllFound) {
+    SCOPED_TRACE(GetParam().name);
     const MatchCase& c = GetParam();
     const auto matches = ExactMatches(*ParseTermination(c.source), *ParseTermination(c.load), c.f);
     ASSERT_TRUE(matches.ok()) << matches.message();
