@@ -103,9 +103,8 @@ void DeclareCommands(CLI::App& app, Session& session) {
 }
 
 int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostream& err,
-                   bool terminal, PictureWriter writePicture) {
-    Session session{
-        .out = out, .err = err, .writePicture = writePicture, .terminal = terminal, .args = args};
+                   bool terminal, QtServices qt) {
+    Session session{.out = out, .err = err, .qt = qt, .terminal = terminal, .args = args};
     CLI::App app;
     DeclareCommands(app, session);
     ExitCode code = Parse(app, session, args);

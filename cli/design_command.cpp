@@ -5,7 +5,7 @@
 #include "analysis/achieved.h"
 #include "cli/commands.h"
 #include "cli/design_run.h"
-#include "io/class_e_netlist.h"
+#include "io/class_e_comparison.h"
 #include "io/exports.h"
 #include "io/text_table.h"
 
@@ -46,20 +46,25 @@ Json JsonComparison(const std::vector<ComparedValue>& values) {
 }
 
 /// The exported netlist of the design, run; nothing where that is not asked for.
-Result<std::vector<ComparedValue>> Comparison(const ReportOptions& options, const DesignRun& run) {
+Result<std::vector<ComparedValue>> Comparison(const ReportOptions& options, const DesignRun& run,
+                                              const Session& session) {
     if (!options.ngspice || run.refused()) return std::vector<ComparedValue>();
     const bool given = !options.design->takes.empty();
     const auto prepared =
         PrepareExport(run.state, {.componentsGiven = given, .series = run.series});
     if (!prepared) return prepared.status();
-    return CompareWithNgspice(*prepared);
+    if (!session.qt.compareStage) {
+        return Status::Failure(
+            "ngspice is run by the program kelvro-pictures, which is not installed");
+    }
+    return session.qt.compareStage(*prepared, {});
 }
 
 ExitCode ReportDesign(const ReportOptions& options, Session& session) {
     const auto outcome = RunDesign(*options.design, session);
     if (!outcome) return session.fail(outcome.status());
     const auto& run = *outcome;
-    const auto compared = Comparison(options, run);
+    const auto compared = Comparison(options, run, session);
     const bool beside = compared && !compared->empty();
     if (options.design->json) {
         Json document = JsonDesign(run);

@@ -1,7 +1,9 @@
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <span>
 #include <string_view>
 
 #include "cli/command_line.h"
@@ -9,9 +11,16 @@
 
 namespace {
 
-/// Turns into the program that also draws, which takes the same arguments. It stands beside this
-/// one, or where an installation keeps what users do not start themselves. Comes back only when it
-/// is at neither place. All other commands start in a quarter of the time without Qt.
+bool NeedsQt(std::span<const char* const> arguments) {
+    constexpr std::string_view simulation = "--ngspice";
+    return !arguments.empty() && (arguments.front() == std::string_view("plot") ||
+                                  std::ranges::find(arguments, simulation) != arguments.end());
+}
+
+/// Turns into the program that also draws and runs ngspice, which takes the same arguments. It
+/// stands beside this one, or where an installation keeps what users do not start themselves. Comes
+/// back only when it is at neither place. All other commands start in a quarter of the time without
+/// Qt.
 void TurnIntoPictures(char** argv) {
     std::error_code error;
     const auto folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
@@ -23,7 +32,7 @@ void TurnIntoPictures(char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc > 1 && argv[1] == std::string_view("plot")) TurnIntoPictures(argv);
+    if (NeedsQt({argv + 1, argv + argc})) TurnIntoPictures(argv);
     kelvro::PrepareStreams();
     return kelvro::RunCommandLine({argv + 1, argv + argc}, std::cout, std::cerr,
                                   isatty(STDERR_FILENO) != 0);

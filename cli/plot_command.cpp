@@ -141,7 +141,7 @@ std::vector<std::string> FooterOf(const ResponsePlot& plot, const DesignRun& run
 }
 
 ExitCode Plot(const PlotOptions& options, Session& session) {
-    if (!session.writePicture) {
+    if (!session.qt.writePicture) {
         return session.fail({ExitCode::Failed,
                              "pictures are drawn by the program kelvro-pictures, which is not "
                              "installed"});
@@ -165,7 +165,7 @@ ExitCode Plot(const PlotOptions& options, Session& session) {
 
     picture.dpi = options.dpi;
     const Pixels size = *SizeOf(options.size);
-    const Status written = session.writePicture(picture, size.width, size.height, options.file);
+    const Status written = session.qt.writePicture(picture, size.width, size.height, options.file);
     if (!written) return session.fail({ExitCode::Failed, written.message()});
     return ExitCode::Done;
 }

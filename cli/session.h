@@ -2,11 +2,15 @@
 
 #include <ostream>
 #include <span>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "core/result.h"
+#include "io/class_e_comparison.h"
+#include "io/exports.h"
 #include "plot/picture.h"
 
 namespace kelvro {
@@ -40,15 +44,21 @@ class [[nodiscard]] Outcome : public Result<T> {
     ExitCode code_ = ExitCode::Done;
 };
 
-/// Writes a picture of so many pixels to a file whose ending says the format.
-using PictureWriter = Status (*)(const Picture& picture, int width, int height,
-                                 const std::string& file);
+/// What needs Qt; nothing of it in the program that is linked without.
+struct QtServices {
+    /// Writes a picture of so many pixels to a file whose ending says the format.
+    Status (*writePicture)(const Picture& picture, int width, int height,
+                           const std::string& file) = nullptr;
+    /// CompareWithNgspice.
+    Result<std::vector<ComparedValue>> (*compareStage)(const ExportDesign& design,
+                                                       const std::stop_token& stop) = nullptr;
+};
 
 /// What a command works with besides its options: where it writes, and how it ended.
 struct Session {
     std::ostream& out;
     std::ostream& err;
-    PictureWriter writePicture = nullptr;  ///< none in the program that is linked without Qt
+    QtServices qt = {};
     ExitCode status = ExitCode::Done;
     bool terminal = false;                   ///< somebody watches the error stream
     std::span<const std::string> args = {};  ///< of the program, without its name

@@ -1,12 +1,10 @@
 #include "io/class_e_netlist.h"
 
 #include <cmath>
-#include <limits>
 
 #include "core/number_text.h"
 #include "core/scalar.h"
 #include "design/class_e_page.h"
-#include "io/ngspice.h"
 #include "io/spice_deck.h"
 
 namespace kelvro {
@@ -79,39 +77,6 @@ void WriteMeasurements(SpiceDeck& deck, const ClassEStage& stage) {
     deck.line(".four " + FormatShortest(stage.fo) + " v(out)");
 }
 
-double Found(const Measurements& measured, const std::string& name) {
-    const auto at = measured.find(name);
-    return at == measured.end() ? std::numeric_limits<double>::quiet_NaN() : at->second;
-}
-
-std::vector<ComparedValue> Compared(const ClassEOperation& computed, double R,
-                                    const Measurements& measured) {
-    constexpr double percent = 100;
-    const double fundamental = Found(measured, "harmonic1");
-    std::vector<ComparedValue> values = {
-        {"Power in R", "W", computed.outputPower, Found(measured, "pout")},
-        {"Supply current", "A", computed.supplyCurrent, -Found(measured, "isupply")},
-        {"Efficiency", "%", percent * computed.efficiency, Found(measured, "efficiency")},
-        {"Peak voltage", "V", computed.peakVoltage, Found(measured, "vpeak")},
-        {"Peak current", "A", computed.peakCurrent, Found(measured, "ipeak")},
-        {"Voltage left at turn-on", "V", computed.turnOnVoltage, Found(measured, "vturnon")},
-        {"Load current at fo", "A", computed.harmonics[0], fundamental / R}};
-    for (const int n : {2, 3}) {
-        const double amplitude = Found(measured, "harmonic" + std::to_string(n));
-        values.push_back({"Harmonic at " + std::to_string(n) + "·fo", "dB", computed.harmonicDb(n),
-                          20 * std::log10(amplitude / fundamental)});
-    }
-    return values;
-}
-
-std::string ValueText(double value, const std::string& unit) {
-    if (!std::isfinite(value)) return "-";
-    if (unit == "%" || unit == "dB") return FormatFixed(0, 2, value) + ' ' + unit;
-    // What is left of a perfect zero needs no digits behind the third.
-    constexpr double nothing = 1e-6;
-    return FormatQuantity(3, std::fabs(value) < nothing ? 0 : value, unit);
-}
-
 }  // namespace
 
 std::string ClassENetlist(const ExportDesign& design) {
@@ -125,28 +90,6 @@ std::string ClassENetlist(const ExportDesign& design) {
     WriteSwitch(deck, stage);
     WriteMeasurements(deck, stage);
     return deck.text();
-}
-
-Result<std::vector<ComparedValue>> CompareWithNgspice(const ExportDesign& design,
-                                                      const std::stop_token& stop) {
-    if (!design.page().switched) {
-        return Status::Failure("Only a class-E stage is compared with ngspice");
-    }
-    const ClassEStage stage = ClassEStageOf(design.state, true);
-    const auto computed = OperateClassE(stage);
-    if (!computed) return computed.status();
-    const auto measured = RunNgspice(ClassENetlist(design), stop);
-    if (!measured) return measured.status();
-    return Compared(*computed, stage.R, *measured);
-}
-
-TextRows ComparisonRows(const std::vector<ComparedValue>& values) {
-    TextRows rows{{"", "Computed", "ngspice"}};
-    for (const ComparedValue& value : values) {
-        rows.push_back({value.name, ValueText(value.computed, value.unit),
-                        ValueText(value.simulated, value.unit)});
-    }
-    return rows;
 }
 
 }  // namespace kelvro

@@ -1,17 +1,18 @@
 #include "io/known_file.h"
 
 #include <fcntl.h>
+#include <sha2.h>
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <chrono>
+#include <cstdint>
 #include <fstream>
 #include <sstream>
 #include <system_error>
 #include <thread>
-
-#include "io/sha256.h"
 
 namespace kelvro {
 
@@ -26,7 +27,10 @@ std::optional<std::string> ContentOf(const std::filesystem::path& path) {
 }
 
 std::string Checksum(std::string_view content) {
-    return "sha256:" + Sha256(content);
+    std::array<char, SHA256_DIGEST_STRING_LENGTH> digits{};
+    ::SHA256Data(reinterpret_cast<const std::uint8_t*>(content.data()), content.size(),
+                 digits.data());
+    return std::string("sha256:") + digits.data();
 }
 
 bool HasChanged(const std::filesystem::path& path, const std::string& checksum) {

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "io/design_report.h"
 #include "plot/class_e_picture.h"
 #include "ui/export_dlg.h"
 #include "ui/fields.h"

@@ -6,7 +6,7 @@
 
 #include "core/result.h"
 #include "design/cycle.h"
-#include "io/class_e_netlist.h"
+#include "io/class_e_simulation.h"
 
 class QPushButton;
 class QTableWidget;

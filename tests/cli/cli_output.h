@@ -10,6 +10,7 @@
 
 #include "cli/command_line.h"
 #include "cli/pictures.h"
+#include "io/class_e_simulation.h"
 
 namespace kelvro {
 
@@ -23,7 +24,8 @@ struct Output {
 inline Output RunWith(std::vector<std::string> args) {
     std::ostringstream out;
     std::ostringstream err;
-    const int code = RunCommandLine(std::move(args), out, err, false, WritePicture);
+    const int code =
+        RunCommandLine(std::move(args), out, err, false, {WritePicture, CompareWithNgspice});
     return {code, out.str(), err.str()};
 }
 

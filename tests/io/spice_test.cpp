@@ -7,6 +7,7 @@
 #include "core/scalar.h"
 #include "export_design.h"
 #include "io/class_e_netlist.h"
+#include "io/class_e_simulation.h"
 #include "io/ngspice.h"
 #include "ngspice.h"
 #include "tests/calculated.h"
