@@ -18,8 +18,10 @@ void Session::progress(std::string_view text) {
 }
 
 void Session::tell(std::string line) {
-    // Texts of users may hold line ends; the report stays one line.
-    std::ranges::replace(line, '\n', ' ');
+    // Texts may hold line ends, those of strangers also what controls a terminal; the report stays
+    // one line.
+    const auto controls = [](unsigned char c) { return c < 0x20 || c == 0x7F; };
+    std::ranges::replace_if(line, controls, ' ');
     err << "kelvro-cli: " << line << '\n';
 }
 

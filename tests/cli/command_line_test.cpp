@@ -59,7 +59,7 @@ TEST(Usage, FaultsEndWithTheirCodeAndOneLine) {
          {{"series", "E12", "-5"}, 2, "not above 0"},
          {{"design"}, 2, "PAGE"},
          {{"design", "20"}, 2, "'20' is no page"},
-         {{"design", "pi\nsection"}, 2, "is no page"},
+         {{"design", "pi\n\x1b[2J"}, 2, "'pi  [2J' is no page"},
          {{"design", "pi", "--r1"}, 2, "--r1"},
          {{"design", "pi", "--r1", "ohm"}, 2, "--r1: 'ohm'"},
          {{"design", "pi", "--fo", ""}, 2, "--fo"},
