@@ -94,7 +94,8 @@ void DeclareCommands(CLI::App& app, Session& session) {
     app.set_version_flag("--version", "kelvro-cli " KELVRO_VERSION);
     app.require_subcommand(1);
     app.footer("Numbers carry engineering prefixes: 10M, 4.7k, 100n, 2,2u.");
-    const std::string_view first = session.args.empty() ? "" : session.args[0];
+    const std::string_view first =
+        session.args.empty() ? std::string_view() : std::string_view(session.args[0]);
     const bool help = first == "--help" || first == "-h";
     for (const Command& command : kCommands) {
         if (help || command.name == first) command.add(app, session);
