@@ -63,6 +63,8 @@ TEST(Keywords, JoinAndTheNumbersBehindThem) {
     EXPECT_TRUE(preset.settings.local.steepestDescent);
     EXPECT_EQ(preset.settings.local.lineAccuracy, 0.75);
     EXPECT_EQ(preset.settings.local.lineCentre, 1);
+    const std::vector<std::string> withoutCentre = {"dfp", "0.3"};
+    EXPECT_EQ(ReadKeywords(withoutCentre).settings.local.lineAccuracy, 0.3);
     ASSERT_EQ(preset.messages.size(), 4U);
     EXPECT_EQ(preset.messages[2],
               "Hint: Line accuracy modified (0=fast,1=accurate)! Parameter set to 0.75");

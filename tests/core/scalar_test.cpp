@@ -75,7 +75,9 @@ INSTANTIATE_TEST_SUITE_P(
                     RoundingCase{RoundDownSig1, 29, 20}, RoundingCase{RoundDownSig1, 3, 2},
                     RoundingCase{RoundDownSig1, 0.0388, 0.03}, RoundingCase{StepUp125, 0, 0},
                     RoundingCase{RoundUpSig1, 1e-320, 1e-320},
-                    RoundingCase{StepUp125, kInfinity, kInfinity}));
+                    RoundingCase{StepUp125, kInfinity, kInfinity},
+                    // Its logarithm is that of a thousand.
+                    RoundingCase{RoundUpSig1, std::nextafter(1000, 0), 1000}));
 
 struct SpinCase {
     double value;

@@ -5,7 +5,9 @@
 #include <cmath>
 
 #include "optimize/line_search.h"
+#include "optimize/nearness.h"
 #include "optimize/start_matrix.h"
+#include "tests/optimize/points.h"
 
 namespace kelvro {
 namespace {
@@ -59,6 +61,40 @@ TEST(Gradient, AgreesWithTheDerivativesOfACubic) {
     const Matrix H = HessianAt(objective, x, f, {});
     EXPECT_NEAR(H(0, 1), 2, 1e-4);
     EXPECT_EQ(H(0, 1), H(1, 0));
+}
+
+/// f = x + c·x² at 0: the slope is 1, and 1 + c·h by the value at h alone.
+TEST(Gradient, RemarksByHowMuchTheSingleSidedFormulaIsOff) {
+    class Bent : public Objective {
+      public:
+        explicit Bent(double c) : c_(c) {}
+        double value(std::span<const double> x, CallKind) override {
+            return x[0] + c_ * x[0] * x[0];
+        }
+
+      private:
+        double c_;
+    };
+    const LocalOptions options{.differenceStep = 1e-3};
+    for (const auto& [c, remark] : {std::pair{5.0, NoteKind::DoubleSidedUsed},
+                                    {20.0, NoteKind::SingleSidedOffBy1Percent},
+                                    {40.0, NoteKind::SingleSidedOffBy3Percent}}) {
+        Bent bent(c);
+        Evaluator objective(bent, Vector::Zero(1), false);
+        std::vector<Note> notes;
+        GradientSource(objective, options).computeDoubleSided(Vector::Zero(1), 0, notes);
+        EXPECT_EQ(notes.back().kind, remark) << c;
+    }
+}
+
+TEST(Nearness, HasTheGradientOfItsValue) {
+    const Nearness nearness(Point({1, -2, 0.5}), 0.3, 2.3, 0.5, 0.01);
+    const Vector x = Point({1.4, -1, 0.2});
+    for (Eigen::Index i = 0; i < 3; ++i) {
+        const Vector step = 1e-6 * Vector::Unit(3, i);
+        const double slope = (nearness.value(x + step) - nearness.value(x - step)) / 2e-6;
+        EXPECT_NEAR(nearness.gradient(x)[i], slope, 1e-8) << i;
+    }
 }
 
 TEST(StartMatrix, SeesSmallCurvaturesBesideStrongThirdDerivatives) {

@@ -215,6 +215,7 @@ TEST(LocalOptimizer, ReportsWhatALastLineSearchInVainHasSeen) {
         [](auto x) { return std::fabs(x[0]) < 2e-12 ? -1e6 * x[0] : 1 + std::fabs(x[0]); });
     const Summary run = MinimizeLocally(objective, Point({0}), {.differenceStep = 1e-12});
     ASSERT_EQ(run.stop, StopReason::StepTooSmall);
+    EXPECT_GT(run.warnings, 0);
     const std::string report = RunText(run, {}, RunOrigin::Single, 1);
     EXPECT_NE(report.find("caused problems in linear search. Quite large df/(t*psg)!\n"
                           "BFGS iterations"),
