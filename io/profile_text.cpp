@@ -15,11 +15,17 @@ namespace {
 
 enum class Line : std::uint8_t { Plain, SectionWithTail, Unknown };
 
-/// The parser takes an indented comment at the top for one of the first section.
+/// The parser takes an indented comment at the top for one of the first section. Byte order marks
+/// stand where a line begins wherever files were joined; in front of the first name the next reader
+/// would not see them.
 std::string_view Trimmed(std::string_view line) {
-    const auto start = line.find_first_not_of(" \t");
-    if (start == std::string_view::npos) return {};
-    return line.substr(start, line.find_last_not_of(" \t") + 1 - start);
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    line = line.substr(0, line.find_last_not_of(" \t") + 1);
+    for (;;) {
+        line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+        if (!line.starts_with(byteOrderMark)) return line;
+        line.remove_prefix(byteOrderMark.size());
+    }
 }
 
 /// What the parser makes of a line, trimmed and not blank; of unknown ones it may make anything.
@@ -45,8 +51,6 @@ struct Cleaned {
 };
 
 Cleaned CleanedLines(std::string_view bytes) {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
     Cleaned cleaned;
     while (!bytes.empty()) {
         const auto end = std::min(bytes.find_first_of("\r\n"), bytes.size());

@@ -18,6 +18,14 @@ TEST(ProfileTextTest, KnowsWhichTextsItUnderstandsInFull) {
     EXPECT_FALSE(ProfileText(std::string("[A]\nb=\0\n", 8)).complete());
 }
 
+TEST(ProfileTextTest, ByteOrderMarksBelongToNoName) {
+    const std::string mark = "\xEF\xBB\xBF";
+    for (const std::string& before : {mark, mark + mark + mark, '\n' + mark, ' ' + mark + '\t'}) {
+        const ProfileText profile(before + "a=1\n");
+        EXPECT_EQ(profile.bytes(), "a=1\n") << testing::PrintToString(before);
+    }
+}
+
 TEST(ProfileTextTest, WrittenTextsReadTheSameForAnyBytes) {
     std::mt19937 random(5);
     const std::string likely = "[]=;#\n\r\n \tAb1\xFC\"<\0";
