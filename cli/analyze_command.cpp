@@ -23,7 +23,7 @@ ExitCode Analyze(const AnalyzeOptions& options, Session& session) {
     const auto frequencies = FrequenciesOf(options.sweep, network);
     if (!frequencies) return session.fail(frequencies.status());
     const auto& f = *frequencies;
-    TellDataWarnings(network, f.front(), f.back(), session);
+    KeepDataWarnings(network, f.front(), f.back(), session);
     LadderResponse response(network);
     const NetworkSweep& sweep = response.sweep(f);
     session.out << (options.json ? SweepJson(sweep) : SweepTable(sweep));

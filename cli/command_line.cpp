@@ -113,6 +113,7 @@ int RunCommandLine(std::vector<std::string> args, std::ostream& out, std::ostrea
     if (!out && code == ExitCode::Done) {
         code = session.fail({ExitCode::Failed, "the output could not be written"});
     }
+    session.tellWarnings();
     return static_cast<int>(code);
 }
 

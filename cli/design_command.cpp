@@ -88,6 +88,7 @@ void AddDesignCommand(CLI::App& app, Session& session) {
     CLI::App* command = app.add_subcommand("design", "Design one page and show its outputs");
     auto options = std::make_shared<ReportOptions>();
     options->design = AddDesignOptions(*command, session);
+    AddSeriesOption(*command, *options->design);
     AddJsonOption(*command, *options->design);
     command->add_flag("--ngspice", options->ngspice,
                       "Run the netlist of a class-E stage in ngspice and show both side by side");

@@ -2,6 +2,7 @@
 
 #include <CLI/Option.hpp>
 #include <algorithm>
+#include <optional>
 
 #include "core/number_text.h"
 #include "design/cycle.h"
@@ -72,6 +73,34 @@ InputField FieldOf(const Page& page, std::string_view option) {
     return SharedInputs().front();  // not reached: options are declared from these tables
 }
 
+bool HasInput(const Page& page, const std::string& option) {
+    const auto matches = [&](const InputField& field) { return field.option == option; };
+    return std::ranges::any_of(page.inputs, matches) ||
+           std::ranges::any_of(SharedInputs(), matches);
+}
+
+bool HasBox(const Page& page, const std::string& text) {
+    const std::string name = SplitAtEquals(text).first;
+    return std::ranges::find(page.switches, name, &SwitchField::object) != page.switches.end();
+}
+
+Problem Foreign(const Page& page, const std::string& option) {
+    return {ExitCode::Usage, option + ": page " + std::string(page.key) + " has no such input"};
+}
+
+/// What the page of the options has no field for: it would change nothing.
+std::optional<Problem> ForeignInput(const DesignOptions& options, const Page& page) {
+    if (options.everyPage) return {};
+    for (const auto& [option, text] : options.inputs) {
+        if (!text.empty() && !HasInput(page, option)) return Foreign(page, "--" + option);
+    }
+    for (const auto* boxes : {&options.checks, &options.cleared}) {
+        for (const std::string& text : *boxes)
+            if (!HasBox(page, text)) return Foreign(page, "--check " + text);
+    }
+    return {};
+}
+
 /// Check boxes with an option of their own.
 void AddSwitchOptions(CLI::App& command, const Session& session,
                       const std::shared_ptr<DesignOptions>& options) {
@@ -125,7 +154,7 @@ Design StartState(const DesignOptions& options, Session& session) {
     SettingsContent read = ReadSettingsFile(options.ini, {});
     if (read.status == SettingsStatus::Missing)
         read.message = "Cannot read \"" + options.ini + "\": there is no such file.";
-    if (!read.message.empty()) session.tell("--ini: " + read.message + " Defaults are used.");
+    if (!read.message.empty()) session.warn("--ini: " + read.message + " Defaults are used.");
     return read.settings.design;
 }
 
@@ -154,9 +183,6 @@ std::shared_ptr<DesignOptions> AddDesignOptions(CLI::App& command, const Session
         ->check(CheckProblem)
         ->type_name("NAME[=WEIGHT]")
         ->allow_extra_args(false);
-    command.add_option("--series", options->series, "Standard series: E6, E12, E24, E48 or E96")
-        ->check(SeriesProblem)
-        ->type_name("SERIES");
     command
         .add_option("--take", options->takes,
                     "Component value instead of the designed one; nothing is optimized then. With "
@@ -167,6 +193,12 @@ std::shared_ptr<DesignOptions> AddDesignOptions(CLI::App& command, const Session
     return options;
 }
 
+void AddSeriesOption(CLI::App& command, DesignOptions& options) {
+    command.add_option("--series", options.series, "Standard series: E6, E12, E24, E48 or E96")
+        ->check(SeriesProblem)
+        ->type_name("SERIES");
+}
+
 void AddJsonOption(CLI::App& command, DesignOptions& options) {
     command.add_flag("--json", options.json, "Write JSON");
 }
@@ -174,6 +206,7 @@ void AddJsonOption(CLI::App& command, DesignOptions& options) {
 Outcome<Design> StateOf(const DesignOptions& options, Session& session) {
     const Page* page = FindPage(options.page);
     if (!page) return Problem{ExitCode::Usage, "PAGE: " + PageProblem(options.page)};
+    if (const auto foreign = ForeignInput(options, *page)) return *foreign;
     Design state = StartState(options, session);
     EnterPage(state, page->number);
     for (const auto& [option, text] : options.inputs) {

@@ -27,6 +27,7 @@ struct DesignOptions {
     bool swapLC = false;
     bool noOptimize = false;
     bool json = false;
+    bool everyPage = false;  ///< the inputs are for pages to choose from
 };
 
 /// Declares one option per input field of the pages' table (--r1 ... --ibg), --ini and
@@ -34,8 +35,11 @@ struct DesignOptions {
 /// inputs those that the session does not mention are left out.
 std::shared_ptr<DesignOptions> AddInputOptions(CLI::App& command, const Session& session);
 
-/// The same with PAGE, --swap-lc, --check, --series and --take.
+/// The same with PAGE, --swap-lc, --check and --take.
 std::shared_ptr<DesignOptions> AddDesignOptions(CLI::App& command, const Session& session);
+
+/// Declares --series, for commands that show standard values.
+void AddSeriesOption(CLI::App& command, DesignOptions& options);
 
 /// Declares --json.
 void AddJsonOption(CLI::App& command, DesignOptions& options);

@@ -82,9 +82,6 @@ std::string HumanMatches(const std::vector<ExactMatch>& matches) {
 }  // namespace
 
 void AddExactMatchOptions(CLI::App& command, MatchOptions& options) {
-    command.add_option("--at", options.at, "Match exactly at this frequency (Hz)")
-        ->check(PositiveNumberProblem)
-        ->type_name("NUMBER");
     command.add_option("--topology", options.topology, "Exact matches: l, pi or t")
         ->capture_default_str()
         ->check(CLI::IsMember(kTopologies))
@@ -111,7 +108,7 @@ ExitCode MatchAtFrequency(const MatchOptions& options, Session& session) {
     if (!options.Q.empty()) wanted.Q = ParseValue(options.Q);
     const auto matches = ExactMatches(ends.source, ends.load, f, wanted);
     if (!matches.ok()) return session.fail({ExitCode::Refused, matches.message()});
-    TellDataWarnings(ends, f, f, session);
+    KeepDataWarnings(ends, f, f, session);
     if (options.json) {
         Json networks = Json::array();
         for (const ExactMatch& match : *matches) networks.push_back(JsonMatch(match));

@@ -2,9 +2,11 @@
 
 #include "cli/commands.h"
 #include "cli/design_run.h"
+#include "cli/given_options.h"
 #include "cli/network_options.h"
 #include "cli/sweep_options.h"
 #include "core/number_text.h"
+#include "design/pages.h"
 #include "io/atomic_file.h"
 #include "io/exports.h"
 #include "io/network_exports.h"
@@ -23,6 +25,9 @@ struct ExportOptions {
     std::string file;
     ExportRange range;
     bool eSeries = false;
+
+    // What goes with one of the two, or with some formats.
+    OptionList onlyPage, onlyNetwork, onlyRange, onlyReference;
 };
 
 std::string FormatKeys() {
@@ -86,10 +91,26 @@ Outcome<std::string> NetworkContentOf(const ExportOptions& options, Session& ses
     return format.content(network, range);
 }
 
+/// Options that say nothing about what is exported, or to this format.
+std::optional<Problem> UselessOptions(const ExportOptions& options, bool network) {
+    const std::string format = "not for the format " + options.format;
+    const NetworkFormat& ofNetworks = *FindNetworkFormat(options.format);
+    const ExportFormat& ofPages = *FindExportFormat(options.format);
+    const Page* page = FindPage(options.design->page);
+    auto wrong = network ? RefuseGiven(options.onlyPage, "only with PAGE")
+                         : RefuseGiven(options.onlyNetwork, "only with --network");
+    const bool range = network ? ofNetworks.range : page == nullptr || ofPages.range(*page);
+    if (!wrong && !range) wrong = RefuseGiven(options.onlyRange, format);
+    const bool reference = network ? ofNetworks.reference : ofPages.reference;
+    if (!wrong && !reference) wrong = RefuseGiven(options.onlyReference, format);
+    return wrong;
+}
+
 Outcome<std::string> AnyContentOf(const ExportOptions& options, Session& session) {
     const bool page = !options.design->page.empty();
     const bool network = !options.network.file.empty();
-    if (page == network) return Problem{ExitCode::Usage, "PAGE or --network is required"};
+    if (page == network) return Problem{ExitCode::Usage, "either PAGE or --network is required"};
+    if (const auto wrong = UselessOptions(options, network)) return *wrong;
     return network ? NetworkContentOf(options, session)
                    : ContentOf(options, *FindExportFormat(options.format), session);
 }
@@ -108,6 +129,7 @@ ExitCode Export(const ExportOptions& options, Session& session) {
 }
 
 void AddRangeOptions(CLI::App& command, ExportOptions& options) {
+    const OptionList others = DeclaredOptions(command);
     command.add_option("--from", options.from, "First frequency (Hz); default fo/sqrt(10)")
         ->check(PositiveNumberProblem)
         ->type_name("NUMBER");
@@ -117,10 +139,13 @@ void AddRangeOptions(CLI::App& command, ExportOptions& options) {
     command.add_option("--points", options.range.points, "Number of frequencies")
         ->capture_default_str()
         ->check(CLI::Range(2, kMostExportPoints));
-    command
-        .add_option("--z0", options.z0, "Reference resistance of the two-port (ohm); default 50")
-        ->check(PositiveNumberProblem)
-        ->type_name("NUMBER");
+    options.onlyRange = DeclaredSince(command, others);
+    options.onlyReference = {
+        command
+            .add_option("--z0", options.z0,
+                        "Reference resistance of the two-port (ohm); default 50")
+            ->check(PositiveNumberProblem)
+            ->type_name("NUMBER")};
 }
 
 }  // namespace
@@ -129,16 +154,22 @@ void AddExportCommand(CLI::App& app, Session& session) {
     CLI::App* command = app.add_subcommand(
         "export", "Design or network in a form that other tools read: " + FormatKeys());
     auto options = std::make_shared<ExportOptions>();
+    const OptionList none = DeclaredOptions(*command);
     options->design = AddDesignOptions(*command, session);
-    command->get_option("PAGE")->required(false);
+    AddSeriesOption(*command, *options->design);
+    command->add_flag("--e-series", options->eSeries,
+                      "All elements take the nearest values of the standard series");
+    CLI::Option* page = command->get_option("PAGE")->required(false);
+    options->onlyPage = DeclaredSince(*command, none);
+    std::erase(options->onlyPage, page);
+    const OptionList ofPages = DeclaredOptions(*command);
     AddNetworkOptions(*command, options->network, false);
+    options->onlyNetwork = DeclaredSince(*command, ofPages);
     command->add_option("--format", options->format, "One of: " + FormatKeys())
         ->capture_default_str()
         ->check(FormatProblem)
         ->type_name("FORMAT");
     AddRangeOptions(*command, *options);
-    command->add_flag("--e-series", options->eSeries,
-                      "All elements take the nearest values of the standard series");
     command->add_option("-o,--output", options->file, "File to write instead of the output")
         ->type_name("FILE");
     command->callback([&session, options] { session.status = Export(*options, session); });

@@ -29,7 +29,7 @@ ExitCode ShowLimit(const LimitOptions& options, Session& session) {
         if (const Status covered = CheckRange(network, band.low, band.high); !covered) {
             return session.fail({ExitCode::Refused, covered.message()});
         }
-        TellDataWarnings(network, band.low, band.high, session);
+        KeepDataWarnings(network, band.low, band.high, session);
     }
     const auto limit = GainLimitOf(network.source, network.load, bands);
     if (!limit) return session.fail({ExitCode::Refused, limit.message()});

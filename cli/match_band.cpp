@@ -143,11 +143,13 @@ void AddLimitOptions(CLI::App& command, MatchBandOptions& options) {
 
 void AddBuildOptions(CLI::App& command, MatchBandOptions& options) {
     const std::string group = "Building it";
-    command.add_option("--series", options.series, "Choose standard values: E6 to E96")
-        ->check(CLI::IsMember({"E6", "E12", "E24", "E48", "E96"}, CLI::ignore_case))
-        ->group(group);
+    CLI::Option* series =
+        command.add_option("--series", options.series, "Choose standard values: E6 to E96")
+            ->check(CLI::IsMember({"E6", "E12", "E24", "E48", "E96"}, CLI::ignore_case))
+            ->group(group);
     command.add_option("--own", options.ownedFile, "Choose from a list of values that you own")
         ->type_name("FILE")
+        ->excludes(series)
         ->group(group);
     for (const auto& [name, text, help] :
          {std::tuple{"--ctol", &options.capacitorTolerance, "Tolerance of capacitors, percent"},
@@ -258,14 +260,14 @@ ExitCode MatchBands(Network problem, const MatchBandOptions& options, bool json,
         if (const Status covered = CheckRange(problem, band.low, band.high); !covered) {
             return session.fail({ExitCode::Refused, covered.message()});
         }
-        TellDataWarnings(problem, band.low, band.high, session);
+        KeepDataWarnings(problem, band.low, band.high, session);
     }
     const auto found = Search(problem, *search, session);
     if (!found) return session.fail({ExitCode::Refused, found.message()});
     if (found->networks.empty()) {
         return session.fail({ExitCode::Refused, "interrupted before anything was found"});
     }
-    if (found->cancelled) session.tell("interrupted: the best so far");
+    if (found->cancelled) session.warn("interrupted: the best so far");
     const MatchReport report = ReportOn(problem, *search, *found, options, *owned);
     session.out << (json ? MatchJson(report) : MatchText(report));
     if (options.output.empty()) return ExitCode::Done;

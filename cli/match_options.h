@@ -3,6 +3,7 @@
 #include <CLI/App.hpp>
 #include <string>
 
+#include "cli/given_options.h"
 #include "cli/match_band.h"
 #include "cli/network_options.h"
 #include "cli/session.h"
@@ -18,9 +19,12 @@ struct MatchOptions {
     std::string at;  ///< exact at this frequency
     std::string topology = "l";
     std::string Q;
+
+    OptionList onlyExact;  ///< what goes with --at alone
+    OptionList onlyBand;   ///< what goes with bands alone
 };
 
-/// Declares --at, --topology and --q.
+/// Declares --topology and --q, which go with --at.
 void AddExactMatchOptions(CLI::App& command, MatchOptions& options);
 
 /// The exact solutions at one frequency.

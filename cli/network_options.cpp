@@ -22,8 +22,8 @@ Outcome<Project> FromFile(const NetworkOptions& options, Session& session) {
     auto project = ReadProject(options.file);
     if (!project.ok()) return Problem{ExitCode::Failed, project.message()};
     for (const DataProblem& problem : project->dataProblems)
-        if (!problem.missing) session.tell(problem.what);
-    for (const std::string& message : project->messages) session.tell(message);
+        if (!problem.missing) session.warn(problem.what);
+    for (const std::string& message : project->messages) session.warn(message);
     return std::move(project).value();
 }
 
@@ -96,7 +96,7 @@ Outcome<Network> NetworkOf(const NetworkOptions& options, Session& session) {
     }
     const Status there = CheckThere(network, project);
     if (!there) return Problem{ExitCode::Failed, options.file + " needs " + there.message()};
-    for (const std::string& warning : files.warnings()) session.tell(warning);
+    for (const std::string& warning : files.warnings()) session.warn(warning);
     return network;
 }
 
@@ -111,9 +111,9 @@ Status SaveNetwork(const Network& network, const std::string& file) {
     return WriteProject(file, project, project.checksum).status();
 }
 
-void TellDataWarnings(const Network& network, double low, double high, Session& session) {
+void KeepDataWarnings(const Network& network, double low, double high, Session& session) {
     for (const auto& data : DataOf(network)) {
-        for (const std::string& warning : DataWarnings(*data, low, high)) session.tell(warning);
+        for (const std::string& warning : DataWarnings(*data, low, high)) session.warn(warning);
     }
 }
 

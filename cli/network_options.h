@@ -31,7 +31,7 @@ Outcome<Network> NetworkOf(const NetworkOptions& options, Session& session);
 /// The network as a project file; keys that others keep in that file stay.
 Status SaveNetwork(const Network& network, const std::string& file);
 
-/// Tells the session where the data between two frequencies are coarse or active.
-void TellDataWarnings(const Network& network, double low, double high, Session& session);
+/// Warnings of the session: where the data between two frequencies are coarse or active.
+void KeepDataWarnings(const Network& network, double low, double high, Session& session);
 
 }  // namespace kelvro

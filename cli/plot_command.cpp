@@ -8,6 +8,7 @@
 #include "cli/commands.h"
 #include "cli/design_options.h"
 #include "cli/design_run.h"
+#include "cli/given_options.h"
 #include "cli/range_options.h"
 #include "cli/tolerance_options.h"
 #include "cli/trace_option.h"
@@ -37,6 +38,7 @@ struct PlotOptions {
     ToleranceOptions tolerance;
     int runs = 0;
     bool envelope = false;
+    OptionList onlyScatter;  ///< what goes with --mc alone
     bool edges = false;
     bool dark = false;
     bool noCaption = false;
@@ -146,6 +148,10 @@ ExitCode Plot(const PlotOptions& options, Session& session) {
                              "pictures are drawn by the program kelvro-pictures, which is not "
                              "installed"});
     }
+    if (options.runs == 0) {
+        if (const auto wrong = RefuseGiven(options.onlyScatter, "only with --mc"))
+            return session.fail(*wrong);
+    }
     const auto traces = DrawnTraces(options);
     if (!traces) return session.fail(traces.status());
     const auto outcome = RunRespondingDesign(*options.design, session);
@@ -187,9 +193,11 @@ void AddPlotCommand(CLI::App& app, Session& session) {
         ->type_name("WxH");
     command->add_option("--mc", options->runs, "Monte Carlo runs drawn behind the curve")
         ->check(CLI::Range(0, kMostDrawnRuns));
+    const OptionList others = DeclaredOptions(*command);
     AddToleranceOptions(*command, options->tolerance);
     command->add_flag("--envelope", options->envelope,
                       "Within what the runs lie: all, nine tenths, median");
+    options->onlyScatter = DeclaredSince(*command, others);
     command->add_option("--marker", options->markers, "Frequencies to mark, several with commas")
         ->delimiter(',')
         ->allow_extra_args(false)

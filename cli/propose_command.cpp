@@ -179,6 +179,7 @@ void AddProposeCommand(CLI::App& app, Session& session) {
     auto options = std::make_shared<ProposeOptions>();
     options->inputs = AddInputOptions(*command, session);
     options->inputs->page = PageOf(1).key;  // inputs only: every page is entered in turn
+    options->inputs->everyPage = true;
     Wishes& wishes = options->wishes;
     const std::string group = "Wishes";
     CLI::Option* bandwidth =

@@ -4,6 +4,18 @@
 
 namespace kelvro {
 
+namespace {
+
+void Tell(std::ostream& err, std::string line) {
+    // Texts may hold line ends, those of strangers also what controls a terminal; the report stays
+    // one line.
+    const auto controls = [](unsigned char c) { return c < 0x20 || c == 0x7F; };
+    std::ranges::replace_if(line, controls, ' ');
+    err << "kelvro-cli: " << line << '\n';
+}
+
+}  // namespace
+
 bool Session::mentions(std::string_view name) const {
     return std::ranges::any_of(args, [name](std::string_view arg) {
         if (arg == "--help" || arg == "-h") return true;
@@ -17,17 +29,17 @@ void Session::progress(std::string_view text) {
     if (terminal) err << wipe << text << std::flush;
 }
 
-void Session::tell(std::string line) {
-    // Texts may hold line ends, those of strangers also what controls a terminal; the report stays
-    // one line.
-    const auto controls = [](unsigned char c) { return c < 0x20 || c == 0x7F; };
-    std::ranges::replace_if(line, controls, ' ');
-    err << "kelvro-cli: " << line << '\n';
+ExitCode Session::fail(const Problem& problem) {
+    std::string text = problem.text;
+    for (const std::string& warning : warnings) text += " (warning: " + warning + ')';
+    warnings.clear();
+    Tell(err, std::move(text));
+    return problem.code;
 }
 
-ExitCode Session::fail(const Problem& problem) {
-    tell(problem.text);
-    return problem.code;
+void Session::tellWarnings() {
+    for (const std::string& warning : warnings) Tell(err, "warning: " + warning);
+    warnings.clear();
 }
 
 }  // namespace kelvro

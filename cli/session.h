@@ -71,10 +71,15 @@ struct Session {
     /// text wipes the last one.
     void progress(std::string_view text);
 
-    /// Writes one line to the error stream.
-    void tell(std::string line);
+    /// Keeps a remark on what the command works with: a line of its own once the command has
+    /// succeeded, a part of the one line of its problem otherwise.
+    void warn(std::string text) { warnings.push_back(std::move(text)); }
     /// Writes the one line of a problem to the error stream and gives back its code.
     ExitCode fail(const Problem& problem);
+    /// Writes what is left to be said of a command that has succeeded.
+    void tellWarnings();
+
+    std::vector<std::string> warnings = {};
 };
 
 }  // namespace kelvro

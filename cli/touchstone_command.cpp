@@ -5,6 +5,7 @@
 
 #include "cli/commands.h"
 #include "cli/design_options.h"
+#include "cli/given_options.h"
 #include "core/number_text.h"
 #include "core/scalar.h"
 #include "io/json_output.h"
@@ -24,6 +25,7 @@ struct TouchstoneOptions {
     std::string at;
     std::string gain;
     bool json = false;
+    OptionList ofDevices;  ///< what is told of two-ports alone
 };
 
 /// Rows of the table of a device, unless one frequency was asked for.
@@ -213,6 +215,12 @@ ExitCode ReportTouchstone(const TouchstoneOptions& options, Session& session) {
     const auto read = ReadTouchstone(options.file, options.file);
     if (!read.ok()) return session.fail({ExitCode::Failed, read.message()});
     const PortData& data = read->data;
+    if (data.ports != 2) {
+        if (const auto wrong = RefuseGiven(options.ofDevices, data.name + " is no two-port"))
+            return session.fail(*wrong);
+    }
+    if (options.at.empty() && !options.json && !options.gain.empty())
+        return session.fail({ExitCode::Usage, "--gain: only with --at or --json"});
     const auto at = options.at.empty() ? std::nullopt : std::optional(ParseValue(options.at));
     if (at && !data.covers(*at)) {
         return session.fail({ExitCode::Refused, data.name + " covers " + Hertz(data.f.front()) +
@@ -242,6 +250,7 @@ void AddTouchstoneCommand(CLI::App& app, Session& session) {
     command->add_option("FILE", options->file, "A Touchstone file, .s1p or .s2p")
         ->required()
         ->type_name("");
+    const OptionList ofAll = DeclaredOptions(*command);
     command->add_option("--at", options->at, "One frequency (Hz), with the circles there")
         ->check(PositiveNumberProblem)
         ->type_name("NUMBER");
@@ -250,6 +259,7 @@ void AddTouchstoneCommand(CLI::App& app, Session& session) {
                      "Circles of this available and operating power gain (dB), with --at or --json")
         ->check(NumberProblem)
         ->type_name("NUMBER");
+    options->ofDevices = DeclaredSince(*command, ofAll);
     command->add_flag("--json", options->json, "Write JSON");
     command->callback(
         [&session, options] { session.status = ReportTouchstone(*options, session); });

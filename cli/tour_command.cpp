@@ -98,11 +98,11 @@ void AddTourCommand(CLI::App& app, Session& session) {
     command->add_option("--city-seed", annealing.citySeed, "Seed of the cities' positions")
         ->check(CLI::NonNegativeNumber)
         ->type_name("A");
-    command->add_option("--seed", annealing.moveSeed, "Seed of the moves")
-        ->check(CLI::NonNegativeNumber)
-        ->type_name("B");
-    command->add_flag("--mc", options->monteCarlo,
-                      "81 runs with the seeds 0 to 80; shows the best");
+    CLI::Option* seed = command->add_option("--seed", annealing.moveSeed, "Seed of the moves")
+                            ->check(CLI::NonNegativeNumber)
+                            ->type_name("B");
+    command->add_flag("--mc", options->monteCarlo, "81 runs with the seeds 0 to 80; shows the best")
+        ->excludes(seed);
     command->add_option("--accept", options->accept, "random, deterministic or threshold")
         ->check(CLI::IsMember(kAcceptances))
         ->type_name("RULE");
