@@ -180,10 +180,11 @@ std::optional<Status> WriteSpecial(const Target& target, std::string_view conten
 /// "base.suffix", or "base-2.suffix" and so on where that exists; empty when all are taken.
 fs::path FreeName(const std::string& base, const std::string& suffix) {
     std::error_code error;
+    const auto numbered = [&](int i) { return base + '-' + std::to_string(i) + '.' + suffix; };
     fs::path name = base + '.' + suffix;
     for (int i = 2; fs::exists(fs::symlink_status(name, error)); ++i) {
         if (i == kMostNames) return {};
-        name = base + '-' + std::to_string(i) + '.' + suffix;
+        name = numbered(i);
     }
     return name;
 }
