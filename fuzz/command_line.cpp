@@ -231,7 +231,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::ostringstream out;
     Impatient remarks(command.watched);
     std::ostream err(&remarks);
-    const int code = RunCommandLine(command.arguments, out, err, command.watched, TakePicture);
+    const int code =
+        RunCommandLine(command.arguments, out, err, command.watched, {.writePicture = TakePicture});
     folder.restore();
     Require(code >= 0 && code <= 3, "an exit code of the manual", remarks.str());
     Require(code == 0 || !remarks.str().empty(), "a failure says why");
