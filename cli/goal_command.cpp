@@ -17,6 +17,7 @@ struct GoalCommand {
 /// One text with the numbers of all parts: "0.1,0" and "0.2" make three.
 std::vector<double> Numbers(const std::vector<std::string>& texts) {
     std::vector<double> numbers;
+    numbers.reserve(texts.size());
     for (const std::string& text : texts) numbers.push_back(ParseValue(text));
     return numbers;
 }
