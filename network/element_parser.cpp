@@ -89,14 +89,19 @@ Line NetworkParser::line(Line::Form form) {
     line.Z0 = positive(list, "Z");
     line.length = lineLength(list, place);
     if (const Setting* loss = FindSetting(list, "att")) {
-        require(loss->value >= 0, loss->place, "att= cannot be negative");
-        line.attenuation = loss->value;
+        line.attenuation = lineLoss(*loss);
         line.attenuationAtHertz = *loss->at;
     }
-    if (const Setting* tangent = FindSetting(list, "tan")) line.tangent = tangent->value;
+    if (const Setting* tangent = FindSetting(list, "tan")) line.tangent = lineLoss(*tangent);
     line.tolerance = toleranceOf(list);
     if (const Setting* name = FindSetting(list, "name")) line.name = name->word;
     return line;
+}
+
+double NetworkParser::lineLoss(const Setting& loss) {
+    require(loss.value >= 0 && std::isfinite(loss.value), loss.place,
+            std::string(loss.key) + "= is a number from 0 up");
+    return loss.value;
 }
 
 LineLength NetworkParser::lineLength(const std::vector<Setting>& settings, std::size_t place) {

@@ -93,6 +93,7 @@ class NetworkParser {
     Switch switchToGround();
     Branch branch();
 
+    double lineLoss(const Setting& loss);
     double toleranceOf(const std::vector<Setting>& settings);
     double positive(const std::vector<Setting>& settings, std::string_view key);
     void require(bool holds, std::size_t place, std::string_view message) {

@@ -2561,8 +2561,8 @@ Möchten Sie die Datei ersetzen?</translation>
         <translation>eine Leitung braucht Z=</translation>
     </message>
     <message>
-        <source>att= cannot be negative</source>
-        <translation>att= kann nicht negativ sein</translation>
+        <source>%1= is a number from 0 up</source>
+        <translation>%1= ist eine Zahl ab 0</translation>
     </message>
     <message>
         <source>the length of a line is deg=90@1G or len=31m</source>

@@ -203,6 +203,8 @@ INSTANTIATE_TEST_SUITE_P(
         FaultyText{"loop: L=1n", "column 1: 'loop:' is no kind of element"},
         FaultyText{" : L=1n", "column 2: expected series:, shunt:"},
         FaultyText{"line: deg=90@1G", "column 7: a line needs Z="},
+        FaultyText{"line: Z=50, deg=0@1G, att=inf@1G", "column 23: att= is a number from 0 up"},
+        FaultyText{"short: Z=50, deg=9@1G, tan=-1", "column 24: tan= is a number from 0 up"},
         FaultyText{"line: Z=50", "column 7: the length of a line"},
         FaultyText{"line: Z=50, deg=90", "column 19: deg= needs its frequency"},
         FaultyText{"line: Z=50, Z=60, len=1m", "column 13: Z= stands here twice"},

@@ -104,7 +104,8 @@ TEST(PageOptimizer, MovesTheDesignByAHairForAHairOfInput) {
                                {5, 50, 1000, 5}, {5, 10, 75, 5},  {5, 50, 5, 2},
                                {5, 300, 50, 2},  {16, 10, 75, 2}, {18, 75, 10, 2}};
     for (const auto& [page, R1, R2, Q] : grid) {
-        const auto optimized = [&](double fo) {
+        // Clang takes no part of a pair into a lambda without a name of its own.
+        const auto optimized = [page = page, R1 = R1, R2 = R2, Q = Q](double fo) {
             return OptimizePage(Calculated({.page = page, .R1 = R1, .R2 = R2, .fo = fo, .Q = Q}),
                                 {});
         };
