@@ -78,7 +78,8 @@ bool Limit(std::vector<std::string>& arguments, const Effort& effort, int most) 
 
 /// One input in so many may do more: optimize one page, or search for seconds.
 std::size_t RarityOfWhole(std::string_view command) {
-    if (command == "match" || command == "propose" || command == "tour") return 4096;
+    constexpr std::string_view seconds[] = {"limit", "match", "propose", "tour"};
+    if (std::ranges::find(seconds, command) != std::end(seconds)) return 4096;
     return command == "optimize" ? 512 : 64;
 }
 
@@ -102,6 +103,8 @@ Command Bearable(std::vector<std::string> arguments, std::size_t hash) {
     if (!whole && std::ranges::find(kOptimizing, name) != std::end(kOptimizing))
         added.emplace_back("--no-optimize");
     arguments.insert(arguments.begin() + 1, added.begin(), added.end());
+    // A band that is none, behind those that are read, in place of seconds of integrals.
+    if (!whole && name == "limit") arguments.insert(arguments.end(), {"--band", "2:1"});
     return {std::move(arguments), !whole && name == "match"};
 }
 
